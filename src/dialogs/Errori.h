@@ -1,0 +1,29 @@
+// Failures as messages: numbered errors, file errors, and what went wrong where.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Files.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+// String `code` of list 9999 in alert 999.
+void ErroreAlert(std::int16_t code);
+// A file error: alert 1006 (-43), 1007 (-35), else 1013 with a string of list 130 or the number itself.
+void Messaggio(std::int16_t code);
+
+// One failure on its way to the message that shows it or to a loss report.
+struct Guasto {
+    std::int16_t code = 0;      // a file error, or 0 when it is none
+    std::string what;           // Mac Roman, what is wrong
+    std::string where;          // the file, the record
+    std::int64_t offset = -1;   // byte in the file, -1 when it has none
+};
+// Alert 9101 with what, where and the offset.
+void MostraGuasto(const Guasto& g);
+// Where file work stands, for the messages of IOERR2: the file's name. Empty between jobs.
+extern std::string fileInLavoro;
+
+}   // namespace tessaro

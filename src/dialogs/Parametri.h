@@ -1,0 +1,70 @@
+// The protocol of the settings dialogs: display, validate, save, revert; and the small helpers that all dialogs share.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/Dialogs.h"
+#include "text/PascalString.h"
+
+namespace tessaro {
+
+extern DialogPtr theDialog;              // the modal dialog now open; not valid outside one
+extern std::array<PStr255, 32> Stdato;   // field texts, by field number from 1
+extern std::int16_t Noitem;              // item hit, for plain dialogs
+extern std::int16_t inx;                 // position of the bad character
+extern std::int16_t err_;                // validity in plain dialogs: above 0 is good
+
+class TParametri {
+public:
+    virtual ~TParametri() = default;
+    virtual void Poni(std::int16_t ok, std::int16_t annulla, std::int16_t salva, std::int16_t ripristina,
+                      std::int16_t dialogo);
+    virtual void LeggiPar() {}
+    virtual void ScriviPar() {}
+    virtual void Display() {}
+    virtual void IngGene(std::uint8_t ripristino) { (void)ripristino; }
+    virtual void
+    RadioBoxItem(std::int16_t& gruppo);   // off at the item in gruppo, on at itemCorrente, which gruppo becomes
+    virtual void CambiaCheck(std::int16_t item);   // flips the check box itemCorrente
+    virtual void Dialogo() {}
+
+protected:
+    std::int16_t okItem = 1, annullaItem = 2, salvaItem = 0, ripristinaItem = 0, dialogoId = 0;
+    std::int16_t itemCorrente = 0;   // last item hit
+    std::int16_t esito = 1;          // above 0 good, else a value was refused
+
+    // Field n (item 2n + 2) by STRtoFP or STRtoINT between bounds that are enforced; a fault selects the field (whole, or
+    // the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
+    bool LeggiCampo(std::int16_t item, const double& min, const double& max, double& value);
+    bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
+};
+
+// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. Out of bounds shows alert 1009
+// or 1010 and selects the field.
+bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value);
+void ScriviCampoReale(std::int16_t item, const double& value, std::int16_t decimals);
+// Which part of a refused field is selected: all of it in general, one character at inx for 0 and -3.
+void SelezionaErrore(std::int16_t item, std::int16_t code, std::int16_t pos);
+void RadioBoxItem(std::int16_t& item);   // moves the radio mark of theDialog from item to Noitem, stores Noitem
+
+// Keys Return and Enter press item 1; windows behind are repainted.
+bool MyMovableFilter(DialogPtr d, EventRecord& e, std::int16_t& item);
+// Repaints theWindow for the filters; set by the shell's update code.
+extern void (*ridipingiFinestra)();
+
+// A pop-up of menu `menu` at a dialog item; no choice keeps `valore`.
+void PopUp(std::int16_t item, std::int16_t menu, std::int16_t distanza, std::uint8_t dialogoPopup,
+           std::int16_t& valore);
+
+// The thermometer of long jobs.
+class Termometro {
+public:
+    explicit Termometro(const PStr255& titolo);
+    ~Termometro();
+    Termometro(const Termometro&) = delete;
+    Termometro& operator=(const Termometro&) = delete;
+    bool passo(double frazione);   // false when the person asked to stop
+};
+
+}   // namespace tessaro

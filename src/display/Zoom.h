@@ -1,0 +1,29 @@
+// Zooming, scrolling and the window's layout.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Elemento.h"
+#include "platform/Events.h"
+#include "platform/Types.h"
+
+namespace tessaro {
+
+void FaiZoom(std::int16_t kind);   // 1 sheet 2..6 fixed 7 double 8 half 9 window 10 extents
+void ZoomFinestra();
+void ZoomRilievo();
+void ContrMaxMin(double& xmax, double& ymax, double& xmin, double& ymin, double& width, double& height);
+bool SelRect(Rect& out);   // rubber rectangle while the button is held, normalised; false when given up
+void ScrollBits();         // from the scroll bars' values to the view
+void ScrollWindow(std::int32_t dh, std::int32_t dv);
+void TrackScroll(bool vertical, std::int16_t part);   // 20, 21 line up, down; 22, 23 page up, down
+void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t delta);
+void MoveScrollBars();
+void ReSizeWindow(std::int32_t width, std::int32_t height);
+void InvalWind();                 // the whole port, and a full repaint: sets NewDis
+void InvalFinestra();             // its synonym
+void AggiornaBarre();             // maxima from scalavid and sheet, values from PageCorner
+void DisponiVista();              // myViewRect from the port's bounds
+void CambiaScala(double nuova);   // scalavid, held to what numbers can bear, and the tolerances
+
+}   // namespace tessaro

@@ -1,0 +1,22 @@
+// The tool palette on the left, the strip on top, help tags.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Types.h"
+
+namespace tessaro {
+
+void DrawPallette();
+void DrawIcona(const Rect& r, std::int32_t id);
+// Follows the pointer until release, the icon lit while it is inside; true when released inside.
+bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId);
+void DrawTopBar();
+void MoveToolbar();
+void inizializzaMainToolbar();
+void AggiustaStatoBottoni();
+void InitializeTags();
+// Rests of the pointer over palette or coordinate line; gives the ticks until it wants to be called again, -1 for never.
+std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on);
+
+}   // namespace tessaro

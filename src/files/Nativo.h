@@ -1,0 +1,19 @@
+// The native drawing file: one big-endian stream, versions 0 to 12 read, 12 and 9 written.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Elemento.h"
+#include "platform/Files.h"
+
+namespace tessaro {
+
+inline constexpr OSType tipoTS3D = tipoDi("TS3D"), tipoTSTD = tipoDi("TSTD"), creatoreTSC3 = tipoDi("TSC3");
+extern OSType fType;   // type code of the next file created
+
+void leggidati();                      // the open file into the drawing, or merged into it
+void Scrividati();                     // the drawing into the open file
+void TrasformaElemNtoB(elemento& e);   // native to disk order, in place
+void TrasformaElemBtoN(elemento& e);   // disk to native; clears a picture's handle
+
+}   // namespace tessaro

@@ -1,0 +1,44 @@
+// The selection's summary and box. The selection itself is the `selezionato` byte of each record.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Elemento.h"
+
+namespace tessaro {
+
+enum ObjetT : std::int32_t {
+    oMarker = 0,
+    oSegmento = 1,
+    oTesto = 2,
+    oPoligono = 3,
+    oPict = 4,
+    oCerchio = 5,
+    oArco = 6,
+    oMeshOrigine = 7,
+    oMeshDestinazione = 8,
+};
+
+struct PuntoselT {
+    std::uint8_t attiva = 0;     // something is selected
+    std::uint8_t multipla = 0;   // more than one: the records' bytes tell which
+    std::int32_t numSel = 0;
+    std::int32_t oggetto = 0;   // ObjetT of the last selected; Kept: no clearing touches it or indice
+    std::int32_t indice = 3;    // record number; of a polyline the head
+};
+extern PuntoselT Puntosel;
+
+// Bounding box in sheet units; empty is minimum 1e99, maximum -1e99.
+struct RettSel {
+    double xmin = 1e99, ymin = 1e99, xmax = -1e99, ymax = -1e99;
+};
+extern RettSel rettSel;
+
+// Kept: widens a minimum or else a maximum, never both in one call; extents of a falling run of points depend on it.
+void AggRettSel(const double& x, const double& y);
+// The corners of a text's box: 0.7 of its height above the base line and 0.3 below, turned by its angle.
+void AggRetSelTesto(const elemento& e);
+void AzzeraRettSel();
+void AzzeraPuntosel();   // attiva, multipla, numSel together
+
+}   // namespace tessaro

@@ -1,0 +1,56 @@
+// Dialogs and alerts from resource files. Items are 1-based numbers; the toolkit lays them out.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/Events.h"
+
+namespace tessaro {
+
+struct FinestraDialogo;
+using DialogPtr = FinestraDialogo*;
+
+// Sees each event before the dialog does. True: the event is dealt with, and `item` (if not 0) counts as hit.
+using ModalFilter = bool (*)(DialogPtr d, EventRecord& e, std::int16_t& item);
+
+DialogPtr GetNewDialog(std::int16_t id);   // never null: a resource that is missing is a fault of the build
+void DisposeDialog(DialogPtr d);
+// Runs until an item is hit, also by typing in a field (that field's item). A closed dialog, a quit under way and
+// Escape give item 2.
+void ModalDialog(ModalFilter filter, std::int16_t& item);
+DialogPtr FrontDialog();   // the innermost one open, or null
+
+void SetDialogItemText(DialogPtr d, std::int16_t item, std::string_view macRoman);
+std::string GetDialogItemText(DialogPtr d, std::int16_t item);   // Mac Roman, at most 255 bytes
+void SelectDialogItemText(DialogPtr d, std::int16_t item, std::int32_t start,
+                          std::int32_t end);   // also gives it the focus
+void SetDialogItemValue(DialogPtr d, std::int16_t item,
+                        std::int32_t value);   // radio, check box: 0 or 1; pop-up, slider: the value
+std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
+void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
+void ShowDialogItem(DialogPtr d, std::int16_t item);
+void HideDialogItem(DialogPtr d, std::int16_t item);
+void SetDialogItemMenu(DialogPtr d, std::int16_t item,
+                       std::int16_t menu);   // pop-up items take their texts from a menu
+void DrawDialog(DialogPtr d);
+
+// Fill ^0 to ^3 in the texts of the dialogs and alerts opened from now on.
+void ParamText(std::string_view p0, std::string_view p1, std::string_view p2, std::string_view p3);
+
+// Alerts give the button hit. Without a window system (fuzzing, benches) they give the default at once.
+std::int16_t StopAlert(std::int16_t id);
+std::int16_t NoteAlert(std::int16_t id);
+std::int16_t CautionAlert(std::int16_t id);
+std::int16_t Alert(std::int16_t id);
+
+// The system's colour chooser. False when it was cancelled.
+bool GetColor(std::string_view macRomanPrompt, const RGBColor& before, RGBColor& after);
+
+// --- progress of long work: a bar with a Stop button beneath the window's middle; safe without a window
+void ProgressOpen(std::string_view macRomanTitle);
+bool ProgressStep(double fraction);   // 0 to 1; false when the person asked to stop
+void ProgressClose();
+
+}   // namespace tessaro

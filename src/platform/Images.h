@@ -1,0 +1,34 @@
+// Decoding of raster files through the toolkit's readers. Orientation tags are honoured.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Files.h"
+#include "platform/Types.h"
+
+namespace tessaro {
+
+struct Immagine {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    double dpiX = 72;   // 72 when the file tells none
+    double dpiY = 72;
+    std::int16_t depth = 32;             // 1, 8 or 32: how the file holds it
+    std::vector<RGBColor> palette;       // of depth 1 and 8
+    std::vector<std::uint8_t> indices;   // of depth 1 (a byte a pixel, 0 or 1) and 8
+    std::vector<std::uint32_t> pixels;   // of depth 32, 0xFFRRGGBB; transparent parts laid on white
+    std::string jpegBytes;   // the file's own bytes when it is an upright baseline-decodable JPEG, else empty
+};
+
+// What a file holds without decoding it: size and resolution. False with a reason (Mac Roman) when it is no picture.
+bool ImageInfo(const FSSpec& spec, Immagine& info, std::string& reason);
+bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason);
+// An upright image from bytes in any format that the toolkit reads (a picture's compressed part). 32-bit pixels.
+// `reduce` 1, 2, 4 or 8: the decoder may deliver the image that much smaller, which is much faster for JPEG.
+bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out);
+bool EncodePng(std::string_view path, const std::uint32_t* pixels, std::int32_t width, std::int32_t height);
+
+}   // namespace tessaro

@@ -1,0 +1,66 @@
+// The one drawing window, its controls and the screen. Content pixels run from (0, 0) at the top left, below the menu bar.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/Quickdraw.h"
+
+namespace tessaro {
+
+struct Finestra;
+using WindowPtr = Finestra*;
+struct Controllo;
+using ControlHandle = Controllo*;
+
+Rect ScreenBounds();    // what a window may use; --window's under a script
+double ScreenRatio();   // device pixels per logical pixel, whole
+
+WindowPtr GetNewCWindow(std::int16_t resource);   // 1000: the drawing window; content sized by SizeWindow
+void SizeWindow(WindowPtr w, std::int32_t width, std::int32_t height);
+void DisposeWindow(WindowPtr w);   // controls die with it; the frame and menu bar stay
+void ShowWindow(WindowPtr w);
+void SelectWindow(WindowPtr w);
+WindowPtr FrontWindow();   // null when none is open
+void SetWTitle(WindowPtr w, std::string_view macRoman);
+std::string GetWTitle(WindowPtr w);   // Mac Roman
+GrafPtr GetWindowPort(WindowPtr w);
+void SetPortWindowPort(WindowPtr w);
+Rect GetPortBounds(WindowPtr w);
+
+void InvalWindowRect(WindowPtr w, const Rect& r);   // an update event follows
+void BeginUpdate(WindowPtr w);                      // the invalid area becomes empty; the port's clip is kept
+void EndUpdate(WindowPtr w);
+void FlushWindow(WindowPtr w);   // puts what was drawn on the screen now (long work)
+
+// --- controls
+ControlHandle NewScrollBar(WindowPtr w, bool vertical);
+ControlHandle NewPanel(WindowPtr w);
+void MoveSizeControl(ControlHandle c, const Rect& r);
+void ShowControl(ControlHandle c);
+void HideControl(ControlHandle c);
+void SetControlValue(ControlHandle c, std::int32_t value);   // held to minimum..maximum
+std::int32_t GetControlValue(ControlHandle c);
+void SetControlMinimum(ControlHandle c, std::int32_t value);
+void SetControlMaximum(ControlHandle c, std::int32_t value);
+std::int32_t GetControlMaximum(ControlHandle c);
+void SetControlSteps(ControlHandle c, std::int32_t line, std::int32_t page);
+// Size of the system's own strips in palette colours: the window background, for strips that the core does not fill.
+RGBColor SystemStripColour();
+
+// Draws icon `id` of the resources (SVG, drawn at the port's ratio) into r on the current raster port, with the
+// system palette's text colour where the drawing says currentColor. False when there is no such icon.
+bool PlotIconID(const Rect& r, std::int32_t id);
+// Names a part of the window for accessibility tools and keyboard-free use; drawn by nobody. index 0.. ; empty removes.
+void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_view macRomanName);
+
+// Help tags: text of string list `list`, entry `index`, near r (window-local). Hidden by HMHideTag.
+void HMDisplayTag(WindowPtr w, const Rect& r, std::int16_t list, std::int16_t index);
+void HMHideTag();
+
+// --- cursors
+enum : std::int16_t { arrowCursor = 0 };
+void SetCursor(std::int16_t resource);   // 0 the arrow, 4 the watch, 2 the cross, 10, 128 ...
+std::int16_t CurrentCursor();
+
+}   // namespace tessaro

@@ -1,0 +1,15 @@
+// Commands: from a menu choice or a key to an action.
+#pragma once
+#include "platform/Events.h"
+#include <cstdint>
+namespace tessaro {
+void DoCommand(std::uint32_t choice);   // menu << 16 | item
+void DoArchivio();
+void DoEdit();
+void Apri();
+void Chiudi();
+void ChkOnOffItem(std::int16_t menu, std::int16_t item, std::int16_t first, std::int16_t last);
+void Tasto(std::uint8_t c);   // the keyboard table
+// Resource numbers by menu index, as other code ticks and enables them.
+extern const std::int16_t myMenu[27];
+}   // namespace tessaro

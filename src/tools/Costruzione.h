@@ -1,0 +1,27 @@
+// Segments, polylines, circles and arcs from clicks or typed points, and the rubber band between them.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Elemento.h"
+
+namespace tessaro {
+
+extern puntot PuntoCurva1, PuntoCurva2, PuntoCurva3;   // points of a curve, sheet units
+extern puntot CentroCorrente;
+extern double RaggioCorrente;                         // sheet units
+extern double AngInizCorrente;                        // start angle, radians
+extern std::int16_t AngInizio, AmpiezzaAngCorrente;   // start and sweep, whole degrees
+
+void InitSegm();                       // first point
+void FineSegm();                       // second point, by tabButton
+void FineArcoRaggio();                 // third point of a circle or arc
+void FaiElemento(std::int16_t tipo);   // moves the rubber: 11 circle, 12 arc, else segment
+void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio);
+void ArcoTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio, std::int16_t& inizio,
+             std::int16_t& ampiezza);
+void CalcAngolo(const puntot& p1, const puntot& p2, const puntot& p3, const puntot& centro, const double& raggio,
+                std::int16_t& inizio, std::int16_t& ampiezza);
+void grafcerchio2(const puntot& centro, const double& raggio);
+
+}   // namespace tessaro
