@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QtCore/qnamespace.h>
 
 #include <cstdint>
 #include <string>
@@ -23,6 +24,7 @@ const Avvio& avvio();        // the options that StartToolbox was given
 const Copione* copione();    // the script's hooks; null without a script
 bool conFinestre();          // an application object lives: widgets may be made. False in fuzz and bench programs
 std::string cartellaImpostazioni();   // where settings belong, UTF-8; made, but not seeded
+std::string linguaInUso();            // "en" or "it": --language, else the desktop's; a script's own is "en"
 
 // Called on SIGTERM and SIGINT before the program leaves: writes the recovery copy. Null: nothing to write.
 extern void (*salvaRecupero)();
@@ -54,14 +56,6 @@ bool prendi(EventRecord& e, Attesa chi);   // takes the oldest record that `chi`
 bool waitStep(Attesa chi, std::int32_t ticks);
 void sveglia();   // makes the wait under way return, with a null event
 
-// Depth of nested loops; the main loop runs at 0. Every loop that is not the main one holds an Annidato while it runs.
-std::int32_t annidamento();
-struct Annidato {
-    Annidato();
-    ~Annidato();
-    Annidato(const Annidato&) = delete;
-    Annidato& operator=(const Annidato&) = delete;
-};
 void chiediUscita();   // sets quitPending: every loop unwinds
 
 // --- modifiers as the core knows them, from the toolkit's
