@@ -34,7 +34,7 @@ void Foglio::paintEvent(QPaintEvent* e) {
     const int ratio = porta.ratio;
     const int larga = porta.portRect.right - porta.portRect.left;
     const int alta = porta.portRect.bottom - porta.portRect.top;
-    const QImage vista(reinterpret_cast<const uchar*>(porta.pixels()), larga * ratio, alta * ratio,
+    const QImage vista(reinterpret_cast<const uchar*>(porta.pixels()), porta.deviceWidth(), porta.deviceHeight(),
                        static_cast<qsizetype>(porta.rowPixels()) * 4, QImage::Format_RGB32);
     QPainter p(this);
     for (const QRect& r : e->region()) {

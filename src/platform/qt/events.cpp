@@ -35,7 +35,7 @@ bool diPuntatore(const EventRecord& e) { return e.what == EventKind::nullEvent |
 
 bool puoPrendere(const EventRecord& e, Attesa chi) {
     switch (chi) {
-    case Attesa::evento: return true;
+    case Attesa::evento: return coda.profondita == 0 || e.what != EventKind::highLevel;   // a quit is the main loop's
     case Attesa::dialogo:
         return e.what == EventKind::updateEvt || e.what == EventKind::activateEvt || e.what == EventKind::osEvt
                || e.what == EventKind::nullEvent;
@@ -114,7 +114,8 @@ void attendi(std::int32_t ticks) {
 Annidato::Annidato() { ++coda.profondita; }
 Annidato::~Annidato() { --coda.profondita; }
 std::int32_t annidamento() { return coda.profondita; }
-bool quitPending() { return coda.uscita; }
+// At depth 0 the request itself is next in the queue, and dealing with it asks questions that must not be cancelled.
+bool quitPending() { return coda.uscita && coda.profondita > 0; }
 void chiediUscita() {
     coda.uscita = true;
     sveglia();
@@ -192,7 +193,7 @@ bool waitStep(Attesa chi, std::int32_t ticks) {
     const auto prima = coda.novita;
     trattaPendenti();
     if (coda.novita != prima) return true;
-    if (coda.uscita && chi != Attesa::evento) return false;
+    if (quitPending()) return false;
     if (copione() != nullptr) {
         mostraDisegnato();
         trattaPendenti();
@@ -234,7 +235,7 @@ Point GetMouse() { return coda.puntatore; }
 std::uint16_t KeyModifiers() { return coda.modifiers; }
 
 bool Button() {
-    if (!coda.tenuto || coda.uscita) return false;
+    if (!coda.tenuto || quitPending()) return false;
     // A loop that polls would never let a script, or the release itself, come through.
     constexpr std::int32_t interrogazioniPerAttesa = 16;
     if (++coda.interrogazioni >= interrogazioniPerAttesa) {
@@ -247,11 +248,11 @@ bool Button() {
 
 bool StillDown() {
     const Annidato annidato;
-    while (coda.tenuto && !coda.uscita) {
+    while (coda.tenuto && !quitPending()) {
         EventRecord e;
         if (prendi(e, Attesa::puntatore)) return coda.tenuto;
         if (!waitStep(Attesa::puntatore, -1)) break;
-        if (std::exchange(coda.svegliata, false)) return coda.tenuto && !coda.uscita;
+        if (std::exchange(coda.svegliata, false)) return coda.tenuto;
     }
     coda.tenuto = false;
     return false;
@@ -273,7 +274,7 @@ bool escapePressed() {
         mostraDisegnato();
         QCoreApplication::processEvents(QEventLoop::AllEvents);
     }
-    if (coda.uscita) return true;
+    if (coda.uscita) return true;   // a long job gives way to a quit at any depth
     if (!std::exchange(coda.fuga, false)) return false;
     std::erase_if(coda.righe, [](const EventRecord& r) { return r.what == EventKind::keyDown && r.message == 27; });
     return true;

@@ -91,7 +91,6 @@ void Telaio::closeEvent(QCloseEvent* e) {
     EventRecord r;
     r.what = EventKind::goAway;
     accoda(std::move(r));
-    if (annidamento() > 0) chiediUscita();
 }
 
 bool Telaio::event(QEvent* e) {

@@ -116,7 +116,7 @@ bool adattaPorta(Finestra& f, std::int32_t width, std::int32_t height) {
     const auto ratio = static_cast<std::int32_t>(ScreenRatio());
     const Rect& r = f.porta->portRect;
     if (r.right - r.left == width && r.bottom - r.top == height && f.porta->ratio == ratio) return false;
-    f.porta->ridimensiona(std::max(width, 1), std::max(height, 1), ratio);
+    f.porta->resize(std::max(width, 1), std::max(height, 1), ratio);
     if (f.foglio != nullptr) f.foglio->update();
     return true;
 }
@@ -195,22 +195,24 @@ void scordaInvalida() {
     if (aperta != nullptr) aperta->invalida = Region{};
 }
 
+namespace {
+QRegion sporcoDi(Finestra& f) {
+    QRegion r;
+    for (const Rect& p : f.porta->PrendiSporco().parti) r += QRect(p.left, p.top, p.right - p.left, p.bottom - p.top);
+    return r;
+}
+}   // namespace
+
 void mostraDisegnato() {
     if (cornice == nullptr) return;
     if (!cornice->isVisible()) cornice->show();
-    if (aperta == nullptr || aperta->foglio == nullptr) return;
-    const Rect sporco = aperta->porta->sporco.box();
-    aperta->porta->sporco = Region{};
-    if (!EmptyRect(sporco))
-        aperta->foglio->update(sporco.left, sporco.top, sporco.right - sporco.left, sporco.bottom - sporco.top);
+    if (aperta != nullptr && aperta->foglio != nullptr) aperta->foglio->update(sporcoDi(*aperta));
 }
 
 void FlushWindow(WindowPtr w) {
     if (w == nullptr || w->foglio == nullptr) return;
-    const Rect sporco = w->porta->sporco.box();
-    w->porta->sporco = Region{};
-    if (!EmptyRect(sporco))
-        w->foglio->repaint(sporco.left, sporco.top, sporco.right - sporco.left, sporco.bottom - sporco.top);
+    const QRegion sporco = sporcoDi(*w);
+    if (!sporco.isEmpty()) w->foglio->repaint(sporco);
 }
 
 RGBColor SystemStripColour() {
