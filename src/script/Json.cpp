@@ -16,7 +16,8 @@ void saltaBianchi(std::string_view s, std::size_t& i) {
 
 bool saltaStringa(std::string_view s, std::size_t& i) {
     for (++i; i < s.size(); ++i) {
-        if (s[i] == '\\') ++i;
+        if (s[i] == '\\')
+            ++i;
         else if (s[i] == '"') {
             ++i;
             return true;
@@ -104,9 +105,12 @@ std::string JsonTesto(std::string_view v) {
             continue;
         }
         const char c = v[++i];
-        if (c == 'n') out += '\n';
-        else if (c == 't') out += '\t';
-        else if (c == 'r') out += '\r';
+        if (c == 'n')
+            out += '\n';
+        else if (c == 't')
+            out += '\t';
+        else if (c == 'r')
+            out += '\r';
         else if (c == 'u' && i + 4 < v.size()) {
             unsigned codice = 0;   // the program escapes control characters only
             std::from_chars(v.data() + i + 1, v.data() + i + 5, codice, 16);

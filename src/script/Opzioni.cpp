@@ -53,9 +53,21 @@ constexpr Opzione opzioni[] = {
 };
 
 // Options of the toolkit that have their value in the next argument.
-constexpr std::string_view delToolkit[] = {"platform", "platformpluginpath", "platformtheme", "plugin",  "qwindowgeometry",
-                                           "geometry", "qwindowicon",        "qwindowtitle",  "session", "style",
-                                           "stylesheet", "display",          "name",          "icon",    "title"};
+constexpr std::string_view delToolkit[] = {"platform",
+                                           "platformpluginpath",
+                                           "platformtheme",
+                                           "plugin",
+                                           "qwindowgeometry",
+                                           "geometry",
+                                           "qwindowicon",
+                                           "qwindowtitle",
+                                           "session",
+                                           "style",
+                                           "stylesheet",
+                                           "display",
+                                           "name",
+                                           "icon",
+                                           "title"};
 constexpr std::string_view delToolkitSoli[] = {"reverse", "widgetcount", "sync", "nograb", "dograb"};
 
 std::string_view senzaTratti(std::string_view s) {
@@ -103,7 +115,8 @@ bool LeggiOpzioni(int& argc, char** argv, Opzioni& out, std::string& guasto) {
             guasto = TestoAvviso(Avviso::opzioneSenzaValore, std::string(a));
             return false;
         }
-        const std::string_view valore = uguale == std::string_view::npos ? std::string_view(argv[++i]) : a.substr(uguale + 1);
+        const std::string_view valore =
+            uguale == std::string_view::npos ? std::string_view(argv[++i]) : a.substr(uguale + 1);
         if (!o->prendi(valore, out)) {
             guasto = TestoAvviso(Avviso::opzioneValore, std::string(o->nome), std::string(valore));
             return false;

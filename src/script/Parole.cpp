@@ -23,8 +23,8 @@ struct Nome {
 constexpr Nome<std::uint16_t> modificatori[] = {
     {"shift", shiftKey}, {"option", optionKey}, {"command", cmdKey}, {"control", controlKey}};
 
-constexpr Nome<std::uint8_t> nomiTasti[] = {{"space", 32},    {"return", 13},  {"enter", 3}, {"tab", 9},
-                                            {"backspace", 8}, {"escape", 27}};
+constexpr Nome<std::uint8_t> nomiTasti[] = {{"space", 32}, {"return", 13},   {"enter", 3},
+                                            {"tab", 9},    {"backspace", 8}, {"escape", 27}};
 
 bool bianco(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -86,9 +86,12 @@ std::int32_t Intero(std::string_view s, std::int32_t min, std::int32_t max) {
 }
 
 bool LeggiReale(std::string_view s, double& v) {
-    if (s == "nan") v = std::numeric_limits<double>::quiet_NaN();
-    else if (s == "inf") v = std::numeric_limits<double>::infinity();
-    else if (s == "-inf") v = -std::numeric_limits<double>::infinity();
+    if (s == "nan")
+        v = std::numeric_limits<double>::quiet_NaN();
+    else if (s == "inf")
+        v = std::numeric_limits<double>::infinity();
+    else if (s == "-inf")
+        v = -std::numeric_limits<double>::infinity();
     else {
         const auto [fine, guasto] = std::from_chars(s.data(), s.data() + s.size(), v);
         return !s.empty() && guasto == std::errc{} && fine == s.data() + s.size();
@@ -165,8 +168,10 @@ std::string TraVirgolette(std::string_view utf8) {
     std::string out = "\"";
     for (const char c : utf8) {
         if (c == '"' || c == '\\') out += '\\';
-        if (c == '\n' || c == '\r') out += "\\n";
-        else out += c;
+        if (c == '\n' || c == '\r')
+            out += "\\n";
+        else
+            out += c;
     }
     return out + '"';
 }

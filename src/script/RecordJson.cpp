@@ -18,7 +18,7 @@ struct Campo {
     std::size_t capienza = 0;   // testo: most characters behind the length byte
 };
 
-#define CAMPO(tipo, gruppo, nome) \
+#define CAMPO(tipo, gruppo, nome)                                                                                      \
     Campo { Campo::tipo, #nome, offsetof(elemento, gruppo.nome) }
 
 constexpr Campo comuni[] = {{Campo::corto, "lucido", offsetof(elemento, lucido)},
@@ -27,11 +27,11 @@ constexpr Campo testa[] = {CAMPO(corto, testa, linea),
                            {Campo::testo, "aref", offsetof(elemento, testa.aref), 13},
                            CAMPO(corto, testa, categoria),
                            CAMPO(corto, testa, insieme)};
-constexpr Campo attacco1[] = {CAMPO(reale, att1, x1), CAMPO(reale, att1, y1), CAMPO(reale, att1, z1),
-                              CAMPO(reale, att1, x2), CAMPO(reale, att1, y2), CAMPO(reale, att1, z2),
+constexpr Campo attacco1[] = {CAMPO(reale, att1, x1),   CAMPO(reale, att1, y1), CAMPO(reale, att1, z1),
+                              CAMPO(reale, att1, x2),   CAMPO(reale, att1, y2), CAMPO(reale, att1, z2),
                               CAMPO(lungo, att1, conto)};
-constexpr Campo attacco2[] = {CAMPO(reale, att, x1),        CAMPO(reale, att, y1), CAMPO(reale, att, z1),
-                              CAMPO(reale, att, x2),        CAMPO(reale, att, y2), CAMPO(reale, att, z2),
+constexpr Campo attacco2[] = {CAMPO(reale, att, x1),        CAMPO(reale, att, y1),         CAMPO(reale, att, z1),
+                              CAMPO(reale, att, x2),        CAMPO(reale, att, y2),         CAMPO(reale, att, z2),
                               CAMPO(byte, att, coordReali), CAMPO(byte, att, quattroPunti)};
 constexpr Campo segmento[] = {CAMPO(reale, segm, x1),       CAMPO(reale, segm, y1),      CAMPO(reale, segm, z1),
                               CAMPO(reale, segm, x2),       CAMPO(reale, segm, y2),      CAMPO(reale, segm, z2),
@@ -40,10 +40,10 @@ constexpr Campo marker[] = {CAMPO(reale, mark, x),     CAMPO(reale, mark, y),   
                             CAMPO(corto, mark, forma), CAMPO(corto, mark, spessore), CAMPO(corto, mark, pattern),
                             CAMPO(corto, mark, colore)};
 constexpr Campo poligono[] = {
-    CAMPO(reale, poli, x),           CAMPO(reale, poli, y),           CAMPO(reale, poli, z),
-    CAMPO(reale, poli, passoTratt),  CAMPO(reale, poli, angoloTratt), CAMPO(byte, poli, tratteggio),
-    CAMPO(byte, poli, incrociato),   CAMPO(corto, poli, numVertici),  CAMPO(corto, poli, spessore),
-    CAMPO(corto, poli, pattern),     CAMPO(corto, poli, colore),      CAMPO(corto, poli, patternArea)};
+    CAMPO(reale, poli, x),          CAMPO(reale, poli, y),           CAMPO(reale, poli, z),
+    CAMPO(reale, poli, passoTratt), CAMPO(reale, poli, angoloTratt), CAMPO(byte, poli, tratteggio),
+    CAMPO(byte, poli, incrociato),  CAMPO(corto, poli, numVertici),  CAMPO(corto, poli, spessore),
+    CAMPO(corto, poli, pattern),    CAMPO(corto, poli, colore),      CAMPO(corto, poli, patternArea)};
 constexpr Campo vertice[] = {CAMPO(reale, vert, x), CAMPO(reale, vert, y), CAMPO(reale, vert, z),
                              CAMPO(lungo, vert, distanzaTesta)};
 constexpr Campo scritta[] = {CAMPO(corto, test, larghezza),
@@ -58,8 +58,8 @@ constexpr Campo scritta[] = {CAMPO(corto, test, larghezza),
                              CAMPO(corto, test, angolo)};
 constexpr Campo figura[] = {CAMPO(reale, pict, x), CAMPO(reale, pict, y), CAMPO(lungo, pict, maniglia),
                             CAMPO(reale, pict, larghezza), CAMPO(reale, pict, altezza)};
-constexpr Campo cerchio[] = {CAMPO(reale, cerc, cx),       CAMPO(reale, cerc, cy),      CAMPO(reale, cerc, raggio),
-                             CAMPO(corto, cerc, spessore), CAMPO(corto, cerc, pattern), CAMPO(corto, cerc, colore),
+constexpr Campo cerchio[] = {CAMPO(reale, cerc, cx),         CAMPO(reale, cerc, cy),      CAMPO(reale, cerc, raggio),
+                             CAMPO(corto, cerc, spessore),   CAMPO(corto, cerc, pattern), CAMPO(corto, cerc, colore),
                              CAMPO(corto, cerc, patternArea)};
 constexpr Campo arco[] = {
     CAMPO(reale, arco, cx),           CAMPO(reale, arco, cy),       CAMPO(reale, arco, raggio),

@@ -78,22 +78,23 @@ protected:
     void dropEvent(QDropEvent* e) override;
 };
 
-void creaTelaio();       // after the application object
+void creaTelaio();   // after the application object
 void distruggiTelaio();
-QRect schermoUtile();    // where the frame may stand, logical pixels
+QRect schermoUtile();                                         // where the frame may stand, logical pixels
 void adattaTelaio(std::int32_t width, std::int32_t height);   // so that the content gets this size
 void aggiornaTitolo();
 
 Finestra* finestraAperta();
 // The port takes the content's size and the screen's ratio; false when it had them.
 bool adattaPorta(Finestra& f, std::int32_t width, std::int32_t height);
-void mostraDisegnato();   // hands what was drawn to the widget, for the next paint
-void scordaInvalida();    // FlushEvents: no repaint is asked for
+void mostraDisegnato();             // hands what was drawn to the widget, for the next paint
+void scordaInvalida();              // FlushEvents: no repaint is asked for
 void scordaFinestra(WindowPtr w);   // drops the queued records of a window that goes
 bool codaVuota();
-void azzeraCursore();     // the widget's cursor as CurrentCursor says
+void azzeraCursore();                // the widget's cursor as CurrentCursor says
 void attivaProgramma(bool attivo);   // the program comes to the front or goes behind
-void accodaPercorsi(EventKind what, const char* classe, const QStringList& percorsi, Point where, std::uint16_t modifiers);
+void accodaPercorsi(EventKind what, const char* classe, const QStringList& percorsi, Point where,
+                    std::uint16_t modifiers);
 QStringList percorsiLocali(const QMimeData* dati);
 
 // --- the clock

@@ -20,9 +20,9 @@ class QWidget;
 namespace tessaro {
 
 // --- this start
-const Avvio& avvio();        // the options that StartToolbox was given
-const Copione* copione();    // the script's hooks; null without a script
-bool conFinestre();          // an application object lives: widgets may be made. False in fuzz and bench programs
+const Avvio& avvio();       // the options that StartToolbox was given
+const Copione* copione();   // the script's hooks; null without a script
+bool conFinestre();         // an application object lives: widgets may be made. False in fuzz and bench programs
 std::string cartellaImpostazioni();   // where settings belong, UTF-8; made, but not seeded
 std::string linguaInUso();            // "en" or "it": --language, else the desktop's; a script's own is "en"
 
@@ -31,13 +31,14 @@ extern void (*salvaRecupero)();
 
 // --- the frame, which outlives the drawing's window; null without an application object
 QMainWindow* telaio();
-QMenuBar* barra();    // inside the frame, never the desktop's own
-QWidget* foglio();    // the widget of the drawing window's content; null when none is open
+QMenuBar* barra();   // inside the frame, never the desktop's own
+QWidget* foglio();   // the widget of the drawing window's content; null when none is open
 
 // --- the event queue. Toolkit handlers only put records in; nothing of the core runs inside a handler.
-void accoda(EventRecord e);   // `when` 0 is stamped with the clock, a null `window` of an input record with the front one
+void accoda(
+    EventRecord e);   // `when` 0 is stamped with the clock, a null `window` of an input record with the front one
 void accodaMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);
-void accodaQuit();            // the desktop asks to quit; inside a nested loop also sets quitPending
+void accodaQuit();   // the desktop asks to quit; inside a nested loop also sets quitPending
 
 // Who waits decides which records it may take; the others stay queued in their order.
 enum class Attesa : std::uint8_t {

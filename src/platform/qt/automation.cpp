@@ -47,9 +47,9 @@ struct TastoDelCopione {
     const char* testo;
 };
 constexpr TastoDelCopione tasti[] = {
-    {13, Qt::Key_Return, "\r"}, {3, Qt::Key_Enter, "\r"},   {9, Qt::Key_Tab, "\t"},   {8, Qt::Key_Backspace, "\b"},
-    {27, Qt::Key_Escape, "\x1b"}, {28, Qt::Key_Left, ""},   {29, Qt::Key_Right, ""},  {30, Qt::Key_Up, ""},
-    {31, Qt::Key_Down, ""},     {127, Qt::Key_Delete, "\x7f"},
+    {13, Qt::Key_Return, "\r"},   {3, Qt::Key_Enter, "\r"},      {9, Qt::Key_Tab, "\t"},  {8, Qt::Key_Backspace, "\b"},
+    {27, Qt::Key_Escape, "\x1b"}, {28, Qt::Key_Left, ""},        {29, Qt::Key_Right, ""}, {30, Qt::Key_Up, ""},
+    {31, Qt::Key_Down, ""},       {127, Qt::Key_Delete, "\x7f"},
 };
 
 }   // namespace
@@ -61,9 +61,7 @@ void AutoAdvance(std::uint32_t ticks) {
     sveglia();
 }
 
-void AutoMove(Point content, std::uint16_t modifiers) {
-    inietta(QEvent::MouseMove, Qt::NoButton, content, modifiers);
-}
+void AutoMove(Point content, std::uint16_t modifiers) { inietta(QEvent::MouseMove, Qt::NoButton, content, modifiers); }
 
 void AutoPress(Point content, std::uint16_t modifiers) {
     const auto bottone = (modifiers & controlKey) != 0 ? Qt::RightButton : Qt::LeftButton;

@@ -108,8 +108,7 @@ void Foglio::lascia() {
 
 void Foglio::wheelEvent(QWheelEvent* e) {
     // The toolkit turns the wheel sideways under Alt; here Alt scrolls faster and keeps the axis.
-    const QPoint angolo =
-        e->modifiers().testFlag(Qt::AltModifier) ? e->angleDelta().transposed() : e->angleDelta();
+    const QPoint angolo = e->modifiers().testFlag(Qt::AltModifier) ? e->angleDelta().transposed() : e->angleDelta();
     e->accept();
     const auto passi = [](int& resto, int nuovo) {
         if ((resto < 0) != (nuovo < 0)) resto = 0;   // a turn the other way starts afresh

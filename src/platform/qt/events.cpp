@@ -24,10 +24,10 @@ struct Coda {
     bool tenuto = false;           // the press delivered last is still held, as far as records were delivered
     bool uscita = false;
     bool svegliata = false;
-    bool fuga = false;               // Escape was pressed since an event was delivered
-    std::int32_t profondita = 0;     // nested loops
+    bool fuga = false;                 // Escape was pressed since an event was delivered
+    std::int32_t profondita = 0;       // nested loops
     std::int32_t interrogazioni = 0;   // Button() asked in a row without a wait
-    std::uint64_t novita = 0;        // grows with every record and wake
+    std::uint64_t novita = 0;          // grows with every record and wake
 };
 Coda coda;
 
@@ -47,7 +47,8 @@ bool puoPrendere(const EventRecord& e, Attesa chi) {
 }
 
 std::deque<EventRecord>::iterator primaPer(Attesa chi) {
-    return std::find_if(coda.righe.begin(), coda.righe.end(), [chi](const EventRecord& e) { return puoPrendere(e, chi); });
+    return std::find_if(coda.righe.begin(), coda.righe.end(),
+                        [chi](const EventRecord& e) { return puoPrendere(e, chi); });
 }
 
 // What a record tells beside itself: where the pointer is, what is held, that the quit is being dealt with.
@@ -141,10 +142,9 @@ void accoda(EventRecord e) {
             return;
         }
     }
-    if (e.what == EventKind::updateEvt
-        && std::any_of(righe.begin(), righe.end(), [&](const EventRecord& r) {
-               return r.what == EventKind::updateEvt && r.window == e.window;
-           }))
+    if (e.what == EventKind::updateEvt && std::any_of(righe.begin(), righe.end(), [&](const EventRecord& r) {
+            return r.what == EventKind::updateEvt && r.window == e.window;
+        }))
         return;
     righe.push_back(std::move(e));
 }

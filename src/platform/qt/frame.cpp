@@ -17,8 +17,8 @@ struct TastoMac {
 };
 // Keys that have no character of their own in the toolkit's text, or another one.
 constexpr TastoMac tastiSpeciali[] = {
-    {Qt::Key_Return, 13}, {Qt::Key_Enter, 3}, {Qt::Key_Tab, 9},   {Qt::Key_Backtab, 9}, {Qt::Key_Backspace, 8},
-    {Qt::Key_Escape, 27}, {Qt::Key_Left, 28}, {Qt::Key_Right, 29}, {Qt::Key_Up, 30},     {Qt::Key_Down, 31},
+    {Qt::Key_Return, 13}, {Qt::Key_Enter, 3}, {Qt::Key_Tab, 9},     {Qt::Key_Backtab, 9},   {Qt::Key_Backspace, 8},
+    {Qt::Key_Escape, 27}, {Qt::Key_Left, 28}, {Qt::Key_Right, 29},  {Qt::Key_Up, 30},       {Qt::Key_Down, 31},
     {Qt::Key_Home, 1},    {Qt::Key_End, 4},   {Qt::Key_PageUp, 11}, {Qt::Key_PageDown, 12}, {Qt::Key_Delete, 127},
 };
 
@@ -30,7 +30,8 @@ std::uint8_t carattere(int qtKey, const QString& text, Qt::KeyboardModifiers m) 
     // With Ctrl the text is a control character; the letter is what was meant.
     if (m.testFlag(Qt::ControlModifier) && qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z)
         return static_cast<std::uint8_t>('a' + (qtKey - Qt::Key_A));
-    if (text.isEmpty() && qtKey >= Qt::Key_Space && qtKey <= Qt::Key_AsciiTilde) return static_cast<std::uint8_t>(qtKey);
+    if (text.isEmpty() && qtKey >= Qt::Key_Space && qtKey <= Qt::Key_AsciiTilde)
+        return static_cast<std::uint8_t>(qtKey);
     if (text.isEmpty() || !text.at(0).isPrint()) return 0;
     const std::string mac = aMac(text.left(text.at(0).isHighSurrogate() ? 2 : 1));
     return mac.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(mac[0]);
