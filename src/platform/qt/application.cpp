@@ -77,7 +77,7 @@ void preparaAmbiente(const Avvio& a) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(a.ratio));
     qputenv("QT_QPA_PLATFORMTHEME", "");
-    QCoreApplication::setDesktopSettingsAware(false);
+    QGuiApplication::setDesktopSettingsAware(false);
 }
 
 // Pictures and timing of a script must not depend on the desktop it runs on.
