@@ -42,6 +42,8 @@ void PennaAttuale();   // the pen back from the ...Attuale globals and spessore
 void dis_cursor(const double& x, const double& y);    // 8 pixels, pen 1
 void Dis_Cursor2(const double& x, const double& y);   // 4 pixels
 void Dis_CursSel(const double& x, const double& y);   // 8 pixels, pen 2
+// The cross of the moment: the small one between the two clicks of a move, else the large one, at xcurs, ycurs.
+void Croce();
 // Toggles the cross and, with Azione 1 or 5, the rubber segment: a second call puts them back.
 void SospendiAz();
 // Toggles only the rubber band of the figure in progress (segment, circle or arc).

@@ -19,11 +19,15 @@ struct Avvio {
     std::int32_t height = 800;
     std::int32_t ratio = 1;   // --ratio
     std::string settings;     // --settings; empty: the person's own, under a script a fresh temporary folder
-    std::string language;     // --language: "en" or "it"; empty: the desktop's, under a script "en"
+    std::string language;                 // --language: "en" or "it"; empty: the desktop's, under a script "en"
 };
 
 void StartToolbox(int& argc, char** argv, const Avvio& avvio);   // once, before Initialize
 void StopToolbox();
+const Avvio& AvvioInForza();
+// Called on SIGTERM and SIGINT before the program leaves, and when the session ends: writes the recovery copy. Set by the
+// files; null while there is nothing to write.
+extern void (*salvaRecupero)();
 std::string AppFolder();   // where the executable stands
 
 // --- what the driver is asked. All are set before StartToolbox; without a script they are null.

@@ -23,7 +23,7 @@
 
 namespace tessaro {
 
-void (*salvaRecupero)() = nullptr;
+constinit void (*salvaRecupero)() = nullptr;
 
 namespace {
 
@@ -92,6 +92,7 @@ void parificaCopione() {
 }   // namespace
 
 const Avvio& avvio() { return questoAvvio; }
+const Avvio& AvvioInForza() { return questoAvvio; }
 const Copione* copione() { return ganci; }
 void SetCopione(const Copione* c) { ganci = c; }
 bool conFinestre() { return applicazione != nullptr; }
