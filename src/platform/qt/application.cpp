@@ -23,7 +23,7 @@
 
 namespace tessaro {
 
-constinit void (*salvaRecupero)() = nullptr;
+void (*salvaRecupero)() = nullptr;
 
 namespace {
 
