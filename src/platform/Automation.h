@@ -46,6 +46,9 @@ struct Copione {
 };
 void SetCopione(const Copione* copione);
 
+// Leaves at once with this status: standard output is flushed and the script's own settings folder goes.
+[[noreturn]] void AutoExit(std::int32_t status);
+
 // --- what the driver may do
 void AutoAdvance(std::uint32_t ticks);   // the clock moves on
 void AutoMove(Point content, std::uint16_t modifiers);
@@ -56,10 +59,12 @@ void AutoWheel(std::int32_t axis, std::int32_t steps, std::uint16_t modifiers);
 void AutoKey(std::uint8_t macRoman, std::uint16_t modifiers);
 // False when the item does not exist or is disabled.
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);
+bool AutoMenuBuilt(std::int16_t menu, std::int16_t item);   // false for an item that stands for what is not built yet
 void AutoPost(const EventRecord& e);                        // drop, highLevel, tablet: records the toolkit would queue
 void AutoResize(std::int32_t width, std::int32_t height);   // of the content
 void AutoActivate(bool active);
 void AutoGoAway();
+std::int32_t AutoDepth();                      // loops inside the main one that now run
 bool AutoQueueEmpty();                         // no input, repaint or deferred work is waiting
 bool AutoScreenshot(std::string_view path);    // window with any open dialog
 std::string AutoMenuJson(std::int16_t menu);   // {"1":{"text":..,"checked":0,"enabled":1},..}
