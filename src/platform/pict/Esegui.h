@@ -58,7 +58,6 @@ private:
     void retinoColore(const Voce& v);
     void ritaglia(std::string_view regione);
     void disegnaRRett(GrafVerb verbo, const Rect& r, const Pattern& p);
-    void copia(const std::uint32_t* pixel, std::int32_t larghezza, const Rect& src, const Rect& dst, bool trasparente);
     void crociata(const Rect& r);
     void spendi(const Rect& r);   // work done so far, in pixels: hostile files end too
     // Runs `disegna(verb, pattern)` with the pen, area or background pattern that the verb takes.
@@ -88,6 +87,9 @@ private:
     bool tuttoBene = true;
     bool sostituita = false;   // a decoded image came: pixels that follow stand in for it where it cannot be read
 };
+
+// Copies what is not of alpha 0, as runs: a port knows only the plain copy.
+void CopiaConBuchi(GrafPort& port, const PixMap& bits, const Rect& src, const Rect& dst);
 
 // A port that takes stored pixels as they are, so that a picture within a picture loses nothing: the recorder.
 struct PortaDiPassaggio {

@@ -79,8 +79,11 @@ bool EsecutorePict::righeBits(Lettore& l, const BitsTesta& t) {
         const Rect s = SectRect(src, Rect{primaRiga, t.bounds.left, y, t.bounds.right});
         if (!EmptyRect(s)) {
             ApplicaModo(t.mode, pixelDi(sfondo), pixel.data(), pixel.size());
-            const std::uint32_t* base = pixel.data() + std::ptrdiff_t(s.top - primaRiga) * larghi;
-            copia(base + (s.left - t.bounds.left), larghi, s, dove(s), ModoTrasparente(t.mode));
+            const PixMap fasciaPixel{pixel.data(), larghi, Rect{primaRiga, t.bounds.left, y, t.bounds.right}};
+            if (ModoTrasparente(t.mode))
+                CopiaConBuchi(porto, fasciaPixel, s, dove(s));
+            else
+                porto.stdBits(fasciaPixel, s, dove(s));
         }
         pixel.clear();
         primaRiga = y;
@@ -96,21 +99,18 @@ bool EsecutorePict::righeBits(Lettore& l, const BitsTesta& t) {
     return y >= t.bounds.bottom;
 }
 
-// `pixel` is the corner of src. Pixels of alpha 0 are left out: they go as runs, since a port only copies.
-void EsecutorePict::copia(const std::uint32_t* pixel, std::int32_t larghezza, const Rect& src, const Rect& dst,
-                          bool trasparente) {
-    const PixMap mappaPixel{pixel, larghezza, src};
-    if (!trasparente) return porto.stdBits(mappaPixel, src, dst);
+void CopiaConBuchi(GrafPort& port, const PixMap& bits, const Rect& src, const Rect& dst) {
     const Mappa m(src, dst);
     for (std::int32_t y = src.top; y < src.bottom; ++y) {
-        const std::uint32_t* riga = pixel + std::ptrdiff_t(y - src.top) * larghezza - src.left;
+        const std::uint32_t* riga = bits.base + std::ptrdiff_t(y - bits.bounds.top) * bits.rowPixels;
+        const auto pieno = [&](std::int32_t x) { return riga[x - bits.bounds.left] >> 24 != 0; };
         for (std::int32_t x = src.left; x < src.right;) {
-            while (x < src.right && riga[x] >> 24 == 0) ++x;
+            while (x < src.right && !pieno(x)) ++x;
             const std::int32_t inizio = x;
-            while (x < src.right && riga[x] >> 24 != 0) ++x;
+            while (x < src.right && pieno(x)) ++x;
             const Rect s{y, inizio, y + 1, x};
             const Rect d = m.rett(s);
-            if (x > inizio && porto.clip.touches(d)) porto.stdBits(mappaPixel, s, d);
+            if (x > inizio && port.clip.touches(d)) port.stdBits(bits, s, d);
         }
     }
 }
@@ -148,8 +148,11 @@ bool EsecutorePict::compressa(const Voce& v) {
     if (EmptyRect(src) || EmptyRect(dst)) return true;
     spendi(dst);
     ApplicaModo(c.mode, pixelDi(sfondo), im.pixels.data(), im.pixels.size());
-    copia(im.pixels.data() + std::ptrdiff_t(src.top) * im.width + src.left, im.width, src, dst,
-          ModoTrasparente(c.mode));
+    const PixMap tutti{im.pixels.data(), im.width, tutta};
+    if (ModoTrasparente(c.mode))
+        CopiaConBuchi(porto, tutti, src, dst);
+    else
+        porto.stdBits(tutti, src, dst);
     return true;
 }
 
@@ -174,12 +177,14 @@ bool EsecutorePict::nonCompressa(const Voce& v) {
 void EsecutorePict::crociata(const Rect& r) {
     if (EmptyRect(r)) return;
     spendi(r);
+    const PenState prima = porto.pen;
     porto.pen = PenState{};
     porto.foreground = RGBColor{};
     porto.stdRect(GrafVerb::frame, r, Pattern{});
     porto.stdLine(Point{r.top, r.left}, Point{r.bottom - 1, r.right - 1});
     porto.stdLine(Point{r.bottom - 1, r.left}, Point{r.top, r.right - 1});
     porto.foreground = fronte;
+    porto.pen = prima;
 }
 
 }   // namespace tessaro
