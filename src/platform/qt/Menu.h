@@ -15,7 +15,7 @@ class QMenu;
 
 namespace tessaro {
 
-enum class FiguraVoce : std::uint8_t { nessuna, retino, spessore, colore };
+enum class FiguraVoce : std::uint8_t { nessuna, retino, riga, colore };
 
 struct VoceMenu {
     std::string testo;               // UTF-8

@@ -32,7 +32,7 @@ VoceMenu leggiVoce(const RigaRisorsa& r) {
     v.tasto = r.opzione("key");
     const auto figura = r.opzione("icon");
     v.figura = figura == "pattern"     ? FiguraVoce::retino
-               : figura == "thickness" ? FiguraVoce::spessore
+               : figura == "thickness" ? FiguraVoce::riga
                : figura == "colour"    ? FiguraVoce::colore
                                        : FiguraVoce::nessuna;
     return v;

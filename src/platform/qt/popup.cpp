@@ -1,8 +1,9 @@
 // Pop-up menus, and the small pictures that stand before patterns, thicknesses and colours in menus.
-#include <QEvent>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QMenu>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QWidget>
 
@@ -48,8 +49,8 @@ QIcon figuraVoce(FiguraVoce figura, std::int16_t numero) {
     case FiguraVoce::nessuna: return {};
     case FiguraVoce::retino: disegnaRetino(p, numero); break;
     case FiguraVoce::colore: disegnaColore(p, numero); break;
-    case FiguraVoce::spessore:
-        p.fillRect(QRectF(0, (lato - numero) / 2.0, lato, numero), telaio()->palette().color(QPalette::WindowText));
+    case FiguraVoce::riga:
+        p.fillRect(QRectF(0, (lato - numero) / 2.0, lato, numero), QGuiApplication::palette().color(QPalette::WindowText));
         return quadro;
     }
     p.setPen(Qt::darkGray);

@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLocale>
 #include <QString>
 
 #include <algorithm>
@@ -107,12 +106,6 @@ void leggiTesti(const std::string& nome, Tabella& t) {
         });
 }
 
-std::string linguaPredefinita() {
-    if (!avvio().language.empty()) return avvio().language;
-    if (avvio().script) return "en";
-    return QLocale::system().language() == QLocale::Italian ? "it" : "en";
-}
-
 QString percorsoRisorsa(std::string_view path) { return QStringLiteral(":/") + daUtf8(path); }
 
 }   // namespace
@@ -170,7 +163,7 @@ void ScegliLingua(std::string_view nome) {
 
 const std::string& testo(std::string_view chiave) {
     static const std::string nessuno;
-    if (!lingua.scelta) ScegliLingua(linguaPredefinita());
+    if (!lingua.scelta) ScegliLingua(linguaInUso());
     const auto i = lingua.testi.find(chiave);
     return i == lingua.testi.end() ? nessuno : i->second;
 }
