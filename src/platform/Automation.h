@@ -45,6 +45,9 @@ struct Copione {
 };
 void SetCopione(const Copione* copione);
 
+// Leaves at once with this status: standard output is flushed and the script's own settings folder goes.
+[[noreturn]] void AutoExit(std::int32_t status);
+
 // --- what the driver may do
 void AutoAdvance(std::uint32_t ticks);   // the clock moves on
 void AutoMove(Point content, std::uint16_t modifiers);
@@ -59,6 +62,7 @@ void AutoPost(const EventRecord& e);                        // drop, highLevel, 
 void AutoResize(std::int32_t width, std::int32_t height);   // of the content
 void AutoActivate(bool active);
 void AutoGoAway();
+std::int32_t AutoDepth();                      // loops inside the main one that now run
 bool AutoQueueEmpty();                         // no input, repaint or deferred work is waiting
 bool AutoScreenshot(std::string_view path);    // window with any open dialog
 std::string AutoMenuJson(std::int16_t menu);   // {"1":{"text":..,"checked":0,"enabled":1},..}
