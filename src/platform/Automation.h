@@ -25,6 +25,9 @@ struct Avvio {
 void StartToolbox(int& argc, char** argv, const Avvio& avvio);   // once, before Initialize
 void StopToolbox();
 const Avvio& AvvioInForza();
+// Called on SIGTERM and SIGINT before the program leaves, and when the session ends: writes the recovery copy. Set by the
+// files; null while there is nothing to write.
+extern void (*salvaRecupero)();
 std::string AppFolder();   // where the executable stands
 
 // --- what the driver is asked. All are set before StartToolbox; without a script they are null.

@@ -71,7 +71,8 @@ void menu(const Riga& r) {
     const std::int16_t m = corto(r[0]);
     const std::int16_t i = corto(r[1]);
     if (AutoMenu(m, i, r.modificatori)) return;
-    if (CountMenuItems(m) >= i && i > 0 && !AutoMenuBuilt(m, i))
+    std::string_view voce;
+    if (JsonSotto(AutoMenuJson(m), r[1], voce) && !MenuItemBuilt(m, i))
         sbaglia(Avviso::nonCostruito, "menu " + r[0] + " " + r[1]);
     sbaglia(Avviso::vocesenzaEffetto, r[0], r[1]);
 }

@@ -10,8 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "platform/Events.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/Windows.h"
+
+class QMimeData;
 
 namespace tessaro {
 

@@ -23,7 +23,7 @@
 
 namespace tessaro {
 
-void (*salvaRecupero)() = nullptr;
+constinit void (*salvaRecupero)() = nullptr;
 
 namespace {
 
@@ -77,7 +77,7 @@ void preparaAmbiente(const Avvio& a) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(a.ratio));
     qputenv("QT_QPA_PLATFORMTHEME", "");
-    QCoreApplication::setDesktopSettingsAware(false);
+    QGuiApplication::setDesktopSettingsAware(false);
 }
 
 // Pictures and timing of a script must not depend on the desktop it runs on.
@@ -92,6 +92,7 @@ void parificaCopione() {
 }   // namespace
 
 const Avvio& avvio() { return questoAvvio; }
+const Avvio& AvvioInForza() { return questoAvvio; }
 const Copione* copione() { return ganci; }
 void SetCopione(const Copione* c) { ganci = c; }
 bool conFinestre() { return applicazione != nullptr; }

@@ -72,7 +72,7 @@ void Foglio::premi(QMouseEvent* e) {
     if (e->button() != Qt::LeftButton && e->button() != Qt::RightButton) return;
     if (premuto != Qt::NoButton) return;   // a second button does not begin a second press
     premuto = e->button();
-    const std::uint16_t extra = premuto == Qt::RightButton ? controlKey : std::uint16_t{0};
+    const std::uint16_t extra = static_cast<std::uint16_t>(premuto == Qt::RightButton ? controlKey : 0);
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), extra, e->timestamp());
     accodaPuntatore(EventKind::mouseDown, e->position(), e->modifiers(), extra, e->timestamp());
 }

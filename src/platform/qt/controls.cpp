@@ -1,4 +1,5 @@
 // Scroll bars and the panel of the drawing window, and the names of its parts for accessibility tools.
+#include <QGuiApplication>
 #include <QSignalBlocker>
 
 #include <algorithm>

@@ -102,7 +102,7 @@ bool Telaio::event(QEvent* e) {
         if (f != nullptr) {
             EventRecord r;
             r.what = EventKind::activateEvt;
-            r.modifiers = attiva ? activeFlag : std::uint16_t{0};
+            r.modifiers = static_cast<std::uint16_t>(attiva ? activeFlag : 0);
             accoda(std::move(r));
         }
     }
