@@ -1,7 +1,7 @@
 // Alerts: a message with its buttons, from resources. The first line of the text is the message, the others explain it.
-#include <QAbstractButton>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <map>
 
@@ -110,10 +110,10 @@ std::int16_t chiedi(const Avviso& a, const std::string& detto, Segno come) {
                            : numero == a.fuga     ? QMessageBox::RejectRole
                            : a.bottoni.size() > 2 ? QMessageBox::DestructiveRole
                                                   : QMessageBox::RejectRole;
-        QAbstractButton* bottone = scatola.addButton(daUtf8(testo("button." + b.nome)), ruolo);
-        if (predefinito) scatola.setDefaultButton(static_cast<QPushButton*>(bottone));
+        QPushButton* bottone = scatola.addButton(daUtf8(testo("button." + b.nome)), ruolo);
+        if (predefinito) scatola.setDefaultButton(bottone);
         if (numero == (a.fuga == 0 ? a.predefinito : a.fuga)) scatola.setEscapeButton(bottone);
-        QObject::connect(bottone, &QAbstractButton::clicked, &scatola, [&premuto, numero] { premuto = numero; });
+        QObject::connect(bottone, &QPushButton::clicked, &scatola, [&premuto, numero] { premuto = numero; });
     }
     const Annidato annidato;
     scatola.setWindowModality(Qt::ApplicationModal);
