@@ -25,6 +25,9 @@ struct Avvio {
 void StartToolbox(int& argc, char** argv, const Avvio& avvio);   // once, before Initialize
 void StopToolbox();
 const Avvio& AvvioInForza();
+// Called on SIGTERM and SIGINT before the program leaves, and when the session ends: writes the recovery copy. Set by the
+// files; null while there is nothing to write.
+extern void (*salvaRecupero)();
 std::string AppFolder();   // where the executable stands
 
 // --- what the driver is asked. All are set before StartToolbox; without a script they are null.
@@ -46,6 +49,9 @@ struct Copione {
 };
 void SetCopione(const Copione* copione);
 
+// Leaves at once with this status: standard output is flushed and the script's own settings folder goes.
+[[noreturn]] void AutoExit(std::int32_t status);
+
 // --- what the driver may do
 void AutoAdvance(std::uint32_t ticks);   // the clock moves on
 void AutoMove(Point content, std::uint16_t modifiers);
@@ -56,10 +62,12 @@ void AutoWheel(std::int32_t axis, std::int32_t steps, std::uint16_t modifiers);
 void AutoKey(std::uint8_t macRoman, std::uint16_t modifiers);
 // False when the item does not exist or is disabled.
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);
+bool AutoMenuBuilt(std::int16_t menu, std::int16_t item);   // false for an item that stands for what is not built yet
 void AutoPost(const EventRecord& e);                        // drop, highLevel, tablet: records the toolkit would queue
 void AutoResize(std::int32_t width, std::int32_t height);   // of the content
 void AutoActivate(bool active);
 void AutoGoAway();
+std::int32_t AutoDepth();                      // loops inside the main one that now run
 bool AutoQueueEmpty();                         // no input, repaint or deferred work is waiting
 bool AutoScreenshot(std::string_view path);    // window with any open dialog
 std::string AutoMenuJson(std::int16_t menu);   // {"1":{"text":..,"checked":0,"enabled":1},..}

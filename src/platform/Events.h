@@ -70,4 +70,14 @@ void SysBeep(std::int32_t duration);
 // True once the desktop asked to quit while a nested loop ran: every loop unwinds, the main one closes.
 bool quitPending();
 
+// Depth of the loops that wait inside the program; the main one runs at 0. Every other loop (a dialog, a drag, a rubber
+// rectangle that waits for its press) holds an Annidato while it runs.
+struct Annidato {
+    Annidato();
+    ~Annidato();
+    Annidato(const Annidato&) = delete;
+    Annidato& operator=(const Annidato&) = delete;
+};
+std::int32_t annidamento();
+
 }   // namespace tessaro

@@ -12,10 +12,10 @@ namespace tessaro {
 
 struct Opzioni {
     Avvio avvio;
-    std::string copione;                 // --script; "-" is standard input; empty: no script
-    std::vector<std::string> documenti;  // other arguments: drawings to open, UTF-8
-    bool aiuto = false;                  // --help or -h
-    bool versione = false;               // --version
+    std::string copione;                  // --script; "-" is standard input; empty: no script
+    std::vector<std::string> documenti;   // other arguments: drawings to open, UTF-8
+    bool aiuto = false;                   // --help or -h
+    bool versione = false;                // --version
 };
 
 // Takes the program's own options out of argv (argc shrinks; what the toolkit knows, such as -platform, stays for it).
