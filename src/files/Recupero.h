@@ -2,5 +2,5 @@
 #pragma once
 namespace tessaro {
 void ScriviRecupero();
-void OffriRecupero();     // alert 9103: 1 opens it, 2 discards it
+void OffriRecupero();   // alert 9103: 1 opens it, 2 discards it
 }   // namespace tessaro

@@ -1,0 +1,319 @@
+// The open file into the drawing, or merged into it. Records are turned straight from the read buffer into their places;
+// what a file claims is held against what it has before it is believed.
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "dialogs/Errori.h"
+#include "digitising/attaccoDinamico.h"
+#include "display/Zoom.h"
+#include "files/Archivia.h"
+#include "files/Blocchi.h"
+#include "files/Fusione.h"
+#include "files/Migrazione.h"
+#include "files/Nativo.h"
+#include "files/Risanamento.h"
+#include "files/TestiFile.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Registrazione.h"
+#include "platform/Dialogs.h"
+#include "text/EndianConvert.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+constinit OSType fType = tipoTS3D;
+
+namespace {
+
+constexpr std::int16_t avvisoMemoria = 128;
+constexpr std::int32_t riservati = 2;   // records 1 and 2 of every drawing
+constexpr std::int16_t angoloNonDetto = 100;
+constexpr std::size_t posizioneConto = 76;
+
+struct Intestazione {
+    std::int16_t versione = 0;
+    double x5 = 0, y5 = 0;   // control point 5
+    std::uint8_t ok5 = 0;
+};
+
+// One reading: what the file says of itself, and the first thing that was wrong with it.
+struct Lettura {
+    Intestazione testa;
+    elemento primo{}, secondo{};   // the file's records 1 and 2
+    std::int32_t conto = 0;        // elements it claims, the reserved ones too
+    bool conTipo = true;           // version word and a record 2 of its own
+    Fusione fusione = Fusione::comeSono;
+    Guasto guasto;
+    bool guasta = false;
+
+    void segnala(const Guasto& g) {
+        if (!guasta) guasto = g;
+        guasta = true;
+    }
+    void segnala(TestoFile t, std::int16_t codice = noErr, std::string_view p0 = {}, std::string_view p1 = {}) {
+        std::int64_t pos = 0;
+        GetFPos(RefNum, pos);
+        segnala(Guasto{codice, TestoDi(t, p0, p1), {}, pos});
+    }
+};
+
+std::int64_t resto() {
+    std::int64_t pos = 0, fine = 0;
+    GetFPos(RefNum, pos);
+    GetEOF(RefNum, fine);
+    return fine - pos;
+}
+
+std::int32_t byteRecord(std::int16_t versione) {
+    if (versione <= 2) return sizeof(Oldelemento);
+    return versione <= 4 ? sizeof(elemento_Ext) : sizeof(elemento);
+}
+
+std::int64_t byteIntestazione(std::int16_t versione) {
+    if (versione < 4) return 0;
+    return versione == 4 ? 21 : 17;
+}
+
+bool leggiIntestazione(Lettura& l) {
+    if (l.conTipo) {
+        if (resto() < 2) return false;
+        l.testa.versione = leggii();
+    }
+    if (resto() < byteIntestazione(l.testa.versione)) return false;
+    if (l.testa.versione < 4) return true;
+    if (l.testa.versione == 4) {
+        l.testa.x5 = x80told(leggiExtended());
+        l.testa.y5 = x80told(leggiExtended());
+    } else {
+        l.testa.x5 = leggir();
+        l.testa.y5 = leggir();
+    }
+    l.testa.ok5 = leggib();
+    return !uscita;
+}
+
+// One record of the file's version, still in disk order. False when the file has no more.
+bool leggiRecord(std::int16_t versione, elemento& disco) {
+    if (resto() < byteRecord(versione)) return false;
+    if (versione <= 2) {
+        Oldelemento vecchio;
+        leggiBlocco(vecchio.byte.data(), sizeof vecchio);
+        TrasformaOldNew(vecchio, disco);
+    } else if (versione <= 4) {
+        elemento_Ext vecchio;
+        leggiBlocco(vecchio.byte.data(), sizeof vecchio);
+        TrasformaExtDoub(vecchio, disco);
+    } else {
+        leggiBlocco(&disco, sizeof disco);
+    }
+    return !uscita;
+}
+
+std::int32_t contoDi(const elemento& disco, std::int16_t versione) {
+    const unsigned char* p = reinterpret_cast<const unsigned char*>(&disco) + posizioneConto;
+    if (versione >= 8) {
+        std::int32_t conto = 0;
+        std::memcpy(&conto, p, sizeof conto);
+        return EndiansLong_BtoN(conto);
+    }
+    const auto corto = static_cast<std::int16_t>(p[0] << 8 | p[1]);
+    return corto < 0 ? corto + 65536 : corto;
+}
+
+// Record 2 of a file that has none.
+elemento secondoFittizio() {
+    elemento e{};
+    e.tipo = tAttacco2;
+    e.lucido = 1;
+    e.att.t.linea = 1;
+    e.att.t.aref = ArefVecchio;
+    e.att.x1 = e.att.y1 = e.att.z1 = 0;
+    e.att.x2 = e.att.y2 = e.att.z2 = 1.0;
+    return e;
+}
+
+bool leggiRiservati(Lettura& l) {
+    if (!leggiRecord(l.testa.versione, l.primo)) return false;
+    l.conto = contoDi(l.primo, l.testa.versione);
+    TrasformaElemBtoN(l.primo);
+    if (!l.conTipo) {
+        l.secondo = secondoFittizio();
+        return l.conto >= 1;
+    }
+    if (!leggiRecord(l.testa.versione, l.secondo)) return false;
+    TrasformaElemBtoN(l.secondo);
+    if (l.testa.versione <= 1) l.secondo.att.quattroPunti = 0;
+    return l.conto >= riservati;
+}
+
+std::int32_t elementiDetti(const Lettura& l) { return l.conto - (l.conTipo ? riservati : 1); }
+
+// A count that the file cannot hold: of a drawing that was cut off the rest is worth having, anything else is none.
+bool contoCredibile(const Lettura& l) {
+    const std::int64_t voluti = std::int64_t{elementiDetti(l)} * byteRecord(l.testa.versione);
+    return voluti <= resto() || (l.primo.tipo == tAttacco1 && l.secondo.tipo == tAttacco2);
+}
+
+// Before version 8 some fields held nothing.
+void predefiniti(std::int16_t versione, elemento& e) {
+    if (versione >= 8) return;
+    switch (e.tipo) {
+    case tTesto: e.test.angolo = angoloNonDetto; break;
+    case tPoligono: e.poli.patternArea = 0; break;
+    case tCerchio: e.cerc.patternArea = 0; break;
+    case tArco: e.arco.patternArea = 0; break;
+    default: break;
+    }
+}
+
+// The data behind a picture's record. False when the file does not have them.
+bool leggiPict(Lettura& l, std::int32_t n) {
+    if (resto() < 4) return false;
+    const std::int32_t byte = leggiLong();
+    if (uscita) return false;
+    if (byte < 0 || byte > resto()) {
+        l.segnala(TestoFile::immagine, eofErr, std::to_string(n - riservati));
+        return false;
+    }
+    try {
+        std::string dati(static_cast<std::size_t>(byte), '\0');
+        leggiBlocco(dati.data(), byte);
+        Elem(n).pict.maniglia = NewPict(std::move(dati));
+    } catch (const std::bad_alloc&) {
+        StopAlert(avvisoMemoria);   // Kept: its bytes are not skipped, and what follows is read from the wrong place
+    }
+    return !uscita;
+}
+
+// What is left to do with a record that lies in its place, in native order.
+bool completa(Lettura& l, Risanamento& r, std::int32_t n) {
+    elemento& e = Elem(n);
+    if (e.tipo == tPict && !leggiPict(l, n)) return false;
+    predefiniti(l.testa.versione, e);
+    if (l.fusione != Fusione::comeSono) AdattaElemento(l.fusione, e);
+    r.passa(n, e);
+    return true;
+}
+
+// As many records of the present shape as the read buffer holds whole, up to the first picture. Gives the next number.
+std::int32_t leggiDalBuffer(Lettura& l, Risanamento& r, std::int32_t n, std::int32_t ultimo) {
+    const char* dati = nullptr;
+    std::int64_t quanti = 0;
+    if (FSPeek(RefNum, dati, quanti) != noErr) return n;
+    std::int64_t pos = 0;
+    GetFPos(RefNum, pos);
+    const auto interi = std::min<std::int64_t>(quanti / std::int64_t{sizeof(elemento)}, ultimo - n + 1);
+    for (std::int64_t i = 0; i < interi; ++i, ++n) {
+        elemento& e = Elem(n);
+        std::memcpy(&e, dati + i * std::int64_t{sizeof(elemento)}, sizeof e);
+        TrasformaElemBtoN(e);
+        const bool immagine = e.tipo == tPict;
+        if (immagine) SetFPos(RefNum, pos + (i + 1) * std::int64_t{sizeof(elemento)});
+        if (!completa(l, r, n)) return n;
+        if (immagine) return n + 1;
+    }
+    SetFPos(RefNum, pos + interi * std::int64_t{sizeof(elemento)});
+    return n;
+}
+
+// Records up to `ultimo`; gives the number of the last one that was read.
+std::int32_t leggiElementi(Lettura& l, Risanamento& r, std::int32_t n, std::int32_t ultimo) {
+    while (n <= ultimo && !uscita && !l.guasta) {
+        if (l.testa.versione >= 5) {
+            const std::int32_t prima = n;
+            n = leggiDalBuffer(l, r, n, ultimo);
+            if (n != prima) continue;
+        }
+        // One that lies across the buffer's end, or has an old shape.
+        if (n > ultimo || uscita || l.guasta || !leggiRecord(l.testa.versione, Elem(n))) break;
+        TrasformaElemBtoN(Elem(n));
+        if (!completa(l, r, n)) break;
+        ++n;
+    }
+    r.fine();
+    return n - 1;
+}
+
+void accogli(const Lettura& l) {
+    Elem(1) = l.primo;
+    Elem(2) = l.secondo;
+    XA1 = l.primo.att1.x1;
+    YA1 = l.primo.att1.y1;
+    XA2 = l.primo.att1.x2;
+    YA2 = l.primo.att1.y2;
+    xAttacco5 = l.testa.x5;
+    yAttacco5 = l.testa.y5;
+    OKAttacco5 = l.testa.ok5;
+}
+
+void rinuncia(std::int32_t prima, std::int32_t ultimo) {
+    for (std::int32_t n = prima; n <= ultimo; ++n)
+        if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
+}
+
+// The elements, behind what is open. True when the blocks that follow them can be read.
+bool leggiDisegno(Lettura& l, bool inFusione) {
+    const std::int32_t prima = inFusione ? indElem + 1 : riservati + 1;
+    const std::int64_t voluto = std::int64_t{prima} + elementiDetti(l) - 1;
+    const auto ultimo = static_cast<std::int32_t>(std::min<std::int64_t>(voluto, maxElementi));
+    Risanamento r(prima);
+    const std::int32_t letto = leggiElementi(l, r, prima, ultimo);
+    if (letto < ultimo && inFusione) {
+        rinuncia(prima, letto);
+        l.segnala(TestoFile::troncatoFusione, eofErr);
+        uscita = 1;
+        return false;
+    }
+    indElem = letto;
+    if (letto < ultimo) l.segnala(TestoFile::troncato, eofErr, std::to_string(letto - riservati));
+    if (letto < ultimo || uscita) return false;
+    if (voluto > ultimo)
+        l.segnala(TestoFile::troppi, noErr, std::to_string(elementiDetti(l)), std::to_string(ultimo - prima + 1));
+    else if (r.risanati() > 0)
+        l.segnala(TestoFile::risanati, noErr, std::to_string(r.risanati()));
+    // Kept: behind a drawing that was clipped the blocks are read from where the reading stopped.
+    return true;
+}
+
+bool leggiTutto(Lettura& l) {
+    const bool inFusione = indElem > riservati;
+    if (!leggiIntestazione(l) || !leggiRiservati(l) || !contoCredibile(l)) {
+        l.segnala(TestoFile::nonDisegno);
+        uscita = 1;
+        return false;
+    }
+    if (inFusione) {
+        l.fusione = ScegliFusione(theItem, l.primo, l.secondo);
+        if (l.fusione == Fusione::nessuna) return true;
+    } else {
+        accogli(l);
+    }
+    if (!leggiDisegno(l, inFusione)) return !inFusione;
+    // Kept: a merge without a similarity replaces view, colours, units and meshes by the file's.
+    if (l.fusione != Fusione::comeSono) return true;
+    if (Guasto g; !LeggiBlocchi(l.testa.versione, g) && !g.what.empty()) l.segnala(g);
+    return true;
+}
+
+}   // namespace
+
+void leggidati() {
+    if (noWindow) SetUpWindow();
+    Lettura l;
+    l.conTipo = fType == tipoTS3D;
+    const bool buono = !uscita && leggiTutto(l);
+    if (buono) {
+        NewDis = 1;
+        attaccoAttivo.PreparaAttacco();
+        PoniAnnulla(aNiente);
+        InvalFinestra();
+    }
+    if (l.guasta) MostraGuasto(l.guasto);
+}
+
+}   // namespace tessaro
