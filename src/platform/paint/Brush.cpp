@@ -56,6 +56,8 @@ void Brush::make(const Key& key) {
     if (uniform && ops_[1].keep == 0) kind_ = Kind::solid;
     if (uniform && ops_[1].keep != 0) kind_ = ops_[1].flip == 0 ? Kind::nothing : Kind::flip;
     periodo_ = 8 * key.ratio * std::max(1, static_cast<std::int32_t>(lunghezza) / (8 * key.ratio));
+    potenza_ = std::has_single_bit(static_cast<std::uint32_t>(key.ratio));
+    scorri_ = std::countr_zero(static_cast<std::uint32_t>(key.ratio));
 }
 
 void Brush::expand(std::size_t patternRow) {
@@ -70,10 +72,10 @@ void Brush::expand(std::size_t patternRow) {
 }
 
 void Brush::patternSpan(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
-    const std::size_t patternRow = static_cast<std::size_t>(y / key_.ratio) & 7U;
+    const std::size_t patternRow = static_cast<std::size_t>(potenza_ ? y >> scorri_ : y / key_.ratio) & 7U;
     if (((pronte_ >> patternRow) & 1U) == 0) expand(patternRow);
     const Riga& riga = righe_[patternRow];
-    std::int32_t phase = x0 % periodo_;
+    std::int32_t phase = potenza_ ? x0 & (static_cast<std::int32_t>(lunghezza) - 1) : x0 % periodo_;
     while (x0 < x1) {
         const std::int32_t count = std::min(periodo_ - phase, x1 - x0);
         std::uint32_t* const out = row + x0;

@@ -87,6 +87,8 @@ private:
     std::array<RasterOp, 2> ops_;   // by pattern bit
     std::uint64_t bits_ = 0;
     std::int32_t periodo_ = 8;   // device pixels after which a row of righe_ starts anew
+    bool potenza_ = true;        // the period is `lunghezza`, and the ratio 1 << scorri_: no divisions
+    int scorri_ = 0;
     std::uint32_t pronte_ = 0;   // bit n: righe_[n] is filled
     std::array<Riga, 8> righe_{};
 };
