@@ -253,7 +253,7 @@ bool StillDown() {
         EventRecord e;
         if (prendi(e, Attesa::puntatore)) return coda.tenuto;
         if (!waitStep(Attesa::puntatore, -1)) break;
-        if (std::exchange(coda.svegliata, false)) return coda.tenuto;
+        if (std::exchange(coda.svegliata, false) && !quitPending()) return coda.tenuto;
     }
     coda.tenuto = false;
     return false;
