@@ -64,7 +64,7 @@ void Brush::expand(std::size_t patternRow) {
     Riga& riga = righe_[patternRow];
     for (std::int32_t x = 0; x < periodo_; ++x) {
         const std::size_t column = static_cast<std::size_t>(x / key_.ratio) & 7U;
-        const RasterOp& op = ops_[(bits_ >> (8 * patternRow + column)) & 1U];
+        const RasterOp& op = ops_[(bits_ >> static_cast<int>(8 * patternRow + column)) & 1U];
         riga.keep[static_cast<std::size_t>(x)] = op.keep;
         riga.flip[static_cast<std::size_t>(x)] = op.flip;
     }
