@@ -33,9 +33,10 @@ bool RaccoltaRiga::daTralasciare(std::uint8_t c) const {
 }
 
 bool RaccoltaRiga::prendi(std::uint8_t c) {
-    presi = true;
     const bool finita = finisceCon(c);
-    if (!finita && !daTralasciare(c)) p[++p[0]] = c;
+    const bool tralasciato = !finita && daTralasciare(c);
+    if (!finita && !tralasciato) p[++p[0]] = c;
+    presi = presi || !tralasciato;
     prec = c;
     return finita || p[0] == 255;
 }
