@@ -1,5 +1,5 @@
-// The door of the tests: the toolbox off screen, every named global at its start value before each test, alerts answered
-// by their default button, and an order that is shuffled with a printed seed.
+// The door of the tests: the toolbox off screen, every named global at its start value before each test, alerts
+// answered by their default button, and an order that is shuffled with a printed seed.
 #include <gtest/gtest.h>
 
 #include "model/TabellaStato.h"

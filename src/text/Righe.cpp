@@ -1,5 +1,5 @@
-// The line readers: LeggiRiga and ReadlnDisco over the open file, LeggiStr and LeggiRigaC over standard streams, and the
-// searches of the exchange reader.
+// The line readers: LeggiRiga and ReadlnDisco over the open file, LeggiStr and LeggiRigaC over standard streams, and
+// the searches of the exchange reader.
 #include "text/Righe.h"
 
 #include <algorithm>
