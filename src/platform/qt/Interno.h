@@ -26,9 +26,6 @@ bool conFinestre();         // an application object lives: widgets may be made.
 std::string cartellaImpostazioni();   // where settings belong, UTF-8; made, but not seeded
 std::string linguaInUso();            // "en" or "it": --language, else the desktop's; a script's own is "en"
 
-// Called on SIGTERM and SIGINT before the program leaves: writes the recovery copy. Null: nothing to write.
-extern void (*salvaRecupero)();
-
 // --- the frame, which outlives the drawing's window; null without an application object
 QMainWindow* telaio();
 QMenuBar* barra();   // inside the frame, never the desktop's own

@@ -1,0 +1,8 @@
+// Moving things by the deltas XDeltaSpost, YDeltaSpost, ZDeltaSpost, in sheet units (Z in the user's unit).
+#pragma once
+#include <cstdint>
+namespace tessaro {
+void SpostaPunto(double& x, double& y, double& z);
+void SpostaSelezione();   // the selection and rettSel; arms the undo that moves back
+void SpostaTutto();       // every element; no undo, rettSel stays
+}   // namespace tessaro

@@ -1,0 +1,74 @@
+// The registration's globals, the meshes and the constraints: plain records with their rows in the reset table.
+#include "model/Registrazione.h"
+
+#include "model/Mesh.h"
+#include "model/TabellaStato.h"
+#include "model/Vincoli.h"
+
+namespace tessaro {
+
+constinit TransfRec TransfCoord{}, TransfInvert{}, TransfAttacco{}, TransfAgg{};
+constinit double XA1 = 0, YA1 = 0, XA2 = 0, YA2 = 0, xAttacco5 = 0, yAttacco5 = 0;
+constinit std::uint8_t OKAttacco5 = 0;
+constinit Att4Pt att4Pt{};
+constinit Mesh meshOrigine{}, meshDestinazione{}, undoMeshOrigine{}, undoMeshDestinazione{};
+constinit StatoCursore statoCursore{};
+constinit Griglia griglia{};
+
+namespace {
+
+std::string campo(const char* nome, double v, bool primo = false) {
+    return std::string(primo ? "{\"" : ",\"") + nome + "\":" + NumeroJson(v);
+}
+
+template <const TransfRec& t>
+std::string transfJson() {
+    return campo("deltaX", t.deltaX, true) + campo("deltaY", t.deltaY) + campo("deltaZ", t.deltaZ)
+           + campo("rot11", t.rot11) + campo("rot12", t.rot12) + campo("rot21", t.rot21) + campo("rot22", t.rot22)
+           + campo("ingr", t.ingr) + campo("x1", t.x1) + campo("y1", t.y1) + campo("z1", t.z1) + campo("x2", t.x2)
+           + campo("y2", t.y2) + campo("z2", t.z2) + "}";
+}
+
+template <const Mesh& m>
+std::string meshJson() {
+    return campo("nx", m.nx, true) + campo("ny", m.ny) + "}";
+}
+
+std::string cursoreJson() {
+    const auto& s = statoCursore;
+    return campo("bloccaX", s.bloccaX, true) + campo("bloccaY", s.bloccaY) + campo("pendenza", s.pendenza)
+           + campo("pendenza2", s.pendenza2) + campo("kPendenza", s.kPendenza) + campo("verticale", s.verticale)
+           + campo("perpendicolare", s.perpendicolare) + campo("parallelo", s.parallelo)
+           + campo("attaccoPunto", s.attaccoPunto) + campo("attaccoZ", s.attaccoZ) + "}";
+}
+
+std::string grigliaJson() {
+    return campo("passoX", griglia.passoX, true) + campo("passoY", griglia.passoY) + campo("attiva", griglia.attiva)
+           + campo("grezzoX", griglia.grezzoX) + campo("grezzoY", griglia.grezzoY) + "}";
+}
+
+const VoceStato righe[] = {
+    {"TransfCoord", VoceStato::speciale, nullptr, 0, [] { TransfCoord = {}; }, transfJson<TransfCoord>},
+    {"TransfInvert", VoceStato::speciale, nullptr, 0, [] { TransfInvert = {}; }, transfJson<TransfInvert>},
+    {"TransfAttacco", VoceStato::speciale, nullptr, 0, [] { TransfAttacco = {}; }, transfJson<TransfAttacco>},
+    {"TransfAgg", VoceStato::speciale, nullptr, 0, [] { TransfAgg = {}; }, transfJson<TransfAgg>},
+    {"XA1", VoceStato::f64, &XA1, 0},
+    {"YA1", VoceStato::f64, &YA1, 0},
+    {"XA2", VoceStato::f64, &XA2, 0},
+    {"YA2", VoceStato::f64, &YA2, 0},
+    {"xAttacco5", VoceStato::f64, &xAttacco5, 0},
+    {"yAttacco5", VoceStato::f64, &yAttacco5, 0},
+    {"OKAttacco5", VoceStato::u8, &OKAttacco5, 0},
+    {"att4Pt", VoceStato::speciale, nullptr, 0, [] { att4Pt = {}; }, nullptr},
+    {"meshOrigine", VoceStato::speciale, nullptr, 0, [] { meshOrigine.nx = meshOrigine.ny = 0; },
+     meshJson<meshOrigine>},
+    {"meshDestinazione", VoceStato::speciale, nullptr, 0, [] { meshDestinazione.nx = meshDestinazione.ny = 0; },
+     meshJson<meshDestinazione>},
+    {"statoCursore", VoceStato::speciale, nullptr, 0, [] { statoCursore = {}; }, cursoreJson},
+    {"griglia", VoceStato::speciale, nullptr, 0, [] { griglia = {}; }, grigliaJson},
+};
+const TabellaStato tabella(righe);
+
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,152 @@
+// Clicks in the palette strip and in the coordinate line. The tests run in order; the first that accepts ends the chain.
+#include <array>
+
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+#include "platform/Events.h"
+#include "shell/Comandi.h"
+#include "shell/Modi.h"
+#include "tools/Costruzione.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int32_t lato = 32;   // a palette cell, pixels
+constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;
+
+bool opzione = false;   // Option held at the click
+
+void lasciaSpostamento() {
+    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
+    Sposta2ndClick = 0;
+}
+
+void freccia() {
+    lasciaSpostamento();
+    Modalita = 0;
+}
+
+void digita() {
+    lasciaSpostamento();
+    Modalita = 1;
+}
+
+void muovi() {
+    if (Puntosel.attiva) {
+        Modalita = 2;
+    } else {
+        SysBeep(30);
+    }
+}
+
+void cambiaFoglio(std::int16_t passo) {
+    VisioneGraf.lucidoCorrente = static_cast<std::int16_t>((VisioneGraf.lucidoCorrente + 100 + passo) % 100);
+    if (VisioneGraf.grigiaAltri || VisioneGraf.soloCorrente) InvalFinestra();
+}
+
+void strumento(std::int32_t operazione) {
+    lasciaSpostamento();
+    Modalita = 1;
+    operazCorrente = operazione;
+}
+
+void segmento() {
+    FineSegm();
+    strumento(0);
+}
+void polilinea() { strumento(1); }
+
+void curva(std::int32_t operazione) {
+    if (opzione) {
+        CurvePerPunti = CurvePerPunti ? 0 : 1;
+        ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
+    }
+    strumento(operazione);
+}
+void cerchio() { curva(5); }
+void arco() { curva(6); }
+
+void testo() {
+    FineSegm();
+    strumento(2);
+}
+void marker() {
+    FineSegm();
+    strumento(3);
+}
+// The commands behind these cells are not built yet.
+void nonAncora() { SysBeep(30); }
+
+struct Cella {
+    std::int32_t alto, basso;   // pixels from the window's top, basso excluded
+    std::int32_t icona;
+    void (*azione)();
+};
+// The sheet cell's two halves leave a pixel between them.
+constexpr std::array celle{
+    Cella{0, 32, 13, freccia},
+    Cella{32, 64, 14, digita},
+    Cella{64, 96, 15, muovi},
+    Cella{96, 111, 16, [] { cambiaFoglio(1); }},
+    Cella{112, 128, 16, [] { cambiaFoglio(-1); }},
+    Cella{128, 160, 17, segmento},
+    Cella{160, 192, 18, polilinea},
+    Cella{192, 224, 19, cerchio},
+    Cella{224, 256, 20, arco},
+    Cella{256, 288, 21, testo},
+    Cella{288, 320, 22, marker},
+    Cella{320, 352, 23, nonAncora},
+    Cella{352, 384, 24, nonAncora},
+    Cella{384, 416, 25, nonAncora},
+};
+
+std::int32_t iconaDi(const Cella& c) {
+    const bool perPunti = CurvePerPunti && (c.icona == 19 || c.icona == 20);
+    return perPunti ? c.icona + 100 : c.icona;
+}
+
+void clicCella(const Cella& c) {
+    if (c.icona == 16) {
+        // The halves act while the whole cell stays as it is: it has no lit form.
+        if (opzione) {
+            nonAncora();
+        } else {
+            c.azione();
+        }
+        return;
+    }
+    const std::int32_t icona = iconaDi(c);
+    if (TrackIcon(SetRect(0, c.alto, lato, c.basso), icona, icona + 10000)) c.azione();
+}
+
+bool nellaRigaCoordinate(Point p) {
+    return p.h >= sinistraRiga && p.h <= destraRiga && p.v >= myViewRect.bottom
+           && p.v < GetPortBounds(theWindow).bottom;
+}
+
+}   // namespace
+
+void Do_Tessaro3D() {
+    opzione = (KeyModifiers() & optionKey) != 0;
+    if (nellaRigaCoordinate(EventPoint)) {
+        nonAncora();
+    } else if (EventPoint.h >= 0 && EventPoint.h < lato) {
+        for (const Cella& c : celle) {
+            if (EventPoint.v < c.alto || EventPoint.v >= c.basso) continue;
+            clicCella(c);
+            break;
+        }
+    }
+    DrawPallette();
+    scriviSempreCoord = 1;
+    SetDrawCoordCorr();
+}
+
+}   // namespace tessaro

@@ -1,0 +1,303 @@
+// From a menu choice to an action: a table of menus, each with its own short routine.
+#include "shell/Comandi.h"
+
+#include <algorithm>
+
+#include "digitising/Attacchi.h"
+#include "digitising/attaccoDinamico.h"
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "editing/AnnullaComando.h"
+#include "files/Archivia.h"
+#include "files/Impostazioni.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+#include "platform/Menus.h"
+#include "tools/Costruzione.h"
+#include "tools/CursoreVincolato.h"
+#include "tools/Marker.h"
+
+namespace tessaro {
+
+const std::int16_t myMenu[27] = {1,   2,   3,   4,   5,   6,   40,  50,  60, 100, 101, 102, 103, 104,
+                                 105, 106, 107, 108, 109, 110, 111, 112, 20, 0,   22,  23,  24};
+
+void ChkOnOffItem(std::int16_t menu, std::int16_t item, std::int16_t first, std::int16_t last) {
+    for (std::int16_t i = first; i <= last; ++i) CheckMenuItem(menu, i, i == item);
+}
+
+void Apri() {
+    if (!TuttoChiuso()) return;
+    SetUpWindow();
+    theItem = 2;
+    archivia();
+    DisableMenuItem(2, 1);
+    EnableMenuItem(2, 3);
+}
+
+void Chiudi() { TuttoChiuso(); }
+
+void DoArchivio() {
+    switch (theItem) {
+    case 1:
+        if (noWindow) {
+            SetUpWindow();
+            noWindow = 0;
+        }
+        break;
+    case 2: Apri(); break;
+    case 3: Chiudi(); break;
+    case 4:
+    case 5: archivia(); break;
+    case 16: fine = TuttoChiuso(); break;
+    default: break;
+    }
+}
+
+void DoEdit() {
+    if (theItem == 1) {
+        if (!noWindow) AnnullaUltima();
+        return;
+    }
+    SysBeep(30);
+}
+
+namespace {
+
+// A choice among attributes goes to the selection when there is one and no figure is in progress.
+bool perLaSelezione() { return Puntosel.attiva && Azione == 0; }
+
+void coordinateSempre() {
+    DrawPallette();
+    scriviSempreCoord = 1;
+    SetDrawCoordCorr();
+}
+
+void menuSistema() {
+    if (theItem == 1) AboutTessaro();
+}
+
+void strumento(std::int32_t operazione) {
+    operazCorrente = operazione;
+    Modalita = 1;
+}
+
+void menuDisegna() {
+    if (noWindow) return;
+    switch (theItem) {
+    case 1:
+        FineSegm();
+        strumento(0);
+        break;
+    case 2: strumento(1); break;
+    case 3:
+        FineSegm();
+        strumento(3);
+        break;
+    case 4: ScegliMarker(); break;
+    case 5: PoniZeta(); return;
+    case 6:
+        FineSegm();
+        strumento(2);
+        DrawPallette();
+        [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
+    case 7: strumento(5); break;
+    case 8: strumento(6); break;
+    default: break;
+    }
+    DrawPallette();
+}
+
+void menuTrasforma() {
+    if (theItem == 2 || theItem == 7) do_Trasforma();
+}
+
+// The tablet's origin on the sheet's corner, or on the view's.
+void riferimentoTablet(bool foglio) {
+    XtabFin = foglio ? std::int16_t{0} : arrotonda16(OrigX / scalavid);
+    YtabFin = foglio ? std::int16_t{0} : arrotonda16(OrigY / scalavid);
+    RifTablet = foglio;
+    ChkOnOffItem(6, foglio ? 14 : 15, 14, 15);
+}
+
+void menuStrumenti() {
+    switch (theItem) {
+    case 2: ParamGraf(); break;
+    case 5: ModificaGriglia(); break;
+    case 11: ParAttacco(); break;
+    case 14: riferimentoTablet(true); break;
+    case 15: riferimentoTablet(false); break;
+    case 17:
+    case 18:
+        CurvePerPunti = theItem == 18;
+        ChkOnOffItem(6, theItem, 17, 18);
+        DrawPallette();
+        break;
+    default: break;
+    }
+}
+
+void menuPatternPenna() {
+    if (perLaSelezione()) {
+        SysBeep(30);
+        return;
+    }
+    SospendiAz();
+    PatCorrente = PatAttuale = GetIndPattern(theItem);
+    NumPat = theItem;
+    SospendiAz();
+    PoniAnnulla(aNiente);
+    DrawPallette();
+}
+
+void menuSpessore() {
+    if (perLaSelezione()) {
+        SysBeep(30);
+        return;
+    }
+    spessore = theItem;
+    spess = static_cast<std::int16_t>(spessore / 2);
+    PenSize(spessore, spessore);
+    ChkOnOffItem(24, theItem, 1, 9);
+    DrawPallette();
+    PoniAnnulla(aNiente);
+}
+
+void menuColore() {
+    if (perLaSelezione()) {
+        SysBeep(30);
+        return;
+    }
+    colorCorrente = theItem;
+    ChkOnOffItem(23, theItem, 1, CountMenuItems(23));
+    ChkOnOffItem(104, theItem, 1, CountMenuItems(104));
+    DrawPallette();
+    PoniAnnulla(aNiente);
+}
+
+void menuPatternArea() {
+    if (perLaSelezione()) {
+        SysBeep(30);
+        return;
+    }
+    NumAreaPat = static_cast<std::int16_t>(theItem - 1);
+    PatAreaCorrente = PatAreaAttuale = NumAreaPat > 0 ? GetIndPattern(NumAreaPat) : qdWhite;
+    DrawPallette();
+    PoniAnnulla(aNiente);
+}
+
+void menuZoom() { FaiZoom(theItem); }
+
+void menuEsporta() {
+    if (theItem != 1) return;
+    theItem = 41;
+    archivia();
+}
+
+void menuApriAltri() {
+    theItem = static_cast<std::int16_t>(50 + theItem);
+    if (noWindow) SetUpWindow();
+    archivia();
+    DisableMenuItem(2, 1);
+    EnableMenuItem(2, 3);
+}
+
+void menuImporta() {
+    if (noWindow) SetUpWindow();
+    theItem = static_cast<std::int16_t>(60 + theItem);
+    archivia();
+    DisableMenuItem(2, 1);
+    EnableMenuItem(2, 3);
+}
+
+void menuIngressoAttacco() {
+    if (!noWindow && theItem >= 1 && theItem <= 4) IngressoAttacco(theItem);
+}
+
+// Items 1 to 4 choose a control point; item 5 sets cursor and mode only.
+// Kept: item 5 leaves operazCorrente alone, so the click does what the last chosen point did.
+void sceltaAttacco(std::int32_t primaOperazione, const std::array<std::int16_t, 5>& cursori) {
+    if (noWindow || theItem > 5) return;
+    if (theItem <= 4) operazCorrente = primaOperazione + theItem - 1;
+    attaccoCursor = cursori[static_cast<std::size_t>(theItem - 1)];
+    SetCursor(attaccoCursor);
+    Modalita = 6;
+    DrawPallette();
+}
+
+void menuAttacchiOrigine() {
+    if (theItem == 6) {
+        VerificaAttacchi();
+        return;
+    }
+    sceltaAttacco(7, origineCursor);
+}
+
+void menuAttacchiDestinazione() {
+    if (theItem == 6) {
+        attaccoAttivo.VerificaAttacchi();
+        return;
+    }
+    sceltaAttacco(12, destinazioneCursor);
+}
+
+void menuVincoli() {
+    static constexpr void (*azioni[])() = {MettiAttaccoPt,      MettiAttaccoZ,    MettiParallelo,
+                                           MettiPerpendicolare, MettiOrizzontale, MettiVerticale};
+    if (noWindow) return;
+    if (theItem == 7) {
+        AttivaGriglia();
+        AggiustaStatoBottoni();
+        DrawPallette();
+        return;
+    }
+    if (theItem < 1 || theItem > 6) return;
+    azioni[theItem - 1]();
+    coordinateSempre();
+}
+
+struct VoceMenu {
+    std::int16_t menu;
+    void (*azione)();
+};
+constexpr VoceMenu comandi[] = {
+    {1, menuSistema},
+    {2, DoArchivio},
+    {3, DoEdit},
+    {4, menuDisegna},
+    {5, menuTrasforma},
+    {6, menuStrumenti},
+    {20, menuPatternPenna},
+    {22, menuZoom},
+    {23, menuColore},
+    {24, menuSpessore},
+    {40, menuEsporta},
+    {50, menuApriAltri},
+    {60, menuImporta},
+    {104, menuColore},
+    {105, menuPatternArea},
+    {106, menuIngressoAttacco},
+    {107, menuAttacchiOrigine},
+    {108, menuAttacchiDestinazione},
+    {112, menuVincoli},
+};
+
+}   // namespace
+
+void DoCommand(std::uint32_t choice) {
+    const auto menu = static_cast<std::int16_t>(choice >> 16);
+    const auto item = static_cast<std::int16_t>(choice & 0xFFFF);
+    if (menu == 0 || item == 0) return;
+    const auto* voce =
+        std::find_if(std::begin(comandi), std::end(comandi), [&](const VoceMenu& v) { return v.menu == menu; });
+    if (voce == std::end(comandi)) return;
+    theItem = item;
+    voce->azione();
+}
+
+}   // namespace tessaro

@@ -1,0 +1,84 @@
+// The outline of what a move carries.
+#include "shell/Contorno.h"
+
+#include "display/Disegno.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+
+namespace tessaro {
+
+namespace {
+
+Polygon PolySel;
+
+std::int32_t h(double x) { return arrotonda32(XVidD(x)); }
+std::int32_t v(double y) { return arrotonda32(YVidD(y)); }
+
+void rettangolo(double x1, double y1, double x2, double y2) {
+    MoveTo(h(x1), v(y1));
+    LineTo(h(x2), v(y1));
+    LineTo(h(x2), v(y2));
+    LineTo(h(x1), v(y2));
+    LineTo(h(x1), v(y1));
+}
+
+void quadratoDi(double cx, double cy, double r) { rettangolo(cx - r, cy - r, cx + r, cy + r); }
+
+void contornoSingolo() {
+    const elemento& e = Elem(Puntosel.indice);
+    switch (e.tipo) {
+    case tMarker: DisegnaMarker(e.mark.forma, h(e.mark.x), v(e.mark.y)); break;
+    case tSegmento:
+        MoveTo(h(e.segm.x1), v(e.segm.y1));
+        LineTo(h(e.segm.x2), v(e.segm.y2));
+        break;
+    case tPoligono:
+        MoveTo(h(e.poli.x), v(e.poli.y));
+        for (std::int32_t i = 1; i <= e.poli.numVertici && Puntosel.indice + i <= indElem; ++i) {
+            const elemento& w = Elem(Puntosel.indice + i);
+            LineTo(h(w.vert.x), v(w.vert.y));
+        }
+        break;
+    case tPict: rettangolo(e.pict.x, e.pict.y, e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza); break;
+    case tCerchio: quadratoDi(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
+    case tArco: quadratoDi(e.arco.cx, e.arco.cy, e.arco.raggio); break;
+    default: rettangolo(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax); break;
+    }
+}
+
+}   // namespace
+
+void FaiContorno() {
+    PolySel.punti.clear();
+    if (!Puntosel.attiva) return;
+    const Stato stato;
+    OpenPoly();
+    if (Puntosel.multipla || Puntosel.oggetto >= oMeshOrigine || Puntosel.indice < 3 || Puntosel.indice > indElem) {
+        rettangolo(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax);
+    } else {
+        contornoSingolo();
+    }
+    PolySel = ClosePoly();
+}
+
+void MostraContorno() {
+    const Stato stato;
+    ClipRect(myViewRect);
+    PenNormal();
+    PenMode(patXor);
+    PenPat(qdGray);
+    ForeColor(blackColor);
+    FramePoly(PolySel);
+}
+
+void SpostaContorno() {
+    const Point ora{YVid(ycurs), XVid(xcurs)};
+    MostraContorno();
+    OffsetPoly(PolySel, ora.h - PosBaseSpost.h, ora.v - PosBaseSpost.v);
+    MostraContorno();
+    PosBaseSpost = ora;
+}
+
+}   // namespace tessaro

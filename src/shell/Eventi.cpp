@@ -1,0 +1,138 @@
+// One event and one idle step: the loop's body, with updates, activation and what the desktop asks.
+#include "dialogs/Parametri.h"
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "files/Archivia.h"
+#include "model/Attributi.h"
+#include "model/Vista.h"
+#include "platform/Events.h"
+#include "shell/Comandi.h"
+#include "shell/Inizializza.h"
+#include "shell/Modi.h"
+
+namespace tessaro {
+
+namespace {
+
+// Palette and read-out after a repaint or a command that may have changed them.
+void aggiornaStrisce() {
+    DrawPallette();
+    scriviSempreCoord = 1;
+    SetDrawCoordCorr();
+}
+
+// Repaints the whole window. The rubber band of a figure in progress and the cross come back: a repaint has erased both.
+void ridipingi() {
+    if (noWindow || !theWindow) return;
+    SetCursor(ClockCursor);
+    const GrafPtr prima = GetPort();
+    SetPortWindowPort(theWindow);
+    BeginUpdate(theWindow);
+    ClipRect(GetPortBounds(theWindow));
+    DrawTopBar();
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    if (NewDis) FlushEvents();
+    Disegna();
+    SospendiAz();
+    NewDis = 0;
+    aggiornaStrisce();
+    EndUpdate(theWindow);
+    SetPort(prima);
+    SetCursor(arrowCursor);
+}
+
+void attiva(bool diventaAttiva) {
+    if (!diventaAttiva || noWindow || !theWindow) return;
+    SetPortWindowPort(theWindow);
+    ShowControl(VScroll);
+    ShowControl(HScroll);
+}
+
+// A scroll bar moved by hand: the cross and the rubber are out of the way while pixels move.
+void barraMossa() {
+    if (noWindow) return;
+    SospendiAz();
+    ScrollBits();
+    ClipRect(GetPortBounds(theWindow));
+    ClipRect(myViewRect);
+    SospendiAz();
+}
+
+void dalDesktop(const EventRecord& e) {
+    if (e.classe == "quit") {
+        fine = TuttoChiuso();
+    } else if (e.classe == "oapp") {
+        if (noWindow) SetUpWindow();
+    } else if (e.classe == "odoc" && !e.percorsi.empty()) {
+        ApriPercorso(e.percorsi.front().c_str());
+    }
+}
+
+void tasto(const EventRecord& e) {
+    theChar = static_cast<std::uint8_t>(e.message & 0xFF);
+    // Command keys reach the menus through the toolkit; one that names no item does nothing.
+    if ((e.modifiers & cmdKey) || noWindow) return;
+    SospendiAz();
+    Tasto(theChar);
+    SospendiAz();
+    PenSize(spessore, spessore);
+    PenPat(PatAttuale);
+}
+
+void consuma(EventRecord& e) {
+    switch (e.what) {
+    case EventKind::mouseDown:
+        if (!(TabAbilit && tabButton == 1)) DoMouseAction(e);
+        break;
+    case EventKind::keyDown:
+    case EventKind::autoKey: tasto(e); break;
+    case EventKind::updateEvt: ridipingi(); break;
+    case EventKind::activateEvt: attiva((e.modifiers & activeFlag) != 0); break;
+    case EventKind::osEvt: attiva((e.message & 1) != 0); break;
+    case EventKind::menuChoice: DoCommand(e.message); break;
+    case EventKind::goAway:
+        if (!noWindow) TuttoChiuso();
+        break;
+    case EventKind::grow:
+        if (noWindow) break;
+        ReSizeWindow(e.where.h, e.where.v);
+        DrawPallette();
+        break;
+    case EventKind::scroll: barraMossa(); break;
+    case EventKind::wheel:
+        if (!noWindow)
+            DoMouseWheelMoved(e.modifiers, static_cast<std::int16_t>(e.message >> 16),
+                              static_cast<std::int16_t>(e.message & 0xFFFF));
+        break;
+    case EventKind::highLevel: dalDesktop(e); break;
+    default: break;
+    }
+}
+
+}   // namespace
+
+void CheckEvents() {
+    static std::int32_t sonno = -1;   // until the help tag wants to be asked again
+    EventRecord e;
+    if (WaitNextEvent(e, sonno)) consuma(e);
+    if (quitPending()) fine = TuttoChiuso();
+    if (noWindow) {
+        sonno = -1;
+        return;
+    }
+    sonno = HelpTagControl(GetMouse(), TickCount(), 1);
+    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+}
+
+namespace {
+// The filters of modal dialogs keep the window behind painted through this.
+[[maybe_unused]] const bool agganciato = [] {
+    ridipingiFinestra = ridipingi;
+    return true;
+}();
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,172 @@
+// The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
+#include "shell/Inizializza.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "dialogs/Errori.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "editing/Sposta.h"
+#include "files/Archivia.h"
+#include "files/Impostazioni.h"
+#include "files/Recupero.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Colori.h"
+#include "model/Lucidi.h"
+#include "model/Selezione.h"
+#include "model/TabellaStato.h"
+#include "platform/Automation.h"
+#include "platform/Fonts.h"
+#include "platform/Memory.h"
+#include "platform/Menus.h"
+#include "platform/Resources.h"
+#include "script/Copione.h"
+#include "shell/Comandi.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t alertMemoria = 3006;
+constexpr std::int32_t riservaMemoria = 819175;   // bytes left to the rest of the program
+constexpr std::int32_t minimoRecord = 9;          // with no more than these the program does not start
+
+// How many records the free memory bears: above 5000 only half of the surplus is taken.
+std::int32_t recordPossibili() {
+    const double libera = CompactMem();
+    auto n = static_cast<std::int32_t>((libera - riservaMemoria) / static_cast<double>(sizeof(elemento)));
+    if (n > 5000) n -= arrotonda32(n * 0.5 * (n - 5000.0) / n);
+    return n;
+}
+
+void allocaArchivio() {
+    const std::int32_t n = recordPossibili();
+    if (n <= minimoRecord) {
+        StopAlert(alertMemoria);
+        std::exit(1);
+    }
+    if (maxElementi > n) maxElementi = n;
+    if (AllocaElementi(maxElementi)) return;
+    StopAlert(alertMemoria);
+    std::exit(1);
+}
+
+void predisponiMenu() {
+    CreateMenus();
+    for (std::int16_t i = 3; i <= 7; ++i) CheckMenuItem(102, i, false);
+    CheckMenuItem(102, 1, true);
+    CheckMenuItem(101, TheOldDimFIt, true);
+    CheckMenuItem(100, TheOldFontIt, true);
+    ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
+    ChkOnOffItem(22, 1, 1, 8);
+    ChkOnOffItem(6, 14, 14, 15);
+    ChkOnOffItem(23, 1, 1, coloriPresenti);
+    ChkOnOffItem(24, 1, 1, 9);
+    for (std::int16_t i = 1; i <= 7; ++i) CheckMenuItem(112, i, false);
+    DisableMenuItem(112, 2);
+    DrawMenuBar();
+}
+
+void predisponiTesto() {
+    gFontName = PStr255(std::string_view(GetFontName(0)));
+    gFontID = GetFNum(gFontName.view());
+    gFontSize = 9;
+    gTxStyle = TxStyle{};
+}
+
+void predisponiScale() {
+    scalaX = scalaY = 1;
+    ZetaCorrente = 1;
+    corrXt = corrYt = 10 / puntimm;
+    scalaXt = corrXt * scalaX;
+    scalaYt = corrYt * scalaY;
+    htav1 = scalaY * htav;
+    btav1 = scalaX * btav;
+    rappvid = Scaladis / decimiUnita;
+    RappPunti = static_cast<float>(rappvid * 254 / 72);
+    PlotPerCento = 100;
+}
+
+}   // namespace
+
+void SetupLimits() {
+    Screen = ScreenBounds();
+    DragRect = SetRect(Screen.left + 4, Screen.top + 24, Screen.right - 4, Screen.bottom - 4);
+    GrowRect = SetRect(Screen.left, Screen.top + 24, Screen.right, Screen.bottom);
+}
+
+void Initialize() {
+    SetCursor(ClockCursor);
+    AzzeraStato();
+    ripetiSpostamento = SpostaSelezione;
+    leggiparam();
+    allocaArchivio();
+    predisponiMenu();
+    predisponiTesto();
+    SetupLimits();
+    predisponiScale();
+    SetUpWindow();
+    InitializeTags();
+    SetCursor(arrowCursor);
+}
+
+// The desktop's request to open a file: the open drawing is closed first, if its owner agrees.
+void ApriPercorso(const char* pathUtf8) {
+    myFSS = FSMakeFSSpec(pathUtf8);
+    const FSSpec voluto = myFSS;
+    if (!TuttoChiuso()) return;
+    myFSS = voluto;   // a save on the way out has its own file
+    theItem = 31;
+    archivia();
+}
+
+namespace {
+
+int guastoOpzioni(const std::string& guasto) {
+    std::fprintf(stderr, "%s\n", guasto.c_str());
+    return 2;
+}
+
+// What the command line asks to be printed; true when that is all it asked for.
+bool soloInformazioni(const Opzioni& opzioni) {
+    if (!opzioni.aiuto && !opzioni.versione) return false;
+    std::fputs(ResourceFile(opzioni.aiuto ? "texts/usage.txt" : "texts/version.txt").c_str(), stdout);
+    return true;
+}
+
+void cicloPrincipale(const Opzioni& opzioni) {
+    inizio = 1;
+    TabAbilit = 0;
+    ParamGraf();
+    SceltaColori(1);
+    inizio = 0;
+    theItem = 20;
+    archivia();
+    fine = 0;
+    if (!opzioni.avvio.script) OffriRecupero();
+    // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
+    if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
+    while (!fine) CheckEvents();
+}
+
+}   // namespace
+
+int TessaroMain(int argc, char** argv) {
+    Opzioni opzioni;
+    std::string guasto;
+    if (!LeggiOpzioni(argc, argv, opzioni, guasto)) return guastoOpzioni(guasto);
+    if (soloInformazioni(opzioni)) return 0;
+    if (!PreparaCopione(opzioni.copione, guasto)) return guastoOpzioni(guasto);
+    StartToolbox(argc, argv, opzioni.avvio);
+    Initialize();
+    cicloPrincipale(opzioni);
+    const int esito = EsitoCopione();
+    StopToolbox();
+    return esito;
+}
+
+}   // namespace tessaro

@@ -1,0 +1,255 @@
+// The pointer's state machine: what a click in the drawing does by mode, tool and stage, and how the cursor follows.
+#include "shell/Modi.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "digitising/Attacchi.h"
+#include "digitising/attaccoDinamico.h"
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "editing/Selezione.h"
+#include "editing/Sposta.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Selezione.h"
+#include "model/Vincoli.h"
+#include "model/Vista.h"
+#include "platform/Menus.h"
+#include "shell/Contorno.h"
+#include "tools/Costruzione.h"
+#include "tools/CursoreVincolato.h"
+#include "tools/Marker.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t menuScorciatoie = 110;
+
+// --- mode 1: clicks make elements
+
+void popupDisegno() {
+    CheckMenuItem(menuScorciatoie, 13, attaccoAttivo.GetModificato() != 0);
+    const std::int16_t item = PopUpMenuSelect(menuScorciatoie, EventPoint, 1);
+    if (item >= 1 && item <= 4) {
+        Attacco(item);
+    } else if (item >= 6 && item <= 9) {
+        AttaccoDin(static_cast<std::int16_t>(item - 5));
+    } else if (item == 11) {
+        // Kept: the switch is item 11 and its tick stands on item 13.
+        attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
+        InvalWind();
+    }
+}
+
+bool doppioClick(const EventRecord& e) {
+    return e.when - Tempo < GetDblTime() && std::abs(EventPoint.h - LastPoint.h) <= 1
+           && std::abs(EventPoint.v - LastPoint.v) <= 1;
+}
+
+void clickLinea(const EventRecord& e) {
+    if (doppioClick(e)) {
+        tabButton = 0;
+        if (Azione == 1 || Azione == 5) FineSegm();
+    } else {
+        tabButton = 1;
+        if (Azione == 0) {
+            InitSegm();
+        } else if (Azione == 1 || Azione == 5) {
+            FineSegm();
+        }
+    }
+    Tempo = e.when;
+}
+
+void clickCurva(const EventRecord& e) {
+    tabButton = 1;
+    if (Azione == 0) {
+        InitSegm();
+    } else if (Azione == 1) {
+        FineSegm();
+    } else if (Azione == 8) {
+        FineArcoRaggio();
+    }
+    Tempo = e.when;
+}
+
+void clickDigitando(const EventRecord& e) {
+    if (e.modifiers & controlKey) {
+        popupDisegno();
+        return;
+    }
+    switch (operazCorrente) {
+    case 0:
+    case 1:
+    case 4: clickLinea(e); break;
+    case 2:
+        tabButton = 0;
+        SysBeep(30);   // texts cannot be placed yet
+        break;
+    case 3:
+        tabButton = 3;
+        FaiMarker();
+        break;
+    case 5:
+    case 6: clickCurva(e); break;
+    default: break;
+    }
+}
+
+// --- mode 2: two clicks move the selection
+
+void agganciaCursore() {
+    Croce();
+    AttaccaCursore(xcurs, ycurs, zcurs);
+}
+
+void clickSpostando() {
+    if (!Sposta2ndClick) {
+        agganciaCursore();
+        Sposta2ndClick = 1;
+        Croce();
+        PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
+        FaiContorno();
+        MostraContorno();
+        XSpost1 = xcurs;
+        YSpost1 = ycurs;
+        Dis_CursSel(XSpost1, YSpost1);
+        return;
+    }
+    agganciaCursore();
+    Sposta2ndClick = 0;
+    XSpost2 = xcurs;
+    YSpost2 = ycurs;
+    XDeltaSpost = XSpost2 - XSpost1;
+    YDeltaSpost = YSpost2 - YSpost1;
+    ZDeltaSpost = 0;
+    SpostaSelezione();
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
+// --- mode 6: one click records a control point
+
+void clickAttacco() {
+    const std::int32_t n = operazCorrente - 7;
+    if (n >= 0 && n <= 4) {
+        Attacco(static_cast<std::int16_t>(n + 1));
+    } else if (n >= 5 && n <= 9) {
+        AttaccoDin(static_cast<std::int16_t>(n - 4));
+    }
+}
+
+// --- the cursor follows the pointer
+
+std::int16_t cursoreDelModo() {
+    switch (Modalita) {
+    case 1: return DigitaCursor;
+    case 2: return Sposta2ndClick ? Sposta2Cursor : Sposta1Cursor;
+    case 5: return SpFoglioCursor;
+    case 6: return attaccoCursor;
+    default: return arrowCursor;
+    }
+}
+
+// Shift locks the motion to the nearer axis through the first point.
+void bloccaSuAsse(double& x, double& y) {
+    if (std::fabs(x - Xini) > std::fabs(y - Yini)) {
+        y = Yini;
+    } else {
+        x = Xini;
+    }
+}
+
+void muoviElastico() {
+    if (Azione == 5) {
+        FaiElemento(1);
+    } else if (Azione == 8) {
+        if (operazCorrente == 5) FaiElemento(11);
+        if (operazCorrente == 6) FaiElemento(12);
+    } else if (Azione == 1) {
+        if (operazCorrente == 0 || operazCorrente == 1) {
+            FaiElemento(1);
+        } else if (operazCorrente == 5 || operazCorrente == 6) {
+            FaiElemento(CurvePerPunti ? 1 : 11);
+        }
+    }
+}
+
+}   // namespace
+
+void CercaSelezione(EventRecord& e, puntot& point) {
+    if (!PtInRect(EventPoint, myViewRect)) {
+        MyControls();
+        return;
+    }
+    switch (Modalita) {
+    case 0:
+        VidToReal(EventPoint, point);
+        ScegliElemento(e, point);
+        break;
+    case 1: clickDigitando(e); break;
+    case 2: clickSpostando(); break;
+    case 6: clickAttacco(); break;
+    default: break;
+    }
+}
+
+void DoMouseAction(EventRecord& e) {
+    if (noWindow || e.window != theWindow) return;
+    EventPoint = e.where;
+    puntot punto;
+    CercaSelezione(e, punto);
+    LastPoint = EventPoint;
+}
+
+// A click outside the drawing area: scroll bars and buttons are the toolkit's own, the rest is the palette's.
+void MyControls() {
+    SospendiAz();
+    ClipRect(GetPortBounds(theWindow));
+    Do_Tessaro3D();
+    ClipRect(myViewRect);
+    SospendiAz();
+}
+
+void CheckMouse(bool shift) {
+    if (noWindow || Modalita == 0) return;
+    const Point p = GetMouse();
+    if (!PtInRect(p, myViewRect)) {
+        SetCursor(arrowCursor);
+        return;
+    }
+    SetCursor(cursoreDelModo());
+    puntot reale;
+    VidToReal(p, reale);
+    if (griglia.attiva) AttaccaGriglia(reale.x, reale.y);
+    double x = statoCursore.bloccaX ? xcurs : reale.x;
+    double y = statoCursore.bloccaY ? ycurs : reale.y;
+    if ((Modalita == 1 || Modalita == 6) && shift) {
+        // Overrides the locked axes: the candidate is the free position held to the nearer axis.
+        x = reale.x;
+        y = reale.y;
+        bloccaSuAsse(x, y);
+    }
+    if (x == xcurs && y == ycurs) {
+        if (Modalita != 2) tabButton = 0;
+        SetDrawCoordCorr();
+        return;
+    }
+    Croce();
+    xcurs = x;
+    ycurs = y;
+    if (Modalita == 1) muoviElastico();
+    if (Modalita == 2 && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
+    Croce();
+    if (Modalita != 2) tabButton = 0;
+    scriviSempreCoord = 0;
+    SetDrawCoordCorr();
+}
+
+}   // namespace tessaro

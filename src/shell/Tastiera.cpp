@@ -1,0 +1,109 @@
+// The keyboard table: single keys for pens, markers, control points, constraints and zoom.
+#include <algorithm>
+
+#include "digitising/Attacchi.h"
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+#include "platform/Windows.h"
+#include "shell/Comandi.h"
+#include "tools/CursoreVincolato.h"
+
+namespace tessaro {
+
+namespace {
+
+void riferimento() {
+    const bool fissa = RifTablet == 1;
+    XtabFin = fissa ? arrotonda16(OrigX / scalavid) : std::int16_t{0};
+    YtabFin = fissa ? arrotonda16(OrigY / scalavid) : std::int16_t{0};
+    RifTablet = fissa ? 0 : 1;
+    ChkOnOffItem(6, fissa ? 15 : 14, 14, 15);
+}
+
+template <std::int16_t forma>
+void marker() {
+    markerCorrente = forma;
+}
+
+template <std::int16_t numero>
+void penna() {
+    PatCorrente = PatAttuale = GetIndPattern(numero);
+    NumPat = numero;
+    DrawPallette();
+}
+
+template <std::int16_t n>
+void attacco() {
+    Attacco(n);
+}
+
+template <void (*azione)()>
+void vincolo() {
+    azione();
+    DrawPallette();
+    scriviSempreCoord = 1;
+    SetDrawCoordCorr();
+}
+
+// Between selecting and digitising; any other mode goes to digitising.
+void cambiaModo() {
+    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
+    Modalita = Modalita == 1 ? 0 : 1;
+    if (Modalita != 1) SetCursor(arrowCursor);
+    DrawPallette();
+}
+
+struct VoceTasto {
+    char tasto;   // letters in lower case; both cases act
+    void (*azione)();
+};
+constexpr VoceTasto tasti[] = {
+    {' ', riferimento},
+    {'*', marker<1>},
+    {'+', [] { FaiZoom(7); }},
+    {'-', [] { FaiZoom(8); }},
+    {'0', marker<5>},
+    {'=', vincolo<MettiParallelo>},
+    {'c', penna<23>},
+    {'e', cambiaModo},
+    {'g', penna<4>},
+    {'i', attacco<4>},
+    {'j', attacco<1>},
+    {'k', attacco<2>},
+    {'l', vincolo<MettiPerpendicolare>},
+    {'m', vincolo<MettiAttaccoZ>},
+    {'n', penna<1>},
+    {'o', vincolo<MettiOrizzontale>},
+    {'p', vincolo<MettiAttaccoPt>},
+    {'q', marker<3>},
+    {'s', penna<3>},
+    {'t', marker<2>},
+    {'u', attacco<3>},
+    {'v', vincolo<MettiVerticale>},
+    {'y', attacco<5>},
+    {'z', PoniZeta},
+};
+
+}   // namespace
+
+void Tasto(std::uint8_t c) {
+    if (c >= '1' && c <= '9') {
+        spessore = static_cast<std::int16_t>(c - '0');
+        spess = static_cast<std::int16_t>(spessore / 2);
+        ChkOnOffItem(24, spessore, 1, 9);
+        DrawPallette();
+        return;
+    }
+    const char minuscolo = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+    const auto* voce =
+        std::find_if(std::begin(tasti), std::end(tasti), [&](const VoceTasto& v) { return v.tasto == minuscolo; });
+    if (voce != std::end(tasti)) voce->azione();
+}
+
+}   // namespace tessaro
