@@ -24,8 +24,8 @@ public:
     void SetModificato(std::uint8_t on) { modificato = on; }
     [[nodiscard]] std::uint8_t GetModificato() const { return modificato; }
     [[nodiscard]] std::int32_t GetTipo() const { return tipo; }
-    void PreparaAttacco();
-    void Traf4Pt(double& x, double& y);
+    void PreparaAttacco();                // from the points of the moment; fewer than two given: stops early
+    void Traf4Pt(double& x, double& y);   // maps a sheet point, in place; modes 1 and 2 leave it until they stand
     void VerificaAttacchi();
     void TrasformaPuntiDestinazione();
     void Disegna();                    // the marks, colour 409
@@ -46,5 +46,9 @@ public:
     std::int16_t radioTipo = 28;    // tipo + 27
 };
 extern ActiveAttach attaccoAttivo;
+
+// Is there a live transformation to show? The switch alone does not make one: what draws or picks asks here, never
+// GetModificato. False until the solvers stand.
+bool AnteprimaAttiva();
 
 }   // namespace tessaro

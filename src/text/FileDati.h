@@ -40,7 +40,10 @@ void scriviSlong(const PStr255& s);   // 16-bit length, characters when there ar
 // --- lines of at most 255 characters; longer ones go on in the next call
 void LeggiRiga(PStr255& s, std::int32_t& n);   // "!" lines are skipped, n counts all
 void ReadlnDisco(PStr255& s);                  // DXF: parity, padding of group codes
-void AzzeraReadlnDisco();                      // numriga 0, rigapari 1, no previous character
+// The line itself, before that treatment: to CR, or to LF unless the byte before it was a CR. charprec is the reader's
+// last byte, kept between calls; senzaTab leaves out tabs, and LF inside the line. False: uscita is set, s is empty.
+bool RigaDisco(PStr255& s, std::uint8_t& charprec, bool senzaTab);
+void AzzeraReadlnDisco();   // numriga 0, rigapari 1, no previous character
 bool CercaStr(const PStr255& s);
 void Salta(const PStr255& s);
 void writeDisco(const PStr255& s);

@@ -50,7 +50,8 @@ QIcon figuraVoce(FiguraVoce figura, std::int16_t numero) {
     case FiguraVoce::retino: disegnaRetino(p, numero); break;
     case FiguraVoce::colore: disegnaColore(p, numero); break;
     case FiguraVoce::riga:
-        p.fillRect(QRectF(0, (lato - numero) / 2.0, lato, numero), QGuiApplication::palette().color(QPalette::WindowText));
+        p.fillRect(QRectF(0, (lato - numero) / 2.0, lato, numero),
+                   QGuiApplication::palette().color(QPalette::WindowText));
         return quadro;
     }
     p.setPen(Qt::darkGray);

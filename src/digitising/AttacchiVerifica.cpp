@@ -1,0 +1,76 @@
+// Checking the control points, and taking them all from the selection at once.
+#include "digitising/Attacchi.h"
+
+#include <cmath>
+
+#include "dialogs/Errori.h"
+#include "digitising/attaccoDinamico.h"
+#include "digitising/PuntiSelezione.h"
+#include "display/Zoom.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "platform/Automation.h"
+#include "platform/Events.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t erroreCoincidenti = 32, erroreOrdine = 33, avvisoBuoni = 147;
+
+bool vicini(const Coppia& a, const Coppia& b) {
+    constexpr double tolleranza = 0.001;   // sheet units
+    return std::fabs(a.x - b.x) < tolleranza && std::fabs(a.y - b.y) < tolleranza;
+}
+
+// Lower left, upper left, upper right, lower right, with Y down; equal coordinates pass.
+bool maleOrdinati(const std::array<Coppia, 4>& p) {
+    return p[0].x > p[3].x || p[1].x > p[2].x || p[1].y > p[0].y || p[2].y > p[3].y;
+}
+
+}   // namespace
+
+bool PuntiCoincidenti(const std::array<Coppia, 4>& punti) {
+    for (std::size_t i = 0; i < punti.size(); ++i)
+        for (std::size_t j = i + 1; j < punti.size(); ++j)
+            if (vicini(punti[i], punti[j])) return true;
+    return false;
+}
+
+void VerificaAttacchi() {
+    for (std::int16_t n = 1; n <= 4; ++n) att4Pt.src[static_cast<std::size_t>(n - 1)] = LeggiAttacco(n);
+    if (PuntiCoincidenti(att4Pt.src)) {
+        ErroreAlert(erroreCoincidenti);
+    } else if (maleOrdinati(att4Pt.src)) {
+        ErroreAlert(erroreOrdine);
+    } else {
+        Alert(avvisoBuoni);
+    }
+}
+
+void TrasformaPuntiOrigine() {
+    const PuntiSelezione s = PuntiPerTutti();
+    if (!s.presi) return;
+    for (std::int16_t i = 0; i < s.numero; ++i) {
+        const Coppia& p = s.punti[static_cast<std::size_t>(i)];
+        AssegnaAttacco(static_cast<std::int16_t>(i + 1), p.x, p.y);
+    }
+    if (s.numero == 4) Elem(2).att.quattroPunti = 1;
+    AttacchiCambiati();
+    InvalWind();
+}
+
+void do_Trasforma() {
+    constexpr std::int16_t origine = 2, destinazione = 7;
+    constexpr std::int32_t lampeggio = 30;   // ticks of a menu's blink: only a script's clock sees them
+    if (AvvioInForza().script) Delay(lampeggio);
+    if (theItem == origine && !noWindow) {
+        TrasformaPuntiOrigine();
+    } else if (theItem == destinazione && !noWindow) {
+        attaccoAttivo.TrasformaPuntiDestinazione();
+    } else {
+        SysBeep(30);
+    }
+}
+
+}   // namespace tessaro

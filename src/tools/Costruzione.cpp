@@ -1,0 +1,384 @@
+// Figures from points: the first, the second and, for curves, the third; clicked or typed the same way. On the screen a
+// rubber band in xor stands for the figure in progress: whatever Elastico would draw now is what is out.
+#include "tools/Costruzione.h"
+
+#include "digitising/Coordinate.h"
+#include "display/Disegno.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/TabellaStato.h"
+#include "model/Vincoli.h"
+#include "text/Conversione.h"
+#include "tools/CursoreVincolato.h"
+#include "tools/Penna.h"
+
+namespace tessaro {
+
+constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{}, CentroCorrente{};
+constinit double RaggioCorrente = 0, AngInizCorrente = 0;
+constinit std::int16_t AngInizio = 0, AmpiezzaAngCorrente = 0;
+constinit PercorsoMisurato percorsoMisurato{};
+
+namespace {
+
+enum : std::int32_t { oSegm = 0, oPoli = 1, oCerc = 5, oArc = 6 };   // tools, by operazCorrente
+enum : std::int32_t { nessuna = 0, primoPunto = 1, percorso = 5, terzoPunto = 8 };   // stages, by Azione
+enum : std::int16_t { continua = 1, termina = 2 };                                   // tabButton
+
+bool strumentoCurva() { return operazCorrente == oCerc || operazCorrente == oArc; }
+bool cerchioPerCentro() { return operazCorrente == oCerc && !CurvePerPunti; }
+
+// The cross goes out of the way and comes back only for points that the pointer gives: a typed one repaints anyway.
+void croce(bool digitato) {
+    if (!digitato) Croce();
+}
+
+void prendiDigitato() {
+    Xfine = XDigit;
+    Yfine = YDigit;
+    zcurs = ZDigit;
+}
+
+void prendiCursore() {
+    Xfine = xcurs;
+    Yfine = ycurs;
+}
+
+void applicaVincolo() {
+    if (statoCursore.perpendicolare) Perpendicolare();
+    if (statoCursore.parallelo) Parallelo();
+}
+
+bool diversaDaInizio() { return Xfine != Xini || Yfine != Yini || zcurs != Zinizio; }
+
+void ultimoPunto() {
+    lastX = Xfine;
+    lastY = Yfine;
+}
+
+void cursoreSullaFine() {
+    xcurs = Xfine;
+    ycurs = Yfine;
+}
+
+std::int16_t gradi(double radianti) { return arrotonda16(RadToAng(radianti, gradSessadecimali)); }
+
+// Direction and distance of a point from the centre: clockwise from straight up, as arcs are drawn.
+double direzioneDalCentro(const puntot& p, double& distanza) {
+    double angolo = 0;
+    CartPolar(CentroCorrente.x, -CentroCorrente.y, p.x, -p.y, distanza, angolo, orientAzimut);
+    return angolo;
+}
+
+// Sweep of an arc by centre from its start to p, whole degrees; the radius is the second point's.
+void ampiezzaFino(const puntot& p) {
+    double distanza = 0;
+    AmpiezzaAngCorrente = gradi(direzioneDalCentro(p, distanza) - AngInizCorrente);
+    if (AmpiezzaAngCorrente < 0) AmpiezzaAngCorrente = i16(AmpiezzaAngCorrente + 360);
+}
+
+void curvaPerPunti() {
+    if (operazCorrente == oArc) {
+        ArcoTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
+    } else {
+        CerchioTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente);
+    }
+}
+
+// The curve as the second point leaves it.
+void curvaAlSecondoPunto() {
+    if (!strumentoCurva()) return;
+    if (CurvePerPunti) {
+        PuntoCurva1 = {Xini, Yini, 0};
+        PuntoCurva2 = PuntoCurva3 = {Xfine, Yfine, 0};
+        curvaPerPunti();
+        return;
+    }
+    CentroCorrente = {Xini, Yini, 0};
+    PuntoCurva2 = {Xfine, Yfine, 0};
+    AngInizCorrente = direzioneDalCentro(PuntoCurva2, RaggioCorrente);
+    AngInizio = gradi(AngInizCorrente);
+    AmpiezzaAngCorrente = 0;
+}
+
+puntot inReale(double x, double y, double z) {
+    puntot p{0, 0, z};
+    DigiToReal(x, y, p.x, p.y);
+    return p;
+}
+
+void misura() {
+    if (percorsoMisurato.misura) percorsoMisurato.misura();
+}
+
+}   // namespace
+
+void InitSegm() {
+    const bool digitato = IntroDigitale != 0;
+    if (digitato) {
+        Xini = XDigit;
+        Yini = YDigit;
+        Zinizio = ZDigit;
+    } else {
+        Croce();
+        Xini = xcurs;
+        Yini = ycurs;
+        if (!ContinuaPoligono) AttaccaCursore(Xini, Yini, zcurs);
+        Zinizio = zcurs;
+    }
+    lastX = Xini;
+    lastY = Yini;
+    if (!ContinuaPoligono) {
+        PoniAnnulla(aNiente);
+        inizioAggiunta = indElem;
+    }
+    Xfine = Xini;
+    Yfine = Yini;
+    DigiToReal(Xini, Yini, xprecedente, yprecedente);
+    PennaElastico();
+    if (CalcWindow) {
+        if (Azione == nessuna && percorsoMisurato.inizia) percorsoMisurato.inizia(inReale(Xini, Yini, Zinizio));
+        Azione = percorso;
+    } else {
+        Azione = primoPunto;
+        if (strumentoCurva()) {
+            RaggioCorrente = 0;
+            if (!CurvePerPunti) CentroCorrente = {Xini, Yini, 0};
+        }
+    }
+    Elastico();   // a null one: the next move takes it off
+    croce(digitato);
+    IntroDigitale = 0;
+}
+
+namespace {
+
+void secondoPunto(bool digitato) {
+    if (digitato) {
+        prendiDigitato();
+        curvaAlSecondoPunto();
+        return;
+    }
+    Croce();
+    Elastico();
+    if (strumentoCurva() && !CurvePerPunti) prendiCursore();
+    AttaccaCursore(Xfine, Yfine, zcurs);
+    curvaAlSecondoPunto();
+    ultimoPunto();
+}
+
+// Circles through points and arcs wait for a third point, with the curve so far as the rubber band.
+void attendiTerzoPunto(bool digitato) {
+    cursoreSullaFine();
+    Azione = terzoPunto;
+    Elastico();
+    ultimoPunto();
+    croce(digitato);
+    IntroDigitale = 0;
+}
+
+void finisciPercorso() {
+    if (percorsoMisurato.aggiungi) percorsoMisurato.aggiungi(inReale(Xfine, Yfine, zcurs));
+    if (tabButton == termina) misura();
+}
+
+void finisciSegmento() {
+    Memorizza(tSegmento, Xini, Yini, Zinizio, Xfine, Yfine, zcurs, spessore, colorCorrente, NumPat, "");
+    PoniAnnulla(aAggiunta);
+    fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
+}
+
+void finisciCerchio() {
+    const std::int32_t prima = indElem;
+    Memorizza(tCerchio, Xini, Yini, RaggioCorrente, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
+    if (indElem > prima) FillCerchio(indElem, Xini, Yini, RaggioCorrente, 0, 0);
+    PoniAnnulla(aAggiunta);
+    fai(tCerchio, Xini, Yini, RaggioCorrente, 0, 0);
+}
+
+// Undo is armed when the polyline ends: it takes all sides.
+void finisciLato() {
+    if (!ContinuaPoligono)
+        Memorizza(tPoligono, Xini, Yini, Zinizio, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
+    const std::int32_t prima = indElem;
+    Memorizza(tVertice, Xfine, Yfine, zcurs, 0, 0, 0, spessore, colorCorrente, NumPat, "");
+    if (indElem > prima) FaiPoly(indElem - Elem(indElem).vert.distanzaTesta);
+    ContinuaPoligono = 1;
+    fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
+}
+
+void memorizzaFigura() {
+    if (Azione == percorso) {
+        finisciPercorso();
+        fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
+    } else if (operazCorrente == oSegm) {
+        finisciSegmento();
+    } else if (operazCorrente == oCerc) {
+        finisciCerchio();
+    } else if (operazCorrente == oPoli) {
+        finisciLato();
+    }
+}
+
+void proseguiOTermina() {
+    if (tabButton == termina) {
+        Azione = nessuna;
+        return;
+    }
+    if (statoCursore.parallelo || statoCursore.perpendicolare) cursoreSullaFine();
+    if (operazCorrente == oPoli || Azione == percorso) {
+        InitSegm();
+    } else if (Azione == primoPunto) {
+        Azione = nessuna;
+    }
+}
+
+void abbandona() {
+    if (Azione == percorso) misura();
+    Azione = nessuna;
+}
+
+}   // namespace
+
+void FineSegm() {
+    if (Azione != primoPunto && Azione != percorso) return;
+    const bool digitato = IntroDigitale != 0;
+    secondoPunto(digitato);
+    if (strumentoCurva() && Azione != percorso && !cerchioPerCentro()) {
+        attendiTerzoPunto(digitato);
+        return;
+    }
+    PennaDefinitiva();
+    DigiToReal(Xfine, Yfine, xprecedente, yprecedente);
+    const double fineX = Xfine, fineY = Yfine;   // the next side may begin before the end of this routine
+    if (tabButton != continua && tabButton != termina) {
+        abbandona();
+    } else if (diversaDaInizio()) {
+        memorizzaFigura();
+        proseguiOTermina();
+    } else {
+        // A figure without length stores nothing and goes on: its rubber band comes back.
+        PennaElastico();
+        if (!digitato) Elastico();
+    }
+    if (tabButton != continua) {
+        if (ContinuaPoligono) PoniAnnulla(aAggiunta);
+        ContinuaPoligono = 0;
+    }
+    croce(digitato);
+    lastX = fineX;
+    lastY = fineY;
+    IntroDigitale = 0;
+}
+
+namespace {
+
+void terzoPuntoPreso(bool digitato) {
+    if (digitato) {
+        prendiDigitato();
+    } else {
+        PenSize(spessore, spessore);
+        Croce();
+        Elastico();
+        prendiCursore();
+        AttaccaCursore(Xfine, Yfine, zcurs);
+    }
+    PuntoCurva3 = {Xfine, Yfine, 0};
+}
+
+void curvaAlTerzoPunto() {
+    if (CurvePerPunti) {
+        curvaPerPunti();
+        return;
+    }
+    ampiezzaFino(PuntoCurva3);
+    AngInizio = gradi(AngInizCorrente);
+}
+
+void memorizzaCurva() {
+    const puntot& c = CentroCorrente;
+    const std::int32_t prima = indElem;
+    if (operazCorrente == oArc) {
+        Memorizza(tArco, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente, NumAreaPat, spessore, colorCorrente,
+                  NumPat, "");
+    } else {
+        Memorizza(tCerchio, c.x, c.y, RaggioCorrente, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
+    }
+    const bool entrata = indElem > prima;
+    PoniAnnulla(aAggiunta);
+    // Kept: with the centre form the arc is drawn whatever the tool.
+    if (!CurvePerPunti || operazCorrente == oArc) {
+        if (entrata) FillArco(indElem, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
+        fai(tArco, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
+    } else {
+        if (entrata) FillCerchio(indElem, c.x, c.y, RaggioCorrente, 0, 0);
+        fai(tCerchio, c.x, c.y, RaggioCorrente, 0, 0);
+    }
+}
+
+}   // namespace
+
+void FineArcoRaggio() {
+    if (Azione != terzoPunto) return;
+    const bool digitato = IntroDigitale != 0;
+    terzoPuntoPreso(digitato);
+    curvaAlTerzoPunto();
+    PennaDefinitiva();
+    DigiToReal(xcurs, ycurs, xprecedente, yprecedente);
+    if (diversaDaInizio()) memorizzaCurva();
+    cursoreSullaFine();
+    Azione = nessuna;
+    ultimoPunto();
+    croce(digitato);
+    IntroDigitale = 0;
+}
+
+void FaiElemento(std::int16_t tipo) {
+    Elastico();
+    prendiCursore();
+    applicaVincolo();
+    const puntot fineElastico{Xfine, Yfine, 0};
+    if (tipo == tCerchio && CurvePerPunti) {
+        PuntoCurva3 = fineElastico;
+        CerchioTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente);
+    } else if (tipo == tCerchio) {
+        RaggioCorrente = Distanza(CentroCorrente.x, CentroCorrente.y, Xfine, Yfine);
+    } else if (tipo == tArco && CurvePerPunti) {
+        PuntoCurva3 = fineElastico;
+        ArcoTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
+    } else if (tipo == tArco) {
+        ampiezzaFino(fineElastico);
+    }
+    Elastico();
+}
+
+namespace {
+
+std::string puntoJson(const puntot& p) { return "{\"x\":" + NumeroJson(p.x) + ",\"y\":" + NumeroJson(p.y) + "}"; }
+
+template <puntot& p>
+void azzera() {
+    p = {};
+}
+template <const puntot& p>
+std::string json() {
+    return puntoJson(p);
+}
+
+const VoceStato righe[] = {
+    {"PuntoCurva1", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva1>, json<PuntoCurva1>},
+    {"PuntoCurva2", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva2>, json<PuntoCurva2>},
+    {"PuntoCurva3", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva3>, json<PuntoCurva3>},
+    {"CentroCorrente", VoceStato::speciale, nullptr, 0, azzera<CentroCorrente>, json<CentroCorrente>},
+    {"RaggioCorrente", VoceStato::f64, &RaggioCorrente},
+    {"AngInizCorrente", VoceStato::f64, &AngInizCorrente},
+    {"AngInizio", VoceStato::i16, &AngInizio},
+    {"AmpiezzaAngCorrente", VoceStato::i16, &AmpiezzaAngCorrente},
+    {"percorsoMisurato", VoceStato::speciale, nullptr, 0, [] { percorsoMisurato = {}; }, nullptr},
+};
+const TabellaStato tabella(righe);
+
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,210 @@
+// The constraints of the cursor: their switches, and what each does to a point.
+#include "tools/CursoreVincolato.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Vincoli.h"
+#include "model/Vista.h"
+#include "platform/Events.h"
+#include "platform/Menus.h"
+#include "platform/Windows.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t menuVincoli = 112;
+enum : std::int16_t {   // its items
+    vPunto = 1,
+    vZeta = 2,
+    vParallelo = 3,
+    vPerpendicolare = 4,
+    vOrizzontale = 5,
+    vVerticale = 6,
+    vGriglia = 7,
+};
+
+std::uint8_t invertito(std::uint8_t v) { return v ? 0 : 1; }
+
+void vincoloCambiato() {
+    SpuntaVincoli();
+    AggiustaStatoBottoni();
+}
+
+// A locked axis takes the cursor onto the first point's; the cross of before goes with the repaint.
+void spostaCursore(double& coordinata, double nuova) {
+    if (coordinata == nuova) return;
+    coordinata = nuova;
+    InvalWind();
+}
+
+// One axis of the pair: a lock on the other one changes over, else this one flips.
+void bloccaAsse(std::uint8_t& questo, std::uint8_t& altro) {
+    questo = altro ? std::uint8_t{1} : invertito(questo);
+    altro = 0;
+}
+
+}   // namespace
+
+void SpuntaVincoli() {
+    const auto& s = statoCursore;
+    CheckMenuItem(menuVincoli, vPunto, s.attaccoPunto != 0);
+    // While attaching is off, item 2 keeps its tick: attaching again then takes Z again.
+    if (s.attaccoPunto) CheckMenuItem(menuVincoli, vZeta, s.attaccoZ != 0);
+    CheckMenuItem(menuVincoli, vParallelo, s.parallelo != 0);
+    CheckMenuItem(menuVincoli, vPerpendicolare, s.perpendicolare != 0);
+    CheckMenuItem(menuVincoli, vOrizzontale, s.bloccaY != 0);
+    CheckMenuItem(menuVincoli, vVerticale, s.bloccaX != 0);
+    CheckMenuItem(menuVincoli, vGriglia, griglia.attiva != 0);
+}
+
+void MettiPerpendicolare() {
+    statoCursore.perpendicolare = invertito(statoCursore.perpendicolare);
+    statoCursore.parallelo = 0;
+    vincoloCambiato();
+}
+
+void MettiParallelo() {
+    statoCursore.parallelo = invertito(statoCursore.parallelo);
+    statoCursore.perpendicolare = 0;
+    vincoloCambiato();
+}
+
+void MettiOrizzontale() {
+    bloccaAsse(statoCursore.bloccaY, statoCursore.bloccaX);
+    if (Azione == 1 && statoCursore.bloccaY) spostaCursore(ycurs, Yini);
+    vincoloCambiato();
+}
+
+void MettiVerticale() {
+    bloccaAsse(statoCursore.bloccaX, statoCursore.bloccaY);
+    if (Azione == 1 && statoCursore.bloccaX) spostaCursore(xcurs, Xini);
+    vincoloCambiato();
+}
+
+void MettiAttaccoPt() {
+    statoCursore.attaccoPunto = invertito(statoCursore.attaccoPunto);
+    debug = statoCursore.attaccoPunto;
+    if (statoCursore.attaccoPunto) {
+        if (IsMenuItemChecked(menuVincoli, vZeta)) statoCursore.attaccoZ = 1;
+        EnableMenuItem(menuVincoli, vZeta);
+    } else {
+        statoCursore.attaccoZ = 0;
+        DisableMenuItem(menuVincoli, vZeta);
+    }
+    vincoloCambiato();
+}
+
+void MettiAttaccoZ() {
+    statoCursore.attaccoZ = invertito(statoCursore.attaccoZ);
+    if (statoCursore.attaccoZ) {
+        EnableMenuItem(menuVincoli, vZeta);
+        statoCursore.attaccoPunto = 1;
+    }
+    vincoloCambiato();
+}
+
+void AttivaGriglia() {
+    griglia.attiva = invertito(griglia.attiva);
+    SpuntaVincoli();
+}
+
+// --- directions
+
+void Perpendicolare() {
+    const auto& s = statoCursore;
+    if (s.verticale) {
+        Yfine = Yini;
+        return;
+    }
+    const double x = Xfine, y = Yfine;
+    Xfine = s.kPendenza * (s.pendenza2 * x + Xini + (Yini - y) * s.pendenza);
+    Yfine = s.kPendenza * (s.pendenza2 * Yini + y + (Xini - x) * s.pendenza);
+}
+
+void Parallelo() {
+    const auto& s = statoCursore;
+    if (s.verticale) {
+        Xfine = Xini;
+        return;
+    }
+    const double x = Xfine, y = Yfine;
+    Xfine = s.kPendenza * (s.pendenza2 * Xini + x + (y - Yini) * s.pendenza);
+    Yfine = s.kPendenza * (s.pendenza2 * y + Yini + (x - Xini) * s.pendenza);
+}
+
+// --- grid and points
+
+void AttaccaGriglia(double& x, double& y) {
+    griglia.grezzoX = x;
+    griglia.grezzoY = y;
+    x = griglia.passoX * std::round(x / griglia.passoX);
+    y = griglia.passoY * std::round(y / griglia.passoY);
+}
+
+namespace {
+
+bool inPortata(const puntot& p, const puntot& riferimento) {
+    return std::fabs(p.x - riferimento.x) < diffCerca && std::fabs(p.y - riferimento.y) < diffCerca;
+}
+
+// The first point of the kinds that attract; all hold it at the same place.
+bool primoPuntoDi(std::int32_t n, puntot& p) {
+    const elemento& e = Elem(n);
+    if (e.tipo != tSegmento && e.tipo != tMarker && e.tipo != tPoligono && e.tipo != tVertice) return false;
+    p = {e.mark.x, e.mark.y, e.mark.z};
+    return true;
+}
+
+bool attraeElemento(std::int32_t n, const puntot& riferimento, puntot& trovato) {
+    // Kept: a vertex offers the record behind it, whatever figure that begins, before itself.
+    if (Elem(n).tipo == tVertice && n < indElem && primoPuntoDi(n + 1, trovato) && inPortata(trovato, riferimento))
+        return true;
+    if (!primoPuntoDi(n, trovato)) return false;
+    if (inPortata(trovato, riferimento)) return true;
+    if (Elem(n).tipo != tSegmento) return false;
+    const auto& s = Elem(n).segm;
+    trovato = {s.x2, s.y2, s.z2};
+    return inPortata(trovato, riferimento);
+}
+
+void lampoCursore() {
+    const std::int16_t prima = CurrentCursor();
+    SetCursor(statoCursore.attaccoZ ? AttaccaCursorZ : AttaccaCursor);
+    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
+    SetCursor(prima);
+}
+
+}   // namespace
+
+void AttaccaCursore(double& x, double& y, double& z) {
+    z = ZetaCorrente;
+    if (!statoCursore.attaccoPunto) return;
+    const puntot riferimento = griglia.attiva ? puntot{griglia.grezzoX, griglia.grezzoY, 0} : puntot{x, y, 0};
+    for (std::int32_t n = 2; n <= indElem; ++n) {
+        puntot trovato;
+        if (!attraeElemento(n, riferimento, trovato)) continue;
+        x = trovato.x;
+        y = trovato.y;
+        if (statoCursore.attaccoZ) z = trovato.z;
+        lampoCursore();
+        return;
+    }
+}
+
+void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2) {
+    constexpr double verticale = 0.0004;   // sheet units
+    if (std::fabs(x1 - x2) < verticale) {
+        if (y1 > y2) std::swap(y1, y2);
+    } else if (x1 > x2) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+}
+
+}   // namespace tessaro
