@@ -65,15 +65,11 @@ void Brush::expand(std::size_t patternRow) {
     Riga& riga = righe_[patternRow];
     for (std::int32_t x = 0; x < periodo_; ++x) {
         const std::size_t column = static_cast<std::size_t>(x / key_.ratio) & 7U;
-<<<<<<< HEAD
-        const RasterOp& op = ops_[(bits_ >> static_cast<int>(8 * patternRow + column)) & 1U];
-=======
         const RasterOp& op = cella_[8 * patternRow + column];
->>>>>>> h-paint
         riga.keep[static_cast<std::size_t>(x)] = op.keep;
         riga.flip[static_cast<std::size_t>(x)] = op.flip;
     }
-    pronte_ |= 1U << static_cast<int>(patternRow);
+    pronte_ |= 1U << patternRow;
 }
 
 void Brush::patternSpan(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
