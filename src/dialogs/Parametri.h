@@ -34,8 +34,8 @@ protected:
     std::int16_t itemCorrente = 0;   // last item hit
     std::int16_t esito = 1;          // above 0 good, else a value was refused
 
-    // Field n (item 2n + 2) by STRtoFP or STRtoINT between bounds that are enforced; a fault selects the field (whole, or
-    // the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
+    // Field n (item 2n + 2) by STRtoFP or STRtoINT between bounds that are enforced; a fault selects the field (whole,
+    // or the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
     bool LeggiCampo(std::int16_t item, const double& min, const double& max, double& value);
     bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
     // Dims Cancel while a value is refused.

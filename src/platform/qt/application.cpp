@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <array>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
