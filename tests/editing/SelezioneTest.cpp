@@ -35,9 +35,9 @@ TEST(Colpo, FourPixelsAlongAnAxisMissAndThreeHit) {
                           {2, 150, 101.5, true},
                           {2, 150, 102, false},
                           {0.5, 150, 107, true},
-                          // at right angles to a diagonal the reach is longer than along an axis would be
-                          {1, 152, 247.5, true},
-                          {1, 153, 246, false}}) {
+                          // beside a diagonal the reach is measured along the axes too
+                          {1, 151.4, 247.5, true},
+                          {1, 151.6, 247.5, false}}) {
         const Scena s;
         Scena::scala(c.scala);
         const puntot p{c.x, c.y, 0};
