@@ -23,6 +23,9 @@ void DisPict(std::int32_t index);   // stands in raster/
 void DimenticaPict();               // decoded copies of pictures that are no longer stored; raster/
 void faiFoglio();
 void DisegnaMesh();
+struct Mesh;
+void DisegnaRete(const Mesh& m);   // its rows, then its columns, in the pen of the moment
+void DisegnaMeshSelezionata(std::int32_t oggetto);
 void DisegnaAref();
 void DisegnaMarker(std::int16_t forma, std::int32_t h, std::int32_t v);
 void DisegnaSelezione();   // xor: a second call removes it
@@ -44,7 +47,7 @@ void Dis_Cursor2(const double& x, const double& y);   // 4 pixels
 void Dis_CursSel(const double& x, const double& y);   // 8 pixels, pen 2
 // The cross of the moment: the small one between the two clicks of a move, else the large one, at xcurs, ycurs.
 void Croce();
-// Toggles the cross and, with Azione 1 or 5, the rubber segment: a second call puts them back.
+// Toggles the cross and the rubber band of the figure in progress: a second call puts them back.
 void SospendiAz();
 // Toggles only the rubber band of the figure in progress (segment, circle or arc).
 void Elastico();

@@ -1,4 +1,4 @@
-// Picking: the hit test under a click, the tests by shape, and clearing the selection.
+// Picking: the hit test under a click, the tests by shape, selection by rectangle and as a whole, and clearing it.
 #pragma once
 
 #include <cstdint>
@@ -21,5 +21,17 @@ bool Destra2(const double& a, const double& b, const double& c, const double& d,
 void TogliSelezione();
 void NessunaSelezione();
 void RifaiRettSel();   // the box from the flagged, shown records
+// Flags what lies inside a pixel rectangle; true when anything lay inside, selected before or not.
+bool SelezionaRect(const Rect& rect);
+void SelezionaTutto();   // everything shown, vertex records too; Shift keeps what was selected
+// Containment in the rectangle xyzLT to xyzRB, sheet units, strict on all sides.
+extern puntot xyzLT, xyzRB;
+bool PuntoInRect(const double& x, const double& y);
+bool SegmentoInRect(const double& x1, const double& y1, const double& x2, const double& y2);
+bool PolyInRect(std::int32_t index);
+bool CerchioInRect(const double& cx, const double& cy, const double& r);
+// The same in pixels.
+bool PictInRect(std::int32_t index, const Rect& rect);
+bool TestoInRect(std::int32_t index, const Rect& rect);
 
 }   // namespace tessaro

@@ -17,7 +17,8 @@ extern std::uint8_t rigapari;   // false while a line is a group code
 extern std::uint8_t LF;         // 10
 extern std::uint8_t uscita;     // first fatal fault of file work
 
-// The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently. Stands with the dialogs.
+// The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently.
+// Stands with the dialogs.
 void IOERR2(OSErr e);
 
 // --- binary, big-endian on disk. A read gives 0 once uscita is set.
@@ -40,7 +41,10 @@ void scriviSlong(const PStr255& s);   // 16-bit length, characters when there ar
 // --- lines of at most 255 characters; longer ones go on in the next call
 void LeggiRiga(PStr255& s, std::int32_t& n);   // "!" lines are skipped, n counts all
 void ReadlnDisco(PStr255& s);                  // DXF: parity, padding of group codes
-void AzzeraReadlnDisco();                      // numriga 0, rigapari 1, no previous character
+// The line itself, before that treatment: to CR, or to LF unless the byte before it was a CR. charprec is the reader's
+// last byte, kept between calls; senzaTab leaves out tabs, and LF inside the line. False: uscita is set, s is empty.
+bool RigaDisco(PStr255& s, std::uint8_t& charprec, bool senzaTab);
+void AzzeraReadlnDisco();   // numriga 0, rigapari 1, no previous character
 bool CercaStr(const PStr255& s);
 void Salta(const PStr255& s);
 void writeDisco(const PStr255& s);

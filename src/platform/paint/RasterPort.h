@@ -5,8 +5,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
+#include "platform/paint/Brush.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {
@@ -45,10 +47,13 @@ private:
     std::size_t ultimo_ = 0;   // the part that took the last rectangle
 };
 
+struct WideRect;
+
 class RasterPort final : public GrafPort {
 public:
-    RasterPort() = default;   // without pixels: draws nowhere until resized
-    RasterPort(std::int32_t width, std::int32_t height, std::int32_t scale) { resize(width, height, scale); }
+    RasterPort();   // without pixels: draws nowhere until resized
+    RasterPort(std::int32_t width, std::int32_t height, std::int32_t scale);
+    ~RasterPort() override;   // leaves the current port when it is this one
 
     // New white pixels, all of them dirty; origin 0, the clip is the whole port. Pen, text and colours stay. Sizes are
     // logical and below 1 give a port without pixels; the ratio is held to 1..8. Throws std::bad_alloc when memory
@@ -94,10 +99,32 @@ private:
     [[nodiscard]] const std::uint32_t* at(std::int32_t x, std::int32_t y) const {
         return memory_.data() + static_cast<std::ptrdiff_t>(y) * width_ + x;
     }
+    // Logical coordinates as device pixels.
+    [[nodiscard]] std::int64_t deviceX(std::int64_t h) const { return (h - origin.h) * ratio; }
+    [[nodiscard]] std::int64_t deviceY(std::int64_t v) const { return (v - origin.v) * ratio; }
+    [[nodiscard]] WideRect device(const Rect& r) const;
+    [[nodiscard]] DeviceRect devicePart(const Rect& clipPart) const;   // held to the port and to the memory
+    template <class Draw>
+    void perParti(const WideRect& bounds, Draw draw);
+
+    Brush& penBrush();
+    Brush& verbBrush(GrafVerb verb, const Pattern& fillPattern);
+    void thinLine(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, const Brush& brush);
+    bool shortLine(Point from, Point to, const Brush& brush);
+    void stroke(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, std::int64_t penWidth,
+                std::int64_t penHeight, Brush& brush);
+    void paintRect(const WideRect& r, Brush& brush);
+    void paintPoly(const Polygon& p, Brush& brush);
+    void copySameSize(const PixMap& bits, const DeviceRect& area, std::int64_t dx, std::int64_t dy);
+
+    struct Scansione;   // Scan.h
 
     std::vector<std::uint32_t> memory_;
     std::int32_t width_ = 0;    // device pixels
     std::int32_t height_ = 0;   // device pixels
+    Brush penna_;               // the pen's, kept as long as pen and colours stay the same
+    std::unique_ptr<Scansione> scansione_;
+    Brush riempi_;   // the last fill's, erase's or invert's
 };
 
 }   // namespace tessaro

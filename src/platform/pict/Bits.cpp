@@ -75,6 +75,22 @@ bool sensato(const BitsTesta& t) {
     return (bit + 7) / 8 <= std::max<std::int64_t>(t.rowBytes, 1) || t.imballato;
 }
 
+bool tutteLeRighe(Lettore l, const BitsTesta& t) {
+    std::string_view riga;
+    for (std::int32_t y = 0; y < t.altezza(); ++y)
+        if (!ProssimaRiga(l, t, riga)) return false;
+    return !l.guasto();
+}
+
+// A row's count has two bytes above 250 bytes a row. Some writers put the bound elsewhere: where the rows do not come
+// out by the rule but do by the other count, they are such a writer's.
+void scegliConto(const Lettore& l, BitsTesta& t) {
+    t.contoLungo = t.rowBytes > 250;
+    if (!t.imballato || tutteLeRighe(l, t)) return;
+    t.contoLungo = !t.contoLungo;
+    if (!tutteLeRighe(l, t)) t.contoLungo = !t.contoLungo;
+}
+
 }   // namespace
 
 bool LeggiPixMap(Lettore& l, bool bitmapAmmessa, BitsTesta& t) {
@@ -117,14 +133,16 @@ bool LeggiBitsTesta(Lettore& l, std::uint16_t op, BitsTesta& t) {
     if (t.diretto && t.packType == 0) t.packType = t.pixelSize == 16 ? 3 : 4;
     t.imballato = t.rowBytes >= 8 && op >= 0x98 && !(t.diretto && t.packType <= 2);
     if (t.diretto && t.rowBytes < 8) t.packType = 1;
-    return sensato(t);
+    if (!sensato(t)) return false;
+    scegliConto(l, t);
+    return true;
 }
 
 bool ProssimaRiga(Lettore& l, const BitsTesta& t, std::string_view& riga) {
     if (l.resto() == 0) return false;
     std::size_t lunga = static_cast<std::size_t>(t.rowBytes);
     if (t.imballato)
-        lunga = t.rowBytes > 250 ? l.u16() : l.u8();
+        lunga = t.contoLungo ? l.u16() : l.u8();
     else if (t.diretto && t.packType == 2)
         lunga = static_cast<std::size_t>(t.larghezza()) * 3;
     if (lunga == 0) return false;   // every row says something: else a few bytes could claim any height

@@ -14,9 +14,10 @@ namespace tessaro {
 enum : std::int16_t { bitsCopia = 0, bitsOr = 1, bitsBic = 3, bitsTrasparente = 36 };
 
 struct BitsTesta {
-    bool pixmap = false;      // false: a bit map of 1 bit, drawn in the colours of the moment
-    bool diretto = false;     // 16 or 32 bits a pixel, no colour table
-    bool imballato = false;   // rows are packed; each has its own byte count in front
+    bool pixmap = false;       // false: a bit map of 1 bit, drawn in the colours of the moment
+    bool diretto = false;      // 16 or 32 bits a pixel, no colour table
+    bool imballato = false;    // rows are packed; each has its own byte count in front
+    bool contoLungo = false;   // of two bytes, else one
     std::int32_t rowBytes = 0;
     Rect bounds;
     std::int16_t packType = 0;

@@ -72,6 +72,7 @@ bool saltaRetinoColore(Lettore& l) {
     BitsTesta t;
     if (!LeggiPixMap(l, false, t) || t.diretto || t.larghezza() <= 0 || t.altezza() <= 0) return false;
     t.imballato = t.rowBytes >= 8;
+    t.contoLungo = t.rowBytes > 250;
     return saltaRighe(l, t);
 }
 

@@ -83,8 +83,11 @@ bool EsecutorePict::esegui() {
 }
 
 bool EsecutorePict::voce(const Voce& v) {
-    if (OpcodeBits(v.op)) return sostituita || bits(v.op, v.dati);
+    const bool scritta = v.op >= opLongText && v.op <= opDHDVText;
+    if (sostituita && (scritta || OpcodeBits(v.op))) return true;
+    if (OpcodeBits(v.op)) return bits(v.op, v.dati);
     if (!v.intera) return false;
+    if (v.op >= opLine && v.op < 0x90) sostituita = false;
     if (v.op == opCompresso) return compressa(v);
     if (v.op == opNonCompresso) return nonCompressa(v);
     if (v.op >= opRect && v.op < 0x90)
@@ -205,6 +208,7 @@ void EsecutorePict::retinoColore(const Voce& v) {
     BitsTesta t;
     if (!LeggiPixMap(l, false, t)) return;
     t.imballato = t.rowBytes >= 8;
+    t.contoLungo = t.rowBytes > 250;
     const auto larghi = static_cast<std::size_t>(std::max<std::int32_t>(t.larghezza(), 1));
     std::vector<std::uint32_t> riga(larghi);
     std::array<std::uint32_t, 2> colori{};

@@ -85,7 +85,8 @@ private:
     double rapportoTesto = 1;
     double speso = 0;
     bool tuttoBene = true;
-    bool sostituita = false;   // a decoded image came: pixels that follow stand in for it where it cannot be read
+    // An image came that could be decoded: text or pixels right behind it are what older readers show in its place.
+    bool sostituita = false;
 };
 
 // Copies what is not of alpha 0, as runs: a port knows only the plain copy.

@@ -130,6 +130,7 @@ bool EsecutorePict::compressa(const Voce& v) {
         scriviFixed(copiati, matrice + 24, dst.left - c.src.left * sx);
         scriviFixed(copiati, matrice + 28, dst.top - c.src.top * sy);
         passaggio->passa(v.op, copiati);
+        sostituita = true;
         return true;
     }
     Immagine im;

@@ -50,8 +50,9 @@ bool SolaCompressa(std::string_view bytes, ImmagineCompressa& c) {
     bool trovata = false;
     while (voci.prossima(v)) {
         if (!v.intera) return false;
+        const bool alSuoPosto = trovata && (OpcodeBits(v.op) || (v.op >= opLongText && v.op <= opDHDVText));
         if (v.op != opCompresso) {
-            if (!senzaSegno(v, voci.sorgente)) return false;
+            if (!alSuoPosto && !senzaSegno(v, voci.sorgente)) return false;
             continue;
         }
         if (trovata || !LeggiCompressa(v.dati, c)) return false;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
@@ -180,6 +181,7 @@ bool prendi(EventRecord& e, Attesa chi) {
     if (r == coda.righe.end()) return false;
     e = std::move(*r);
     coda.righe.erase(r);
+    coda.svegliata = false;   // the record is news enough
     consegna(e);
     return true;
 }
@@ -213,7 +215,7 @@ bool WaitNextEvent(EventRecord& e, std::int32_t sleep) {
         const bool scaduto = sleep >= 0 && passati >= sleep && copione() == nullptr;
         const bool svegliata = std::exchange(coda.svegliata, false);
         const bool ancora = !svegliata && waitStep(Attesa::evento, scaduto ? 0 : sleep < 0 ? -1 : sleep - passati);
-        if (!coda.righe.empty()) continue;
+        if (primaPer(Attesa::evento) != coda.righe.end()) continue;
         if (svegliata || !ancora || coda.svegliata || scaduto) {
             coda.svegliata = false;
             e = EventRecord{};
@@ -252,7 +254,7 @@ bool StillDown() {
         EventRecord e;
         if (prendi(e, Attesa::puntatore)) return coda.tenuto;
         if (!waitStep(Attesa::puntatore, -1)) break;
-        if (std::exchange(coda.svegliata, false)) return coda.tenuto;
+        if (std::exchange(coda.svegliata, false) && !quitPending()) return coda.tenuto;
     }
     coda.tenuto = false;
     return false;

@@ -12,6 +12,7 @@
 #include <QImageReader>
 
 #include "platform/Images.h"
+#include "platform/Memory.h"
 #include "platform/qt/risoluzione.h"
 #include "platform/Resources.h"
 
@@ -180,6 +181,9 @@ bool informa(QFile& file, QImageReader& lettore, Immagine& info, QSize& stored, 
     file.seek(qui);
     if (!stored.isValid()) return true;   // only decoding will tell
     if (stored.width() > maxLatoImmagine || stored.height() > maxLatoImmagine) return rifiuta(reason, troppoGrande);
+    const std::int64_t bit = QImage::toPixelFormat(lettore.imageFormat()).bitsPerPixel();
+    if (std::int64_t(stored.width()) * stored.height() * std::max<std::int64_t>(bit, 8) / 8 > CompactMem())
+        return rifiuta(reason, senzaMemoria);
     info.width = girata ? stored.height() : stored.width();
     info.height = girata ? stored.width() : stored.height();
     return true;

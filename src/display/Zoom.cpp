@@ -1,0 +1,316 @@
+// The view's scale and place: zooms, scrolling and the layout of the window.
+#include "display/Zoom.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "dialogs/Errori.h"
+#include "display/Disegno.h"
+#include "display/palette.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+#include "platform/Automation.h"
+#include "platform/Menus.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t menuZoom = 22;
+constexpr std::int32_t barra = 15;       // pixels that a scroll bar takes off the view
+constexpr std::int32_t striscia = 32;    // width of the palette
+constexpr std::int32_t margine = 7;      // pixels round the drawing after ZoomRilievo
+constexpr double limiteAngolo = 1e9;     // scroll positions stay within 32 bits with room for a view beside them
+constexpr double scalaMassima = 20000;   // the widest sheet, 32767 units, still fits the scroll bars
+constexpr double scalaMinima = 1e-12;
+
+double larghezza() { return myViewRect.right - myViewRect.left; }
+double altezza() { return myViewRect.bottom - myViewRect.top; }
+
+std::int32_t angolo(double v) { return arrotonda32(std::isnan(v) ? 0 : std::clamp(v, -limiteAngolo, limiteAngolo)); }
+
+// What follows from scale and corner.
+void allinea() {
+    OrigX = PageCorner.h - striscia;
+    OrigY = PageCorner.v - hToolbar;
+    AggiornaBarre();
+}
+
+// The tablet's origin goes with the view when it is tied to it.
+void tabletSegueVista() {
+    if (RifTablet) return;
+    XtabFin = arrotonda16(OrigX / scalavid);
+    YtabFin = arrotonda16(OrigY / scalavid);
+}
+
+std::int32_t attornoAlCentro(std::int32_t valore, double f, double misura) {
+    return angolo(std::round(valore * f) + std::round(misura * (f - 1) / 2));
+}
+
+// Scales by f and keeps the view's centre. A factor that would push the corner past its limit is held to the limit.
+void scalaAttornoAlCentro(double f) {
+    const double piuLontano = std::max(std::fabs(PageCorner.h + larghezza()), std::fabs(PageCorner.v + altezza()));
+    if (f > 1 && piuLontano * f > limiteAngolo) f = std::max(1.0, limiteAngolo / piuLontano);
+    const double prima = scalavid;
+    CambiaScala(scalavid * f);
+    f = scalavid / prima;
+    PageCorner.h = attornoAlCentro(PageCorner.h, f, larghezza());
+    PageCorner.v = attornoAlCentro(PageCorner.v, f, altezza());
+}
+
+void vediFoglio() {
+    CambiaScala(std::min((larghezza() - barra) / Xfoglio / 100, (altezza() - barra) / yfoglio / 100));
+    PageCorner = {};
+}
+
+void soloFinestra() {
+    const double prima = scalavid;
+    ZoomFinestra();
+    const double f = scalavid / prima;
+    PageCorner.h = angolo(PageCorner.h * f);
+    PageCorner.v = angolo(PageCorner.v * f);
+}
+
+void scalaPerTipo(std::int16_t kind) {
+    constexpr double reale = 72 / DecPollice;   // one to one at 72 dots an inch
+    switch (kind) {
+    case 1: vediFoglio(); break;
+    case 2: scalaAttornoAlCentro(reale / scalavid); break;
+    case 3: scalaAttornoAlCentro(reale * 2 / scalavid); break;
+    case 4: scalaAttornoAlCentro(reale * 4 / scalavid); break;
+    case 5: scalaAttornoAlCentro(reale / 2 / scalavid); break;
+    case 6: scalaAttornoAlCentro(reale / 4 / scalavid); break;
+    case 7: scalaAttornoAlCentro(2); break;
+    case 8: scalaAttornoAlCentro(0.5); break;
+    case 9: soloFinestra(); break;
+    case 10: ZoomRilievo(); break;
+    default: break;
+    }
+}
+
+void ridisegnaVista() {
+    SetPortWindowPort(theWindow);
+    ClipRect(GetPortBounds(theWindow));
+    DrawTopBar();
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    SetCursor(ClockCursor);
+    Disegna();
+    SetCursor(arrowCursor);
+    SospendiAz();
+}
+
+// --- extents
+
+void estendi(double x, double y) {
+    // A coordinate that is no number or endless would leave no scale to show anything at.
+    if (std::isfinite(x) && std::isfinite(y)) AggRettSel(x, y);
+}
+
+void estendiQuadrato(double cx, double cy, double r) {
+    estendi(cx - r, cy - r);
+    estendi(cx + r, cy + r);
+}
+
+void estendiElemento(std::int32_t n) {
+    const elemento& e = Elem(n);
+    switch (e.tipo) {
+    case tSegmento:
+        estendi(e.segm.x1, e.segm.y1);
+        estendi(e.segm.x2, e.segm.y2);
+        break;
+    case tMarker: estendi(e.mark.x, e.mark.y); break;
+    case tPoligono: {
+        const std::int32_t ultimo = std::min(n + std::max<std::int32_t>(e.poli.numVertici, 0), indElem);
+        for (std::int32_t i = n; i <= ultimo; ++i) estendi(Elem(i).poli.x, Elem(i).poli.y);
+        break;
+    }
+    case tTesto:
+        if (VisioneGraf.mostraTesti && std::isfinite(e.test.x) && std::isfinite(e.test.y)) AggRetSelTesto(e);
+        break;
+    case tPict:
+        estendi(e.pict.x, e.pict.y);
+        estendi(e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
+        break;
+    case tCerchio: estendiQuadrato(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
+    case tArco: estendiQuadrato(e.arco.cx, e.arco.cy, e.arco.raggio); break;
+    default: break;
+    }
+}
+
+}   // namespace
+
+void CambiaScala(double nuova) {
+    if (!std::isfinite(nuova) || nuova <= 0) return;
+    scalavid = std::clamp(nuova, scalaMinima, scalaMassima);
+    AggiornaTolleranze();
+}
+
+void FaiZoom(std::int16_t kind) {
+    if (AvvioInForza().script) Delay(30);   // the pause after a menu choice: only a script's clock keeps it
+    if (kind < 1 || kind > 10 || noWindow || !theWindow) return;
+    for (std::int16_t i = 1; i <= 8; ++i) CheckMenuItem(menuZoom, i, i == kind);
+    scalaPerTipo(kind);
+    allinea();
+    ridisegnaVista();
+}
+
+void ZoomFinestra() {
+    const Stato stato;
+    ClipRect(GetPortBounds(theWindow));
+    Rect r;
+    if (!SelRect(r)) return;
+    const std::int32_t dh = r.left - striscia, dv = r.top - hToolbar;
+    PageCorner.h += dh;
+    PageCorner.v += dv;
+    OrigX += dh;
+    OrigY += dv;
+    tabletSegueVista();
+    const double f = std::min(larghezza() / (r.right - r.left), altezza() / (r.bottom - r.top));
+    CambiaScala(std::min(scalavid * f, MaxScalavid));
+    FlushEvents();
+}
+
+void ZoomRilievo() {
+    double xmax = 0, ymax = 0, xmin = 0, ymin = 0, dx = 0, dy = 0;
+    ContrMaxMin(xmax, ymax, xmin, ymin, dx, dy);
+    CambiaScala(std::min({(larghezza() - barra) / dx, (altezza() - barra) / dy, MaxScalavid}));
+    PageCorner.h = angolo(std::round(xmin * scalavid) - margine);
+    PageCorner.v = angolo(std::round(ymin * scalavid) - margine);
+}
+
+void ContrMaxMin(double& xmax, double& ymax, double& xmin, double& ymin, double& width, double& height) {
+    const RettSel prima = rettSel;
+    AzzeraRettSel();
+    AggRettSel(0, 0);
+    AggRettSel(XFDecimi, YFDecimi);
+    for (std::int32_t i = 3; i <= indElem; ++i)
+        if (LucidoVisibile(Elem(i).lucido)) estendiElemento(i);
+    xmax = rettSel.xmax;
+    ymax = rettSel.ymax;
+    xmin = rettSel.xmin;
+    ymin = rettSel.ymin;
+    width = xmax - xmin;
+    height = ymax - ymin;
+    rettSel = prima;
+    if (width >= 0 && height >= 0) return;
+    width = height = -1;
+    ErroreAlert(4);
+}
+
+// --- scrolling
+
+void ScrollBits() {
+    if (noWindow || !VScroll || !HScroll) return;
+    const AngoloPagina nuovo{GetControlValue(VScroll), GetControlValue(HScroll)};
+    const std::int32_t dh = PageCorner.h - nuovo.h, dv = PageCorner.v - nuovo.v;
+    if (dh == 0 && dv == 0) return;
+    PageCorner = nuovo;
+    SetPortWindowPort(theWindow);
+    ClipRect(myViewRect);
+    const Region scoperta = ScrollRect(myViewRect, dh, dv);
+    OrigX -= dh;
+    OrigY -= dv;
+    tabletSegueVista();
+    SetClip(scoperta);
+    if (!(KeyModifiers() & cmdKey)) {   // held: pixels only move, for speed
+        SetCursor(ClockCursor);
+        Disegna();
+        SetCursor(arrowCursor);
+    }
+    ClipRect(GetPortBounds(theWindow));
+}
+
+void ScrollWindow(std::int32_t dh, std::int32_t dv) {
+    if (noWindow || !VScroll || !HScroll) return;
+    SetControlValue(HScroll, GetControlValue(HScroll) + dh);
+    SetControlValue(VScroll, GetControlValue(VScroll) + dv);
+    ScrollBits();
+}
+
+void TrackScroll(bool vertical, std::int16_t part) {
+    constexpr std::int32_t riga = 15;
+    const bool pagina = part == 22 || part == 23;
+    const std::int32_t passo = pagina ? static_cast<std::int32_t>(vertical ? altezza() : larghezza()) : riga;
+    const std::int32_t d = part == 20 || part == 22 ? -passo : passo;
+    ScrollWindow(vertical ? 0 : d, vertical ? d : 0);
+}
+
+void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t delta) {
+    if (noWindow) return;
+    if (modifiers & cmdKey) {
+        scalaAttornoAlCentro(delta >= 1 ? 1 + delta * 0.2 : 1 / (1 - 0.2 * delta));
+        allinea();
+        InvalFinestra();
+        return;
+    }
+    constexpr std::int32_t scatto = 40;   // pixels
+    const std::int32_t n = delta * scatto * (modifiers & optionKey ? 10 : 1);
+    SospendiAz();
+    if (axis == 0) {
+        ScrollWindow(0, -n);
+    } else {
+        ScrollWindow(-n, 0);
+    }
+    ClipRect(myViewRect);
+    SospendiAz();
+}
+
+// --- the window
+
+void MoveScrollBars() {
+    if (!theWindow || !VScroll || !HScroll) return;
+    const Rect r = GetPortBounds(theWindow);
+    const std::int32_t alto = r.bottom - r.top;
+    constexpr std::int32_t riga = 390;   // the coordinate line takes the first pixels of the bottom row
+    constexpr std::int32_t celle = 416;
+    const auto poni = [](ControlHandle c, std::int32_t left, std::int32_t top, std::int32_t w, std::int32_t h) {
+        MoveSizeControl(c, SetRect(left, top, left + std::max(w, 0), top + std::max(h, 0)));
+    };
+    poni(VScroll, r.right - 15, r.top - 1, 16, alto - 13);
+    poni(HScroll, r.left + riga, r.bottom - 15, r.right - r.left - 404, 16);
+    if (panel) poni(panel, 0, celle, striscia, alto - 429);
+    SetControlSteps(VScroll, 15, static_cast<std::int32_t>(altezza()));
+    SetControlSteps(HScroll, 15, static_cast<std::int32_t>(larghezza()));
+}
+
+void ReSizeWindow(std::int32_t width, std::int32_t height) {
+    if (!theWindow) return;
+    SetupLimits();
+    SizeWindow(theWindow, std::max(width, 16), std::max(height, 16));
+    DisponiVista();
+    InvalWind();
+    MoveScrollBars();
+    MoveToolbar();
+}
+
+void InvalWind() {
+    if (noWindow || !theWindow) return;
+    NewDis = 1;
+    InvalWindowRect(theWindow, GetPortBounds(theWindow));
+}
+
+void InvalFinestra() { InvalWind(); }
+
+void AggiornaBarre() {
+    if (!VScroll || !HScroll) return;
+    const auto poni = [](ControlHandle c, double foglio, std::int32_t valore) {
+        // The range grows to hold a view that lies beside the sheet, so that scrolling goes on from where it is.
+        SetControlMinimum(c, std::min(0, valore));
+        SetControlMaximum(c, std::max(arrotonda32(scalavid * foglio), valore));
+        SetControlValue(c, valore);
+    };
+    poni(HScroll, XFDecimi, PageCorner.h);
+    poni(VScroll, YFDecimi, PageCorner.v);
+}
+
+void DisponiVista() {
+    if (!theWindow) return;
+    const Rect r = GetPortBounds(theWindow);
+    myViewRect = Rect{r.top + hToolbar, r.left + striscia, r.bottom - barra, r.right - barra};
+}
+
+}   // namespace tessaro

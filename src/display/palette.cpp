@@ -1,0 +1,250 @@
+// The fixed strips of the window: tool palette on the left, bar on top, and the tags that explain their cells.
+#include "display/palette.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "model/TabellaStato.h"
+#include "model/Vista.h"
+#include "platform/Events.h"
+#include "platform/Resources.h"
+#include "text/Conversione.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int32_t lato = 32;                              // a cell, pixels
+constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;   // the coordinate line
+constexpr std::int32_t fuoco = 10000;                          // added to an icon's id: its lit form
+constexpr std::int16_t listaAiuti = 1102, aiutoRiga = 22;
+
+bool conStrumento(std::int32_t n) { return operazCorrente == n; }
+
+struct Cella {
+    std::int32_t icona;
+    bool perPunti;   // with CurvePerPunti the icon 100 further stands here
+    bool (*accesa)();
+};
+constexpr bool mai() { return false; }
+// From the top down, 32 pixels each.
+constexpr std::array celle{
+    Cella{13, false, [] { return Modalita == 0; }},
+    Cella{14, false, [] { return Modalita == 1; }},
+    Cella{15, false, [] { return Modalita == 2; }},
+    Cella{16, false, mai},
+    Cella{17, false, [] { return conStrumento(0); }},
+    Cella{18, false, [] { return conStrumento(1); }},
+    Cella{19, true, [] { return conStrumento(5); }},
+    Cella{20, true, [] { return conStrumento(6); }},
+    Cella{21, false, [] { return conStrumento(2); }},
+    Cella{22, false, [] { return conStrumento(3); }},
+    Cella{23, false, [] { return conStrumento(4); }},
+    Cella{24, false, mai},
+    Cella{25, false, mai},
+};
+constexpr auto fondoCelle = static_cast<std::int32_t>(celle.size()) * lato;
+
+Rect rettangoloCella(std::size_t i) {
+    const auto alto = static_cast<std::int32_t>(i) * lato;
+    return SetRect(0, alto, lato, alto + lato);
+}
+
+Rect rettangoloRiga() {
+    return SetRect(sinistraRiga, myViewRect.bottom + 1, destraRiga, GetPortBounds(theWindow).bottom);
+}
+
+bool scuro(const RGBColor& c) { return c.red + c.green + c.blue < 3 * 32768; }
+
+// A colour some way from `da` to `a`, in hundredths.
+RGBColor miscela(const RGBColor& da, const RGBColor& a, int percento) {
+    const auto una = [percento](std::uint16_t x, std::uint16_t y) {
+        return static_cast<std::uint16_t>((x * (100 - percento) + y * percento) / 100);
+    };
+    return {una(da.red, a.red), una(da.green, a.green), una(da.blue, a.blue)};
+}
+
+// The strip's ground moved towards its own text colour.
+RGBColor tonoStriscia(int percento) {
+    const RGBColor fondo = SystemStripColour();
+    return miscela(fondo, scuro(fondo) ? RGBColor{65535, 65535, 65535} : RGBColor{}, percento);
+}
+
+void riempi(const Rect& r, const RGBColor& c) {
+    RGBForeColor(c);
+    PenPat(qdBlack);
+    PenMode(patCopy);
+    PaintRect(r);
+}
+
+void linea(std::int32_t h1, std::int32_t v1, std::int32_t h2, std::int32_t v2, const RGBColor& c) {
+    PenNormal();
+    RGBForeColor(c);
+    MoveTo(h1, v1);
+    LineTo(h2, v2);
+}
+
+// The number of the current sheet over its icon.
+void numeroLucido() {
+    const Rect r = SetRect(7, 106, 23, 117);
+    riempi(r, SystemStripColour());
+    TextFont(3);
+    TextSize(9);
+    TextFace(0);
+    TextMode(srcOr);
+    RGBForeColor(tonoStriscia(100));
+    const PStr255 numero = NumToString(VisioneGraf.lucidoCorrente);
+    MoveTo((r.left + r.right - StringWidth(numero.view())) / 2, r.bottom - 2);
+    DrawString(numero.view());
+}
+
+void disegnaCelle() {
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+        const Cella& c = celle[i];
+        const std::int32_t icona = c.icona + (c.perPunti && CurvePerPunti ? 100 : 0);
+        DrawIcona(rettangoloCella(i), icona + (c.accesa() ? fuoco : 0));
+    }
+    numeroLucido();
+}
+
+// The foot of the window: rule, coordinate line and the operation now running.
+void disegnaPiede() {
+    linea(0, myViewRect.bottom, destraRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
+    BackColor(whiteColor);
+    EraseRect(rettangoloRiga());
+    if (StrOperCorr.Lengthp() == 0) return;
+    const Rect r = SetRect(0, myViewRect.bottom + 1, sinistraRiga, GetPortBounds(theWindow).bottom);
+    EraseRect(r);
+    TextFont(4);
+    TextSize(9);
+    TextFace(0);
+    TextMode(srcOr);
+    MoveTo(4, r.bottom - 3);
+    DrawString(StrOperCorr.view());
+}
+
+// --- tags
+
+struct Riposo {
+    Point dove;                  // where the pointer rests
+    std::uint32_t dal = 0;       // ticks since when
+    std::int16_t mostrato = 0;   // entry whose tag is out, 0 none
+};
+constinit Riposo riposo{};
+
+struct Zona {
+    std::int16_t voce = 0;   // entry of the help list, 0 outside
+    Rect r;
+};
+
+Zona zonaDi(Point p) {
+    if (p.h >= 0 && p.h < lato && p.v >= 0 && p.v < fondoCelle) {
+        const auto i = static_cast<std::size_t>(p.v / lato);
+        return {static_cast<std::int16_t>(i + 1), rettangoloCella(i)};
+    }
+    const Rect riga = rettangoloRiga();
+    if (PtInRect(p, riga)) return {aiutoRiga, riga};
+    return {};
+}
+
+void nascondi() {
+    if (riposo.mostrato) HMHideTag();
+    riposo.mostrato = 0;
+}
+
+}   // namespace
+
+void DrawIcona(const Rect& r, std::int32_t id) {
+    const bool accesa = id >= fuoco;
+    riempi(r, SystemStripColour());
+    if (accesa) riempi(InsetRect(r, 2, 2), tonoStriscia(22));
+    // An icon without a lit form of its own stands on the lit ground as it is.
+    if (!PlotIconID(r, id) && accesa) PlotIconID(r, id - fuoco);
+}
+
+bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId) {
+    const Stato stato;
+    ClipRect(GetPortBounds(theWindow));
+    bool dentro = true;
+    DrawIcona(r, litId);
+    while (StillDown()) {
+        const bool ora = PtInRect(GetMouse(), r);
+        if (ora != dentro) DrawIcona(r, ora ? litId : id);
+        dentro = ora;
+    }
+    dentro = PtInRect(GetMouse(), r) && !quitPending();
+    DrawIcona(r, id);
+    return dentro;
+}
+
+void DrawPallette() {
+    if (noWindow || !theWindow) return;
+    {
+        const Stato stato;
+        ClipRect(GetPortBounds(theWindow));
+        const std::int32_t fondo = myViewRect.bottom;
+        riempi(SetRect(0, 0, lato, fondo), SystemStripColour());
+        disegnaCelle();
+        linea(lato - 1, 0, lato - 1, fondo - 1, tonoStriscia(25));
+        disegnaPiede();
+    }
+    BackColor(whiteColor);
+    ClipRect(myViewRect);
+}
+
+void DrawTopBar() {
+    if (noWindow || !theWindow) return;
+    const Stato stato;
+    const Rect porta = GetPortBounds(theWindow);
+    ClipRect(porta);
+    riempi(SetRect(lato, 0, porta.right, hToolbar), SystemStripColour());
+    linea(lato, hToolbar - 1, porta.right, hToolbar - 1, tonoStriscia(25));
+    // The column of the scroll bar and the corner where the two bars meet.
+    riempi(SetRect(myViewRect.right, hToolbar, porta.right, porta.bottom), SystemStripColour());
+    riempi(SetRect(destraRiga, myViewRect.bottom, porta.right, porta.bottom), SystemStripColour());
+}
+
+void inizializzaMainToolbar() {
+    if (!theWindow) return;
+    for (std::size_t i = 0; i < celle.size(); ++i) {
+        const auto voce = static_cast<std::int16_t>(i + 1);
+        NameWindowPart(theWindow, voce, rettangoloCella(i), GetIndString(listaAiuti, voce));
+    }
+    MoveToolbar();
+}
+
+// The coordinate line moves with the window's foot.
+void MoveToolbar() {
+    if (theWindow) NameWindowPart(theWindow, aiutoRiga, rettangoloRiga(), GetIndString(listaAiuti, aiutoRiga));
+}
+
+// The bar on top carries no buttons: nothing on it follows the state.
+void AggiustaStatoBottoni() {}
+
+void InitializeTags() { riposo = Riposo{}; }
+
+std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on) {
+    constexpr std::int32_t attesa = 100;   // ticks of rest before a tag comes out
+    const Zona zona = on && theWindow ? zonaDi(where) : Zona{};
+    if (zona.voce == 0 || !(where == riposo.dove)) {
+        if (zona.voce != riposo.mostrato) nascondi();
+        riposo.dove = where;
+        riposo.dal = time;
+    }
+    if (zona.voce == 0 || riposo.mostrato) return -1;
+    const auto trascorso = static_cast<std::int32_t>(std::min<std::uint32_t>(time - riposo.dal, 1 << 30));
+    if (trascorso <= attesa) return attesa + 1 - trascorso;
+    HMDisplayTag(theWindow, zona.r, listaAiuti, zona.voce);
+    riposo.mostrato = zona.voce;
+    return -1;
+}
+
+namespace {
+const VoceStato righe[] = {{"riposo", VoceStato::speciale, nullptr, 0, InitializeTags, nullptr}};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,37 @@
+// The undo command: the kind's own action, then one step back in the figure in progress.
+#include "editing/AnnullaComando.h"
+
+#include "display/Disegno.h"
+#include "display/Zoom.h"
+#include "editing/Selezione.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+
+namespace tessaro {
+
+namespace {
+
+// A segment in progress goes back to the start of the one before, which is dropped with no undo of its own.
+void passoIndietro() {
+    if (Azione != 1 || indElem < 3 || Elem(indElem).tipo != tSegmento) return;
+    const auto& s = Elem(indElem).segm;
+    Xini = s.x1;
+    Yini = s.y1;
+    Zinizio = s.z1;
+    --indElem;
+}
+
+}   // namespace
+
+void AnnullaUltima() {
+    SospendiAz();
+    // Records come back behind the others, where numbers that a selection holds may mean something else.
+    if (annullamento == aCancella) NessunaSelezione();
+    EseguiAnnulla();
+    passoIndietro();
+    InvalWind();
+    SospendiAz();
+}
+
+}   // namespace tessaro

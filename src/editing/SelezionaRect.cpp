@@ -1,0 +1,156 @@
+// Selecting by rectangle and as a whole, and the box of what is selected.
+#include <algorithm>
+
+#include "display/Disegno.h"
+#include "display/RiquadroTesto.h"
+#include "editing/Selezione.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "model/TabellaStato.h"
+
+namespace tessaro {
+
+constinit puntot xyzLT{}, xyzRB{};
+
+namespace {
+
+std::int32_t ultimoVertice(std::int32_t testa) {
+    return std::min(testa + std::max<std::int32_t>(Elem(testa).poli.numVertici, 0), indElem);
+}
+
+void allargaQuadrato(double cx, double cy, double r) {
+    AggRettSel(cx - r, cy - r);
+    AggRettSel(cx + r, cy + r);
+}
+
+void allargaElemento(std::int32_t n) {
+    const elemento& e = Elem(n);
+    switch (e.tipo) {
+    case tSegmento:
+        AggRettSel(e.segm.x1, e.segm.y1);
+        AggRettSel(e.segm.x2, e.segm.y2);
+        break;
+    case tMarker: AggRettSel(e.mark.x, e.mark.y); break;
+    case tPoligono:
+        for (std::int32_t i = n; i <= ultimoVertice(n); ++i) AggRettSel(Elem(i).poli.x, Elem(i).poli.y);
+        break;
+    case tTesto: AggRetSelTesto(e); break;
+    case tPict:
+        AggRettSel(e.pict.x, e.pict.y);
+        AggRettSel(e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
+        break;
+    case tCerchio: allargaQuadrato(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
+    case tArco: allargaQuadrato(e.arco.cx, e.arco.cy, e.arco.raggio); break;
+    default: break;
+    }
+}
+
+bool dentro(std::int32_t i, const Rect& rect) {
+    const elemento& e = Elem(i);
+    switch (e.tipo) {
+    case tSegmento: return SegmentoInRect(e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2);
+    case tMarker: return PuntoInRect(e.mark.x, e.mark.y);
+    case tPoligono: return PolyInRect(i);
+    case tTesto: return VisioneGraf.mostraTesti && TestoInRect(i, rect);
+    case tPict: return PictInRect(i, rect);
+    case tCerchio: return CerchioInRect(e.cerc.cx, e.cerc.cy, e.cerc.raggio);
+    case tArco: return CerchioInRect(e.arco.cx, e.arco.cy, e.arco.raggio);   // Kept: its sweep is ignored
+    default: return false;
+    }
+}
+
+bool pixelDentro(double h, double v, const Rect& r) { return h >= r.left && h < r.right && v >= r.top && v < r.bottom; }
+
+}   // namespace
+
+void RifaiRettSel() {
+    AzzeraRettSel();
+    for (std::int32_t i = 3; i <= indElem; ++i)
+        if (Elem(i).selezionato && LucidoVisibile(Elem(i).lucido)) allargaElemento(i);
+}
+
+bool PuntoInRect(const double& x, const double& y) { return x > xyzLT.x && x < xyzRB.x && y > xyzLT.y && y < xyzRB.y; }
+
+bool SegmentoInRect(const double& x1, const double& y1, const double& x2, const double& y2) {
+    return PuntoInRect(x1, y1) && PuntoInRect(x2, y2);
+}
+
+bool PolyInRect(std::int32_t index) {
+    for (std::int32_t i = index; i <= ultimoVertice(index); ++i)
+        if (!PuntoInRect(Elem(i).poli.x, Elem(i).poli.y)) return false;
+    return true;
+}
+
+bool CerchioInRect(const double& cx, const double& cy, const double& r) {
+    return PuntoInRect(cx - r, cy - r) && PuntoInRect(cx + r, cy + r);
+}
+
+bool PictInRect(std::int32_t index, const Rect& rect) {
+    const auto& p = Elem(index).pict;
+    return pixelDentro(XVidD(p.x), YVidD(p.y), rect)
+           && pixelDentro(XVidD(p.x + p.larghezza), YVidD(p.y + p.altezza), rect);
+}
+
+bool TestoInRect(std::int32_t index, const Rect& rect) {
+    const auto angoli = AngoliTesto(Elem(index));
+    return std::all_of(angoli.begin(), angoli.end(), [&](PuntoD p) { return pixelDentro(p.h, p.v, rect); });
+}
+
+bool SelezionaRect(const Rect& rect) {
+    SetCursor(ClockCursor);
+    VidToReal(Point{rect.top, rect.left}, xyzLT);
+    VidToReal(Point{rect.bottom, rect.right}, xyzRB);
+    bool qualcosa = false;
+    for (std::int32_t i = 3; i <= indElem; ++i) {
+        elemento& e = Elem(i);
+        if (!LucidoVisibile(e.lucido) || (VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente)) continue;
+        if (!dentro(i, rect)) continue;
+        qualcosa = true;
+        if (e.selezionato) continue;
+        e.selezionato = 1;
+        ++Puntosel.numSel;
+        Puntosel.oggetto = OggettoDi(e.tipo);
+        Puntosel.indice = i;
+    }
+    SetCursor(arrowCursor);
+    return qualcosa;
+}
+
+void SelezionaTutto() {
+    SetCursor(ClockCursor);
+    if (!(KeyModifiers() & shiftKey)) TogliSelezione();
+    AzzeraRettSel();
+    for (std::int32_t i = 3; i <= indElem; ++i) {
+        elemento& e = Elem(i);
+        if (!LucidoVisibile(e.lucido) || (e.tipo == tTesto && !VisioneGraf.mostraTesti)) continue;
+        // Kept: with something selected before, the highlight toggles once a record.
+        if (Puntosel.attiva) DisegnaSelezione();
+        if (e.selezionato) continue;
+        e.selezionato = 1;   // vertex records count one by one
+        ++Puntosel.numSel;
+        allargaElemento(i);
+    }
+    Puntosel.multipla = Puntosel.numSel > 1;
+    Puntosel.attiva = Puntosel.numSel > 0;
+    DisegnaSelezione();
+    SetCursor(arrowCursor);
+}
+
+namespace {
+std::string puntoJson(const puntot& p) {
+    std::string s = "[";
+    s += NumeroJson(p.x);
+    s += ',';
+    s += NumeroJson(p.y);
+    s += ']';
+    return s;
+}
+const VoceStato righe[] = {
+    {"xyzLT", VoceStato::speciale, nullptr, 0, [] { xyzLT = {}; }, [] { return puntoJson(xyzLT); }},
+    {"xyzRB", VoceStato::speciale, nullptr, 0, [] { xyzRB = {}; }, [] { return puntoJson(xyzRB); }},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

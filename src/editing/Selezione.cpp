@@ -1,0 +1,146 @@
+// What a click in the selecting mode picks: the topmost record under the pointer, then the summary and the box.
+#include "editing/Selezione.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/Disegno.h"
+#include "display/palette.h"
+#include "display/RiquadroTesto.h"
+#include "display/Zoom.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "model/Vincoli.h"
+
+namespace tessaro {
+
+namespace {
+
+bool raggiungibile(const elemento& e) {
+    return LucidoVisibile(e.lucido) && !(VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente);
+}
+
+bool colpito(const puntot& p, std::int32_t i) {
+    const elemento& e = Elem(i);
+    switch (e.tipo) {
+    case tSegmento: return Sellinea(p, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2);
+    case tMarker: return std::fabs(p.x - e.mark.x) < DiffSelez && std::fabs(p.y - e.mark.y) < DiffSelez;
+    case tVertice: return Sellinea(p, Elem(i - 1).vert.x, Elem(i - 1).vert.y, e.vert.x, e.vert.y);
+    case tTesto: return VisioneGraf.mostraTesti && SelTesto(p, i);
+    case tPict: return SelPict(p, e.pict.x, e.pict.y, e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
+    case tCerchio: return SelCerchio(p, e.cerc.cx, e.cerc.cy, e.cerc.raggio);
+    case tArco: return SelArco(p, e.arco.cx, e.arco.cy, e.arco.raggio, e.arco.angoloInizio, e.arco.ampiezza);
+    default: return false;   // a polygon is hit by its sides only
+    }
+}
+
+std::int32_t primoColpito(const puntot& p) {
+    for (std::int32_t i = indElem; i >= 3; --i)
+        if (raggiungibile(Elem(i)) && colpito(p, i)) return i;
+    return 0;
+}
+
+// The record that a hit selects: a vertex stands for its head. 0 when a damaged record names none.
+std::int32_t bersaglio(std::int32_t i) {
+    if (Elem(i).tipo != tVertice) return i;
+    const std::int32_t testa = i - Elem(i).vert.distanzaTesta;
+    return testa >= 3 && testa < i && Elem(testa).tipo == tPoligono ? testa : 0;
+}
+
+// The side hit is what a parallel or perpendicular constraint refers to next.
+void riferisciVincoli(double x1, double y1, double x2, double y2) {
+    if (x2 - x1 == 0) {
+        statoCursore.verticale = 1;
+        return;
+    }
+    const double m = (y2 - y1) / (x2 - x1);
+    statoCursore.verticale = 0;
+    statoCursore.pendenza = m;
+    statoCursore.pendenza2 = m * m;
+    statoCursore.kPendenza = 1 / (1 + m * m);
+}
+
+void latoColpito(std::int32_t i) {
+    const elemento& e = Elem(i);
+    if (e.tipo == tSegmento) riferisciVincoli(e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2);
+    if (e.tipo == tVertice) riferisciVincoli(Elem(i - 1).vert.x, Elem(i - 1).vert.y, e.vert.x, e.vert.y);
+}
+
+void prendi(std::int32_t i, bool shift) {
+    const std::int32_t n = bersaglio(i);
+    if (n == 0) return;
+    elemento& e = Elem(n);
+    if (shift && e.selezionato) {
+        e.selezionato = 0;
+        if (Puntosel.numSel > 0) --Puntosel.numSel;
+    } else {
+        // Kept: an option-click counts a thing that is already selected once more.
+        Puntosel.attiva = 1;
+        e.selezionato = 1;
+        ++Puntosel.numSel;
+    }
+    Puntosel.oggetto = OggettoDi(e.tipo);
+    Puntosel.indice = n;
+    latoColpito(i);
+}
+
+// Nothing under the pointer and the button held: a rubber rectangle selects what it encloses.
+bool daRettangolo() {
+    PenSize(1, 1);
+    Rect r;
+    return SelRect(r) && SelezionaRect(r);
+}
+
+void passaASpostare() {
+    if (Modalita != 2 && Puntosel.multipla) DisegnaRettSel();
+    Modalita = 2;
+    DrawPallette();
+}
+
+}   // namespace
+
+void ScegliElemento(const EventRecord& event, const puntot& point) {
+    const bool shift = (event.modifiers & shiftKey) != 0, opzione = (event.modifiers & optionKey) != 0;
+    if (Puntosel.attiva) DisegnaSelezione();
+    if (!shift && !opzione) TogliSelezione();
+    const std::int32_t i = primoColpito(point);
+    bool preso = i != 0;
+    if (preso) {
+        prendi(i, shift);
+        Tempo = event.when;
+    } else if (!opzione && Button()) {
+        preso = daRettangolo();
+    } else {
+        Tempo = event.when;
+    }
+    if (preso && Puntosel.oggetto < oMeshOrigine) {
+        RifaiRettSel();
+        Puntosel.multipla = Puntosel.numSel > 1;
+        Puntosel.attiva = Puntosel.numSel > 0;
+    }
+    if (!Puntosel.attiva) return;
+    DisegnaSelezione();
+    if (opzione) passaASpostare();
+}
+
+void TogliSelezione() {
+    if (!Puntosel.attiva) return;
+    if (Puntosel.multipla) {
+        for (std::int32_t i = 3; i <= indElem; ++i) Elem(i).selezionato = 0;
+    } else if (Puntosel.indice >= 3 && Puntosel.indice <= indElem) {
+        Elem(Puntosel.indice).selezionato = 0;
+    }
+    selezionePrec = Puntosel.attiva && !Puntosel.multipla;
+    AzzeraPuntosel();
+    AzzeraRettSel();
+}
+
+void NessunaSelezione() {
+    for (std::int32_t i = 3; i <= indElem; ++i) Elem(i).selezionato = 0;
+    selezionePrec = 0;
+    AzzeraPuntosel();
+    AzzeraRettSel();
+}
+
+}   // namespace tessaro

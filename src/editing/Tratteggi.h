@@ -1,0 +1,13 @@
+// Hatching: parallel lines inside a polyline, worked out from its vertices at each repaint.
+#pragma once
+
+#include <cstdint>
+
+namespace tessaro {
+
+extern std::uint8_t UscitaTratt;   // a hatch has been given up for want of memory, 0
+
+void Hatch_Poligon(std::int32_t index);   // the hatch of the polyline at `index`, with the pen of the moment
+void ESCITRATTEGGIO();                    // alert 3012; hatches are hidden from then on
+
+}   // namespace tessaro

@@ -1,0 +1,96 @@
+// How a verb changes pixels: transfer mode, pattern and colours boiled down to one operation for set and one for clear
+// pattern bits, and the loop that applies it to a run of pixels.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/Quickdraw.h"
+
+namespace tessaro {
+
+// Every transfer mode is of this form: pixel = (pixel & keep) ^ flip.
+struct RasterOp {
+    std::uint32_t keep = ~0U;
+    std::uint32_t flip = 0;
+};
+
+// 0xFFRRGGBB of a colour.
+inline std::uint32_t pixelOf(const RGBColor& c) {
+    return 0xFF000000U | (static_cast<std::uint32_t>(c.red >> 8) << 16)
+           | (static_cast<std::uint32_t>(c.green >> 8) << 8) | static_cast<std::uint32_t>(c.blue >> 8);
+}
+
+// A coordinate moved on; one that leaves 32 bits wraps, as any bytes may stand in a picture.
+constexpr std::int32_t avanti(std::int32_t from, std::int32_t by) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(from) + static_cast<std::uint32_t>(by));
+}
+
+class Brush {
+public:
+    // What the brush is made of; as long as it stays the same, so does the brush.
+    struct Key {
+        Pattern pattern;
+        RGBColor foreground;
+        RGBColor background;
+        std::int16_t mode = patCopy;
+        std::int32_t ratio = 0;
+        Point origin;
+        friend bool operator==(const Key&, const Key&) = default;
+    };
+    enum class Kind : std::uint8_t {
+        nothing,   // no pixel changes
+        solid,     // every pixel becomes colour()
+        flip,      // every pixel is xored with mask()
+        pattern,   // set and clear bits differ
+    };
+
+    void update(const Key& key) {
+        if (!(key == key_)) make(key);
+    }
+    [[nodiscard]] Kind kind() const { return kind_; }
+    [[nodiscard]] std::uint32_t colour() const { return ops_[1].flip; }   // of a solid brush
+    [[nodiscard]] std::uint32_t mask() const { return ops_[1].flip; }     // of a flip brush
+    [[nodiscard]] const RasterOp& op(std::size_t bit) const { return ops_[bit]; }
+    // Bit 8 * (y & 7) + (x & 7) belongs to device pixel (x, y) of a port of ratio 1.
+    [[nodiscard]] std::uint64_t bits() const { return bits_; }
+
+    // Applies the brush to the pixels x0 <= x < x1 of device row y, whose first pixel is `row`.
+    void span(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
+        switch (kind_) {
+        case Kind::nothing: return;
+        case Kind::solid:
+            for (std::int32_t x = x0; x < x1; ++x) row[x] = ops_[1].flip;
+            return;
+        case Kind::flip:
+            for (std::int32_t x = x0; x < x1; ++x) row[x] ^= ops_[1].flip;
+            return;
+        case Kind::pattern: patternSpan(row, y, x0, x1);
+        }
+    }
+
+private:
+    void make(const Key& key);
+    void patternSpan(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1);
+    void expand(std::size_t patternRow);
+
+    // A pattern row at the port's ratio, repeated: long enough for a run to be worth a loop.
+    static constexpr std::size_t lunghezza = 64;
+    struct Riga {
+        std::array<std::uint32_t, lunghezza> keep;
+        std::array<std::uint32_t, lunghezza> flip;
+    };
+
+    Key key_;
+    Kind kind_ = Kind::nothing;
+    std::array<RasterOp, 2> ops_;   // by pattern bit
+    std::uint64_t bits_ = 0;
+    std::int32_t periodo_ = 8;   // device pixels after which a row of righe_ starts anew
+    bool potenza_ = true;        // the period is `lunghezza`, and the ratio 1 << scorri_: no divisions
+    int scorri_ = 0;
+    std::uint32_t pronte_ = 0;   // bit n: righe_[n] is filled
+    std::array<Riga, 8> righe_{};
+};
+
+}   // namespace tessaro

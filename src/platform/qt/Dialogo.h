@@ -1,0 +1,67 @@
+// A dialog as data, its items by number, and the widgets that show it. For the files of platform/qt only.
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/Dialogs.h"
+
+namespace tessaro {
+
+enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore };
+
+// What the program set stands here and holds without widgets too; typing and clicks come from the widget.
+struct VoceDialogo {
+    TipoVoce tipo = TipoVoce::testoFisso;
+    std::string grezzo;        // UTF-8, as the resource or the program gave it, ^0 to ^3 not yet filled in
+    std::int32_t valore = 0;   // radio, check box 0 or 1; pop-up from 1; slider; colour 0xRRGGBB
+    bool accesa = true;
+    bool nascosta = false;
+    QWidget* widget = nullptr;
+};
+
+class QuadroDialogo;
+
+struct FinestraDialogo {
+    std::int16_t id = 0;
+    std::int16_t predefinita = 0;   // item that Return presses; 0 when the resource marks none
+    std::int16_t annulla = 2;       // item that Escape and the close box give
+    bool nonModale = false;
+    bool mostrata = false;
+    std::string titolo;   // UTF-8, parameters filled in
+    std::map<std::int16_t, VoceDialogo> voci;
+    std::deque<std::int16_t> colpi;    // items hit and not yet given to ModalDialog
+    std::deque<std::uint8_t> tasti;    // Return, Enter, Escape on their way to the filter
+    QuadroDialogo* quadro = nullptr;   // null without an application object
+};
+
+// The window of a dialog: keys that mean an item, and the close box, become records of the dialog.
+class QuadroDialogo : public QDialog {
+public:
+    QuadroDialogo(FinestraDialogo& dialogo, QWidget* padre);
+    void reject() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void tasto(std::uint8_t macRoman);   // Return, Enter or Escape
+
+    FinestraDialogo& d;
+};
+
+// Reads dialogs/N.dlg: items, and the widgets when an application object lives. False when there is no such resource.
+bool leggiDialogo(FinestraDialogo& d);
+void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wakes who waits
+void applica(const VoceDialogo& v);                     // the widget shows what the data say
+void mostra(FinestraDialogo& d);                        // opens the window; once
+VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
+
+}   // namespace tessaro

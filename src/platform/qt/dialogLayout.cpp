@@ -1,0 +1,337 @@
+// Makes a dialog from its resource: items in rows, laid out by the toolkit, so that they survive fonts and languages.
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QStyle>
+#include <QSvgRenderer>
+#include <QToolButton>
+
+#include "platform/qt/Dialogo.h"
+#include "platform/qt/Interno.h"
+#include "platform/qt/Testi.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr int colonneGriglia = 4;    // the last one is empty and takes what room is left
+constexpr int margine = 16;          // round the whole, logical pixels
+constexpr int maxCampo = 255;        // characters of a field
+constexpr int larghezzaTesto = 60;   // characters at which running text is folded
+constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
+
+struct Cella {
+    std::string tipo;
+    std::string nome;          // item number or a name
+    const RigaRisorsa* riga;   // its options
+};
+
+// Where the next row or block goes.
+struct Blocco {
+    QBoxLayout* layout = nullptr;
+    QGridLayout* griglia = nullptr;   // of the rows that follow each other
+    int riga = 0;
+};
+
+QPixmap figura(std::string_view nome, int lato, const QWidget& vicino) {
+    QByteArray svg = QByteArray::fromStdString(ResourceFile("icons/" + std::string(nome) + ".svg"));
+    svg.replace("currentColor", vicino.palette().color(QPalette::WindowText).name().toLatin1());
+    const qreal ratio = vicino.devicePixelRatioF();
+    QPixmap p(qRound(lato * ratio), qRound(lato * ratio));
+    p.setDevicePixelRatio(ratio);
+    p.fill(Qt::transparent);
+    QPainter pittore(&p);
+    QSvgRenderer(svg).render(&pittore, QRectF(0, 0, lato, lato));
+    return p;
+}
+
+class Costruttore {
+public:
+    Costruttore(FinestraDialogo& dialogo, QuadroDialogo* finestra) : d(dialogo), quadro(finestra) {
+        if (quadro == nullptr) return;
+        auto* radice = new QVBoxLayout(quadro);
+        radice->setSizeConstraint(QLayout::SetFixedSize);
+        radice->setContentsMargins(margine, margine, margine, margine);
+        pila.push_back({radice});
+    }
+
+    void riga(const RigaRisorsa& r) {
+        const std::string& comando = r.parole[0];
+        if (comando == "row") return metti(r);
+        if (comando == "buttons") return bottoni(r);
+        if (quadro == nullptr) return;
+        if (comando == "group") apri(gruppo(r));
+        if (comando == "columns") apri(new QHBoxLayout);
+        if (comando == "stack") apri(new QVBoxLayout);
+        if (comando == "end" && pila.size() > 1) chiudi();
+    }
+
+private:
+    FinestraDialogo& d;
+    QuadroDialogo* quadro;
+    std::vector<Blocco> pila;
+    QLabel* ultimaEtichetta = nullptr;
+
+    std::string chiave(const std::string& nome) const { return "dlg." + std::to_string(d.id) + "." + nome; }
+
+    // A group box has its layout already in place, another block is a layout to add.
+    QBoxLayout* gruppo(const RigaRisorsa& r) {
+        auto* box = new QGroupBox(daUtf8(testo(chiave(r.parole.size() > 1 ? r.parole[1] : std::string()))));
+        auto* dentro = new QVBoxLayout(box);
+        pila.back().layout->addWidget(box);
+        return dentro;
+    }
+    void apri(QBoxLayout* nuovo) {
+        if (nuovo->parentWidget() == nullptr) pila.back().layout->addLayout(nuovo);
+        pila.back().griglia = nullptr;
+        pila.push_back({nuovo});
+    }
+
+    // Rows keep together at the top when the block beside is higher.
+    void chiudi() {
+        if (auto* verticale = qobject_cast<QVBoxLayout*>(pila.back().layout)) verticale->addStretch(1);
+        pila.pop_back();
+        pila.back().griglia = nullptr;
+    }
+
+    static std::vector<Cella> celle(const RigaRisorsa& r) {
+        std::vector<Cella> v;
+        bool nuova = true;
+        for (std::size_t i = 1; i < r.parole.size(); ++i) {
+            if (nuova && i + 1 < r.parole.size()) v.push_back({r.parole[i], r.parole[i + 1], &r});
+            nuova = r.parole[i] == "|";
+        }
+        return v;
+    }
+
+    VoceDialogo& voce(const Cella& c, TipoVoce tipo) {
+        VoceDialogo v;
+        v.tipo = tipo;
+        v.grezzo = tipo == TipoVoce::campo ? std::string() : testo(chiave(c.nome));
+        v.nascosta = c.riga->ha("hidden");
+        return d.voci.insert_or_assign(static_cast<std::int16_t>(numeroDi(c.nome, 0)), std::move(v)).first->second;
+    }
+
+    void metti(const RigaRisorsa& r) {
+        const std::vector<Cella> c = celle(r);
+        if (quadro == nullptr) {
+            for (const Cella& cella : c) crea(cella);
+            return;
+        }
+        Blocco& b = pila.back();
+        if (b.griglia == nullptr) {
+            b.griglia = new QGridLayout;
+            b.griglia->setColumnStretch(colonneGriglia - 1, 1);
+            b.layout->addLayout(b.griglia);
+            b.riga = 0;
+        }
+        int colonna = 0;
+        for (const Cella& cella : c) {
+            QWidget* w = crea(cella);
+            if (w == nullptr) continue;
+            const int larga = c.size() == 1 ? colonneGriglia : 1;
+            b.griglia->addWidget(w, b.riga, colonna++, 1, larga);
+        }
+        ++b.riga;
+    }
+
+    // Makes the item, and its widget when there is a window.
+    QWidget* crea(const Cella& c) {
+        QWidget* w = nullptr;
+        if (c.tipo == "label" || c.tipo == "unit" || c.tipo == "static" || c.tipo == "note" || c.tipo == "heading")
+            w = fisso(c);
+        else if (c.tipo == "field")
+            w = campo(c);
+        else if (c.tipo == "check")
+            w = acceso(c, TipoVoce::spunta, quadro == nullptr ? nullptr : new QCheckBox(quadro));
+        else if (c.tipo == "radio")
+            w = acceso(c, TipoVoce::radio, quadro == nullptr ? nullptr : new QRadioButton(quadro));
+        else if (c.tipo == "popup")
+            w = scelta(c);
+        else if (c.tipo == "slider")
+            w = cursore(c);
+        else if (c.tipo == "swatch")
+            w = campione(c);
+        else if (c.tipo == "button")
+            w = bottone(c);
+        else if (c.tipo == "picture" && quadro != nullptr)
+            w = immagine(c);
+        return w;
+    }
+
+    QWidget* registra(VoceDialogo& v, QWidget* w) {
+        v.widget = w;
+        applica(v);
+        return w;
+    }
+
+    QWidget* fisso(const Cella& c) {
+        VoceDialogo senzaNumero;
+        senzaNumero.grezzo = testo(chiave(c.nome));
+        VoceDialogo& v = numeroDi(c.nome, 0) == 0 ? senzaNumero : voce(c, TipoVoce::testoFisso);
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QLabel(quadro);
+        w->setTextFormat(Qt::PlainText);
+        registra(v, w);
+        if (c.tipo == "label") {
+            w->setAlignment(static_cast<Qt::Alignment>(quadro->style()->styleHint(QStyle::SH_FormLayoutLabelAlignment))
+                            | Qt::AlignVCenter);
+            ultimaEtichetta = w;
+        }
+        if (c.tipo == "note" || c.tipo == "static") {
+            w->setWordWrap(w->fontMetrics().horizontalAdvance(w->text())
+                           > w->fontMetrics().averageCharWidth() * larghezzaTesto);
+            if (w->wordWrap()) w->setMinimumWidth(w->fontMetrics().averageCharWidth() * larghezzaTesto);
+        }
+        if (c.tipo == "note") w->setForegroundRole(QPalette::PlaceholderText);
+        if (c.tipo == "heading") {
+            QFont f = w->font();
+            f.setBold(true);
+            f.setPointSizeF(f.pointSizeF() * 1.5);
+            w->setFont(f);
+        }
+        return w;
+    }
+
+    QWidget* campo(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::campo);
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QLineEdit(quadro);
+        w->setMaxLength(maxCampo);
+        const int caratteri = c.riga->numero("chars", 14);
+        w->setFixedWidth(w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caratteri + 2));
+        if (!c.riga->ha("text")) w->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        if (ultimaEtichetta != nullptr && !v.nascosta) {
+            ultimaEtichetta->setBuddy(w);
+            w->setAccessibleName(ultimaEtichetta->text());
+            ultimaEtichetta = nullptr;
+        }
+        QObject::connect(w, &QLineEdit::textEdited, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
+        return registra(v, w);
+    }
+
+    // The mark is the program's to change: what the toolkit flipped by itself goes back before the item counts as hit.
+    QWidget* acceso(const Cella& c, TipoVoce tipo, QAbstractButton* w) {
+        VoceDialogo& v = voce(c, tipo);
+        if (w == nullptr) return nullptr;
+        w->setAutoExclusive(false);
+        if (const auto nome = c.riga->opzione("icon"); !nome.empty()) {
+            w->setIcon(figura(nome, latoFigura, *w));
+            w->setIconSize(QSize(latoFigura, latoFigura));
+        }
+        QObject::connect(w, &QAbstractButton::clicked, quadro, [this_ = &d, n = item(c)] {
+            if (const VoceDialogo* questa = voceDi(this_, n); questa != nullptr) applica(*questa);
+            colpisci(*this_, n);
+        });
+        return registra(v, w);
+    }
+
+    QWidget* scelta(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::scelta);
+        v.valore = 1;
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QComboBox(quadro);
+        if (ultimaEtichetta != nullptr) {
+            ultimaEtichetta->setBuddy(w);
+            w->setAccessibleName(ultimaEtichetta->text());
+            ultimaEtichetta = nullptr;
+        }
+        QObject::connect(w, &QComboBox::activated, quadro, [this_ = &d, n = item(c)](int i) {
+            if (VoceDialogo* questa = voceDi(this_, n); questa != nullptr) questa->valore = i + 1;
+            colpisci(*this_, n);
+        });
+        return registra(v, w);
+    }
+
+    QWidget* cursore(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::cursore);
+        v.valore = c.riga->numero("min", 0);
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QSlider(Qt::Horizontal, quadro);
+        w->setRange(c.riga->numero("min", 0), c.riga->numero("max", 100));
+        w->setMinimumWidth(w->fontMetrics().averageCharWidth() * 30);
+        QObject::connect(w, &QSlider::valueChanged, quadro, [this_ = &d, n = item(c)](int valore) {
+            VoceDialogo* questa = voceDi(this_, n);
+            if (questa == nullptr || questa->valore == valore) return;   // the program's own change
+            questa->valore = valore;
+            colpisci(*this_, n);
+        });
+        return registra(v, w);
+    }
+
+    QWidget* campione(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::colore);
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QToolButton(quadro);
+        w->setIconSize(QSize(2 * latoFigura, latoFigura));
+        w->setAccessibleName(daUtf8(v.grezzo));
+        w->setToolTip(daUtf8(v.grezzo));
+        QObject::connect(w, &QToolButton::clicked, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
+        return registra(v, w);
+    }
+
+    QWidget* immagine(const Cella& c) {
+        auto* w = new QLabel(quadro);
+        w->setPixmap(figura(c.nome, c.riga->numero("size", 64), *w));
+        w->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+        return w;
+    }
+
+    QPushButton* bottone(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::bottone);
+        if (v.grezzo.empty()) v.grezzo = testo(c.tipo == "default" ? "button.ok" : "button." + c.tipo);
+        const std::int16_t n = item(c);
+        if (c.tipo == "default") d.predefinita = n;
+        if (c.tipo == "cancel") d.annulla = n;
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QPushButton(quadro);
+        w->setAutoDefault(false);
+        w->setDefault(c.tipo == "default");
+        QObject::connect(w, &QPushButton::clicked, quadro, [this_ = &d, n] { colpisci(*this_, n); });
+        registra(v, w);
+        return w;
+    }
+
+    // The desktop's own order: the roles say which stands where.
+    void bottoni(const RigaRisorsa& r) {
+        auto* scatola = quadro == nullptr ? nullptr : new QDialogButtonBox(quadro);
+        for (const Cella& c : celle(r)) {
+            QPushButton* w = bottone(c);
+            if (w == nullptr) continue;
+            const auto ruolo = c.tipo == "default"  ? QDialogButtonBox::AcceptRole
+                               : c.tipo == "cancel" ? QDialogButtonBox::RejectRole
+                               : c.tipo == "revert" ? QDialogButtonBox::ResetRole
+                                                    : QDialogButtonBox::ActionRole;
+            scatola->addButton(w, ruolo);
+        }
+        if (scatola == nullptr) return;
+        pila.front().layout->addSpacing(quadro->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing));
+        pila.front().layout->addWidget(scatola);
+    }
+
+    static std::int16_t item(const Cella& c) { return static_cast<std::int16_t>(numeroDi(c.nome, 0)); }
+};
+
+}   // namespace
+
+bool leggiDialogo(FinestraDialogo& d) {
+    const auto righe = RigheRisorsa("dialogs/" + std::to_string(d.id) + ".dlg");
+    if (righe.empty()) return false;
+    d.nonModale = righe.front().ha("modeless");
+    d.titolo = conParametri(testo("dlg." + std::to_string(d.id)));
+    if (d.quadro != nullptr) d.quadro->setWindowTitle(daUtf8(d.titolo));
+    Costruttore c(d, d.quadro);
+    for (const RigaRisorsa& r : righe) c.riga(r);
+    return true;
+}
+
+}   // namespace tessaro
