@@ -1,6 +1,7 @@
 // The current port and the pen, text and clip operations on it; figures stand in Figures.cpp.
 
 #include <bit>
+#include <new>
 
 #include "platform/Fonts.h"
 #include "platform/paint/RasterPort.h"
@@ -67,8 +68,11 @@ RGBColor ColoreFisso(std::int32_t number) {
 GrafPtr GetPort() { return &current(); }
 void SetPort(GrafPtr port) { corrente = port; }
 
+// Null when memory lacks.
 std::unique_ptr<GrafPort> NewGWorld(std::int32_t width, std::int32_t height, std::int32_t ratio) {
-    return std::make_unique<RasterPort>(width, height, ratio);
+    try {
+        return std::make_unique<RasterPort>(width, height, ratio);
+    } catch (const std::bad_alloc&) { return nullptr; }
 }
 
 // --- pen
