@@ -65,8 +65,12 @@ public:
         case Kind::flip:
             for (std::int32_t x = x0; x < x1; ++x) row[x] ^= ops_[1].flip;
             return;
-        case Kind::pattern: patternSpan(row, y, x0, x1);
+        case Kind::pattern: break;
         }
+        // The few pixels that a line's row has are not worth the longer loop's start.
+        if (key_.ratio != 1 || x1 - x0 > 12) return patternSpan(row, y, x0, x1);
+        const RasterOp* const ops = cella_.data() + 8 * (y & 7);
+        for (std::int32_t x = x0; x < x1; ++x) row[x] = (row[x] & ops[x & 7].keep) ^ ops[x & 7].flip;
     }
 
 private:

@@ -180,7 +180,7 @@ bool RasterPort::shortLine(Point from, Point to, const Brush& brush) {
     const Rect& part = clip.parti[0];
     Point a = from, b = to;
     if (b.v < a.v) std::swap(a, b);
-    const auto [left, right] = std::minmax(a.h, b.h);
+    const std::int32_t left = std::min(a.h, b.h), right = std::max(a.h, b.h);
     if (left < part.left || right >= part.right || a.v < part.top || b.v >= part.bottom) return false;
     if (origin.h != 0 || origin.v != 0) return false;
     if (left < 0 || right >= width_ || a.v < 0 || b.v >= height_ || std::max(width_, height_) > corta) return false;

@@ -2,6 +2,7 @@
 #include "platform/paint/RasterPort.h"
 
 #include <limits>
+#include <new>
 
 #include "platform/paint/Scan.h"
 
