@@ -72,24 +72,27 @@ constexpr std::int32_t corta = 46340;
 template <class Put>
 inline void walkWhole(const Segmento32& s, std::uint32_t* memory, std::ptrdiff_t width, Put put) {
     constexpr double unit = 4294967296.0;
+    constexpr std::int64_t half = std::int64_t{1} << 31;
     const bool wide = s.adx >= s.dy;
     const std::int32_t lungo = wide ? s.adx : s.dy;
     const std::int32_t corto = wide ? s.dy : s.adx;
     const std::int64_t slope = lungo == 0 ? 0 : static_cast<std::int64_t>(corto * unit / lungo) + 1;
-    std::int64_t side = std::int64_t{1} << 31;
-    std::uint32_t* const start = memory + s.y0 * width + s.x0;
     if (wide) {
-        for (std::int32_t k = 0; k <= lungo; ++k, side += slope) {
-            const std::int32_t h = s.right ? k : -k, v = static_cast<std::int32_t>(side >> 32);
-            put(start[v * width + h], s.x0 + h, s.y0 + v);
+        const std::int32_t step = s.right ? 1 : -1;
+        std::int64_t side = (static_cast<std::int64_t>(s.y0) << 32) + half;
+        for (std::int32_t x = s.x0, end = s.x0 + step * (lungo + 1); x != end; x += step, side += slope) {
+            const auto y = static_cast<std::int32_t>(side >> 32);
+            put(memory[y * width + x], x, y);
         }
         return;
     }
-    std::uint32_t* row = start;
-    for (std::int32_t k = 0; k <= lungo; ++k, side += slope, row += width) {
-        const std::int32_t step = static_cast<std::int32_t>(side >> 32);
-        const std::int32_t h = s.right ? step : -step;
-        put(row[h], s.x0 + h, s.y0 + k);
+    // Leftward the floor is taken of the distance gone, so the side runs on a mirrored axis.
+    std::uint32_t* row = memory + s.y0 * width;
+    std::int64_t side = half;
+    const std::int32_t mirror = s.right ? 0 : -1;
+    for (std::int32_t y = s.y0; y <= s.y0 + lungo; ++y, side += slope, row += width) {
+        const std::int32_t x = s.x0 + ((static_cast<std::int32_t>(side >> 32) ^ mirror) - mirror);
+        put(row[x], x, y);
     }
 }
 
@@ -102,13 +105,10 @@ inline void withBrush(const Brush& brush, Draw draw) {
     case Brush::Kind::flip: return draw([mask = brush.mask()](std::uint32_t& px, auto, auto) { px ^= mask; });
     case Brush::Kind::pattern: break;
     }
-    const std::uint64_t bits = brush.bits();
-    const RasterOp clear = brush.op(0);
-    const RasterOp change{brush.op(1).keep ^ clear.keep, brush.op(1).flip ^ clear.flip};
-    draw([=](std::uint32_t& px, auto x, auto y) {
-        const auto bit = ((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U);
-        const std::uint32_t set = 0U - static_cast<std::uint32_t>((bits >> bit) & 1U);   // all ones when set
-        px = (px & (clear.keep ^ (change.keep & set))) ^ clear.flip ^ (change.flip & set);
+    const RasterOp* const ops = brush.cell();
+    draw([ops](std::uint32_t& px, auto x, auto y) {
+        const RasterOp& op = ops[((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U)];
+        px = (px & op.keep) ^ op.flip;
     });
 }
 
