@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -108,6 +109,30 @@ TEST_F(PictureImport, aScanComesInAtItsTrueSizeWithoutLoss) {
         righe.riga(17, 0, 100, r.data());
         EXPECT_EQ(r[33], 0xFF000000U | (33 + 17) << 16 | (17 * 3) << 8 | (33 * 5));
     }
+}
+
+TEST_F(PictureImport, aPhotographKeepsItsBytesUnlessItLiesOnItsSide) {
+    const char* dove = std::getenv("TESSARO_DATA");
+    const std::string jpeg = dove == nullptr ? "" : leggi(std::string(dove) + "/photo/left01.jpg");
+    if (jpeg.empty()) {
+        std::puts("no folder of real files (TESSARO_DATA): nothing tried");
+        return;
+    }
+    ASSERT_TRUE(ImportaImmagine(scrivi("foto.jpg", jpeg)));
+    PictRaster raster;
+    ASSERT_TRUE(PictSoloRaster(PictBytes(Elem(indElem).pict.maniglia), raster));
+    EXPECT_TRUE(raster.jpeg);
+    EXPECT_EQ(raster.data, jpeg);
+    Rect dritta, girata;
+    ASSERT_TRUE(GetPictInfo(PictBytes(Elem(indElem).pict.maniglia), dritta));
+
+    // The same with an orientation tag: 6, turned a quarter to the right.
+    using namespace std::string_literals;
+    const std::string tag = "\xFF\xE1\0\x22"s + "Exif\0\0II*\0\x08\0\0\0\1\0\x12\1\3\0\1\0\0\0\6\0\0\0\0\0\0\0"s;
+    ASSERT_TRUE(ImportaImmagine(scrivi("girata.jpg", jpeg.substr(0, 2) + tag + jpeg.substr(2))));
+    ASSERT_TRUE(GetPictInfo(PictBytes(Elem(indElem).pict.maniglia), girata));
+    EXPECT_EQ(girata, (Rect{0, 0, dritta.right, dritta.bottom}));
+    EXPECT_TRUE(RighePict().apri(PictBytes(Elem(indElem).pict.maniglia)));
 }
 
 TEST_F(PictureImport, whatIsNoPictureEndsInAMessageThatNamesTheFile) {
