@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
 
 #include "platform/Files.h"
@@ -11,8 +12,14 @@ namespace tessaro {
 
 // String `code` of list 9999 in alert 999.
 void ErroreAlert(std::int16_t code);
-// A file error: alert 1006 (-43), 1007 (-35), else 1013 with a string of list 130 or the number itself.
+// A file error: alert 1006 (-43), 1007 (-35), else 1013 with a string of list 130 or the number itself as ^0. ^1 is the
+// file's name (`fileInLavoro`).
 void Messaggio(std::int16_t code);
+
+// A standard stream that failed is closed (and forgotten, if it is `out` or `inst`), its message shown, `uscita` set.
+// IOERR3 looks at `out`.
+void IOERR3();
+void ioerrtext(std::FILE* f);
 
 // One failure on its way to the message that shows it or to a loss report.
 struct Guasto {
@@ -21,7 +28,7 @@ struct Guasto {
     std::string where;          // the file, the record
     std::int64_t offset = -1;   // byte in the file, -1 when it has none
 };
-// Alert 9101 with what, where and the offset.
+// Alert 9101 with what (else the words of the code), where (else `fileInLavoro`) and the offset's digits as ^0 to ^2.
 void MostraGuasto(const Guasto& g);
 // Where file work stands, for the messages of IOERR2: the file's name. Empty between jobs.
 extern std::string fileInLavoro;

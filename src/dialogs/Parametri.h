@@ -34,10 +34,12 @@ protected:
     std::int16_t itemCorrente = 0;   // last item hit
     std::int16_t esito = 1;          // above 0 good, else a value was refused
 
-    // Field n (item 2n + 2) by STRtoFP or STRtoINT between bounds that are enforced; a fault selects the field (whole, or
-    // the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
+    // Field n (item 2n + 2) by STRtoFP or STRtoINT between bounds that are enforced; a fault selects the field (whole,
+    // or the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
     bool LeggiCampo(std::int16_t item, const double& min, const double& max, double& value);
     bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
+    // Dims Cancel while a value is refused.
+    void OscuraAnnulla();
 };
 
 // The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. Out of bounds shows alert 1009
@@ -53,7 +55,8 @@ bool MyMovableFilter(DialogPtr d, EventRecord& e, std::int16_t& item);
 // Repaints theWindow for the filters; set by the shell's update code.
 extern void (*ridipingiFinestra)();
 
-// A pop-up of menu `menu` at a dialog item; no choice keeps `valore`.
+// The pop-up at a dialog item was used: `valore` becomes what it now shows. The toolkit opens it and draws it, with the
+// texts of its menu (SetDialogItemMenu), so only the item matters here; no choice keeps `valore`.
 void PopUp(std::int16_t item, std::int16_t menu, std::int16_t distanza, std::uint8_t dialogoPopup,
            std::int16_t& valore);
 

@@ -24,9 +24,12 @@ void DisAttacco5();
 void DisMarcaAttacco(std::int16_t n, const double& x, const double& y);
 // The black dot that goes with mark 5, at the centre that a solver holds.
 void DisCentroAttacco(const Coppia& centro);
-// Are two of points 1 to 4 closer than 0.001 on both axes?
-bool PuntiCoincidenti(const std::array<Coppia, 4>& punti);
-void VerificaAttacchi();                            // ErroreAlert 32 coincident, 33 misordered, Alert 147 good
+// What is wrong with points 1 to 4 as an error number: 32 two coincide (closer than 0.001 on both axes), 33 they are not
+// in the order lower left, upper left, upper right, lower right; 0 nothing. Coincidence alone, or both.
+std::int16_t GuastoCoincidenti(const std::array<Coppia, 4>& punti);
+std::int16_t GuastoAttacchi(const std::array<Coppia, 4>& punti);
+void MostraVerifica(std::int16_t guasto);           // ErroreAlert of the number, Alert 147 for 0
+void VerificaAttacchi();                            // of the source points
 void TrasformaPuntiOrigine();                       // points from the selection at once
 void do_Trasforma();                                // menu 5 items 2 and 7, by theItem
 void ParAttacco();                                  // dialog 2006

@@ -30,7 +30,7 @@ void proponiPunto() {
         mostraPunto(xcurs, ycurs, ZetaCorrente);
         return;
     }
-    if (Puntosel.indice < 3 || Puntosel.indice > indElem) return;
+    if (Puntosel.oggetto >= oMeshOrigine || Puntosel.indice < 3 || Puntosel.indice > indElem) return;
     const elemento& e = Elem(Puntosel.indice);
     if (e.tipo == tSegmento || e.tipo == tMarker) mostraPunto(e.segm.x1, e.segm.y1, e.segm.z1);
 }
@@ -132,7 +132,7 @@ public:
                 IngGene(1);
                 Display();
             }
-            HiliteDialogItem(theDialog, annullaItem, esito > 0 ? 0 : 255);
+            OscuraAnnulla();
             if (quitPending()) break;
         } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
         DisposeDialog(theDialog);

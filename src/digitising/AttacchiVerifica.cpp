@@ -16,8 +16,6 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t erroreCoincidenti = 32, erroreOrdine = 33, avvisoBuoni = 147;
-
 bool vicini(const Coppia& a, const Coppia& b) {
     constexpr double tolleranza = 0.001;   // sheet units
     return std::fabs(a.x - b.x) < tolleranza && std::fabs(a.y - b.y) < tolleranza;
@@ -30,22 +28,32 @@ bool maleOrdinati(const std::array<Coppia, 4>& p) {
 
 }   // namespace
 
-bool PuntiCoincidenti(const std::array<Coppia, 4>& punti) {
+std::int16_t GuastoCoincidenti(const std::array<Coppia, 4>& punti) {
+    constexpr std::int16_t erroreCoincidenti = 32;
     for (std::size_t i = 0; i < punti.size(); ++i)
         for (std::size_t j = i + 1; j < punti.size(); ++j)
-            if (vicini(punti[i], punti[j])) return true;
-    return false;
+            if (vicini(punti[i], punti[j])) return erroreCoincidenti;
+    return 0;
+}
+
+std::int16_t GuastoAttacchi(const std::array<Coppia, 4>& punti) {
+    constexpr std::int16_t erroreOrdine = 33;
+    if (const std::int16_t guasto = GuastoCoincidenti(punti)) return guasto;
+    return maleOrdinati(punti) ? erroreOrdine : std::int16_t{0};
+}
+
+void MostraVerifica(std::int16_t guasto) {
+    constexpr std::int16_t avvisoBuoni = 147;
+    if (guasto) {
+        ErroreAlert(guasto);
+    } else {
+        Alert(avvisoBuoni);
+    }
 }
 
 void VerificaAttacchi() {
     for (std::int16_t n = 1; n <= 4; ++n) att4Pt.src[static_cast<std::size_t>(n - 1)] = LeggiAttacco(n);
-    if (PuntiCoincidenti(att4Pt.src)) {
-        ErroreAlert(erroreCoincidenti);
-    } else if (maleOrdinati(att4Pt.src)) {
-        ErroreAlert(erroreOrdine);
-    } else {
-        Alert(avvisoBuoni);
-    }
+    MostraVerifica(GuastoAttacchi(att4Pt.src));
 }
 
 void TrasformaPuntiOrigine() {

@@ -102,12 +102,16 @@ void trasformaPunto(const TransfRec& t, f64& x, f64& y) {
     y = nuovoY;
 }
 
-// Degrees by which `t` turns, measured on its two reference points as CalcTransfFogli measured them.
+// Degrees by which `t` turns. The matrix holds the angle to the last digit but not its full turns: those come from the
+// reference points, as CalcTransfFogli measured them.
 double rotazioneGradi(const TransfRec& t) {
+    constexpr double giro = 2 * 3.14159265358979323846;
     double x1 = t.x1, y1 = t.y1, x2 = t.x2, y2 = t.y2;
     Tracoord(t, x1, y1, x1, y1);
     Tracoord(t, x2, y2, x2, y2);
-    return RadToAng(CoordAng(x1, y1, x2, y2) - CoordAng(t.x1, t.y1, t.x2, t.y2), gradSessadecimali);
+    const double misurata = CoordAng(x1, y1, x2, y2) - CoordAng(t.x1, t.y1, t.x2, t.y2);
+    const double matrice = std::atan2(t.rot21, t.rot11);
+    return RadToAng(matrice + giro * std::round((misurata - matrice) / giro), gradSessadecimali);
 }
 
 }   // namespace

@@ -9,8 +9,8 @@
 namespace tessaro {
 
 struct PuntiSelezione {
-    bool presi = false;   // one element is selected and is of a kind with points: it speaks for the cursor
-    bool figura = false;  // they are a segment's or a polyline's: the drawing is repainted
+    bool presi = false;    // one element is selected and is of a kind with points: it speaks for the cursor
+    bool figura = false;   // they are a segment's or a polyline's: the drawing is repainted
     std::int32_t numero = 0;
     std::array<Coppia, 4> punti{};   // sheet units; for point n, n + 1, ...
 };

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "digitising/PuntiSelezione.h"
@@ -21,7 +20,7 @@ ActiveAttach attaccoAttivo;
 namespace {
 
 enum : std::int32_t { duePunti = 0, quattroPt = 1, cinquePt = 2 };   // modes
-constexpr bool risolutorePronto = false;                            // the solvers of modes 1 and 2
+constexpr bool risolutorePronto = false;                             // the solvers of modes 1 and 2
 
 bool conRisolutore(std::int32_t tipo) { return tipo == quattroPt || tipo == cinquePt; }
 
@@ -132,14 +131,8 @@ void ActiveAttach::Traf4Pt(double& x, double& y) {
 // --- checking, and points from the selection
 
 void ActiveAttach::VerificaAttacchi() {
-    constexpr std::int16_t erroreCoincidenti = 32, avvisoBuoni = 147;
-    const std::array<Coppia, 4> p{
-        {{xAtt[0], yAtt[0]}, {xAtt[1], yAtt[1]}, {xAtt[2], yAtt[2]}, {xAtt[3], yAtt[3]}}};
-    if (PuntiCoincidenti(p)) {
-        ErroreAlert(erroreCoincidenti);
-    } else {
-        Alert(avvisoBuoni);
-    }
+    const std::array<Coppia, 4> p{{{xAtt[0], yAtt[0]}, {xAtt[1], yAtt[1]}, {xAtt[2], yAtt[2]}, {xAtt[3], yAtt[3]}}};
+    MostraVerifica(GuastoCoincidenti(p));   // in any order
 }
 
 void ActiveAttach::TrasformaPuntiDestinazione() {
@@ -176,9 +169,8 @@ namespace {
 
 std::string json() {
     const ActiveAttach& a = attaccoAttivo;
-    std::string s = "{\"tipo\":" + NumeroJson(a.tipo) + ",\"modificato\":" + NumeroJson(a.modificato)
-                    + ",\"opzione\":" + NumeroJson(a.opzione) + ",\"rotazione\":" + NumeroJson(a.rotazione)
-                    + ",\"punti\":[";
+    std::string s = "{\"tipo\":" + NumeroJson(a.tipo) + ",\"modificato\":" + NumeroJson(a.modificato) + ",\"opzione\":"
+                    + NumeroJson(a.opzione) + ",\"rotazione\":" + NumeroJson(a.rotazione) + ",\"punti\":[";
     for (std::size_t i = 0; i < a.xAtt.size(); ++i)
         s += std::string(i ? "," : "") + "[" + NumeroJson(a.xAtt[i]) + "," + NumeroJson(a.yAtt[i]) + "]";
     return s + "]}";

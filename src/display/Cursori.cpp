@@ -65,6 +65,8 @@ void Elastico() {
     if (Azione == 0) return;
     const bool curva = Azione != 5 && (operazCorrente == 5 || operazCorrente == 6);
     const Stato stato;
+    const std::int16_t spessPrima = spess;
+    spess = static_cast<std::int16_t>(spessore / 2);
     pennaXor(spessore);
     PenPat(PatAttuale);
     if (!curva || (Azione == 1 && CurvePerPunti)) {
@@ -74,6 +76,7 @@ void Elastico() {
     } else {
         fai(tCerchio, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, 0, 0);
     }
+    spess = spessPrima;
 }
 
 void SospendiAz() {

@@ -14,30 +14,24 @@ RettD rettangoloLimite() {
     return RettD{-l, -l, l, l};
 }
 
-// One side of the parametric cut: narrows t0..t1 to where p*t <= q. False when nothing is left.
-bool accorcia(double p, double q, double& t0, double& t1) {
-    if (p == 0) return q >= 0;
-    const double t = q / p;
-    if (p < 0) {
-        if (t > t1) return false;
-        t0 = std::max(t0, t);
-    } else {
-        if (t < t0) return false;
-        t1 = std::min(t1, t);
-    }
+// Cuts a segment to min <= p <= max; q is its other coordinate. The cut coordinate becomes the bound itself, so that
+// ends however far away lose nothing. False when nothing is left.
+bool tagliaAsse(double& p0, double& q0, double& p1, double& q1, double min, double max) {
+    if ((p0 < min && p1 < min) || (p0 > max && p1 > max)) return false;
+    const double pa = p0, qa = q0, dp = p1 - p0, dq = q1 - q0;
+    const auto taglia = [&](double& p, double& q) {
+        if (p >= min && p <= max) return;
+        p = p < min ? min : max;
+        q = qa + dq * ((p - pa) / dp);
+    };
+    taglia(p0, q0);
+    taglia(p1, q1);
     return true;
 }
 
 bool tagliaSegmento(PuntoD& a, PuntoD& b, const RettD& r) {
-    const double dh = b.h - a.h, dv = b.v - a.v;
-    double t0 = 0, t1 = 1;
-    if (!std::isfinite(dh) || !std::isfinite(dv)) return false;
-    if (!accorcia(-dh, a.h - r.left, t0, t1) || !accorcia(dh, r.right - a.h, t0, t1)) return false;
-    if (!accorcia(-dv, a.v - r.top, t0, t1) || !accorcia(dv, r.bottom - a.v, t0, t1)) return false;
-    const PuntoD da = a;
-    a = {da.h + t0 * dh, da.v + t0 * dv};
-    b = {da.h + t1 * dh, da.v + t1 * dv};
-    return true;
+    if (!std::isfinite(b.h - a.h) || !std::isfinite(b.v - a.v)) return false;
+    return tagliaAsse(a.h, a.v, b.h, b.v, r.left, r.right) && tagliaAsse(a.v, a.h, b.v, b.h, r.top, r.bottom);
 }
 
 // One edge of the polygon cut: keeps the points for which dentro(p) >= 0.
@@ -96,7 +90,7 @@ std::int32_t PixelTenuto(double p) {
 
 Rect AreaDisegnabile() {
     const GrafPtr port = GetPort();
-    return SectRect(port->clip.box(), OffsetRect(port->portRect, port->origin.h, port->origin.v));
+    return SectRect(port->clip.box(), port->portRect);
 }
 
 void LineaD(PuntoD a, PuntoD b) {

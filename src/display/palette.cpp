@@ -20,7 +20,7 @@ namespace {
 constexpr std::int32_t lato = 32;                              // a cell, pixels
 constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;   // the coordinate line
 constexpr std::int32_t fuoco = 10000;                          // added to an icon's id: its lit form
-constexpr std::int16_t listaAiuti = 1102, aiutoRiga = 22;
+constexpr std::int16_t listaAiuti = 1102, aiutoRiga = 23;
 
 bool conStrumento(std::int32_t n) { return operazCorrente == n; }
 

@@ -16,7 +16,8 @@ void MoveToolbar();
 void inizializzaMainToolbar();
 void AggiustaStatoBottoni();
 void InitializeTags();
-// Rests of the pointer over palette or coordinate line; gives the ticks until it wants to be called again, -1 for never.
+// Rests of the pointer over palette or coordinate line; gives the ticks until it wants to be called again, -1 for
+// never.
 std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on);
 
 }   // namespace tessaro

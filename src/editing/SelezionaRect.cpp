@@ -138,7 +138,14 @@ void SelezionaTutto() {
 }
 
 namespace {
-std::string puntoJson(const puntot& p) { return "[" + NumeroJson(p.x) + "," + NumeroJson(p.y) + "]"; }
+std::string puntoJson(const puntot& p) {
+    std::string s = "[";
+    s += NumeroJson(p.x);
+    s += ',';
+    s += NumeroJson(p.y);
+    s += ']';
+    return s;
+}
 const VoceStato righe[] = {
     {"xyzLT", VoceStato::speciale, nullptr, 0, [] { xyzLT = {}; }, [] { return puntoJson(xyzLT); }},
     {"xyzRB", VoceStato::speciale, nullptr, 0, [] { xyzRB = {}; }, [] { return puntoJson(xyzRB); }},

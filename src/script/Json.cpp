@@ -72,7 +72,7 @@ bool figlio(std::string_view json, std::string_view nome, std::string_view& valo
         }
         saltaBianchi(json, i);
         const std::size_t inizio = i;
-        if (!saltaValore(json, i)) return false;
+        if (!saltaValore(json, i) || i == inizio) return false;
         if (chiave == nome) {
             valore = json.substr(inizio, i - inizio);
             while (!valore.empty() && valore.back() == ' ') valore.remove_suffix(1);

@@ -146,7 +146,6 @@ void cicloPrincipale(const Opzioni& opzioni) {
     inizio = 0;
     theItem = 20;
     archivia();
-    FlushEvents();
     fine = 0;
     if (!opzioni.avvio.script) OffriRecupero();
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.

@@ -1,5 +1,5 @@
-// Big-endian values of files as native ones and back. Either direction is the same swap on a little-endian processor and
-// nothing on a big-endian one.
+// Big-endian values of files as native ones and back. Either direction is the same swap on a little-endian processor
+// and nothing on a big-endian one.
 #pragma once
 
 #include <cstdint>

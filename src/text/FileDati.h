@@ -17,7 +17,8 @@ extern std::uint8_t rigapari;   // false while a line is a group code
 extern std::uint8_t LF;         // 10
 extern std::uint8_t uscita;     // first fatal fault of file work
 
-// The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently. Stands with the dialogs.
+// The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently.
+// Stands with the dialogs.
 void IOERR2(OSErr e);
 
 // --- binary, big-endian on disk. A read gives 0 once uscita is set.

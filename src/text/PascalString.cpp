@@ -7,8 +7,8 @@
 
 namespace tessaro {
 
-// The base is empty and the derived class's bytes stand at its address. Out of line on purpose: seen from outside, these
-// are just pointers, and no compiler concludes from the size of the base how far they may be followed.
+// The base is empty and the derived class's bytes stand at its address. Out of line on purpose: seen from outside,
+// these are just pointers, and no compiler concludes from the size of the base how far they may be followed.
 [[gnu::noinline]] unsigned char* PString::Lengthp() { return reinterpret_cast<unsigned char*>(this); }
 [[gnu::noinline]] const unsigned char* PString::bytes() const { return reinterpret_cast<const unsigned char*>(this); }
 

@@ -1,5 +1,5 @@
-// Length-prefixed byte strings of fixed capacity: byte 0 is the length, bytes 1 to length the Mac Roman characters, what
-// lies behind is undefined. The layout is also that of element records and files. Over-long input is cut.
+// Length-prefixed byte strings of fixed capacity: byte 0 is the length, bytes 1 to length the Mac Roman characters,
+// what lies behind is undefined. The layout is also that of element records and files. Over-long input is cut.
 #pragma once
 
 #include <array>

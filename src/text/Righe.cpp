@@ -1,5 +1,5 @@
-// The line readers: LeggiRiga and ReadlnDisco over the open file, LeggiStr and LeggiRigaC over standard streams, and the
-// searches of the exchange reader.
+// The line readers: LeggiRiga and ReadlnDisco over the open file, LeggiStr and LeggiRigaC over standard streams, and
+// the searches of the exchange reader.
 #include "text/Righe.h"
 
 #include <algorithm>
@@ -33,9 +33,10 @@ bool RaccoltaRiga::daTralasciare(std::uint8_t c) const {
 }
 
 bool RaccoltaRiga::prendi(std::uint8_t c) {
-    presi = true;
     const bool finita = finisceCon(c);
-    if (!finita && !daTralasciare(c)) p[++p[0]] = c;
+    const bool tralasciato = !finita && daTralasciare(c);
+    if (!finita && !tralasciato) p[++p[0]] = c;
+    presi = presi || !tralasciato;
     prec = c;
     return finita || p[0] == 255;
 }

@@ -34,7 +34,7 @@ private:
     FineRiga regola;
     std::uint8_t prec;
     bool senzaTabELf;
-    bool presi = false;   // any byte was taken
+    bool presi = false;   // a byte of the line came, or its end: not just the LF of the line before
 };
 
 }   // namespace tessaro

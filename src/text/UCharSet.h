@@ -1,6 +1,6 @@
-// Sets of byte values, also from a small text: members between commas, each a character in apostrophes, a name (`space`,
-// `tab`, `cr` ...) or a range with two points, such as "'0'..'9','.',space". The texts are constants of the program, so
-// a malformed one ends it with exit(1).
+// Sets of byte values, also from a small text: members between commas, each a character in apostrophes, a name
+// (`space`, `tab`, `cr` ...) or a range with two points, such as "'0'..'9','.',space". The texts are constants of the
+// program, so a malformed one ends it with exit(1).
 #pragma once
 
 #include <array>

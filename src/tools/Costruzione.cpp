@@ -22,7 +22,7 @@ constinit PercorsoMisurato percorsoMisurato{};
 
 namespace {
 
-enum : std::int32_t { oSegm = 0, oPoli = 1, oCerc = 5, oArc = 6 };   // tools, by operazCorrente
+enum : std::int32_t { oSegm = 0, oPoli = 1, oCerc = 5, oArc = 6 };                   // tools, by operazCorrente
 enum : std::int32_t { nessuna = 0, primoPunto = 1, percorso = 5, terzoPunto = 8 };   // stages, by Azione
 enum : std::int16_t { continua = 1, termina = 2 };                                   // tabButton
 

@@ -84,7 +84,7 @@ public:
                 IngGene(1);
                 Display();
             }
-            HiliteDialogItem(theDialog, annullaItem, esito > 0 ? 0 : 255);
+            OscuraAnnulla();
             if (quitPending()) break;
         } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
         DisposeDialog(theDialog);

@@ -67,9 +67,7 @@ void ScegliMarker() {
     constexpr std::int16_t dialogo = 2005;
     theDialog = GetNewDialog(dialogo);
     if (markerCorrente >= 1 && markerCorrente <= ultimaForma) SetDialogItemValue(theDialog, markerCorrente, 1);
-    do {
-        ModalDialog(filtroForme, Noitem);
-    } while (Noitem < 1 || Noitem > chiudi);
+    do { ModalDialog(filtroForme, Noitem); } while (Noitem < 1 || Noitem > chiudi);
     if (Noitem <= ultimaForma && !quitPending()) {
         if (Puntosel.attiva && Azione == 0) {
             CambiaMarkerSel(Noitem);

@@ -2,7 +2,7 @@
 #pragma once
 #include <cstdint>
 namespace tessaro {
-void FaiMarker();                            // at the cursor or the typed point
-void ScegliMarker();                         // dialog 2005
+void FaiMarker();                             // at the cursor or the typed point
+void ScegliMarker();                          // dialog 2005
 void CambiaMarkerSel(std::int16_t simbolo);   // the selected markers' shape; no undo
 }   // namespace tessaro

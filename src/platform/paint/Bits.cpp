@@ -194,7 +194,7 @@ void RasterPort::stdBits(const PixMap& bits, const Rect& src, const Rect& dst) {
 
 Region RasterPort::scroll(const Rect& r, std::int32_t dh, std::int32_t dv) {
     Region allowed = clip;
-    allowed.intersect(portRect);
+    allowed.intersect(OffsetRect(Rect{0, 0, height_ / ratio, width_ / ratio}, origin.h, origin.v));
     allowed.intersect(r);
     const std::int64_t reachH = dh < 0 ? -static_cast<std::int64_t>(dh) : dh;
     const std::int64_t reachV = dv < 0 ? -static_cast<std::int64_t>(dv) : dv;

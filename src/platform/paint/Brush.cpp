@@ -51,18 +51,21 @@ void Brush::make(const Key& key) {
                  pixelOf(key.background));
     if (bits_ == 0) ops_[1] = ops_[0];
 
+    for (std::size_t i = 0; i < cella_.size(); ++i) cella_[i] = ops_[(bits_ >> i) & 1U];
     kind_ = Kind::pattern;
     const bool uniform = bits_ == 0 || bits_ == ~std::uint64_t{0};
     if (uniform && ops_[1].keep == 0) kind_ = Kind::solid;
     if (uniform && ops_[1].keep != 0) kind_ = ops_[1].flip == 0 ? Kind::nothing : Kind::flip;
     periodo_ = 8 * key.ratio * std::max(1, static_cast<std::int32_t>(lunghezza) / (8 * key.ratio));
+    potenza_ = std::has_single_bit(static_cast<std::uint32_t>(key.ratio));
+    scorri_ = std::countr_zero(static_cast<std::uint32_t>(key.ratio));
 }
 
 void Brush::expand(std::size_t patternRow) {
     Riga& riga = righe_[patternRow];
     for (std::int32_t x = 0; x < periodo_; ++x) {
         const std::size_t column = static_cast<std::size_t>(x / key_.ratio) & 7U;
-        const RasterOp& op = ops_[(bits_ >> (8 * patternRow + column)) & 1U];
+        const RasterOp& op = cella_[8 * patternRow + column];
         riga.keep[static_cast<std::size_t>(x)] = op.keep;
         riga.flip[static_cast<std::size_t>(x)] = op.flip;
     }
@@ -70,10 +73,11 @@ void Brush::expand(std::size_t patternRow) {
 }
 
 void Brush::patternSpan(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
-    const std::size_t patternRow = static_cast<std::size_t>(y / key_.ratio) & 7U;
-    if (((pronte_ >> patternRow) & 1U) == 0) expand(patternRow);
+    const std::int32_t logicalRow = potenza_ ? y >> scorri_ : y / key_.ratio;
+    const auto patternRow = static_cast<std::size_t>(logicalRow & 7);
+    if (((pronte_ >> static_cast<int>(patternRow)) & 1U) == 0) expand(patternRow);
     const Riga& riga = righe_[patternRow];
-    std::int32_t phase = x0 % periodo_;
+    std::int32_t phase = potenza_ ? x0 & (static_cast<std::int32_t>(lunghezza) - 1) : x0 % periodo_;
     while (x0 < x1) {
         const std::int32_t count = std::min(periodo_ - phase, x1 - x0);
         std::uint32_t* const out = row + x0;

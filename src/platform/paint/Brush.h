@@ -52,9 +52,8 @@ public:
     [[nodiscard]] Kind kind() const { return kind_; }
     [[nodiscard]] std::uint32_t colour() const { return ops_[1].flip; }   // of a solid brush
     [[nodiscard]] std::uint32_t mask() const { return ops_[1].flip; }     // of a flip brush
-    [[nodiscard]] const RasterOp& op(std::size_t bit) const { return ops_[bit]; }
-    // Bit 8 * (y & 7) + (x & 7) belongs to device pixel (x, y) of a port of ratio 1.
-    [[nodiscard]] std::uint64_t bits() const { return bits_; }
+    // What happens to device pixel (x, y) of a port of ratio 1 stands at 8 * (y & 7) + (x & 7).
+    [[nodiscard]] const RasterOp* cell() const { return cella_.data(); }
 
     // Applies the brush to the pixels x0 <= x < x1 of device row y, whose first pixel is `row`.
     void span(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
@@ -66,8 +65,12 @@ public:
         case Kind::flip:
             for (std::int32_t x = x0; x < x1; ++x) row[x] ^= ops_[1].flip;
             return;
-        case Kind::pattern: patternSpan(row, y, x0, x1);
+        case Kind::pattern: break;
         }
+        // The few pixels that a line's row has are not worth the longer loop's start.
+        if (key_.ratio != 1 || x1 - x0 > 12) return patternSpan(row, y, x0, x1);
+        const RasterOp* const ops = cella_.data() + 8 * (y & 7);
+        for (std::int32_t x = x0; x < x1; ++x) row[x] = (row[x] & ops[x & 7].keep) ^ ops[x & 7].flip;
     }
 
 private:
@@ -85,8 +88,11 @@ private:
     Key key_;
     Kind kind_ = Kind::nothing;
     std::array<RasterOp, 2> ops_;   // by pattern bit
-    std::uint64_t bits_ = 0;
+    std::uint64_t bits_ = 0;        // bit 8 * y + x of the pattern, turned by the origin
+    std::array<RasterOp, 64> cella_{};
     std::int32_t periodo_ = 8;   // device pixels after which a row of righe_ starts anew
+    bool potenza_ = true;        // the period is `lunghezza`, and the ratio 1 << scorri_: no divisions
+    int scorri_ = 0;
     std::uint32_t pronte_ = 0;   // bit n: righe_[n] is filled
     std::array<Riga, 8> righe_{};
 };

@@ -2,6 +2,7 @@
 #include "platform/paint/RasterPort.h"
 
 #include <limits>
+#include <new>
 
 #include "platform/paint/Scan.h"
 
@@ -103,7 +104,7 @@ WideRect RasterPort::device(const Rect& r) const {
 
 DeviceRect RasterPort::devicePart(const Rect& clipPart) const {
     const DeviceRect all{0, 0, width_, height_};
-    return clipped(device(clipPart), clipped(device(portRect), all));
+    return clipped(device(clipPart), all);
 }
 
 // --- brushes

@@ -110,6 +110,7 @@ private:
     Brush& penBrush();
     Brush& verbBrush(GrafVerb verb, const Pattern& fillPattern);
     void thinLine(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, const Brush& brush);
+    bool shortLine(Point from, Point to, const Brush& brush);
     void stroke(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, std::int64_t penWidth,
                 std::int64_t penHeight, Brush& brush);
     void paintRect(const WideRect& r, Brush& brush);

@@ -1,6 +1,7 @@
 // Regions: sets of pixels as disjoint rectangles. A new rectangle is kept whole and cut out of the older ones, and
 // joins a neighbour with which it makes a rectangle, so that a region grown piece by piece stays short.
 #include <algorithm>
+#include <limits>
 
 #include "platform/Types.h"
 
@@ -22,6 +23,13 @@ bool joins(const Rect& a, const Rect& b) {
     const bool beside = a.top == b.top && a.bottom == b.bottom && (a.right == b.left || b.right == a.left);
     const bool above = a.left == b.left && a.right == b.right && (a.bottom == b.top || b.bottom == a.top);
     return beside || above;
+}
+
+// An edge at the end of the numbers stays there: a clip may be wide open.
+std::int32_t moved(std::int32_t edge, std::int32_t by) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const std::int64_t sum = static_cast<std::int64_t>(edge) + by;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, Limits::min(), Limits::max()));
 }
 
 // What is left of `whole`, which overlaps `hole`: the bands above and below it, and what stands left and right of it.
@@ -93,7 +101,9 @@ void Region::intersect(const Region& r) {
 }
 
 void Region::offset(std::int32_t dh, std::int32_t dv) {
-    for (Rect& part : parti) part = OffsetRect(part, dh, dv);
+    for (Rect& part : parti)
+        part = Rect{moved(part.top, dv), moved(part.left, dh), moved(part.bottom, dv), moved(part.right, dh)};
+    std::erase_if(parti, EmptyRect);
 }
 
 bool Region::contains(Point p) const {

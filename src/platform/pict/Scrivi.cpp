@@ -61,11 +61,21 @@ void tavola(Scrittore& s, const std::vector<RGBColor>& palette, std::size_t quan
     }
 }
 
+// From 201 to 250 bytes a row some readers take a count of two bytes for a row, others of one: such rows are made longer.
+std::int32_t rowBytesSicuri(std::int32_t n) { return n > 200 && n <= 250 ? 252 : n; }
+
+// How many strips the direct pixels of a width make. All are about as wide, so that none is a sliver, which some readers
+// refuse; and none is of the few widths where readers differ about the row's count.
+std::int32_t striscePer(std::int32_t width) {
+    const std::int32_t n = (width + maxRowBytes / 4 - 1) / (maxRowBytes / 4);
+    return width > 62 && width < 67 ? 2 : n;
+}
+
 void striscia(Scrittore& s, const std::uint8_t* indices, const std::vector<RGBColor>& palette, std::int32_t larghi,
               const Rect& pezzo, std::int16_t depth, const PostoBits& where) {
     const std::int32_t w = pezzo.right - pezzo.left;
     const auto utili = static_cast<std::int32_t>((std::int64_t(w) * depth + 7) / 8);
-    const std::int32_t rowBytes = utili + (utili & 1);
+    const std::int32_t rowBytes = rowBytesSicuri(utili + (utili & 1));
     s.codice(opPackBitsRect);
     s.u16(rowBytes | 0x8000);
     s.rettangolo(pezzo);
@@ -149,9 +159,8 @@ void Impacchetta(const std::uint8_t* da, std::size_t n, std::string& a) {
 
 PixelInCorso::PixelInCorso(Scrittore& w, std::int32_t width, std::int32_t height, const PostoBits& where)
     : s(w), largo(width), alto(height), strisce(1), perStriscia(width), perFascia(height), posto(where) {
-    constexpr std::int32_t massimo = maxRowBytes / 4;
-    strisce = (largo + massimo - 1) / massimo;
-    perStriscia = std::min(largo, massimo);
+    strisce = striscePer(largo);
+    perStriscia = (largo + strisce - 1) / strisce;
     if (strisce > 1 && std::int64_t(largo) * alto > pixelDiFascia)
         perFascia = static_cast<std::int32_t>(std::max<std::int64_t>(64, pixelDiFascia / largo));
     pacchi.resize(static_cast<std::size_t>(strisce));

@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <array>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -29,7 +31,8 @@ namespace {
 
 Avvio questoAvvio;
 constinit const Copione* ganci = nullptr;
-std::unique_ptr<QApplication> applicazione;
+// Plain: a program that leaves by exit must not take the toolkit apart behind its own statics.
+constinit QApplication* applicazione = nullptr;
 std::unique_ptr<QTemporaryDir> impostazioniDelCopione;
 
 // A signal handler may only write; the event loop does the rest.
@@ -100,7 +103,7 @@ bool conFinestre() { return applicazione != nullptr; }
 void StartToolbox(int& argc, char** argv, const Avvio& a) {
     questoAvvio = a;
     preparaAmbiente(a);
-    applicazione = std::make_unique<QApplication>(argc, argv);
+    applicazione = new QApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tessaro3d"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessaro 3D"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaro3d"));
@@ -111,10 +114,10 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     std::setlocale(LC_NUMERIC, "C");
     if (a.script) parificaCopione();
     if (!a.script) ascoltaSegnali();
-    QObject::connect(applicazione.get(), &QGuiApplication::commitDataRequest, [](QSessionManager&) {
+    QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {
         if (salvaRecupero != nullptr) salvaRecupero();
     });
-    QObject::connect(applicazione.get(), &QGuiApplication::applicationStateChanged, [](Qt::ApplicationState stato) {
+    QObject::connect(applicazione, &QGuiApplication::applicationStateChanged, [](Qt::ApplicationState stato) {
         if (copione() == nullptr) attivaProgramma(stato == Qt::ApplicationActive);
     });
     creaTelaio();
@@ -126,7 +129,7 @@ void StopToolbox() {
         distruggiTelaio();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    applicazione.reset();
+    delete std::exchange(applicazione, nullptr);
     impostazioniDelCopione.reset();
 }
 

@@ -24,6 +24,7 @@ namespace tessaro {
 namespace {
 
 constexpr int colonneGriglia = 4;    // the last one is empty and takes what room is left
+constexpr int margine = 16;          // round the whole, logical pixels
 constexpr int maxCampo = 255;        // characters of a field
 constexpr int larghezzaTesto = 60;   // characters at which running text is folded
 constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
@@ -59,6 +60,7 @@ public:
         if (quadro == nullptr) return;
         auto* radice = new QVBoxLayout(quadro);
         radice->setSizeConstraint(QLayout::SetFixedSize);
+        radice->setContentsMargins(margine, margine, margine, margine);
         pila.push_back({radice});
     }
 
@@ -70,7 +72,7 @@ public:
         if (comando == "group") apri(gruppo(r));
         if (comando == "columns") apri(new QHBoxLayout);
         if (comando == "stack") apri(new QVBoxLayout);
-        if (comando == "end" && pila.size() > 1) pila.pop_back();
+        if (comando == "end" && pila.size() > 1) chiudi();
     }
 
 private:
@@ -92,6 +94,13 @@ private:
         if (nuovo->parentWidget() == nullptr) pila.back().layout->addLayout(nuovo);
         pila.back().griglia = nullptr;
         pila.push_back({nuovo});
+    }
+
+    // Rows keep together at the top when the block beside is higher.
+    void chiudi() {
+        if (auto* verticale = qobject_cast<QVBoxLayout*>(pila.back().layout)) verticale->addStretch(1);
+        pila.pop_back();
+        pila.back().griglia = nullptr;
     }
 
     static std::vector<Cella> celle(const RigaRisorsa& r) {

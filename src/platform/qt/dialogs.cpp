@@ -171,7 +171,6 @@ void mostra(FinestraDialogo& d) {
     if (d.quadro != nullptr) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
         d.quadro->show();
-        d.quadro->raise();
         d.quadro->activateWindow();
     }
     if (copione() != nullptr) copione()->dialogoAperto(d.id, d.titolo);

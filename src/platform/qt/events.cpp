@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
@@ -253,7 +254,7 @@ bool StillDown() {
         EventRecord e;
         if (prendi(e, Attesa::puntatore)) return coda.tenuto;
         if (!waitStep(Attesa::puntatore, -1)) break;
-        if (std::exchange(coda.svegliata, false)) return coda.tenuto;
+        if (std::exchange(coda.svegliata, false) && !quitPending()) return coda.tenuto;
     }
     coda.tenuto = false;
     return false;

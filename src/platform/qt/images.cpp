@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <QBuffer>
 #include <QByteArray>
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
+#include <unordered_map>
 
 #include "platform/Images.h"
 #include "platform/Memory.h"
@@ -189,13 +191,41 @@ bool informa(QFile& file, QImageReader& lettore, Immagine& info, QSize& stored, 
     return true;
 }
 
-bool consegna(QImage& img, Immagine& out, RicevitoreRighe* righe, Banco* banco) {
+// An image of at most 256 colours that its reader unpacked, back to indices. False when it has more.
+bool reindicizza(const QImage& img, Immagine& out) {
+    std::unordered_map<std::uint32_t, std::uint8_t> numeri;
+    const auto w = static_cast<std::size_t>(img.width());
+    out.indices.resize(w * static_cast<std::size_t>(img.height()));
+    bool bastano = true;
+    perRiga(img, [&](int y, const std::uint32_t* riga) {
+        std::uint8_t* a = out.indices.data() + w * static_cast<std::size_t>(y);
+        for (std::size_t x = 0; bastano && x < w; ++x) {
+            const auto [posto, nuovo] = numeri.try_emplace(riga[x], static_cast<std::uint8_t>(out.palette.size()));
+            if (nuovo) {
+                bastano = out.palette.size() < 256;
+                out.palette.push_back(colore16(riga[x]));
+            }
+            a[x] = posto->second;
+        }
+    });
+    if (!bastano) {
+        out.palette.clear();
+        out.indices = {};
+        return false;
+    }
+    out.depth = out.palette.size() <= 2 ? 1 : 8;
+    return true;
+}
+
+bool consegna(QImage& img, bool gif, Immagine& out, RicevitoreRighe* righe, Banco* banco) {
     out.width = img.width();
     out.height = img.height();
+    if (img.format() == QImage::Format_Grayscale16) img.convertTo(QImage::Format_Grayscale8);
     if (conIndici(img)) {
         aIndici(img, out);
         return true;
     }
+    if (gif && reindicizza(img, out)) return true;   // the reader of this format always unpacks
     out.depth = 32;
     if (righe == nullptr)
         out.pixels.resize(static_cast<std::size_t>(out.width) * static_cast<std::size_t>(out.height));
@@ -235,6 +265,7 @@ bool decodifica(const FSSpec& spec, Immagine& out, std::string& reason, Ricevito
         }
     }
     std::unique_ptr<Banco> banco;
+    const bool gif = lettore.format() == "gif";
     const QImage::Format f = lettore.imageFormat();
     const bool dritta = lettore.transformation() == QImageIOHandler::TransformationNone;
     if (size.isValid() && dritta && (f == QImage::Format_RGB32 || f == QImage::Format_ARGB32))
@@ -243,7 +274,7 @@ bool decodifica(const FSSpec& spec, Immagine& out, std::string& reason, Ricevito
     QImage img;
     if (!leggi(lettore, banco.get(), size, img)) return rifiuta(reason, danneggiata);
     if (img.width() > maxLatoImmagine || img.height() > maxLatoImmagine) return rifiuta(reason, troppoGrande);
-    return consegna(img, out, righe, banco.get());
+    return consegna(img, gif, out, righe, banco.get());
 }
 
 // A decoder's claim against its bytes: the densest codings reach some thousand pixels a byte on blank images.

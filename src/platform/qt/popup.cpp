@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
+
 #include "model/Attributi.h"
 #include "model/Colori.h"
 #include "platform/Menus.h"
@@ -74,8 +76,9 @@ std::int16_t PopUpMenuSelect(std::int16_t menu, Point where, std::int16_t item) 
     if (!conFinestre() || foglio() == nullptr) return 0;
     preparaMenu(*m);
     QMenu* q = m->menu;
-    QAction* sotto = nullptr;
-    if (const auto v = m->voci.find(item); v != m->voci.end()) sotto = v->second.azione;
+    const auto& ordine = menuDelleVoci(menu)->ordine;   // one action each, in the same order
+    const auto posto = std::find(ordine.begin(), ordine.end(), item) - ordine.begin();
+    QAction* sotto = q->actions().value(static_cast<qsizetype>(posto));   // null behind the end
     const Annidato annidato;
     popupAperto = menu;
     sceltaPopup = 0;

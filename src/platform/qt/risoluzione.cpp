@@ -31,11 +31,19 @@ public:
 
 constexpr double cmPerPollice = 2.54;
 
-// Whole numbers of dots per inch come back whole although the file holds whole dots per metre.
-double daMetro(double perMetro) {
-    const double dpi = perMetro * 0.0254;
+// Whole numbers of dots per inch come back whole although the file holds whole dots per metre, or a rounded fraction.
+double alPollice(double dpi) {
     const double intero = std::round(dpi);
     return std::abs(dpi - intero) < 0.026 ? intero : dpi;
+}
+
+double daMetro(double perMetro) { return alPollice(perMetro * 0.0254); }
+
+// Whole dots per centimetre cannot say 300 to the inch: they say 118, and mean it.
+double daCentimetro(double perCm) {
+    for (const double usuale : {72, 96, 100, 150, 200, 240, 300, 400, 600, 800, 1200, 2400})
+        if (perCm == std::round(usuale / cmPerPollice)) return usuale;
+    return alPollice(perCm * cmPerPollice);
 }
 
 bool buona(double x, double y) { return x >= 1 && y >= 1 && x <= 100000 && y <= 100000; }
@@ -68,10 +76,8 @@ bool daTiff(std::string_view bytes, double& x, double& y) {
             unita = t.u16(v + 8);
     }
     if (unita != 2 && unita != 3) return false;   // 1: only a ratio of the sides
-    if (unita == 3) {
-        x *= cmPerPollice;
-        y *= cmPerPollice;
-    }
+    x = unita == 3 ? daCentimetro(x) : alPollice(x);
+    y = unita == 3 ? daCentimetro(y) : alPollice(y);
     return buona(x, y);
 }
 
@@ -104,9 +110,8 @@ bool daJpeg(const Testa& t, double& x, double& y) {
         const std::string_view dati = t.bytes.substr(p + 4, lungo - 2);
         if (segno == 0xE0 && dati.substr(0, 5) == std::string_view("JFIF\0", 5) && !jfif) {
             const std::uint32_t unita = t.u8(p + 11);
-            const double perUnita = unita == 2 ? cmPerPollice : 1;
-            const double jx = t.u16(p + 12) * perUnita;
-            const double jy = t.u16(p + 14) * perUnita;
+            const double jx = unita == 2 ? daCentimetro(t.u16(p + 12)) : t.u16(p + 12);
+            const double jy = unita == 2 ? daCentimetro(t.u16(p + 14)) : t.u16(p + 14);
             jfif = (unita == 1 || unita == 2) && buona(jx, jy);
             if (jfif) {
                 x = jx;

@@ -10,9 +10,11 @@
 #include <QPainter>
 #include <QScreen>
 #include <QSettings>
+#include <QSvgRenderer>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
@@ -41,6 +43,21 @@ protected:
     }
 };
 
+QIcon iconaDelProgramma() {
+    QSvgRenderer disegno(QByteArray::fromStdString(ResourceFile("icons/app.svg")));
+    QIcon icona;
+    if (!disegno.isValid()) return icona;
+    for (const int lato : {16, 32, 64, 128, 256}) {
+        QPixmap figura(lato, lato);
+        figura.fill(Qt::transparent);
+        QPainter p(&figura);
+        disegno.render(&p);
+        p.end();
+        icona.addPixmap(figura);
+    }
+    return icona;
+}
+
 QString fileDelTelaio() { return daUtf8(cartellaImpostazioni()) + QStringLiteral("/window.ini"); }
 
 QSize contenuto() {
@@ -63,6 +80,7 @@ void creaTelaio() {
         adattaTelaio(avvio().width, avvio().height);
         return;
     }
+    cornice->setWindowIcon(iconaDelProgramma());
     const QByteArray geometria = QSettings(fileDelTelaio(), QSettings::IniFormat).value("geometry").toByteArray();
     misuraDellaPersona = !geometria.isEmpty() && cornice->restoreGeometry(geometria);
 }

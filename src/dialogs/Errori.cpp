@@ -1,0 +1,110 @@
+// Failures as alerts. The texts are resources; here is only which code takes which.
+#include "dialogs/Errori.h"
+
+#include <cerrno>
+
+#include "platform/Dialogs.h"
+#include "platform/Resources.h"
+#include "platform/Windows.h"
+#include "text/Conversione.h"
+#include "text/FileStd.h"
+
+namespace tessaro {
+
+std::string fileInLavoro;
+
+namespace {
+
+constexpr std::int16_t avvisoFile = 1013;
+constexpr std::int16_t listaFile = 130;
+
+struct RigaErrore {
+    std::int16_t codice;
+    std::int16_t avviso;
+    std::int16_t stringa;   // of list 130; 0: the alert says it all
+};
+constexpr RigaErrore erroriFile[] = {
+    {opWrErr, avvisoFile, 7},  {vLckdErr, avvisoFile, 6}, {fLckdErr, avvisoFile, 5},
+    {wPrErr, avvisoFile, 4},   {fnfErr, 1006, 0},         {eofErr, avvisoFile, 2},
+    {fnOpnErr, avvisoFile, 3}, {nsvErr, 1007, 0},         {dskFulErr, avvisoFile, 1},
+};
+
+RigaErrore rigaDi(std::int16_t codice) {
+    for (const RigaErrore& r : erroriFile)
+        if (r.codice == codice) return r;
+    return {codice, avvisoFile, 0};
+}
+
+// What the file error says in words, or its number where it has none.
+std::string parole(const RigaErrore& r) {
+    if (r.stringa != 0) return GetIndString(listaFile, r.stringa);
+    return r.avviso == avvisoFile ? NumToString(r.codice).str() : std::string();
+}
+
+// The codes of the parsers; a bad number of another kind takes the last row.
+struct RigaSbaglio {
+    std::int16_t codice;
+    std::int16_t avviso;
+};
+constexpr RigaSbaglio sbagli[] = {{0, 1012}, {-3, 1008}, {-1, 1009}, {-2, 1010}};
+constexpr std::int16_t altroSbaglio = 1005;
+
+// A stream tells only that it failed; errno tells how.
+std::int16_t erroreDi(std::FILE* f) {
+    if (f == nullptr || std::ferror(f) == 0) return noErr;
+    switch (errno) {
+    case ENOSPC: return dskFulErr;
+    case EROFS: return wPrErr;
+    case EACCES: return permErr;
+    default: return ioErr;
+    }
+}
+
+}   // namespace
+
+void ErroreAlert(std::int16_t code) {
+    ParamText(GetIndString(9999, code), "", "", "");
+    StopAlert(999);
+}
+
+void Messaggio(std::int16_t code) {
+    const RigaErrore r = rigaDi(code);
+    ParamText(parole(r), fileInLavoro, "", "");
+    StopAlert(r.avviso);
+}
+
+void MostraGuasto(const Guasto& g) {
+    const std::string che = g.what.empty() && g.code != 0 ? parole(rigaDi(g.code)) : g.what;
+    ParamText(che, g.where.empty() ? fileInLavoro : g.where, g.offset < 0 ? "" : std::to_string(g.offset), "");
+    StopAlert(9101);
+}
+
+void IOERR2(OSErr e) {
+    if (e > -1 || e < -523) return;
+    Messaggio(e);
+    SetCursor(arrowCursor);
+    uscita = 1;
+}
+
+void IOERR3() { ioerrtext(out); }
+
+void ioerrtext(std::FILE* f) {
+    const std::int16_t e = erroreDi(f);
+    if (e >= 0 || e == -524) return;
+    std::fclose(f);
+    if (f == out) out = nullptr;
+    if (f == inst) inst = nullptr;
+    Messaggio(e);
+    uscita = 1;
+}
+
+void Sbaglio(std::int16_t code, std::uint8_t& flag) {
+    if (code >= 1) return;
+    std::int16_t avviso = altroSbaglio;
+    for (const RigaSbaglio& r : sbagli)
+        if (r.codice == code) avviso = r.avviso;
+    StopAlert(avviso);
+    flag = 1;
+}
+
+}   // namespace tessaro

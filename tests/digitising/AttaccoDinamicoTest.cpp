@@ -1,0 +1,167 @@
+// The live transformation: its block in a drawing, byte by byte, and the two-point mode.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "digitising/Attacchi.h"
+#include "digitising/attaccoDinamico.h"
+#include "platform/Files.h"
+#include "support/Foglio.h"
+#include "text/FileDati.h"
+
+using namespace tessaro;
+using namespace prova;
+
+namespace {
+
+constexpr std::size_t grandezza = 627;
+
+struct FileDiProva {
+    std::string percorso = (std::filesystem::temp_directory_path()
+                            / ("attacco-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name())))
+                               .string();
+    ~FileDiProva() { std::filesystem::remove(percorso); }
+
+    template <class Lavoro>
+    void apri(std::int8_t permesso, Lavoro lavoro) const {
+        const FSSpec spec = FSMakeFSSpec(percorso);
+        uscita = 0;
+        ASSERT_EQ(FSpOpenDF(spec, permesso, RefNum), noErr);
+        lavoro();
+        ASSERT_EQ(FSClose(RefNum), noErr);
+    }
+    [[nodiscard]] std::string contenuto() const {
+        std::ifstream f(percorso, std::ios::binary);
+        return {std::istreambuf_iterator<char>(f), {}};
+    }
+    void metti(const std::string& byte) const { std::ofstream(percorso, std::ios::binary) << byte; }
+};
+
+double doppio(const std::string& b, std::size_t dove) {
+    std::uint64_t v = 0;
+    for (std::size_t i = 0; i < 8; ++i) v = v << 8 | static_cast<std::uint8_t>(b[dove + i]);
+    return std::bit_cast<double>(v);
+}
+
+ActiveAttach distinto() {
+    ActiveAttach a;
+    a.rotazione = 0.5;
+    a.tipo = 2;
+    a.SetDelta(1, 2, 3);
+    a.transf.rot11 = 4;
+    a.transf.rot22 = 7;
+    a.SetIngr(8);
+    a.SetCoord(9, 10, 11, 12, 13, 14);
+    for (std::int16_t i = 0; i < 5; ++i) a.SetXYAtt(i, 100 + i, 200 + i);
+    a.opzione = 0;
+    a.modificato = 1;
+    a.lavoro.src[0] = {20, 21};
+    a.lavoro.srcC = {28, 29};
+    a.lavoro.dst[3] = {36, 37};
+    a.lavoro.dstC = {38, 39};
+    a.lavoro.okDst = 1;
+    a.lavoro.o1 = 40;
+    a.lavoro.mid2d = 51;
+    a.lavoro.ang1 = 52;
+    a.lavoro.fuga1 = {56, 57};
+    a.lavoro.fuga2d = {62, 63};
+    a.lavoro.par1d = 1;
+    a.lavoro.par2 = 1;
+    a.lavoro.k1 = 64;
+    a.lavoro.d2 = 71;
+    a.radioTipo = 0x1D2E;
+    return a;
+}
+
+}   // namespace
+
+TEST(AttaccoDinamico, TheBlockHasEveryFieldAtItsPlace) {
+    const FileDiProva f;
+    f.metti("");
+    f.apri(fsRdWrPerm, [] { distinto().WriteAttacco(); });
+    const std::string b = f.contenuto();
+    ASSERT_EQ(b.size(), grandezza);
+    const std::pair<std::size_t, double> doppi[] = {
+        {0, 0.5},   {9, 1},     {25, 3},    {33, 4},   {57, 7},   {65, 8},   {73, 9},   {113, 14}, {121, 100},
+        {129, 200}, {137, 101}, {193, 204}, {203, 20}, {211, 21}, {267, 28}, {331, 36}, {347, 38}, {355, 39},
+        {365, 40},  {453, 51},  {461, 52},  {493, 56}, {549, 63}, {561, 64}, {617, 71}};
+    for (const auto& [dove, valore] : doppi) EXPECT_EQ(doppio(b, dove), valore) << "at " << dove;
+    const std::pair<std::size_t, int> byte[] = {{8, 2},   {201, 0}, {202, 1}, {363, 0},    {364, 1},   {557, 1},
+                                                {558, 0}, {559, 0}, {560, 1}, {625, 0x1D}, {626, 0x2E}};
+    for (const auto& [dove, valore] : byte) EXPECT_EQ(static_cast<std::uint8_t>(b[dove]), valore) << "at " << dove;
+}
+
+TEST(AttaccoDinamico, ABlockReadIsTheBlockWritten) {
+    const FileDiProva f;
+    f.metti("");
+    f.apri(fsRdWrPerm, [] { distinto().WriteAttacco(); });
+    const std::string prima = f.contenuto();
+    ActiveAttach a;
+    f.apri(fsRdPerm, [&] { a.ReadAttacco(); });
+    EXPECT_EQ(a.GetTipo(), 2);
+    EXPECT_EQ(a.GetModificato(), 1);
+    f.metti("");
+    f.apri(fsRdWrPerm, [&] { a.WriteAttacco(); });
+    EXPECT_EQ(f.contenuto(), prima);
+}
+
+TEST(AttaccoDinamico, ABlockThatEndsEarlyChangesNothing) {
+    const FileDiProva f;
+    ActiveAttach a = distinto();
+    for (const std::size_t quanti : {std::size_t{0}, std::size_t{8}, std::size_t{300}, grandezza - 1}) {
+        f.metti(std::string(quanti, '\x7F'));
+        f.apri(fsRdPerm, [&] { a.ReadAttacco(); });
+        EXPECT_NE(uscita, 0);
+        EXPECT_EQ(a.radioTipo, 0x1D2E);
+        EXPECT_EQ(a.xAtt, distinto().xAtt);
+        EXPECT_EQ(a.rotazione, 0.5);
+    }
+    uscita = 0;
+}
+
+TEST(AttaccoDinamico, TwoPointsCarryTheSheetOntoTheDestination) {
+    fogliovuoto();
+    attaccoAttivo.tipo = 0;
+    AssegnaAttacco(1, 100, 100);
+    AssegnaAttacco(2, 300, 200);
+    AttacchiCambiati();
+    attaccoAttivo.SetXYAtt(0, 1000, 1000);
+    attaccoAttivo.SetXYAtt(1, 950, 1100);   // a quarter turn, half the size
+    attaccoAttivo.PreparaAttacco();
+    const double voluti[][4] = {{100, 100, 1000, 1000}, {300, 200, 950, 1100}, {100, 300, 900, 1000}};
+    for (const auto& v : voluti) {
+        double x = v[0], y = v[1];
+        attaccoAttivo.Traf4Pt(x, y);
+        EXPECT_NEAR(x, v[2], 1e-3);
+        EXPECT_NEAR(y, v[3], 1e-3);
+    }
+    EXPECT_NEAR(attaccoAttivo.transf.ingr, 0.5, 1e-12);
+}
+
+TEST(AttaccoDinamico, PreparationNeedsTwoPointsAndPoint4CountsFromItsOwnRest) {
+    fogliovuoto();
+    attaccoAttivo.tipo = 0;
+    attaccoAttivo.PreparaAttacco();   // nothing given: point 4 rests at (0, 1)
+    EXPECT_EQ(attaccoAttivo.lavoro.okSrc, 1);
+    EXPECT_EQ(attaccoAttivo.transf.deltaX, 0);
+    AssegnaAttacco(1, 100, 100);
+    AttacchiCambiati();
+    attaccoAttivo.PreparaAttacco();
+    EXPECT_EQ(attaccoAttivo.transf.deltaX, 0);
+    AssegnaAttacco(4, 0, 0);   // the origin is a place for point 4
+    attaccoAttivo.PreparaAttacco();
+    EXPECT_EQ(attaccoAttivo.transf.deltaX, 900);
+}
+
+TEST(AttaccoDinamico, ThePreviewIsOffWhateverTheFileSays) {
+    attaccoAttivo.SetModificato(1);
+    EXPECT_FALSE(AnteprimaAttiva());
+    attaccoAttivo.SetRot(1, 2, 3, 4);   // the fourth lands on the third place
+    EXPECT_EQ(attaccoAttivo.transf.rot12, 2);
+    EXPECT_EQ(attaccoAttivo.transf.rot21, 4);
+    EXPECT_EQ(attaccoAttivo.transf.rot22, 0);
+}

@@ -1,0 +1,122 @@
+// What the tools leave on the screen: rubber bands and crosses take themselves off again, so that only figures remain.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "display/Disegno.h"
+#include "model/Vincoli.h"
+#include "platform/paint/RasterPort.h"
+#include "support/Foglio.h"
+#include "tools/Costruzione.h"
+#include "tools/Marker.h"
+
+using namespace tessaro;
+using namespace prova;
+
+namespace {
+
+// A raster for a window, the cross already on it.
+class Schermo {
+    static constexpr int larghezza = 400, altezza = 300;
+    RasterPort porta{larghezza, altezza, 1};
+    GrafPtr prima = GetPort();
+
+public:
+    Schermo() {
+        SetPort(&porta);
+        Croce();
+    }
+    ~Schermo() { SetPort(prima); }
+    Schermo(const Schermo&) = delete;
+    Schermo& operator=(const Schermo&) = delete;
+
+    // Pixels that are not white once the cross is off.
+    [[nodiscard]] int segnati() const {
+        Croce();
+        const std::uint32_t* p = porta.pixels();
+        const auto n = static_cast<int>(
+            std::count_if(p, p + larghezza * altezza, [](std::uint32_t v) { return (v & 0xFFFFFF) != 0xFFFFFF; }));
+        Croce();
+        return n;
+    }
+};
+
+void muovi(double x, double y) {
+    Croce();
+    xcurs = x;
+    ycurs = y;
+    const bool segmento = Azione == 5 || operazCorrente < 2 || (Azione == 1 && CurvePerPunti);
+    if (Azione) FaiElemento(segmento ? tSegmento : Azione == 8 && operazCorrente == 6 ? tArco : tCerchio);
+    Croce();
+}
+
+void premi(std::int16_t bottone) {
+    tabButton = bottone;
+    if (Azione == 0) {
+        InitSegm();
+    } else if (Azione == 8) {
+        FineArcoRaggio();
+    } else {
+        FineSegm();
+    }
+}
+
+}   // namespace
+
+TEST(Elastico, AFigureGivenUpLeavesTheScreenAsItWas) {
+    fogliovuoto();
+    spessore = 3;
+    for (const std::int32_t strumento : {0, 1}) {
+        SCOPED_TRACE(strumento);
+        operazCorrente = strumento;
+        const Schermo schermo;
+        muovi(300, 300);
+        premi(1);
+        for (const double x : {350, 520, 780}) muovi(x, 420);
+        premi(0);
+        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(schermo.segnati(), 0);
+    }
+}
+
+TEST(Elastico, AFinishedFigureStandsAloneAsARepaintWouldDrawIt) {
+    const struct {
+        const char* caso;
+        std::int32_t strumento;
+        bool perPunti;
+    } casi[] = {{"segment", 0, false},
+                {"circle by centre", 5, false},
+                {"circle through points", 5, true},
+                {"arc by centre", 6, false},
+                {"arc through points", 6, true}};
+    for (const auto& c : casi) {
+        SCOPED_TRACE(c.caso);
+        fogliovuoto();
+        operazCorrente = c.strumento;
+        CurvePerPunti = c.perPunti;
+        const Schermo schermo;
+        muovi(400, 400);
+        premi(1);
+        if (c.strumento != 6 && !c.perPunti) premi(1);   // on the same spot: ignored
+        muovi(500, 420);
+        premi(1);
+        muovi(700, 430);
+        if (Azione) premi(1);
+        muovi(610, 520);
+        if (Azione) premi(1);
+        EXPECT_EQ(Azione, 0);
+        const int lasciati = schermo.segnati();
+        EXPECT_GT(lasciati, 20);
+
+        const Schermo pulito;
+        ColoreDaTabella(colorCorrente);
+        PenNormal();
+        for (std::int32_t n = 3; n <= indElem; ++n) {
+            const elemento& e = Elem(n);
+            if (e.tipo == tSegmento) fai(tSegmento, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2, 0);
+            if (e.tipo == tCerchio) fai(tCerchio, e.cerc.cx, e.cerc.cy, e.cerc.raggio, 0, 0);
+            if (e.tipo == tArco) fai(tArco, e.arco.cx, e.arco.cy, e.arco.raggio, e.arco.angoloInizio, e.arco.ampiezza);
+        }
+        EXPECT_EQ(lasciati, pulito.segnati());
+    }
+}
