@@ -2,7 +2,7 @@
 #include "files/Blocchi.h"
 
 #include <algorithm>
-#include <bit>
+#include <span>
 #include <vector>
 
 #include "digitising/attaccoDinamico.h"

@@ -56,6 +56,7 @@ struct Lettura {
         guasta = true;
     }
     void segnala(TestoFile t, std::int16_t codice = noErr, std::string_view p0 = {}, std::string_view p1 = {}) {
+        if (uscita) return;   // a failure of the file itself has shown its own message
         std::int64_t pos = 0;
         GetFPos(RefNum, pos);
         segnala(Guasto{codice, TestoDi(t, p0, p1), {}, pos});
@@ -242,6 +243,9 @@ std::int32_t leggiElementi(Lettura& l, Risanamento& r, std::int32_t n, std::int3
 void accogli(const Lettura& l) {
     Elem(1) = l.primo;
     Elem(2) = l.secondo;
+    // By their places; a damaged type would make a picture of them at the next save.
+    Elem(1).tipo = tAttacco1;
+    Elem(2).tipo = tAttacco2;
     XA1 = l.primo.att1.x1;
     YA1 = l.primo.att1.y1;
     XA2 = l.primo.att1.x2;

@@ -17,7 +17,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t versioneNuova = 12, versioneVecchia = 9, richiestaVecchia = 41;
+constexpr std::int16_t versioneVecchia = 9, richiestaVecchia = 41;
 constexpr std::size_t recordPerBlocco = 4096;
 constexpr std::size_t posizioneConto = 76;
 
@@ -59,14 +59,18 @@ void scriviRecord() {
 
 }   // namespace
 
-void Scrividati() {
-    // Kept: the older generation's file differs by this word alone; its readers stop before the blocks they do not know.
-    scrivii(theItem == richiestaVecchia ? versioneVecchia : versioneNuova);
+void ScriviDisegno(std::int16_t versione) {
+    scrivii(versione);
     scrivir(xAttacco5);
     scrivir(yAttacco5);
     scrivib(OKAttacco5);
     scriviRecord();
     ScriviBlocchi();
+}
+
+void Scrividati() {
+    // Kept: the older generation's file differs by this word alone; its readers stop before the blocks they do not know.
+    ScriviDisegno(theItem == richiestaVecchia ? versioneVecchia : versioneNativa);
     PoniAnnulla(aNiente);
 }
 

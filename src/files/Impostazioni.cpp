@@ -1,0 +1,200 @@
+// The settings files: opening them, the start settings text and the colour table.
+#include "files/Impostazioni.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "dialogs/Errori.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "files/TestiFile.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Colori.h"
+#include "model/TabellaStato.h"
+#include "platform/Files.h"
+#include "platform/Resources.h"
+#include "text/Conversione.h"
+#include "text/EndianConvert.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+PStr255 strTav("");
+constinit std::int16_t databit = 8, bitstop = 1, parity = 1;
+constinit std::int16_t NeroVers = 1, RossoVers = 2, VerdeVers = 3, BluVers = 4, CianoVers = 5, MagentaVers = 6,
+                       GialloVers = 7;
+
+namespace {
+
+constexpr OSType tipoTSCP = tipoDi("TSCP"), creatoreTSC3 = tipoDi("TSC3");
+constexpr std::int32_t maxCapacita = 1500000;
+constexpr std::int32_t minCapacita = 3;   // the reserved records and one element
+
+FSSpec fileImpostazioni(const char* nome) { return FSMakeFSSpecIn(SettingsFolder(), nome); }
+
+std::int16_t tipoTavoletta = 1;   // line 2 while the file is read
+
+// The lines of the start settings, in order. A null target is read in a way of its own.
+struct RigaTipo {
+    std::int16_t* intero;
+    std::int16_t min, max;
+    double* reale;
+    double rmin, rmax;   // Kept: told for reals, but no reader of files tests them
+};
+constexpr RigaTipo interoDa(std::int16_t& v, std::int16_t min, std::int16_t max) {
+    return {&v, min, max, nullptr, 0, 0};
+}
+constexpr RigaTipo realeDa(double& v, double min, double max) { return {nullptr, 0, 0, &v, min, max}; }
+
+const RigaTipo righeNumeri[] = {
+    interoDa(tipoTavoletta, 1, 5), interoDa(databit, 6, 8),       interoDa(bitstop, 1, 3),
+    interoDa(parity, 1, 3),        interoDa(btav, 500, 20000),    interoDa(htav, 500, 20000),
+    realeDa(Xfoglio, 10.0, 200.0), realeDa(yfoglio, 10.0, 200.0), {},
+    interoDa(NeroVers, 0, 255),    interoDa(RossoVers, 0, 255),   interoDa(VerdeVers, 0, 255),
+    interoDa(BluVers, 0, 255),     interoDa(CianoVers, 0, 255),   interoDa(MagentaVers, 0, 255),
+    interoDa(GialloVers, 0, 255),  realeDa(Scaladis, 0.1, 1e6),   realeDa(decimiUnita, 1.0, 1e7),
+    realeDa(puntimm, 1.0, 1000.0),
+};
+
+// False when the line cannot be read or passes its bounds; a whole number out of bounds takes the nearest one.
+bool leggiNumero(const RigaTipo& riga, const PStr255& s) {
+    std::int16_t pos = 0;
+    if (riga.intero) {
+        std::int16_t v = 0;
+        const std::int16_t esito = STRtoINT(riga.min, riga.max, s, v, pos, 0);
+        if (esito == 1 || esito == -1 || esito == -2) *riga.intero = std::clamp(v, riga.min, riga.max);
+        return esito == 1;
+    }
+    double v = 0;
+    if (STRtoFP(riga.rmin, riga.rmax, s, v, pos, 0) != 1) return false;
+    *riga.reale = v;
+    return true;
+}
+
+void leggiCapacita(const PStr255& s) { maxElementi = std::clamp(StringToNum(s), minCapacita, maxCapacita); }
+
+}   // namespace
+
+bool ApriImpostazioni(const char* nome, bool scrivere) {
+    uscita = 0;
+    const FSSpec file = fileImpostazioni(nome);
+    OSErr e = FSpOpenDF(file, scrivere ? fsRdWrPerm : fsRdPerm, RefNum);
+    if (!scrivere) return e == noErr;
+    fileInLavoro = Utf8ToMac(file.percorso);
+    if (e == fnfErr) {
+        IOERR2(FSpCreate(file, creatoreTSC3, tipoTSCP));
+        if (!uscita) e = FSpOpenDF(file, fsRdWrPerm, RefNum);
+    }
+    if (!uscita) IOERR2(e);
+    if (uscita) fileInLavoro.clear();
+    return !uscita;
+}
+
+void ChiudiImpostazioni() {
+    const OSErr e = FSClose(RefNum);
+    if (!uscita) IOERR2(e);
+    fileInLavoro.clear();
+}
+
+void LeggiTipo(std::int16_t& velocita) {
+    std::int32_t n = 0;
+    PStr255 s;
+    std::string rifiutate;
+    const auto rifiuta = [&](std::size_t riga) {
+        rifiutate += (rifiutate.empty() ? "" : ", ") + std::to_string(riga);
+        uscita = 0;   // one line that cannot be read does not end the reading
+    };
+    LeggiRiga(strTav, n);
+    std::size_t numero = 1;
+    for (const RigaTipo& riga : righeNumeri) {
+        LeggiRiga(s, n);
+        if (uscita) return;
+        ++numero;
+        if (!riga.intero && !riga.reale)
+            leggiCapacita(s);
+        else if (!leggiNumero(riga, s))
+            rifiuta(numero);
+    }
+    LeggiRiga(s, n);   // one more, for nothing
+    velocita = tipoTavoletta;
+    if (!rifiutate.empty()) MostraGuasto({noErr, TestoDi(TestoFile::impostazioni, rifiutate), {}, -1});
+}
+
+void leggiparam() {
+    uscita = 0;
+    EndFile = 0;
+    const FSSpec file = fileImpostazioni("TESSCONT");
+    fileInLavoro = Utf8ToMac(file.percorso);
+    IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
+    if (uscita) {
+        maxElementi = maxCapacita;   // everything else has its start value already
+    } else {
+        std::int16_t tipo = 0;
+        LeggiTipo(tipo);
+        FSClose(RefNum);
+    }
+    fileInLavoro.clear();
+    decTessCont = decimiUnita;
+    TabAbilit = 0;
+}
+
+namespace {
+
+constexpr std::size_t byteNome = 22, byteColore = 30;
+
+// The table as the file holds it; false when it is not whole.
+bool leggiParamColor() {
+    if (!ApriImpostazioni("ParamColor", false)) return false;
+    std::int64_t fine = 0;
+    GetEOF(RefNum, fine);
+    const std::int16_t n = fine >= 2 ? leggii() : std::int16_t{-1};
+    const bool intero = n >= 0 && n <= maxColori && fine >= 2 + std::int64_t{byteColore} * n;
+    std::vector<std::uint8_t> byte(intero ? byteColore * static_cast<std::size_t>(n) : 0);
+    if (!byte.empty()) leggiBlocco(byte.data(), static_cast<std::int32_t>(byte.size()));
+    FSClose(RefNum);
+    if (!intero || uscita) return false;
+    coloriPresenti = n;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(n); ++i) {
+        const std::uint8_t* p = byte.data() + i * byteColore;
+        Colore& c = arrColori[i];
+        std::copy_n(p, byteNome, c.nome.begin());
+        c.nome[0] = std::min<std::uint8_t>(c.nome[0], byteNome - 2);
+        // Kept: the components lie in the order of the machine that wrote them, unlike those of a drawing.
+        std::memcpy(&c.rgb, p + byteNome, sizeof c.rgb);
+        std::memcpy(&c.penna, p + byteNome + sizeof c.rgb, sizeof c.penna);
+        c.penna = EndiansShort_BtoN(c.penna);
+    }
+    return true;
+}
+
+}   // namespace
+
+void SceltaColori(std::uint8_t silent) {
+    if (!silent) {
+        SysBeep(30);   // the dialog does not stand yet
+        return;
+    }
+    ColoriPredefiniti();
+    if (!leggiParamColor()) uscita = 0;
+    RifaiMenuColori();
+    InvalFinestra();
+    if (!noWindow) DrawPallette();
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"strTav", VoceStato::str255, &strTav},         {"databit", VoceStato::i16, &databit, 8},
+    {"bitstop", VoceStato::i16, &bitstop, 1},       {"parity", VoceStato::i16, &parity, 1},
+    {"NeroVers", VoceStato::i16, &NeroVers, 1},     {"RossoVers", VoceStato::i16, &RossoVers, 2},
+    {"VerdeVers", VoceStato::i16, &VerdeVers, 3},   {"BluVers", VoceStato::i16, &BluVers, 4},
+    {"CianoVers", VoceStato::i16, &CianoVers, 5},   {"MagentaVers", VoceStato::i16, &MagentaVers, 6},
+    {"GialloVers", VoceStato::i16, &GialloVers, 7},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,229 @@
+// The graphics parameters' dialog and file, and what follows from them.
+#include "files/ParamGraf.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+#include "display/Zoom.h"
+#include "files/Impostazioni.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/TabellaStato.h"
+#include "platform/Files.h"
+#include "text/EndianConvert.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+constinit std::int16_t ItemUnit = 18;
+
+namespace {
+
+constexpr const char* nomeFile = "PGraf56";
+constexpr std::int16_t campoScala = 4, campoLargo = 6, campoAlto = 8;
+constexpr std::int16_t primoAngolo = 10, primaUnita = 12, unitaLibera = 18;
+
+// decimiUnita by unit. Kept: inch and foot are the survey ones.
+constexpr std::array<double, 6> decimiDi{10, 100, 10000, 10000000, 254.00508, 3048.06096};
+
+// The file's fields in order, each with its length. Reading stops at the first that the file does not hold whole.
+struct Lettore {
+    std::array<std::uint8_t, 72> byte{};
+    std::size_t presenti = 0, pos = 0;
+
+    template <class T>
+    bool prendi(T& v) {
+        if (pos + sizeof v > presenti) return false;
+        std::memcpy(&v, byte.data() + pos, sizeof v);
+        pos += sizeof v;
+        return true;
+    }
+    bool intero(std::int16_t& v) {
+        if (!prendi(v)) return false;
+        v = EndiansShort_BtoN(v);
+        return true;
+    }
+    bool reale(double& v) {
+        if (!prendi(v)) return false;
+        v = EndiansDouble_BtoN(v);
+        return true;
+    }
+    // The unit's byte and the three behind it.
+    bool unita(std::int16_t& v) {
+        std::array<std::uint8_t, 4> quattro{};
+        if (!prendi(quattro)) return false;
+        v = quattro[0];
+        return true;
+    }
+};
+
+Lettore contenuto() {
+    Lettore l;
+    if (!ApriImpostazioni(nomeFile, false)) return l;
+    auto n = static_cast<std::int32_t>(l.byte.size());
+    FSRead(RefNum, n, l.byte.data());   // fewer bytes than wanted are what the defaults are for
+    l.presenti = static_cast<std::size_t>(n);
+    FSClose(RefNum);
+    return l;
+}
+
+void predefiniti() {
+    ItemUnit = unitaLibera;
+    UnitaMCorrente = unitaLibera - primaUnita;
+    LargTav = btav / 100.0;
+    AltTav = htav / 100.0;
+    XFDecimi = arrotonda16(100 * Xfoglio);
+    YFDecimi = arrotonda16(100 * yfoglio);
+    tipoAngolo = 1;
+}
+
+}   // namespace
+
+void TParamGraf::leggipar() {
+    uscita = 0;
+    Lettore l = contenuto();
+    const bool intero = l.intero(ItemUnit) && l.unita(UnitaMCorrente) && l.reale(decimiUnita) && l.reale(Scaladis)
+                        && l.reale(DataUltima) && l.reale(Xfoglio) && l.intero(XFDecimi) && l.reale(yfoglio)
+                        && l.intero(YFDecimi) && l.reale(LargTav) && l.intero(btav) && l.reale(AltTav) && l.intero(htav)
+                        && l.intero(tipoAngolo);
+    if (!intero) predefiniti();
+    // Radio items that are not there would be asked for otherwise.
+    if (ItemUnit < primaUnita || ItemUnit > unitaLibera) ItemUnit = unitaLibera;
+    UnitaMCorrente = std::clamp<std::int16_t>(UnitaMCorrente, 0, unitaLibera - primaUnita);
+    tipoAngolo = tipoAngolo != 0;
+    itemAngolo = static_cast<std::int16_t>(tipoAngolo + primoAngolo);
+}
+
+void TParamGraf::scrivipar() {
+    if (!ApriImpostazioni(nomeFile, true)) return;
+    scrivii(ItemUnit);
+    scrivib(static_cast<std::uint8_t>(UnitaMCorrente));
+    for (int i = 0; i < 3; ++i) scrivib(0);
+    scrivir(decimiUnita);
+    scrivir(Scaladis);
+    scrivir(DataUltima);
+    scrivir(Xfoglio);
+    scrivii(XFDecimi);
+    scrivir(yfoglio);
+    scrivii(YFDecimi);
+    scrivir(LargTav);
+    scrivii(btav);
+    scrivir(AltTav);
+    scrivii(htav);
+    scrivii(tipoAngolo);
+    ChiudiImpostazioni();
+}
+
+void TParamGraf::Display() {
+    ScriviCampoReale(campoScala, Scaladis, 2);
+    ScriviCampoReale(campoLargo, Xfoglio, 2);
+    ScriviCampoReale(campoAlto, yfoglio, 2);
+    SetDialogItemValue(theDialog, itemAngolo, 1);
+    SetDialogItemValue(theDialog, ItemUnit, 1);
+}
+
+void TParamGraf::AzzeraButton() {
+    SetDialogItemValue(theDialog, itemAngolo, 0);
+    SetDialogItemValue(theDialog, ItemUnit, 0);
+}
+
+void TParamGraf::inggene(std::uint8_t ripristino) {
+    if (!ripristino) {
+        double scala = 0, largo = 0, alto = 0;
+        if (!LeggiCampo(campoScala, 0.1, 1e6, scala) || !LeggiCampo(campoLargo, 10.0, 200.0, largo)
+            || !LeggiCampo(campoAlto, 10.0, 200.0, alto))
+            return;
+        Scaladis = scala;
+        Xfoglio = largo;
+        yfoglio = alto;
+    }
+    PoniAnnulla(aNiente);
+    tipoAngolo = static_cast<std::int16_t>(itemAngolo - primoAngolo);
+    UnitaMCorrente = static_cast<std::int16_t>(ItemUnit - primaUnita);
+    const auto unita = static_cast<std::size_t>(UnitaMCorrente);
+    decimiUnita = unita < decimiDi.size() ? decimiDi[unita] : decTessCont;
+}
+
+void TParamGraf::ripristina() {
+    AzzeraButton();
+    leggipar();
+    inggene(1);
+    Display();
+    esito = 1;
+}
+
+// What the item that was hit does.
+void TParamGraf::colpito() {
+    if (itemCorrente == campoScala || itemCorrente == campoLargo || itemCorrente == campoAlto) {
+        cambiato = 1;
+    } else if (itemCorrente >= primoAngolo && itemCorrente < primaUnita) {
+        RadioBoxItem(itemAngolo);
+    } else if (itemCorrente >= primaUnita && itemCorrente <= unitaLibera) {
+        RadioBoxItem(ItemUnit);
+    } else if (itemCorrente == okItem || itemCorrente == salvaItem) {
+        inggene(0);
+    } else if (itemCorrente == ripristinaItem) {
+        ripristina();
+    }
+    OscuraAnnulla();
+}
+
+void TParamGraf::Dialogo() {
+    ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);   // a drawing brings its own unit
+    theDialog = GetNewDialog(dialogoId);
+    itemAngolo = static_cast<std::int16_t>(tipoAngolo + primoAngolo);
+    Display();
+    SelectDialogItemText(theDialog, campoScala, 0, 100);
+    const auto chiude = [this] {
+        return (itemCorrente == okItem || itemCorrente == annullaItem || itemCorrente == salvaItem) && esito > 0;
+    };
+    do {
+        ModalDialog(MyMovableFilter, itemCorrente);
+        colpito();
+    } while (!chiude() && !(itemCorrente == annullaItem && quitPending()));
+    DisposeDialog(theDialog);
+    theDialog = nullptr;
+}
+
+void TParamGraf::Param() {
+    cambiato = 0;
+    esito = 1;
+    itemCorrente = 0;
+    if (inizio) {
+        leggipar();
+    } else {
+        Dialogo();
+        if (itemCorrente == salvaItem) scrivipar();
+    }
+    btav = arrotonda16(100 * LargTav);
+    htav = arrotonda16(100 * AltTav);
+    XFDecimi = arrotonda16(100 * Xfoglio);
+    YFDecimi = arrotonda16(100 * yfoglio);
+    CalcolaRapporti();
+    // Kept: the corrections are crossed here, and only here and behind a drawing's units.
+    htav1 = scalaX * htav;
+    btav1 = scalaY * btav;
+    if (cambiato) InvalFinestra();
+    AggiornaBarre();
+    if (VScroll) ShowControl(VScroll);
+    if (HScroll) ShowControl(HScroll);
+}
+
+bool ParamGraf() {
+    const GrafPtr porta = GetPort();
+    TParamGraf p;
+    p.Poni(1, 2, 20, 19, ParamGrafDia);
+    p.Param();
+    SetPort(porta);
+    return !p.annullato();
+}
+
+namespace {
+const VoceStato righe[] = {{"ItemUnit", VoceStato::i16, &ItemUnit, 18}};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro
