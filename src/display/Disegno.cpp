@@ -69,7 +69,7 @@ class Filtro {
     std::array<std::uint8_t, 101> visibile{};   // by sheet; the last entry stands for numbers that are none
 
 public:
-    Filtro() : perPixel(1 / scalavid), tutto(attaccoAttivo.GetModificato() != 0) {
+    Filtro() : perPixel(1 / scalavid), tutto(AnteprimaAttiva()) {
         const Rect r = AreaDisegnabile();
         area = {(static_cast<double>(r.left) + OrigX) * perPixel, (static_cast<double>(r.top) + OrigY) * perPixel,
                 (static_cast<double>(r.right) + OrigX) * perPixel, (static_cast<double>(r.bottom) + OrigY) * perPixel};
