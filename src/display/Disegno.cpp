@@ -69,7 +69,7 @@ class Filtro {
     std::array<std::uint8_t, 101> visibile{};   // by sheet; the last entry stands for numbers that are none
 
 public:
-    Filtro() : perPixel(1 / scalavid), tutto(attaccoAttivo.GetModificato() != 0) {
+    Filtro() : perPixel(1 / scalavid), tutto(AnteprimaAttiva()) {
         const Rect r = AreaDisegnabile();
         area = {(static_cast<double>(r.left) + OrigX) * perPixel, (static_cast<double>(r.top) + OrigY) * perPixel,
                 (static_cast<double>(r.right) + OrigX) * perPixel, (static_cast<double>(r.bottom) + OrigY) * perPixel};
@@ -77,6 +77,7 @@ public:
         for (std::int16_t i = 0; i < 100; ++i) visibile[static_cast<std::size_t>(i)] = LucidoVisibile(i);
     }
 
+    [[nodiscard]] bool anteprima() const { return tutto; }
     [[nodiscard]] bool tocca(double x1, double y1, double x2, double y2, double margine) const {
         const bool dentro = (std::max(x1, x2) + margine >= area.left) & (std::min(x1, x2) - margine <= area.right)
                             & (std::max(y1, y2) + margine >= area.top) & (std::min(y1, y2) - margine <= area.bottom);
@@ -153,7 +154,11 @@ class Scansione {
         // A segment goes onto paper in its own pattern, whatever sheet is the current one.
         const bool velato = !DisegnaPict && LucidoGrigio(e.lucido);
         penna.poni(e.segm.colore, e.segm.pattern, e.segm.spessore, velato);
-        fai(tSegmento, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2, 0);
+        if (filtro.anteprima()) {
+            fai(tSegmento, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2, 0);
+        } else {
+            LineaFoglio(e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2);
+        }
     }
     void marker(const elemento& e) {
         penna.poni(e.mark.colore, e.mark.pattern, e.mark.spessore, LucidoGrigio(e.lucido));

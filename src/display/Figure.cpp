@@ -13,7 +13,7 @@ namespace tessaro {
 
 namespace {
 
-bool anteprima() { return attaccoAttivo.GetModificato() != 0; }
+bool anteprima() { return AnteprimaAttiva(); }
 
 Coppia trasformato(double x, double y) {
     attaccoAttivo.Traf4Pt(x, y);

@@ -102,8 +102,17 @@ void LineaD(PuntoD a, PuntoD b) {
 void LineaFoglio(double x1, double y1, double x2, double y2) {
     Point a, b;
     if (PuntoIntero(x1, y1, a) && PuntoIntero(x2, y2, b)) [[likely]] {
-        MoveTo(a.h - spess, a.v - spess);
-        LineTo(b.h - spess, b.v - spess);
+        const std::int32_t centro = spess;
+        a = {a.v - centro, a.h - centro};
+        b = {b.v - centro, b.h - centro};
+        GrafPort& port = *GetPort();
+        if (!port.poligonoAperto) [[likely]] {   // MoveTo and LineTo in one: a repaint does this most of all
+            port.pen.pnLoc = b;
+            port.stdLine(a, b);
+            return;
+        }
+        MoveTo(a.h, a.v);
+        LineTo(b.h, b.v);
         return;
     }
     const double s = spess;

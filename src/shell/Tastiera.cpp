@@ -59,6 +59,13 @@ void cambiaModo() {
     DrawPallette();
 }
 
+// A zoom ends with cross and rubber out; the key's own bracket toggles them once more behind it.
+template <std::int16_t tipo>
+void zoom() {
+    FaiZoom(tipo);
+    SospendiAz();
+}
+
 struct VoceTasto {
     char tasto;   // letters in lower case; both cases act
     void (*azione)();
@@ -66,8 +73,8 @@ struct VoceTasto {
 constexpr VoceTasto tasti[] = {
     {' ', riferimento},
     {'*', marker<1>},
-    {'+', [] { FaiZoom(7); }},
-    {'-', [] { FaiZoom(8); }},
+    {'+', zoom<7>},
+    {'-', zoom<8>},
     {'0', marker<5>},
     {'=', vincolo<MettiParallelo>},
     {'c', penna<23>},
