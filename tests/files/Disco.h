@@ -80,22 +80,22 @@ inline Byte attacco2(bool reali = false) {
     r.f64(1, 52).f64(1, 60).f64(1, 68).u8(reali, 76);
     return r;
 }
-inline Byte segmento(double x1, double y1, double x2, double y2) {
+inline Byte rSegmento(double x1, double y1, double x2, double y2) {
     Byte r = record(tSegmento);
     r.f64(x1, 28).f64(y1, 36).f64(x2, 52).f64(y2, 60).i16(1, 76).i16(1, 78).i16(1, 80);
     return r;
 }
-inline Byte testa(double x, double y, int vertici) {
+inline Byte rTesta(double x, double y, int vertici) {
     Byte r = record(tPoligono);
     r.f64(x, 28).f64(y, 36).i16(vertici, 70).i16(1, 72).i16(1, 74).i16(1, 76);
     return r;
 }
-inline Byte vertice(double x, double y, std::int64_t distanza) {
+inline Byte rVertice(double x, double y, std::int64_t distanza) {
     Byte r = record(tVertice);
     r.f64(x, 28).f64(y, 36).i32(distanza, 52);
     return r;
 }
-inline Byte cornice(std::int64_t lunghezza, std::string_view dati) {
+inline Byte rPict(std::int64_t lunghezza, std::string_view dati) {
     Byte r = record(tPict);
     r.f64(10, 28).f64(20, 36).f64(300, 48).f64(200, 56).i32(lunghezza).byte(dati);
     return r;

@@ -37,10 +37,10 @@ Byte entrante(bool conPunti, bool registrato) {
     Byte due = attacco2(registrato);
     due.f64(0, 28).f64(0, 36).f64(100, 52).f64(0, 60);
     Byte b = intestazione(12);
-    b.byte(uno).byte(due).byte(segmento(10, 10, 10, 210));
+    b.byte(uno).byte(due).byte(rSegmento(10, 10, 10, 210));
     b.byte(record(tCerchio).f64(10, 28).f64(110, 36).f64(20, 44));
     b.byte(record(tArco).f64(10, 28).f64(10, 36).f64(2, 44).f64(90, 52).f64(45, 60));
-    b.byte(cornice(3, "abc"));
+    b.byte(rPict(3, "abc"));
     return b.byte(Blocchi{}.perVersione(12)), b;
 }
 
@@ -68,7 +68,7 @@ TEST(Fusione, SheetPointsCarryTheIncomingDrawingOver) {
 }
 
 TEST(Fusione, RealCoordinatesCarryItOverWhenBothAreRegistered) {
-    for (const std::int16_t item : {53, 32}) {
+    for (const std::int16_t item : std::initializer_list<std::int16_t>{53, 32}) {
         aperto(true, true);
         const std::int32_t prima = indElem;
         leggiByte(entrante(true, true), item);
@@ -104,7 +104,7 @@ TEST(Fusione, WithoutASimilarityTheElementsComeAsTheyAreAndTheSettingsToo) {
 }
 
 TEST(Fusione, WhatCannotBeFittedIsRefusedWhole) {
-    for (const std::int16_t item : {2, 52, 33, 34}) {
+    for (const std::int16_t item : std::initializer_list<std::int16_t>{2, 52, 33, 34}) {
         AzzeraStato();
         aperto(true, false);
         const elemento primo = Elem(3);

@@ -38,8 +38,8 @@ void sanoDaPercorrere() {
 }
 
 Byte campione(int versione) {
-    return disegno(versione, {segmento(1, 2, 3, 4), cornice(6, "PICTUR"), testa(1, 1, 2), vertice(2, 2, 1),
-                              vertice(3, 3, 2), record(tTesto).u8(2, 28).byte("Hi", 29)});
+    return disegno(versione, {rSegmento(1, 2, 3, 4), rPict(6, "PICTUR"), rTesta(1, 1, 2), rVertice(2, 2, 1),
+                              rVertice(3, 3, 2), record(tTesto).u8(2, 28).byte("Hi", 29)});
 }
 
 }   // namespace
@@ -79,7 +79,7 @@ TEST(NativoOstile, WhatAFileClaimsIsHeldAgainstWhatItHas) {
         return b.i32(conto, 19 + 76), b;
     };
     const auto immagine = [](std::int64_t lunghezza) {
-        return disegno(12, {segmento(1, 2, 3, 4), cornice(lunghezza, "PICTUR")});
+        return disegno(12, {rSegmento(1, 2, 3, 4), rPict(lunghezza, "PICTUR")});
     };
     Byte senzaTipi = conConto(1000000);
     senzaTipi.u8(7, 19 + 6);
@@ -97,8 +97,8 @@ TEST(NativoOstile, WhatAFileClaimsIsHeldAgainstWhatItHas) {
         {"a huge count of no drawing", senzaTipi, 2},
         {"a picture of negative length", immagine(-1), 3},
         {"a picture longer than the file", immagine(0x7FFFFFFF), 3},
-        {"too many colours", disegno(12, {segmento(1, 2, 3, 4)}, colori), 3},
-        {"a mesh too wide", disegno(12, {segmento(1, 2, 3, 4)}, mesh), 3},
+        {"too many colours", disegno(12, {rSegmento(1, 2, 3, 4)}, colori), 3},
+        {"a mesh too wide", disegno(12, {rSegmento(1, 2, 3, 4)}, mesh), 3},
     };
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.che);
@@ -116,7 +116,7 @@ TEST(NativoOstile, AHugeCountOfADrawingGivesWhatTheFileHas) {
     fogliovuoto(50);
     Byte b = intestazione(12);
     b.byte(attacco1(0x7FFFFFFF)).byte(attacco2());
-    for (int i = 0; i < 5; ++i) b.byte(segmento(i, 0, 0, 0));
+    for (int i = 0; i < 5; ++i) b.byte(rSegmento(i, 0, 0, 0));
     leggiByte(b);
     EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{guasto});
     EXPECT_EQ(indElem, 7);
@@ -125,8 +125,8 @@ TEST(NativoOstile, AHugeCountOfADrawingGivesWhatTheFileHas) {
 
 TEST(NativoOstile, MoreElementsThanTheStoreHoldsAreClippedAloud) {
     fogliovuoto(6);
-    std::vector<Byte> molti{testa(1, 1, 9)};
-    for (int i = 1; i <= 9; ++i) molti.push_back(vertice(i, i, i));
+    std::vector<Byte> molti{rTesta(1, 1, 9)};
+    for (int i = 1; i <= 9; ++i) molti.push_back(rVertice(i, i, i));
     leggiByte(disegno(12, molti));
     ASSERT_EQ(numeriAvvisi(), std::vector<std::int16_t>{guasto});
     EXPECT_NE(avvisi[0].testo.find("10 elements"), std::string::npos);
@@ -143,13 +143,13 @@ TEST(NativoOstile, DamagedPolylinesAndTextsAreMendedOnce) {
         std::int16_t vertici;   // of the head in record 3, -1 when there is none
     };
     const Caso casi[] = {
-        {"a count too large", {testa(0, 0, 30000), vertice(1, 1, 1), segmento(0, 0, 0, 0)}, 1},
-        {"a count below zero", {testa(0, 0, -2), vertice(1, 1, 1), vertice(2, 2, 2)}, 2},
-        {"a head at the end", {testa(0, 0, 1)}, 0},
-        {"a vertex that points before the drawing", {testa(0, 0, 1), vertice(1, 1, 999999)}, 1},
-        {"a vertex that points behind itself", {testa(0, 0, 1), vertice(1, 1, -7)}, 1},
-        {"a vertex whose head is a segment", {testa(0, 0, 0), segmento(1, 1, 1, 1), vertice(1, 1, 1)}, 0},
-        {"a vertex alone", {vertice(1, 1, 1).i16(30000, 70)}, -1},
+        {"a count too large", {rTesta(0, 0, 30000), rVertice(1, 1, 1), rSegmento(0, 0, 0, 0)}, 1},
+        {"a count below zero", {rTesta(0, 0, -2), rVertice(1, 1, 1), rVertice(2, 2, 2)}, 2},
+        {"a head at the end", {rTesta(0, 0, 1)}, 0},
+        {"a vertex that points before the drawing", {rTesta(0, 0, 1), rVertice(1, 1, 999999)}, 1},
+        {"a vertex that points behind itself", {rTesta(0, 0, 1), rVertice(1, 1, -7)}, 1},
+        {"a vertex whose head is a segment", {rTesta(0, 0, 0), rSegmento(1, 1, 1, 1), rVertice(1, 1, 1)}, 0},
+        {"a vertex alone", {rVertice(1, 1, 1).i16(30000, 70)}, -1},
         {"a text of 255 characters", {record(tTesto).u8(255, 28)}, -1},
     };
     for (const Caso& c : casi) {

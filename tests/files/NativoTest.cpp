@@ -258,10 +258,10 @@ TEST(Nativo, EachVersionBringsWhatItAddedAndLeavesTheRest) {
         const std::vector<Byte> elementi{
             record(tCerchio).f64(4, 44).i16(5, 58),
             record(tArco).f64(4, 44).i16(5, 74),
-            testa(1, 1, 1).i16(5, 78),
-            vertice(2, 2, 1),
+            rTesta(1, 1, 1).i16(5, 78),
+            rVertice(2, 2, 1),
             record(tTesto).u8(1, 28).byte("A", 29).i16(77, 78),
-            cornice(3, "abc"),
+            rPict(3, "abc"),
         };
         // What stands behind the blocks of its version is not looked at.
         leggiByte(disegno(c.versione, elementi, blocchi) + std::string(5, '\x7F'));
