@@ -103,6 +103,7 @@ constexpr VoceModifica modifiche[] = {
 }   // namespace
 
 void DoEdit() {
+    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
     for (const VoceModifica& v : modifiche) {
         if (v.item != theItem) continue;
         if (!v.conFinestra || !noWindow) v.azione();
