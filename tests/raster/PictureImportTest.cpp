@@ -198,7 +198,7 @@ std::string quarto(std::int16_t modo) {
 }
 
 void mettiPict(std::string bytes, double x, double y, double lato) {
-    Memorizza(tPict, x, y, 0, 0, lato, lato, 1, 1, 1, PStr255(""));
+    Memorizza(tPict, x, y, 0, lato, lato, 0, 1, 1, 1, PStr255(""));
     Elem(indElem).pict.maniglia = NewPict(std::move(bytes));
 }
 
