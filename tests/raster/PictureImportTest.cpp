@@ -35,6 +35,7 @@ protected:
         AzzeraStato();
         ASSERT_TRUE(AllocaElementi(100));
         AzzeraArchivio();
+        OrigX = OrigY = 0;   // the ports of these tests have no palette beside them
         cartella = std::filesystem::temp_directory_path() / ("tessaro-immagini-" + std::to_string(::getpid()));
         std::filesystem::create_directories(cartella);
     }
