@@ -5,6 +5,8 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/GeoRiferimento.h"
+#include "digitising/PuntiDigitati.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -153,13 +155,26 @@ void menuDisegna() {
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
     case 7: strumento(5); break;
     case 8: strumento(6); break;
+    case 20: IngressoVertici(); break;
+    case 21: IngressoMarker(); break;
     default: break;
     }
     DrawPallette();
 }
 
+void dialogoTrasformazione() {
+    if (KeyModifiers() & optionKey) {
+        attaccoAttivo.DialogoOld();
+    } else {
+        attaccoAttivo.Dialogo();
+    }
+}
+
 void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
+    if (noWindow) return;
+    if (theItem == 5) dialogoTrasformazione();
+    if (theItem == 8) attaccoAttivo.Aggiungi();
 }
 
 // The tablet's origin on the sheet's corner, or on the view's.
@@ -175,6 +190,7 @@ void menuStrumenti() {
     case 2: ParamGraf(); break;
     case 5: ModificaGriglia(); break;
     case 11: ParAttacco(); break;
+    case 12: ParGeoRefer(0); break;
     case 14: riferimentoTablet(true); break;
     case 15: riferimentoTablet(false); break;
     case 17:
