@@ -10,6 +10,11 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/AnnullaComando.h"
+#include "editing/Aref.h"
+#include "editing/AttributiSel.h"
+#include "editing/LucidiClassi.h"
+#include "editing/SceltaColori.h"
+#include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -64,6 +69,10 @@ void DoEdit() {
         if (!noWindow) AnnullaUltima();
         return;
     }
+    if (theItem == 16) {
+        if (!noWindow) PoniLucido();
+        return;
+    }
     SysBeep(30);
 }
 
@@ -108,6 +117,7 @@ void menuDisegna() {
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
     case 7: strumento(5); break;
     case 8: strumento(6); break;
+    case 14: PoniTratteggi(); return;
     default: break;
     }
     DrawPallette();
@@ -128,7 +138,11 @@ void riferimentoTablet(bool foglio) {
 void menuStrumenti() {
     switch (theItem) {
     case 2: ParamGraf(); break;
+    case 3: ParamLucidi(); break;
+    case 4: SceltaColori(0); break;
     case 5: ModificaGriglia(); break;
+    case 8: PoniCateg_Insieme(1); break;
+    case 9: PoniCateg_Insieme(2); break;
     case 11: ParAttacco(); break;
     case 14: riferimentoTablet(true); break;
     case 15: riferimentoTablet(false); break;
@@ -144,7 +158,7 @@ void menuStrumenti() {
 
 void menuPatternPenna() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetSel(theItem);
         return;
     }
     SospendiAz();
@@ -157,7 +171,7 @@ void menuPatternPenna() {
 
 void menuSpessore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaSpessSel(theItem);
         return;
     }
     spessore = theItem;
@@ -170,7 +184,7 @@ void menuSpessore() {
 
 void menuColore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaColoreSel(theItem);
         return;
     }
     colorCorrente = theItem;
@@ -182,13 +196,18 @@ void menuColore() {
 
 void menuPatternArea() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetAreaSel(static_cast<std::int16_t>(theItem - 1));
         return;
     }
     NumAreaPat = static_cast<std::int16_t>(theItem - 1);
     PatAreaCorrente = PatAreaAttuale = NumAreaPat > 0 ? GetIndPattern(NumAreaPat) : qdWhite;
     DrawPallette();
     PoniAnnulla(aNiente);
+}
+
+void menuAref() {
+    static constexpr std::int16_t tipi[] = {tSegmento, tPoligono, tCerchio, tArco, tMarker};
+    if (!noWindow && theItem >= 1 && theItem <= 5) PoniAREF(tipi[theItem - 1]);
 }
 
 void menuZoom() { FaiZoom(theItem); }
@@ -279,6 +298,7 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},
     {106, menuIngressoAttacco},
