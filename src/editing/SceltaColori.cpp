@@ -169,6 +169,11 @@ void TSceltaColori::colpito() {
         AggPopItem();
         break;
     }
+    case campoNome: {
+        const std::string scritto = GetDialogItemText(theDialog, campoNome).substr(0, maxNomeColore);
+        SetDialogItemRow(theDialog, elencoColori, IndiceColore, scritto, corrente().rgb);
+        break;
+    }
     case elencoPenne: corrente().penna = static_cast<std::int16_t>(GetDialogItemValue(theDialog, elencoPenne)); break;
     case campione: scegliRGB(); break;
     case aggiungi:

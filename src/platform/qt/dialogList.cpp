@@ -25,7 +25,9 @@ QIcon campione(const RGBColor& c, qreal ratio) {
     pittore.setPen(Qt::black);
     pittore.drawRect(0, 0, campioneLargo - 1, campioneAlto - 1);
     pittore.end();
-    return QIcon(p);
+    QIcon figura(p);
+    figura.addPixmap(p, QIcon::Selected);   // the chosen row shows its colour untinted
+    return figura;
 }
 
 }   // namespace
