@@ -120,8 +120,10 @@ TEST(AttributiSel, TagsGoToTheNamedTypeOnly) {
     selezionaTutti();
     const Aref tredici{13, 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h', 'i', 'j', 'k', 'l', 'm'};
     CambiaAREF(tPoligono, tredici);
-    for (std::int32_t n = 3; n <= indElem; ++n)
-        if (Elem(n).tipo != tTesto) EXPECT_EQ(Elem(n).testa.aref == tredici, n == 5) << n;
+    for (std::int32_t n = 3; n <= indElem; ++n) {
+        if (Elem(n).tipo == tTesto) continue;
+        EXPECT_EQ(Elem(n).testa.aref == tredici, n == 5) << n;
+    }
     EXPECT_EQ(a.suoni, 0);
     seleziona(5, oPoligono);
     CambiaAREF(tCerchio, tredici);

@@ -19,14 +19,25 @@ struct Pezzo {
 };
 
 // Keeps the lines drawn on it.
-struct PortaLinee : RasterPort {
+struct PortaLinee : GrafPort {
     std::vector<Pezzo> pezzi;
-    using RasterPort::RasterPort;
+    PortaLinee() {
+        portRect = SetRect(0, 0, 1000, 1000);
+        clip = Region::of(portRect);
+    }
     void stdLine(Point a, Point b) override { pezzi.push_back({a, b}); }
+    void stdRect(GrafVerb, const Rect&, const Pattern&) override {}
+    void stdOval(GrafVerb, const Rect&, const Pattern&) override {}
+    void stdArc(GrafVerb, const Rect&, std::int32_t, std::int32_t, const Pattern&) override {}
+    void stdPoly(GrafVerb, const Polygon&, const Pattern&) override {}
+    void stdRgn(GrafVerb, const Region&, const Pattern&) override {}
+    void stdBits(const PixMap&, const Rect&, const Rect&) override {}
+    void stdText(std::string_view) override {}
+    void stdComment(std::int16_t, std::string_view) override {}
 };
 
 struct Prova {
-    PortaLinee porta{1000, 1000, 1};
+    PortaLinee porta;
     GrafPtr prima = GetPort();
     Prova() {
         fogliovuoto(20000);
