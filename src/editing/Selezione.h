@@ -24,6 +24,7 @@ bool SelArco(const puntot& p, const double& cx, const double& cy, const double& 
              const double& sweep);
 bool SelPict(const puntot& p, const double& x0, const double& y0, const double& x1, const double& y1);
 bool SelTesto(const puntot& p, std::int32_t index);
+bool SelTesto(const puntot& p, const elemento& e);
 bool Destra2(const double& a, const double& b, const double& c, const double& d, const double& e, const double& f);
 void TogliSelezione();
 void NessunaSelezione();

@@ -6,6 +6,8 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/Coordinate.h"
+#include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -147,6 +149,24 @@ void clickSpostando() {
     SospendiAz();
 }
 
+// --- mode 5: one click is where the first real point lies
+
+void clickPostoReale() {
+    DigiToReal(xcurs, ycurs, XFVisual, YFVisual);
+    RealToDigi(Elem(2).att.x1, Elem(2).att.y1, XSpost1, YSpost1);
+    XSpost2 = xcurs;
+    YSpost2 = ycurs;
+    XDeltaSpost = XSpost1 - XSpost2;
+    YDeltaSpost = YSpost1 - YSpost2;
+    ZDeltaSpost = 0;
+    SpostaTutto();
+    ParGeoRefer(1);
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
 // --- mode 6: one click records a control point
 
 void clickAttacco() {
@@ -205,6 +225,7 @@ void CercaSelezione(EventRecord& e, puntot& point) {
     case 0: clickScegliendo(e, point); break;
     case 1: clickDigitando(e); break;
     case 2: clickSpostando(); break;
+    case 5: clickPostoReale(); break;
     case 6: clickAttacco(); break;
     default: break;
     }
