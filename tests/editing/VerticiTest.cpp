@@ -8,6 +8,7 @@
 #include "model/Selezione.h"
 #include "text/Conversione.h"
 #include "support/Ascolto.h"
+#include "text/Conversione.h"
 
 using namespace tessaro;
 using namespace prova;
