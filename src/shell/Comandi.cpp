@@ -5,6 +5,8 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/GeoRiferimento.h"
+#include "digitising/PuntiDigitati.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -12,8 +14,12 @@
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
+#include "editing/Cancella.h"
+#include "editing/Conversioni.h"
 #include "editing/LucidiClassi.h"
 #include "editing/SceltaColori.h"
+#include "editing/Selezione.h"
+#include "editing/Sposta.h"
 #include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
@@ -64,9 +70,50 @@ void DoArchivio() {
     }
 }
 
+namespace {
+
+// What a command has changed shows at once.
+void ridisegna() {
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
+void selezionaTutto() {
+    SelezionaTutto();
+    ridisegna();
+}
+
+void spostaDiValori() {
+    if (!Puntosel.attiva) return;
+    Sposta();
+    ridisegna();
+}
+
+struct VoceModifica {
+    std::int16_t item;
+    bool conFinestra;
+    void (*azione)();
+};
+constexpr VoceModifica modifiche[] = {
+    {1, true, AnnullaUltima},
+    {6, false, CancellaSelezione},
+    {8, true, selezionaTutto},
+    {9, true, [] { AvantiEIndietroSelezione(true); }},
+    {10, true, [] { AvantiEIndietroSelezione(false); }},
+    {12, true, spostaDiValori},
+    {14, true, TrasformaPoligSel},
+    {15, true, TrasformaSegmentiSel},
+};
+
+}   // namespace
+
 void DoEdit() {
-    if (theItem == 1) {
-        if (!noWindow) AnnullaUltima();
+    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
+    for (const VoceModifica& v : modifiche) {
+        if (v.item != theItem) continue;
+        if (!v.conFinestra || !noWindow) v.azione();
         return;
     }
     if (theItem == 16) {
@@ -117,14 +164,27 @@ void menuDisegna() {
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
     case 7: strumento(5); break;
     case 8: strumento(6); break;
+    case 20: IngressoVertici(); break;
+    case 21: IngressoMarker(); break;
     case 14: PoniTratteggi(); return;
     default: break;
     }
     DrawPallette();
 }
 
+void dialogoTrasformazione() {
+    if (KeyModifiers() & optionKey) {
+        attaccoAttivo.DialogoOld();
+    } else {
+        attaccoAttivo.Dialogo();
+    }
+}
+
 void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
+    if (noWindow) return;
+    if (theItem == 5) dialogoTrasformazione();
+    if (theItem == 8) attaccoAttivo.Aggiungi();
 }
 
 // The tablet's origin on the sheet's corner, or on the view's.
@@ -144,6 +204,7 @@ void menuStrumenti() {
     case 8: PoniCateg_Insieme(1); break;
     case 9: PoniCateg_Insieme(2); break;
     case 11: ParAttacco(); break;
+    case 12: ParGeoRefer(0); break;
     case 14: riferimentoTablet(true); break;
     case 15: riferimentoTablet(false); break;
     case 17:
