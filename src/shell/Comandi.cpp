@@ -105,6 +105,7 @@ constexpr VoceModifica modifiche[] = {
     {12, true, spostaDiValori},
     {14, true, TrasformaPoligSel},
     {15, true, TrasformaSegmentiSel},
+    {16, true, [] { PoniLucido(); }},
 };
 
 }   // namespace
@@ -114,10 +115,6 @@ void DoEdit() {
     for (const VoceModifica& v : modifiche) {
         if (v.item != theItem) continue;
         if (!v.conFinestra || !noWindow) v.azione();
-        return;
-    }
-    if (theItem == 16) {
-        if (!noWindow) PoniLucido();
         return;
     }
     SysBeep(30);
