@@ -174,7 +174,8 @@ TEST_F(DialogTest, APopUpGivesOnlyWhatCanBeChosen) {
     CreateMenus();
     rispostaPopup = 3;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 3);
-    rispostaPopup = 11;   // not built
+    DisableMenuItem(110, 11);
+    rispostaPopup = 11;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 0);
     rispostaPopup = 0;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 0);
