@@ -125,10 +125,12 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (preso) {
         prendi(i, shift);
         Tempo = event.when;
-    } else if (!opzione && Button()) {
-        preso = daRettangolo();
-    } else {
+    } else if (!Button()) {
         Tempo = event.when;
+    } else if (opzione) {
+        SysBeep(30);   // dragging the selection out is not built yet
+    } else {
+        preso = daRettangolo();
     }
     if (preso && Puntosel.oggetto < oMeshOrigine) {
         RifaiRettSel();

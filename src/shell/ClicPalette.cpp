@@ -6,6 +6,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/Sposta.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
@@ -82,6 +83,21 @@ void marker() {
     FineSegm();
     strumento(3);
 }
+// The coordinate line flashes, then asks: while moving for the deltas, else for a point.
+void clicRigaCoordinate() {
+    if (Modalita != 1 && Modalita != 2) return;
+    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
+    InvertRect(riga);
+    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
+    InvertRect(riga);
+    if (Modalita == 2) {
+        Sposta();
+        InvalFinestra();
+    } else {
+        SysBeep(30);   // points cannot be typed yet
+    }
+}
+
 // The commands behind these cells are not built yet.
 void nonAncora() { SysBeep(30); }
 

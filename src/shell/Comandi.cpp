@@ -12,6 +12,10 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/AnnullaComando.h"
+#include "editing/Cancella.h"
+#include "editing/Conversioni.h"
+#include "editing/Selezione.h"
+#include "editing/Sposta.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -61,9 +65,50 @@ void DoArchivio() {
     }
 }
 
+namespace {
+
+// What a command has changed shows at once.
+void ridisegna() {
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
+void selezionaTutto() {
+    SelezionaTutto();
+    ridisegna();
+}
+
+void spostaDiValori() {
+    if (!Puntosel.attiva) return;
+    Sposta();
+    ridisegna();
+}
+
+struct VoceModifica {
+    std::int16_t item;
+    bool conFinestra;
+    void (*azione)();
+};
+constexpr VoceModifica modifiche[] = {
+    {1, true, AnnullaUltima},
+    {6, false, CancellaSelezione},
+    {8, true, selezionaTutto},
+    {9, true, [] { AvantiEIndietroSelezione(true); }},
+    {10, true, [] { AvantiEIndietroSelezione(false); }},
+    {12, true, spostaDiValori},
+    {14, true, TrasformaPoligSel},
+    {15, true, TrasformaSegmentiSel},
+};
+
+}   // namespace
+
 void DoEdit() {
-    if (theItem == 1) {
-        if (!noWindow) AnnullaUltima();
+    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
+    for (const VoceModifica& v : modifiche) {
+        if (v.item != theItem) continue;
+        if (!v.conFinestra || !noWindow) v.azione();
         return;
     }
     SysBeep(30);

@@ -14,6 +14,7 @@
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -30,6 +31,18 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t menuScorciatoie = 110;
+
+// --- mode 0: clicks select and edit
+
+void clickScegliendo(const EventRecord& e, puntot& point) {
+    if (CalcWindow) {
+        SysBeep(30);   // a polyline cannot be handed to the calculator yet
+        return;
+    }
+    VidToReal(EventPoint, point);
+    if ((selezionePrec || Puntosel.attiva) && MuoviPunto(e, point)) return;
+    ScegliElemento(e, point);
+}
 
 // --- mode 1: clicks make elements
 
@@ -209,10 +222,7 @@ void CercaSelezione(EventRecord& e, puntot& point) {
         return;
     }
     switch (Modalita) {
-    case 0:
-        VidToReal(EventPoint, point);
-        ScegliElemento(e, point);
-        break;
+    case 0: clickScegliendo(e, point); break;
     case 1: clickDigitando(e); break;
     case 2: clickSpostando(); break;
     case 5: clickPostoReale(); break;
