@@ -6,6 +6,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
@@ -145,7 +146,7 @@ void clicCella(const Cella& c) {
     if (c.icona == 16) {
         // The halves act while the whole cell stays as it is: it has no lit form.
         if (opzione) {
-            nonAncora();
+            ParamLucidi();
         } else {
             c.azione();
         }

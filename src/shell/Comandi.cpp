@@ -12,10 +12,15 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/AnnullaComando.h"
+#include "editing/Aref.h"
+#include "editing/AttributiSel.h"
 #include "editing/Cancella.h"
 #include "editing/Conversioni.h"
+#include "editing/LucidiClassi.h"
+#include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -111,6 +116,10 @@ void DoEdit() {
         if (!v.conFinestra || !noWindow) v.azione();
         return;
     }
+    if (theItem == 16) {
+        if (!noWindow) PoniLucido();
+        return;
+    }
     SysBeep(30);
 }
 
@@ -157,6 +166,7 @@ void menuDisegna() {
     case 8: strumento(6); break;
     case 20: IngressoVertici(); break;
     case 21: IngressoMarker(); break;
+    case 14: PoniTratteggi(); return;
     default: break;
     }
     DrawPallette();
@@ -188,7 +198,11 @@ void riferimentoTablet(bool foglio) {
 void menuStrumenti() {
     switch (theItem) {
     case 2: ParamGraf(); break;
+    case 3: ParamLucidi(); break;
+    case 4: SceltaColori(0); break;
     case 5: ModificaGriglia(); break;
+    case 8: PoniCateg_Insieme(1); break;
+    case 9: PoniCateg_Insieme(2); break;
     case 11: ParAttacco(); break;
     case 12: ParGeoRefer(0); break;
     case 14: riferimentoTablet(true); break;
@@ -205,7 +219,7 @@ void menuStrumenti() {
 
 void menuPatternPenna() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetSel(theItem);
         return;
     }
     SospendiAz();
@@ -218,7 +232,7 @@ void menuPatternPenna() {
 
 void menuSpessore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaSpessSel(theItem);
         return;
     }
     spessore = theItem;
@@ -231,7 +245,7 @@ void menuSpessore() {
 
 void menuColore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaColoreSel(theItem);
         return;
     }
     colorCorrente = theItem;
@@ -243,13 +257,18 @@ void menuColore() {
 
 void menuPatternArea() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetAreaSel(static_cast<std::int16_t>(theItem - 1));
         return;
     }
     NumAreaPat = static_cast<std::int16_t>(theItem - 1);
     PatAreaCorrente = PatAreaAttuale = NumAreaPat > 0 ? GetIndPattern(NumAreaPat) : qdWhite;
     DrawPallette();
     PoniAnnulla(aNiente);
+}
+
+void menuAref() {
+    static constexpr std::int16_t tipi[] = {tSegmento, tPoligono, tCerchio, tArco, tMarker};
+    if (!noWindow && theItem >= 1 && theItem <= 5) PoniAREF(tipi[theItem - 1]);
 }
 
 void menuZoom() { FaiZoom(theItem); }
@@ -340,6 +359,7 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},
     {106, menuIngressoAttacco},
