@@ -7,6 +7,7 @@
 #include "model/Annulla.h"
 #include "model/Selezione.h"
 #include "support/Ascolto.h"
+#include "text/Conversione.h"
 
 using namespace tessaro;
 using namespace prova;
