@@ -27,7 +27,7 @@ constexpr std::int16_t motivoTroppoGrande = 3;
 // A new picture element at the cursor, of that size on the sheet. False when the store is full.
 bool memorizzaPict(std::string bytes, double larghezza, double altezza) {
     const std::int32_t prima = indElem;
-    Memorizza(tPict, xcurs, ycurs, zcurs, 0, larghezza, altezza, spessore, colorCorrente, NumPat, PStr255(""));
+    Memorizza(tPict, xcurs, ycurs, zcurs, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
     if (indElem == prima) return false;
     Elem(indElem).pict.maniglia = NewPict(std::move(bytes));
     return true;

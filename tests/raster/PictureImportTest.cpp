@@ -35,6 +35,7 @@ protected:
         AzzeraStato();
         ASSERT_TRUE(AllocaElementi(100));
         AzzeraArchivio();
+        OrigX = OrigY = 0;   // the ports of these tests have no palette beside them
         cartella = std::filesystem::temp_directory_path() / ("tessaro-immagini-" + std::to_string(::getpid()));
         std::filesystem::create_directories(cartella);
     }
@@ -198,7 +199,7 @@ std::string quarto(std::int16_t modo) {
 }
 
 void mettiPict(std::string bytes, double x, double y, double lato) {
-    Memorizza(tPict, x, y, 0, 0, lato, lato, 1, 1, 1, PStr255(""));
+    Memorizza(tPict, x, y, 0, lato, lato, 0, 1, 1, 1, PStr255(""));
     Elem(indElem).pict.maniglia = NewPict(std::move(bytes));
 }
 

@@ -77,6 +77,10 @@ void preparaAmbiente(const Avvio& a) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     if (!a.script) return;
+    // Standard error is the script's own: what the off-screen platform cannot do is no news there.
+    qInstallMessageHandler([](QtMsgType tipo, const QMessageLogContext&, const QString& testo) {
+        if (tipo == QtCriticalMsg || tipo == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(testo));
+    });
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(a.ratio));
     qputenv("QT_QPA_PLATFORMTHEME", "");
