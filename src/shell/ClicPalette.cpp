@@ -5,6 +5,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/Testi.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
@@ -74,6 +75,10 @@ void cerchio() { curva(5); }
 void arco() { curva(6); }
 
 void testo() {
+    if (Puntosel.attiva) {
+        PoniTesti(1);
+        return;
+    }
     FineSegm();
     strumento(2);
 }

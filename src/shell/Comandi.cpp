@@ -10,6 +10,7 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/AnnullaComando.h"
+#include "editing/Testi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -279,6 +280,9 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {100, [] { CheckFontMac(theItem); }},
+    {101, [] { CheckDimFMac(theItem); }},
+    {102, [] { CheckStile(theItem); }},
     {104, menuColore},
     {105, menuPatternArea},
     {106, menuIngressoAttacco},

@@ -12,6 +12,7 @@
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -88,7 +89,7 @@ void clickDigitando(const EventRecord& e) {
     case 4: clickLinea(e); break;
     case 2:
         tabButton = 0;
-        SysBeep(30);   // texts cannot be placed yet
+        PoniTesti(0);
         break;
     case 3:
         tabButton = 3;
