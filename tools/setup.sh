@@ -35,7 +35,7 @@ build() {
     if [ "${CI:-}" ]; then
         ninja -C "$dir"
     else
-        ninja -C "$dir" --quiet || exit 1
+        { ninja -C "$dir" --quiet || exit 1; } | { grep -v '^ninja: no work to do.$' || true; }
     fi
 }
 

@@ -20,7 +20,7 @@ namespace {
 
 struct Coda {
     std::deque<EventRecord> righe;
-    Point puntatore;               // of the record delivered last
+    Point puntatore{-1, -1};       // of the record delivered last; outside until the pointer has been seen
     std::uint16_t modifiers = 0;   // the same
     bool tenuto = false;           // the press delivered last is still held, as far as records were delivered
     bool uscita = false;
