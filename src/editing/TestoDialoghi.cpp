@@ -25,8 +25,8 @@ std::int16_t angoloMostrato(std::int16_t angolo) { return arrotonda16(AngToAttua
 
 // The unit that the angle is shown in, by list 9131.
 std::string unitaAngolo() {
-    const std::int32_t grad = tipoAngolo == 1 ? gradCorrente : std::int32_t{gradSessadecimali};
-    return GetIndString(9131, grad == gradCentesimali ? 1 : 2);
+    const bool centesimali = tipoAngolo != 1 && gradCorrente == gradCentesimali;
+    return GetIndString(9131, centesimali ? 1 : 2);
 }
 
 void mostra(bool modifica) {

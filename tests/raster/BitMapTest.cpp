@@ -49,7 +49,7 @@ Disegno nuovo(std::size_t w, std::size_t h, Di di) {
     return d;
 }
 
-constexpr std::pair<std::size_t, std::size_t> misure[] = {{1, 1},  {1, 9},  {7, 3},  {8, 8},   {15, 16},
+constexpr std::pair<std::size_t, std::size_t> misure[] = {{1, 1},   {1, 9},  {7, 3},  {8, 8},   {15, 16},
                                                           {16, 15}, {17, 1}, {33, 5}, {64, 31}, {31, 64}};
 
 TEST(BitMap, RowsAreWholeWordsAndMirrorsAndQuarterTurnsAgreeWithTheReference) {
@@ -80,7 +80,8 @@ TEST(BitMap, LogicIsByBitAndRefusesOtherBounds) {
     const Disegno p = caso(g, 21, 6), q = caso(g, 21, 6);
     const BitMapPtr a = daDisegno(p), b = daDisegno(q), altra = daDisegno(caso(g, 20, 6));
     const auto due = [&](auto f) {
-        return nuovo(21, 6, [&](std::size_t x, std::size_t y) { return f(p[y][x] == '#', q[y][x] == '#') ? '#' : '.'; });
+        return nuovo(21, 6,
+                     [&](std::size_t x, std::size_t y) { return f(p[y][x] == '#', q[y][x] == '#') ? '#' : '.'; });
     };
     EXPECT_EQ(comeDisegno(BitMapPtr(BitMapAND(a.get(), b.get()))), due([](bool u, bool v) { return u && v; }));
     EXPECT_EQ(comeDisegno(BitMapPtr(BitMapOR(a.get(), b.get()))), due([](bool u, bool v) { return u || v; }));
