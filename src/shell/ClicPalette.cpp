@@ -8,6 +8,7 @@
 #include "display/Zoom.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
@@ -77,6 +78,10 @@ void cerchio() { curva(5); }
 void arco() { curva(6); }
 
 void testo() {
+    if (Puntosel.attiva) {
+        PoniTesti(1);
+        return;
+    }
     FineSegm();
     strumento(2);
 }

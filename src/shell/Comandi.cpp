@@ -20,6 +20,7 @@
 #include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
@@ -356,6 +357,9 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {100, [] { CheckFontMac(theItem); }},
+    {101, [] { CheckDimFMac(theItem); }},
+    {102, [] { CheckStile(theItem); }},
     {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},

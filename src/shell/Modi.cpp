@@ -14,6 +14,7 @@
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -103,7 +104,7 @@ void clickDigitando(const EventRecord& e) {
     case 4: clickLinea(e); break;
     case 2:
         tabButton = 0;
-        SysBeep(30);   // texts cannot be placed yet
+        PoniTesti(0);
         break;
     case 3:
         tabButton = 3;
