@@ -18,6 +18,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "shell/Calcolatrice.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -60,6 +61,10 @@ void DoArchivio() {
 }
 
 void DoEdit() {
+    if (CalcWindow) {   // the only thing to take back is the path's last point
+        if (theItem == 1) IndietroPercorso();
+        return;
+    }
     if (theItem == 1) {
         if (!noWindow) AnnullaUltima();
         return;
@@ -127,6 +132,7 @@ void riferimentoTablet(bool foglio) {
 
 void menuStrumenti() {
     switch (theItem) {
+    case 1: ApriCalcolatrice(); break;
     case 2: ParamGraf(); break;
     case 5: ModificaGriglia(); break;
     case 11: ParAttacco(); break;

@@ -8,6 +8,7 @@
 #include "model/Attributi.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
+#include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
@@ -108,6 +109,7 @@ void consuma(EventRecord& e) {
                               static_cast<std::int16_t>(e.message & 0xFFFF));
         break;
     case EventKind::highLevel: dalDesktop(e); break;
+    case EventKind::dialogItem: DealwithDialogs(e); break;
     default: break;
     }
 }

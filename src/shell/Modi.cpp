@@ -10,6 +10,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
 #include "model/Archivio.h"
@@ -191,7 +192,11 @@ void CercaSelezione(EventRecord& e, puntot& point) {
     switch (Modalita) {
     case 0:
         VidToReal(EventPoint, point);
-        ScegliElemento(e, point);
+        if (CalcWindow) {
+            ScegliPercorso(point);
+        } else {
+            ScegliElemento(e, point);
+        }
         break;
     case 1: clickDigitando(e); break;
     case 2: clickSpostando(); break;
