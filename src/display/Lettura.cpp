@@ -36,7 +36,7 @@ void disegnaRiga() {
 }   // namespace
 
 void RidisegnaLettura() {
-    if (theWindow && lineaCoordinate.Lengthp() > 0) disegnaRiga();
+    if (theWindow && !lineaCoordinate.view().empty()) disegnaRiga();
 }
 
 void SetDrawCoordCorr() {
