@@ -73,6 +73,10 @@ void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_
 void HMDisplayTag(WindowPtr w, const Rect& r, std::int16_t list, std::int16_t index);
 void HMHideTag();
 
+// The guide's page, opened by the desktop. False when it is not installed or nothing can show it.
+bool HelpPageExists(std::string_view page);
+bool AHGotoPage(std::string_view page);
+
 // --- cursors
 enum : std::int16_t { arrowCursor = 0 };
 void SetCursor(std::int16_t resource);   // 0 the arrow, 4 the watch, 2 the cross, 10, 128 ...
