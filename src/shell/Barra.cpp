@@ -1,6 +1,7 @@
 // The toolbar's actions: most are menu commands under another hand, four open the menus of the attributes.
 #include "shell/Barra.h"
 
+#include "digitising/PuntiDigitati.h"
 #include "display/barra.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
@@ -15,7 +16,7 @@ namespace tessaro {
 
 namespace {
 
-enum : std::uint32_t { bTaglia = 3, bFoglio = 13, bRidisegna = 14, bColore = 23, bSpessore, bPenna, bArea, bAiuto };
+enum : std::uint32_t { bTaglia = 3, bFoglio = 13, bRidisegna = 14, bColore = 23, bSpessore, bPenna, bArea, bAiuto, bPolare = 29 };
 constexpr std::int16_t menuPenna = 20, menuSpessore = 24, menuColore = 104, menuArea = 105;
 constexpr std::int16_t spento = 255;
 
@@ -65,6 +66,7 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     case bPenna: MenuPatternPenna(); break;
     case bArea: MenuPatternArea(); break;
     case bAiuto: AHGotoPage(GetIndString(129, 67)); break;
+    case bPolare: IngressoPolare(); break;
     default: {
         const ComandoMenu c = ComandoDelBottone(indice);
         comando(c.menu, c.voce);
