@@ -14,6 +14,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
+#include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
 #include "shell/Modi.h"
 #include "tools/Costruzione.h"
@@ -62,10 +63,14 @@ void strumento(std::int32_t operazione) {
 }
 
 void segmento() {
+    LasciaCalcolatrice();
     FineSegm();
     strumento(0);
 }
-void polilinea() { strumento(1); }
+void polilinea() {
+    LasciaCalcolatrice();
+    strumento(1);
+}
 
 void curva(std::int32_t operazione) {
     if (opzione) {
@@ -82,10 +87,12 @@ void testo() {
         PoniTesti(1);
         return;
     }
+    LasciaCalcolatrice();
     FineSegm();
     strumento(2);
 }
 void marker() {
+    LasciaCalcolatrice();
     FineSegm();
     strumento(3);
 }
@@ -137,7 +144,7 @@ constexpr std::array celle{
     Cella{224, 256, 20, arco},
     Cella{256, 288, 21, testo},
     Cella{288, 320, 22, marker},
-    Cella{320, 352, 23, nonAncora},
+    Cella{320, 352, 23, ApriCalcolatrice},
     Cella{352, 384, 24, nonAncora},
     Cella{384, 416, 25, nonAncora},
 };

@@ -30,6 +30,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "shell/Calcolatrice.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -112,7 +113,10 @@ constexpr VoceModifica modifiche[] = {
 }   // namespace
 
 void DoEdit() {
-    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
+    if (CalcWindow) {   // the only thing to take back is the path's last point
+        if (theItem == 1) IndietroPercorso();
+        return;
+    }
     for (const VoceModifica& v : modifiche) {
         if (v.item != theItem) continue;
         if (!v.conFinestra || !noWindow) v.azione();
@@ -195,6 +199,7 @@ void riferimentoTablet(bool foglio) {
 
 void menuStrumenti() {
     switch (theItem) {
+    case 1: ApriCalcolatrice(); break;
     case 2: ParamGraf(); break;
     case 3: ParamLucidi(); break;
     case 4: SceltaColori(0); break;

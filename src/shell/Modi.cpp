@@ -12,6 +12,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
@@ -36,11 +37,11 @@ constexpr std::int16_t menuScorciatoie = 110;
 // --- mode 0: clicks select and edit
 
 void clickScegliendo(const EventRecord& e, puntot& point) {
+    VidToReal(EventPoint, point);
     if (CalcWindow) {
-        SysBeep(30);   // a polyline cannot be handed to the calculator yet
+        ScegliPercorso(point);
         return;
     }
-    VidToReal(EventPoint, point);
     if ((selezionePrec || Puntosel.attiva) && MuoviPunto(e, point)) return;
     ScegliElemento(e, point);
 }
