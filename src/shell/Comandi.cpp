@@ -20,6 +20,7 @@
 #include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
@@ -106,6 +107,7 @@ constexpr VoceModifica modifiche[] = {
     {12, true, spostaDiValori},
     {14, true, TrasformaPoligSel},
     {15, true, TrasformaSegmentiSel},
+    {16, true, [] { PoniLucido(); }},
 };
 
 }   // namespace
@@ -118,10 +120,6 @@ void DoEdit() {
     for (const VoceModifica& v : modifiche) {
         if (v.item != theItem) continue;
         if (!v.conFinestra || !noWindow) v.azione();
-        return;
-    }
-    if (theItem == 16) {
-        if (!noWindow) PoniLucido();
         return;
     }
     SysBeep(30);
@@ -364,6 +362,9 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {100, [] { CheckFontMac(theItem); }},
+    {101, [] { CheckDimFMac(theItem); }},
+    {102, [] { CheckStile(theItem); }},
     {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},

@@ -15,6 +15,7 @@
 #include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -104,7 +105,7 @@ void clickDigitando(const EventRecord& e) {
     case 4: clickLinea(e); break;
     case 2:
         tabButton = 0;
-        SysBeep(30);   // texts cannot be placed yet
+        PoniTesti(0);
         break;
     case 3:
         tabButton = 3;
