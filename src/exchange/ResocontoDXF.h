@@ -24,7 +24,6 @@ enum class TestoDxf : std::int16_t {
     migliaia,   // separator of thousands
     invitoLettura,
     avanzaLettura,
-    avanzaScrittura,
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {

@@ -9,6 +9,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
@@ -194,9 +195,16 @@ void menuPatternArea() {
 void menuZoom() { FaiZoom(theItem); }
 
 void menuEsporta() {
-    if (theItem != 1) return;
-    theItem = 41;
-    archivia();
+    switch (theItem) {
+    case 1:
+        theItem = 41;
+        archivia();
+        break;
+    case 4:
+        if (!noWindow) EsportaDWG();
+        break;
+    default: break;
+    }
 }
 
 void menuApriAltri() {
