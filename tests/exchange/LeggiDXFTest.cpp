@@ -186,7 +186,7 @@ TEST(LeggiDXF, WhatIsNotReadIsTold) {
 
 TEST(LeggiDXF, HostileFilesEnd) {
     const std::string lunga(1 << 20, 'A');
-    const std::string nuli("0\nSECTION\n2\nENTITIES\n0\nLINE\n10\n\0\0\0\n", 40);
+    const std::string nuli("0\nSECTION\n2\nENTITIES\n0\nLINE\n10\n\0\0\0\n", 35);
     std::string tante;
     for (int i = 0; i < 20000; ++i) tante += "0 BLOCK,2 A,0 ENDBLK,";
     const std::string casi[] = {
