@@ -20,7 +20,8 @@ void DisposeDialog(DialogPtr d);
 // Runs until an item is hit, also by typing in a field (that field's item). A closed dialog, a quit under way and
 // Escape give item 2.
 void ModalDialog(ModalFilter filter, std::int16_t& item);
-DialogPtr FrontDialog();   // the innermost one open, or null
+DialogPtr FrontDialog();                // the innermost one open, or null; modeless ones do not count
+void SelectDialogWindow(DialogPtr d);   // brings a modeless dialog forward
 
 void SetDialogItemText(DialogPtr d, std::int16_t item, std::string_view macRoman);
 std::string GetDialogItemText(DialogPtr d, std::int16_t item);   // Mac Roman, at most 255 bytes
@@ -34,6 +35,10 @@ void ShowDialogItem(DialogPtr d, std::int16_t item);
 void HideDialogItem(DialogPtr d, std::int16_t item);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
                        std::int16_t menu);   // pop-up items take their texts from a menu
+// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen.
+void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
+void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
+                      const RGBColor& colour);
 void DrawDialog(DialogPtr d);
 
 // Fill ^0 to ^3 in the texts of the dialogs and alerts opened from now on.

@@ -6,12 +6,17 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/Coordinate.h"
+#include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
+#include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -28,6 +33,18 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t menuScorciatoie = 110;
+
+// --- mode 0: clicks select and edit
+
+void clickScegliendo(const EventRecord& e, puntot& point) {
+    VidToReal(EventPoint, point);
+    if (CalcWindow) {
+        ScegliPercorso(point);
+        return;
+    }
+    if ((selezionePrec || Puntosel.attiva) && MuoviPunto(e, point)) return;
+    ScegliElemento(e, point);
+}
 
 // --- mode 1: clicks make elements
 
@@ -88,7 +105,7 @@ void clickDigitando(const EventRecord& e) {
     case 4: clickLinea(e); break;
     case 2:
         tabButton = 0;
-        SysBeep(30);   // texts cannot be placed yet
+        PoniTesti(0);
         break;
     case 3:
         tabButton = 3;
@@ -128,6 +145,24 @@ void clickSpostando() {
     YDeltaSpost = YSpost2 - YSpost1;
     ZDeltaSpost = 0;
     SpostaSelezione();
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
+// --- mode 5: one click is where the first real point lies
+
+void clickPostoReale() {
+    DigiToReal(xcurs, ycurs, XFVisual, YFVisual);
+    RealToDigi(Elem(2).att.x1, Elem(2).att.y1, XSpost1, YSpost1);
+    XSpost2 = xcurs;
+    YSpost2 = ycurs;
+    XDeltaSpost = XSpost1 - XSpost2;
+    YDeltaSpost = YSpost1 - YSpost2;
+    ZDeltaSpost = 0;
+    SpostaTutto();
+    ParGeoRefer(1);
     ClipRect(myViewRect);
     EraseRect(myViewRect);
     Disegna();
@@ -189,12 +224,10 @@ void CercaSelezione(EventRecord& e, puntot& point) {
         return;
     }
     switch (Modalita) {
-    case 0:
-        VidToReal(EventPoint, point);
-        ScegliElemento(e, point);
-        break;
+    case 0: clickScegliendo(e, point); break;
     case 1: clickDigitando(e); break;
     case 2: clickSpostando(); break;
+    case 5: clickPostoReale(); break;
     case 6: clickAttacco(); break;
     default: break;
     }

@@ -14,13 +14,13 @@
 
 namespace tessaro {
 
-enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore };
+enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore, elenco };
 
 // What the program set stands here and holds without widgets too; typing and clicks come from the widget.
 struct VoceDialogo {
     TipoVoce tipo = TipoVoce::testoFisso;
     std::string grezzo;        // UTF-8, as the resource or the program gave it, ^0 to ^3 not yet filled in
-    std::int32_t valore = 0;   // radio, check box 0 or 1; pop-up from 1; slider; colour 0xRRGGBB
+    std::int32_t valore = 0;   // radio, check box 0 or 1; pop-up and list from 1; slider; colour 0xRRGGBB
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
@@ -33,6 +33,7 @@ struct FinestraDialogo {
     std::int16_t predefinita = 0;   // item that Return presses; 0 when the resource marks none
     std::int16_t annulla = 2;       // item that Escape and the close box give
     bool nonModale = false;
+    std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
     std::string titolo;   // UTF-8, parameters filled in
     std::map<std::int16_t, VoceDialogo> voci;
@@ -50,9 +51,11 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* o, QEvent* e) override;   // of the fields
 
 private:
-    void tasto(std::uint8_t macRoman);   // Return, Enter or Escape
+    void tasto(std::uint8_t macRoman);    // Return, Enter or Escape
+    bool premeVoce(const QKeyEvent& e);   // true when the character is a button's own
 
     FinestraDialogo& d;
 };
@@ -63,5 +66,11 @@ void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wake
 void applica(const VoceDialogo& v);                     // the widget shows what the data say
 void mostra(FinestraDialogo& d);                        // opens the window; once
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
+
+// --- lists
+QWidget* creaElenco(FinestraDialogo& d, std::int16_t item, int righe, int caratteri);
+void scegliRiga(const VoceDialogo& v);          // the row chosen is the one of the value
+int righeElenco(const VoceDialogo& v);          // how many there are
+std::string rigaScelta(const VoceDialogo& v);   // its text, UTF-8
 
 }   // namespace tessaro
