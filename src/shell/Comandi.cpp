@@ -11,6 +11,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
@@ -277,9 +278,16 @@ void menuAref() {
 void menuZoom() { FaiZoom(theItem); }
 
 void menuEsporta() {
-    if (theItem != 1) return;
-    theItem = 41;
-    archivia();
+    switch (theItem) {
+    case 1:
+        theItem = 41;
+        archivia();
+        break;
+    case 4:
+        if (!noWindow) EsportaDWG();
+        break;
+    default: break;
+    }
 }
 
 void menuApriAltri() {
