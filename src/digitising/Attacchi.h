@@ -14,7 +14,6 @@ void AssegnaAttacco(std::int16_t n, const double& x, const double& y);   // stor
 Coppia LeggiAttacco(std::int16_t n);                                     // point 1 to 5, sheet units
 bool AttaccoSelezionato(std::int16_t n);   // Kept: true also when the selected kind stores nothing
 void AttaccoDin(std::int16_t n);           // destination point 1 to 5
-void IngressoAttacco(std::int16_t n);      // dialog 2024
 void DisAttacco1();
 void DisAttacco2();
 void DisAttacco3();

@@ -1,84 +1,11 @@
-// The two dialogs of the control points: a point's position by typing, and the real coordinates of points 1 and 2.
+// The dialog of the real coordinates of control points 1 and 2.
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
-#include "display/Zoom.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
-#include "model/Selezione.h"
-#include "platform/Resources.h"
-#include "text/Conversione.h"
 
 namespace tessaro {
-
-// --- a point by typing
-
-namespace {
-
-constexpr std::int16_t campoX = 4, campoY = 6, campoZ = 8;
-
-void mostraPunto(double x, double y, double z) {
-    DigiToReal(x, y, x, y);
-    ScriviCampoReale(campoX, x, 3);
-    ScriviCampoReale(campoY, y, 3);
-    ScriviCampoReale(campoZ, z, 3);
-}
-
-// The selected segment's or marker's first point; of anything else nothing; without a selection the cursor.
-void proponiPunto() {
-    if (!Puntosel.attiva) {
-        mostraPunto(xcurs, ycurs, ZetaCorrente);
-        return;
-    }
-    if (Puntosel.oggetto >= oMeshOrigine || Puntosel.indice < 3 || Puntosel.indice > indElem) return;
-    const elemento& e = Elem(Puntosel.indice);
-    if (e.tipo == tSegmento || e.tipo == tMarker) mostraPunto(e.segm.x1, e.segm.y1, e.segm.z1);
-}
-
-bool leggiCampoPunto(std::int16_t item, double& valore) {
-    constexpr double limite = 1e30;
-    constexpr std::int16_t troppoGrande = -1;
-    if (LeggiCampoReale(item, -limite, limite, valore)) return true;
-    if (err_ == troppoGrande) SelectDialogItemText(theDialog, item, inx, 255);
-    return false;
-}
-
-bool sulFoglio(double x, double y) { return x >= 0 && x <= XFDecimi && y >= 0 && y <= YFDecimi; }
-
-// The three fields, in real coordinates, to the typed point in sheet units.
-bool AccettaIngreAtt(double& x, double& y, double& z) {
-    constexpr std::int16_t fuoriFoglio = 1014, rifiutato = -4;
-    if (!leggiCampoPunto(campoX, x) || !leggiCampoPunto(campoY, y) || !leggiCampoPunto(campoZ, z)) return false;
-    RealToDigi(x, y, XDigit, YDigit);
-    ZDigit = z;
-    if (sulFoglio(XDigit, YDigit)) return true;
-    StopAlert(fuoriFoglio);
-    err_ = rifiutato;
-    return false;
-}
-
-}   // namespace
-
-void IngressoAttacco(std::int16_t n) {
-    constexpr std::int16_t dialogo = 2024, ok = 1, annulla = 2, lista = 129, richiesta = 38;
-    const PStr255 titolo = NumToString(n) + GetIndString(lista, richiesta).c_str();
-    ParamText(titolo.view(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
-    proponiPunto();
-    SelectDialogItemText(theDialog, campoX, 0, 100);
-    double x = 0, y = 0, z = 0;
-    do {
-        ModalDialog(MyMovableFilter, Noitem);
-    } while (Noitem != annulla && !(Noitem == ok && AccettaIngreAtt(x, y, z)));
-    const bool accettato = Noitem == ok;
-    DisposeDialog(theDialog);
-    if (!accettato) return;
-    IntroDigitale = 1;
-    Attacco(n);
-    InvalWind();
-}
-
-// --- real coordinates of points 1 and 2
 
 namespace {
 

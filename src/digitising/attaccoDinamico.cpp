@@ -1,4 +1,4 @@
-// The live transformation: its destination points, the preparation of its mapping, its marks.
+// The live transformation: its destination points, the preparation of its mapping, the mapping, its marks.
 #include "digitising/attaccoDinamico.h"
 
 #include <algorithm>
@@ -20,13 +20,12 @@ ActiveAttach attaccoAttivo;
 namespace {
 
 enum : std::int32_t { duePunti = 0, quattroPt = 1, cinquePt = 2 };   // modes
-constexpr bool risolutorePronto = false;                             // the solvers of modes 1 and 2
 
 bool conRisolutore(std::int32_t tipo) { return tipo == quattroPt || tipo == cinquePt; }
 
 }   // namespace
 
-bool AnteprimaAttiva() { return risolutorePronto && attaccoAttivo.GetModificato() != 0; }
+bool AnteprimaAttiva() { return attaccoAttivo.GetModificato() != 0 && attaccoAttivo.Preparato(); }
 
 ActiveAttach::ActiveAttach() {
     Poni(1, 2, 0, 17, 137);
@@ -103,6 +102,30 @@ std::ptrdiff_t puntiDati(const std::array<Coppia, 4>& p) {
 
 }   // namespace
 
+// Kept: source and target of every preparation of this object err by 25 and 26; the inverse has them so that 26 stands for
+// its source diagonals and first axis, 25 for its target diagonals and the second.
+namespace {
+constexpr ErroriPrep erroriDiretti{25, 26, 25, 25, 26, 26}, erroriInversi{26, 25, 26, 25, 26, 26};
+}   // namespace
+
+void ActiveAttach::CalcolaCoefficienti() { (void)RisolviOmografia(lavoro.src, lavoro.dst, coef); }
+void ActiveAttach::PrepAtt4pt() { PreparaQuattro(lavoro, erroriDiretti); }
+void ActiveAttach::PrepAtt5pt() { PreparaCinque(lavoro, erroriDiretti); }
+void ActiveAttach::PrepAtt4ptInverso() { PreparaQuattro(lavoro, erroriInversi); }
+
+// The similarity that takes s1, s2 to d1, d2, turning about s1.
+void ActiveAttach::similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2) {
+    SetCoord(s1.x, s1.y, transf.z1, s2.x, s2.y, transf.z2);
+    transf.deltaX = d1.x - s1.x;
+    transf.deltaY = d1.y - s1.y;
+    rotazione = CoordAng(d1.x, d1.y, d2.x, d2.y) - CoordAng(s1.x, s1.y, s2.x, s2.y);
+    transf.rot11 = std::cos(rotazione);
+    transf.rot12 = -std::sin(rotazione);
+    transf.rot21 = std::sin(rotazione);
+    transf.rot22 = std::cos(rotazione);
+    transf.ingr = Distanza(d1.x, d1.y, d2.x, d2.y) / Distanza(s1.x, s1.y, s2.x, s2.y);
+}
+
 void ActiveAttach::PreparaAttacco() {
     for (std::size_t i = 0; i < 4; ++i) {
         lavoro.src[i] = LeggiAttacco(static_cast<std::int16_t>(i + 1));
@@ -111,21 +134,53 @@ void ActiveAttach::PreparaAttacco() {
     lavoro.okSrc = lavoro.okDst = 1;
     lavoro.dstC = {xAtt[4], yAtt[4]};
     lavoro.srcC = {xAttacco5, yAttacco5};
-    if (puntiDati(lavoro.src) < 2 || conRisolutore(tipo)) return;
-    SetCoord(XA1, YA1, transf.z1, XA2, YA2, transf.z2);
-    transf.deltaX = xAtt[0] - XA1;
-    transf.deltaY = yAtt[0] - YA1;
-    rotazione = CoordAng(xAtt[0], yAtt[0], xAtt[1], yAtt[1]) - CoordAng(XA1, YA1, XA2, YA2);
-    transf.rot11 = std::cos(rotazione);
-    transf.rot12 = -std::sin(rotazione);
-    transf.rot21 = std::sin(rotazione);
-    transf.rot22 = std::cos(rotazione);
-    transf.ingr = Distanza(xAtt[0], yAtt[0], xAtt[1], yAtt[1]) / Distanza(XA1, YA1, XA2, YA2);
+    preparato = puntiDati(lavoro.src) >= 2;
+    if (!preparato) return;
+    if (tipo == quattroPt) {
+        CalcolaCoefficienti();
+        PrepAtt4pt();
+    } else if (tipo == cinquePt) {
+        PrepAtt5pt();
+    } else {
+        similitudine({XA1, YA1}, {XA2, YA2}, lavoro.dst[0], lavoro.dst[1]);
+    }
+}
+
+void ActiveAttach::PreparaAttaccoInverso() {
+    for (std::size_t i = 0; i < 4; ++i) {
+        lavoro.dst[i] = LeggiAttacco(static_cast<std::int16_t>(i + 1));
+        lavoro.src[i] = {xAtt[i], yAtt[i]};
+    }
+    lavoro.okSrc = lavoro.okDst = 1;
+    lavoro.srcC = {xAtt[4], yAtt[4]};
+    lavoro.dstC = {xAttacco5, yAttacco5};
+    preparato = true;
+    if (tipo == quattroPt) {
+        PrepAtt4ptInverso();
+    } else if (tipo == cinquePt) {
+        PrepAtt5pt();
+    } else {
+        similitudine(lavoro.src[0], lavoro.src[1], {XA1, YA1}, {XA2, YA2});
+    }
 }
 
 void ActiveAttach::Traf4Pt(double& x, double& y) {
-    // The mode is the global object's, whichever object maps.
-    if (!conRisolutore(attaccoAttivo.tipo)) Tracoord(transf, x, y, x, y);
+    const std::int32_t modo = attaccoAttivo.tipo;   // the global object's, whichever object maps
+    if (modo == quattroPt && deformProspettica) {
+        TrasformaOmografia(coef, x, y);
+    } else if (!conRisolutore(modo)) {
+        Tracoord(transf, x, y, x, y);
+    } else {
+        TrasformaFuga(lavoro, deformProspettica != 0, x, y);
+    }
+}
+
+void ActiveAttach::Traf4PtInverso(double& x, double& y) {
+    if (conRisolutore(attaccoAttivo.tipo)) {
+        TrasformaFuga(lavoro, true, x, y);
+    } else {
+        Tracoord(transf, x, y, x, y);
+    }
 }
 
 // --- checking, and points from the selection

@@ -35,6 +35,10 @@ void disegnaRiga() {
 
 }   // namespace
 
+void RidisegnaLettura() {
+    if (theWindow && !lineaCoordinate.view().empty()) disegnaRiga();
+}
+
 void SetDrawCoordCorr() {
     if (noWindow || (!TabAbilit && Modalita == 0 && !scriviSempreCoord)) return;
     double X = 0, Y = 0, d = 0, a = 0;

@@ -1,6 +1,8 @@
 // The fixed strips of the window: tool palette on the left, bar on top, and the tags that explain their cells.
 #include "display/palette.h"
 
+#include "display/Lettura.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -115,7 +117,10 @@ void disegnaPiede() {
     linea(0, myViewRect.bottom, destraRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
     BackColor(whiteColor);
     EraseRect(rettangoloRiga());
-    if (StrOperCorr.Lengthp() == 0) return;
+    if (StrOperCorr.Lengthp() == 0) {
+        RidisegnaLettura();   // nothing may have moved, so nobody else would
+        return;
+    }
     const Rect r = SetRect(0, myViewRect.bottom + 1, sinistraRiga, GetPortBounds(theWindow).bottom);
     EraseRect(r);
     TextFont(4);

@@ -26,9 +26,10 @@ void passoIndietro() {
 
 void AnnullaUltima() {
     SospendiAz();
-    // Records come back behind the others, where numbers that a selection holds may mean something else.
-    if (annullamento == aCancella) NessunaSelezione();
+    const bool tornano = annullamento == aCancella;
     EseguiAnnulla();
+    // Records come back with their flags, and numbers that a selection holds may mean something else now.
+    if (tornano) NessunaSelezione();
     passoIndietro();
     InvalWind();
     SospendiAz();

@@ -48,8 +48,9 @@ bool SelPict(const puntot& p, const double& x0, const double& y0, const double& 
     return x0 <= p.x && p.x <= x1 && y0 <= p.y && p.y <= y1;
 }
 
-bool SelTesto(const puntot& p, std::int32_t index) {
-    const elemento& e = Elem(index);
+bool SelTesto(const puntot& p, std::int32_t index) { return SelTesto(p, Elem(index)); }
+
+bool SelTesto(const puntot& p, const elemento& e) {
     double h = XVidD(p.x), v = YVidD(p.y);
     if (TestoLibero(e.test.angolo)) {
         const double x = XVidD(e.test.x), y = YVidD(e.test.y), t = GiroTesto(e.test.angolo);

@@ -15,10 +15,6 @@ constinit puntot xyzLT{}, xyzRB{};
 
 namespace {
 
-std::int32_t ultimoVertice(std::int32_t testa) {
-    return std::min(testa + std::max<std::int32_t>(Elem(testa).poli.numVertici, 0), indElem);
-}
-
 void allargaQuadrato(double cx, double cy, double r) {
     AggRettSel(cx - r, cy - r);
     AggRettSel(cx + r, cy + r);
@@ -33,7 +29,7 @@ void allargaElemento(std::int32_t n) {
         break;
     case tMarker: AggRettSel(e.mark.x, e.mark.y); break;
     case tPoligono:
-        for (std::int32_t i = n; i <= ultimoVertice(n); ++i) AggRettSel(Elem(i).poli.x, Elem(i).poli.y);
+        for (std::int32_t i = n; i <= UltimoRecord(n); ++i) AggRettSel(Elem(i).poli.x, Elem(i).poli.y);
         break;
     case tTesto: AggRetSelTesto(e); break;
     case tPict:
@@ -77,7 +73,7 @@ bool SegmentoInRect(const double& x1, const double& y1, const double& x2, const 
 }
 
 bool PolyInRect(std::int32_t index) {
-    for (std::int32_t i = index; i <= ultimoVertice(index); ++i)
+    for (std::int32_t i = index; i <= UltimoRecord(index); ++i)
         if (!PuntoInRect(Elem(i).poli.x, Elem(i).poli.y)) return false;
     return true;
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/RiquadroTesto.h"
@@ -21,13 +22,13 @@ bool raggiungibile(const elemento& e) {
     return LucidoVisibile(e.lucido) && !(VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente);
 }
 
-bool colpito(const puntot& p, std::int32_t i) {
-    const elemento& e = Elem(i);
+// Is e hit? A vertex is hit by the side that joins it to `prima`, the record before it.
+bool colpito(const puntot& p, const elemento& prima, const elemento& e) {
     switch (e.tipo) {
     case tSegmento: return Sellinea(p, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2);
     case tMarker: return std::fabs(p.x - e.mark.x) < DiffSelez && std::fabs(p.y - e.mark.y) < DiffSelez;
-    case tVertice: return Sellinea(p, Elem(i - 1).vert.x, Elem(i - 1).vert.y, e.vert.x, e.vert.y);
-    case tTesto: return VisioneGraf.mostraTesti && SelTesto(p, i);
+    case tVertice: return Sellinea(p, prima.vert.x, prima.vert.y, e.vert.x, e.vert.y);
+    case tTesto: return VisioneGraf.mostraTesti && SelTesto(p, e);
     case tPict: return SelPict(p, e.pict.x, e.pict.y, e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
     case tCerchio: return SelCerchio(p, e.cerc.cx, e.cerc.cy, e.cerc.raggio);
     case tArco: return SelArco(p, e.arco.cx, e.arco.cy, e.arco.raggio, e.arco.angoloInizio, e.arco.ampiezza);
@@ -35,9 +36,24 @@ bool colpito(const puntot& p, std::int32_t i) {
     }
 }
 
+// Where the preview of the live transformation shows it.
+bool colpitoInAnteprima(const puntot& p, std::int32_t i) {
+    if (Elem(i).tipo == tPict) return false;   // pictures have no preview
+    elemento e = Elem(i), prima = e;
+    attaccoAttivo.TrasformaCopia(e);
+    if (e.tipo == tVertice) {
+        prima = Elem(i - 1);
+        attaccoAttivo.TrasformaCopia(prima);
+    }
+    return colpito(p, prima, e);
+}
+
 std::int32_t primoColpito(const puntot& p) {
-    for (std::int32_t i = indElem; i >= 3; --i)
-        if (raggiungibile(Elem(i)) && colpito(p, i)) return i;
+    const bool anteprima = AnteprimaAttiva();
+    for (std::int32_t i = indElem; i >= 3; --i) {
+        if (!raggiungibile(Elem(i))) continue;
+        if (colpito(p, Elem(i - 1), Elem(i)) || (anteprima && colpitoInAnteprima(p, i))) return i;
+    }
     return 0;
 }
 
@@ -109,10 +125,12 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (preso) {
         prendi(i, shift);
         Tempo = event.when;
-    } else if (!opzione && Button()) {
-        preso = daRettangolo();
-    } else {
+    } else if (!Button()) {
         Tempo = event.when;
+    } else if (opzione) {
+        SysBeep(30);   // dragging the selection out is not built yet
+    } else {
+        preso = daRettangolo();
     }
     if (preso && Puntosel.oggetto < oMeshOrigine) {
         RifaiRettSel();

@@ -1,13 +1,20 @@
 // Picking: the hit test under a click, the tests by shape, selection by rectangle and as a whole, and clearing it.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
-#include "model/Elemento.h"
+#include "model/Archivio.h"
 #include "model/Selezione.h"
 #include "platform/Events.h"
 
 namespace tessaro {
+
+// The last record of the thing that begins at n: a polyline's last vertex, else n itself.
+inline std::int32_t UltimoRecord(std::int32_t n) {
+    if (Elem(n).tipo != tPoligono) return n;
+    return std::min(n + std::max<std::int32_t>(Elem(n).poli.numVertici, 0), indElem);
+}
 
 // A click in pointer mode 0, `point` in sheet units. The caller has tried the grips of the selection.
 void ScegliElemento(const EventRecord& event, const puntot& point);
@@ -17,6 +24,7 @@ bool SelArco(const puntot& p, const double& cx, const double& cy, const double& 
              const double& sweep);
 bool SelPict(const puntot& p, const double& x0, const double& y0, const double& x1, const double& y1);
 bool SelTesto(const puntot& p, std::int32_t index);
+bool SelTesto(const puntot& p, const elemento& e);
 bool Destra2(const double& a, const double& b, const double& c, const double& d, const double& e, const double& f);
 void TogliSelezione();
 void NessunaSelezione();

@@ -4,6 +4,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Mesh.h"
 #include "model/Selezione.h"
 
 namespace tessaro {
@@ -51,14 +52,32 @@ void spostaElemento(std::int32_t n) {
     }
 }
 
+void spostaNodi(Mesh& m) {
+    for (std::int32_t riga = 0; riga < m.ny && riga < 100; ++riga)
+        for (std::int32_t colonna = 0; colonna < m.nx && colonna < 100; ++colonna) {
+            m.x[riga][colonna] += XDeltaSpost;
+            m.y[riga][colonna] += YDeltaSpost;
+        }
+}
+
 }   // namespace
+
+void SpostaMesh() {
+    const bool origine = Puntosel.oggetto == oMeshOrigine;
+    Mesh& m = origine ? meshOrigine : meshDestinazione;
+    (origine ? undoMeshOrigine : undoMeshDestinazione) = m;
+    spostaNodi(m);
+    PoniAnnulla(origine ? aMeshOrigine : aMeshDestinazione);
+}
 
 void SpostaSelezione() {
     if (!Puntosel.attiva) return;
     if (Puntosel.multipla) {
         for (std::int32_t i = 3; i <= indElem; ++i)
             if (Elem(i).selezionato) spostaElemento(i);
-    } else if (Puntosel.oggetto < oMeshOrigine && Puntosel.indice >= 3 && Puntosel.indice <= indElem) {
+    } else if (Puntosel.oggetto >= oMeshOrigine) {
+        SpostaMesh();
+    } else if (Puntosel.indice >= 3 && Puntosel.indice <= indElem) {
         spostaElemento(Puntosel.indice);
     }
     double scarto = 0;

@@ -5,4 +5,7 @@ namespace tessaro {
 void SpostaPunto(double& x, double& y, double& z);
 void SpostaSelezione();   // the selection and rettSel; arms the undo that moves back
 void SpostaTutto();       // every element; no undo, rettSel stays
+void SpostaMesh();        // the selected mesh, after a copy for its own undo
+// Asks for the deltas in real units, starting with the last ones, and moves the selection by them. Dialog 1035.
+void Sposta();
 }   // namespace tessaro

@@ -39,8 +39,11 @@ enum : std::int16_t {
     rChiudi = 20,
     rApriDato = 31,   // myFSS is set: the desktop, or a drop
     rUnisciDato = 32,
+    rUnisciDatoCmd = 33,
+    rUnisciDatoOpz = 34,
     rEsporta = 41,
     rUnisciPunti = 51,
+    rUnisciQuattro = 52,
     rUnisciReali = 53,
     rImmagine = 61,
 };
@@ -64,8 +67,11 @@ constexpr Richiesta richieste[] = {
     {rChiudi, Scelta::nessuna, Opera::niente, 0, 0, "", false},
     {rApriDato, Scelta::dato, Opera::leggi, 0, 0, "", true},
     {rUnisciDato, Scelta::dato, Opera::leggi, 0, 0, "", false},
+    {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
+    {rUnisciDatoOpz, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rEsporta, Scelta::salvaCome, Opera::scrivi, 51, 0, ".ts5", false},
     {rUnisciPunti, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
+    {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
 };
@@ -128,6 +134,7 @@ void leggi(const FSSpec& file) {
     if (uscita) return;
     leggidati();
     FSClose(RefNum);
+    if (theItem == rUnisciQuattro) return;   // Kept: this merge leaves similarity and selection as they are
     if (Elem(2).att.coordReali) CalcTransfC();
     NessunaSelezione();
 }

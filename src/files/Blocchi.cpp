@@ -22,7 +22,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int64_t byteVisione = 108, byteColore = 30, byteUnita = 53, byteAttacco = 627, byteNodo = 16;
+constexpr std::int64_t byteVisione = 108, byteColore = 30, byteUnita = 45, byteAttacco = 627, byteNodo = 16;
 constexpr std::int16_t ultimoLucido = 99, ultimaUnita = 6, latoMesh = 100, maxNome = 20;
 
 struct ColoreDisco {

@@ -1,7 +1,9 @@
-// Which similarity carries a merged drawing over, by the command that asked for it.
+// Which mapping carries a merged drawing over, by the command that asked for it.
 #include "files/Fusione.h"
 
+#include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
+#include "digitising/solutori.h"
 #include "model/Archivio.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
@@ -26,6 +28,40 @@ void costruisciReali(const elemento& i1, const elemento& i2) {
     CalcTransfFogli(TransfAgg, {i1.att1.x1, i1.att1.y1}, {i1.att1.x2, i1.att1.y2}, b1, b2);
 }
 
+void costruisciQuattro(const elemento& i1, const elemento& i2) {
+    const auto& primo = i1.att1;
+    const auto& secondo = i2.att;
+    att4Pt.src = {{{primo.x1, primo.y1}, {primo.x2, primo.y2}, {primo.z1, primo.z2}, {secondo.z1, secondo.z2}}};
+    for (std::int16_t n = 1; n <= 4; ++n) att4Pt.dst[static_cast<std::size_t>(n - 1)] = LeggiAttacco(n);
+    att4Pt.okSrc = att4Pt.okDst = 1;
+    PrepAtt4pt();
+}
+
+void mappa(f64& x, f64& y) {
+    double u = x, v = y;
+    Traf4Pt(u, v);
+    x = u;
+    y = v;
+}
+
+// By its points alone: radii and angles stay as they are.
+void adattaQuattro(elemento& e) {
+    switch (e.tipo) {
+    case tSegmento:
+        mappa(e.segm.x1, e.segm.y1);
+        mappa(e.segm.x2, e.segm.y2);
+        break;
+    case tMarker: mappa(e.mark.x, e.mark.y); break;
+    case tPoligono: mappa(e.poli.x, e.poli.y); break;
+    case tVertice: mappa(e.vert.x, e.vert.y); break;
+    case tTesto: mappa(e.test.x, e.test.y); break;
+    case tCerchio: mappa(e.cerc.cx, e.cerc.cy); break;
+    case tArco: mappa(e.arco.cx, e.arco.cy); break;
+    case tPict: TrasformaElemento(e, TransfAgg); break;   // Kept: a picture's corner goes by the last real similarity
+    default: break;
+    }
+}
+
 Fusione rifiuta() {
     SysBeep(30);
     return Fusione::nessuna;
@@ -44,13 +80,18 @@ Fusione ScegliFusione(std::int16_t item, const elemento& i1, const elemento& i2)
         costruisciReali(i1, i2);
         return Fusione::reali;
     }
-    if (perQuattroPunti(item)) return rifiuta();   // the four-point solver does not stand yet
+    if (perQuattroPunti(item)) {
+        if (!i2.att.quattroPunti || !Elem(2).att.quattroPunti) return rifiuta();
+        costruisciQuattro(i1, i2);
+        return Fusione::quattroPunti;
+    }
     return conPunti ? rifiuta() : Fusione::comeSono;
 }
 
 void AdattaElemento(Fusione come, elemento& e) {
     if (come == Fusione::attacco) TrasformaElemento(e, TransfAttacco);
     if (come == Fusione::reali) TrasformaElemento(e, TransfAgg);
+    if (come == Fusione::quattroPunti) adattaQuattro(e);
 }
 
 }   // namespace tessaro

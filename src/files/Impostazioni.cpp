@@ -1,24 +1,17 @@
-// The settings files: opening them, the start settings text and the colour table.
+// The settings files: opening them, and the start settings text.
 #include "files/Impostazioni.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <string>
-#include <vector>
 
 #include "dialogs/Errori.h"
-#include "display/palette.h"
-#include "display/Zoom.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
-#include "model/Colori.h"
 #include "model/TabellaStato.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
-#include "text/EndianConvert.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -140,49 +133,6 @@ void leggiparam() {
     fileInLavoro.clear();
     decTessCont = decimiUnita;
     TabAbilit = 0;
-}
-
-namespace {
-
-constexpr std::size_t byteNome = 22, byteColore = 30;
-
-// The table as the file holds it; false when it is not whole.
-bool leggiParamColor() {
-    if (!ApriImpostazioni("ParamColor", false)) return false;
-    std::int64_t fine = 0;
-    GetEOF(RefNum, fine);
-    const std::int16_t n = fine >= 2 ? leggii() : std::int16_t{-1};
-    const bool intero = n >= 0 && n <= maxColori && fine >= 2 + std::int64_t{byteColore} * n;
-    std::vector<std::uint8_t> byte(intero ? byteColore * static_cast<std::size_t>(n) : 0);
-    if (!byte.empty()) leggiBlocco(byte.data(), static_cast<std::int32_t>(byte.size()));
-    FSClose(RefNum);
-    if (!intero || uscita) return false;
-    coloriPresenti = n;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(n); ++i) {
-        const std::uint8_t* p = byte.data() + i * byteColore;
-        Colore& c = arrColori[i];
-        std::copy_n(p, byteNome, c.nome.begin());
-        c.nome[0] = std::min<std::uint8_t>(c.nome[0], byteNome - 2);
-        // Kept: the components lie in the order of the machine that wrote them, unlike those of a drawing.
-        std::memcpy(&c.rgb, p + byteNome, sizeof c.rgb);
-        std::memcpy(&c.penna, p + byteNome + sizeof c.rgb, sizeof c.penna);
-        c.penna = EndiansShort_BtoN(c.penna);
-    }
-    return true;
-}
-
-}   // namespace
-
-void SceltaColori(std::uint8_t silent) {
-    if (!silent) {
-        SysBeep(30);   // the dialog does not stand yet
-        return;
-    }
-    ColoriPredefiniti();
-    if (!leggiParamColor()) uscita = 0;
-    RifaiMenuColori();
-    InvalFinestra();
-    if (!noWindow) DrawPallette();
 }
 
 namespace {

@@ -13,8 +13,7 @@ extern PStr255 strTav;   // tablet name
 extern std::int16_t databit, bitstop, parity;
 extern std::int16_t NeroVers, RossoVers, VerdeVers, BluVers, CianoVers, MagentaVers, GialloVers;   // plotter pens
 
-bool ParamGraf();                         // dialog 2013; at start-up loads "PGraf56". False: cancelled
-void SceltaColori(std::uint8_t silent);   // 1: loads "ParamColor" and applies it
+bool ParamGraf();   // dialog 2013; at start-up loads "PGraf56". False: cancelled
 // A settings file of binary numbers in the settings folder. False when it is not there.
 bool ApriImpostazioni(const char* nome, bool scrivere);
 void ChiudiImpostazioni();

@@ -298,8 +298,8 @@ bool leggiTutto(Lettura& l) {
         accogli(l);
     }
     if (!leggiDisegno(l, inFusione)) return !inFusione;
-    // Kept: a merge without a similarity replaces view, colours, units and meshes by the file's.
-    if (l.fusione != Fusione::comeSono) return true;
+    // Kept: a merge without a similarity, by four points too, replaces view, colours, units and meshes by the file's.
+    if (l.fusione != Fusione::comeSono && l.fusione != Fusione::quattroPunti) return true;
     if (Guasto g; !LeggiBlocchi(l.testa.versione, g) && !g.what.empty()) l.segnala(g);
     return true;
 }

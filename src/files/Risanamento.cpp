@@ -28,6 +28,7 @@ void Risanamento::vertice(std::int32_t n, elemento& e) {
     if (testa != 0 && suaTesta == testa) return;
     // An older head is good too: the figure's end was taken off, not its beginning.
     if (suaTesta >= primo && suaTesta < n && Elem(static_cast<std::int32_t>(suaTesta)).tipo == tPoligono) return;
+    if (testa == 0 && suaTesta == n && e.poli.numVertici == 0) return;   // mended before
     ++quanti;
     e.vert.distanzaTesta = testa != 0 ? n - testa : 0;
     if (testa == 0) azzeraCoda(e);

@@ -16,7 +16,7 @@ constinit std::int16_t coloriPresenti = 7;
 
 namespace {
 
-constexpr std::int16_t menuNomi = 23, menuColori = 104, listaTesti = 129, primoNome = 13;
+constexpr std::int16_t menuNomi = 23, listaTesti = 129, primoNome = 13;
 constexpr RGBColor fissi[] = {
     {0, 0, 0},
     {65535, 7033, 4531},
@@ -27,45 +27,60 @@ constexpr RGBColor fissi[] = {
     {64034, 65535, 5125},
 };
 
-void poniNome(Colore& c, std::string_view nome) {
-    const std::size_t n = std::min<std::size_t>(nome.size(), 20);
-    c.nome[0] = static_cast<std::uint8_t>(n);
-    std::copy_n(nome.begin(), n, c.nome.begin() + 1);
-}
-
-std::string nomeDi(const Colore& c) {
-    const std::size_t n = std::min<std::size_t>(c.nome[0], c.nome.size() - 1);
-    return std::string(reinterpret_cast<const char*>(c.nome.data()) + 1, n);
-}
-
+// Items are renamed, and only what is too many or too few is deleted or added.
 void rifai(std::int16_t menu) {
-    for (std::int16_t n = CountMenuItems(menu); n > 0; --n) DeleteMenuItem(menu, n);
-    for (std::int16_t i = 0; i < coloriPresenti && i < maxColori; ++i) {
-        AppendMenu(menu, nomeDi(arrColori[static_cast<std::size_t>(i)]));
-        CheckMenuItem(menu, static_cast<std::int16_t>(i + 1), i + 1 == colorCorrente);
+    const std::int16_t presenti = std::clamp<std::int16_t>(coloriPresenti, 0, maxColori);
+    for (std::int16_t n = CountMenuItems(menu); n > presenti; --n) DeleteMenuItem(menu, n);
+    const std::int16_t ci = CountMenuItems(menu);
+    if (ci < 0) return;
+    for (std::int16_t i = 1; i <= presenti; ++i) {
+        const std::string nome = NomeColore(arrColori[static_cast<std::size_t>(i - 1)]);
+        if (i <= ci) {
+            SetMenuItemText(menu, i, nome);
+        } else {
+            AppendMenu(menu, nome);
+        }
+        CheckMenuItem(menu, i, i == colorCorrente);
     }
 }
 
 }   // namespace
 
-void ColoriPredefiniti() {
-    coloriPresenti = 7;
-    const std::string nero = GetIndString(listaTesti, primoNome);
-    for (std::size_t i = 0; i < arrColori.size(); ++i) {
-        arrColori[i] = Colore{};
-        const bool fisso = i < std::size(fissi);
-        poniNome(arrColori[i],
-                 fisso ? GetIndString(listaTesti, static_cast<std::int16_t>(primoNome + static_cast<int>(i))) : nero);
-        if (!fisso) continue;
-        arrColori[i].rgb = fissi[i];
-        arrColori[i].penna = static_cast<std::int16_t>(i + 1);
-    }
+std::string NomeColore(const Colore& c) {
+    const std::size_t n = std::min<std::size_t>(c.nome[0], c.nome.size() - 1);
+    return std::string(reinterpret_cast<const char*>(c.nome.data()) + 1, n);
 }
 
-void RifaiMenuColori() {
-    rifai(menuNomi);
-    rifai(menuColori);
+void PoniNomeColore(Colore& c, std::string_view macRoman) {
+    const std::size_t n = std::min<std::size_t>(macRoman.size(), maxNomeColore);
+    c.nome[0] = static_cast<std::uint8_t>(n);
+    std::copy_n(macRoman.begin(), n, c.nome.begin() + 1);
 }
+
+TavolaColori TavolaPredefinita() {
+    TavolaColori t;
+    t.presenti = static_cast<std::int16_t>(std::size(fissi));
+    const std::string nero = GetIndString(listaTesti, primoNome);
+    for (std::size_t i = 0; i < t.colori.size(); ++i) {
+        Colore& c = t.colori[i];
+        const bool fisso = i < std::size(fissi);
+        const auto stringa = static_cast<std::int16_t>(primoNome + static_cast<int>(i));
+        PoniNomeColore(c, fisso ? GetIndString(listaTesti, stringa) : nero);
+        if (!fisso) continue;
+        c.rgb = fissi[i];
+        c.penna = static_cast<std::int16_t>(i + 1);
+    }
+    return t;
+}
+
+void ColoriPredefiniti() {
+    const TavolaColori t = TavolaPredefinita();
+    arrColori = t.colori;
+    coloriPresenti = t.presenti;
+}
+
+// The second menu shows the items of the first.
+void RifaiMenuColori() { rifai(menuNomi); }
 
 namespace {
 const VoceStato righe[] = {

@@ -34,6 +34,10 @@ void ShowDialogItem(DialogPtr d, std::int16_t item);
 void HideDialogItem(DialogPtr d, std::int16_t item);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
                        std::int16_t menu);   // pop-up items take their texts from a menu
+// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen.
+void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
+void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
+                      const RGBColor& colour);
 void DrawDialog(DialogPtr d);
 
 // Fill ^0 to ^3 in the texts of the dialogs and alerts opened from now on.

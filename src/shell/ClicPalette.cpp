@@ -1,10 +1,13 @@
 // Clicks in the palette strip and in the coordinate line. The tests run in order; the first that accepts ends the chain.
 #include <array>
 
+#include "digitising/PuntiDigitati.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/LucidiClassi.h"
+#include "editing/Sposta.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
@@ -81,6 +84,21 @@ void marker() {
     FineSegm();
     strumento(3);
 }
+// The coordinate line flashes, then asks: while moving for the deltas, else for a point.
+void clicRigaCoordinate() {
+    if (Modalita != 1 && Modalita != 2) return;
+    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
+    InvertRect(riga);
+    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
+    InvertRect(riga);
+    if (Modalita == 2) {
+        Sposta();
+        InvalFinestra();
+    } else {
+        SysBeep(30);   // points cannot be typed yet
+    }
+}
+
 // The commands behind these cells are not built yet.
 void nonAncora() { SysBeep(30); }
 
@@ -116,7 +134,7 @@ void clicCella(const Cella& c) {
     if (c.icona == 16) {
         // The halves act while the whole cell stays as it is: it has no lit form.
         if (opzione) {
-            nonAncora();
+            ParamLucidi();
         } else {
             c.azione();
         }
@@ -131,12 +149,37 @@ bool nellaRigaCoordinate(Point p) {
            && p.v < GetPortBounds(theWindow).bottom;
 }
 
+void lampeggiaRiga() {
+    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga + 1, GetPortBounds(theWindow).bottom);
+    InvertRect(riga);
+    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
+    InvertRect(riga);
+}
+
+// A point by typing for the tool of the moment.
+void clicRigaCoordinate() {
+    if (Modalita != 1 && Modalita != 2) return;
+    lampeggiaRiga();
+    if (Modalita == 2) {
+        nonAncora();
+        return;
+    }
+    const bool conPunti =
+        operazCorrente == 0 || operazCorrente == 1 || operazCorrente == 3 || operazCorrente == 5 || operazCorrente == 6;
+    if (!conPunti) return;
+    if (opzione) {
+        IngressoPolare();
+    } else {
+        IngressoVertici();
+    }
+}
+
 }   // namespace
 
 void Do_Tessaro3D() {
     opzione = (KeyModifiers() & optionKey) != 0;
     if (nellaRigaCoordinate(EventPoint)) {
-        nonAncora();
+        clicRigaCoordinate();
     } else if (EventPoint.h >= 0 && EventPoint.h < lato) {
         for (const Cella& c : celle) {
             if (EventPoint.v < c.alto || EventPoint.v >= c.basso) continue;

@@ -5,11 +5,22 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/GeoRiferimento.h"
+#include "digitising/PuntiDigitati.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/AnnullaComando.h"
+#include "editing/Aref.h"
+#include "editing/AttributiSel.h"
+#include "editing/Cancella.h"
+#include "editing/Conversioni.h"
+#include "editing/LucidiClassi.h"
+#include "editing/SceltaColori.h"
+#include "editing/Selezione.h"
+#include "editing/Sposta.h"
+#include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -59,9 +70,54 @@ void DoArchivio() {
     }
 }
 
+namespace {
+
+// What a command has changed shows at once.
+void ridisegna() {
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
+void selezionaTutto() {
+    SelezionaTutto();
+    ridisegna();
+}
+
+void spostaDiValori() {
+    if (!Puntosel.attiva) return;
+    Sposta();
+    ridisegna();
+}
+
+struct VoceModifica {
+    std::int16_t item;
+    bool conFinestra;
+    void (*azione)();
+};
+constexpr VoceModifica modifiche[] = {
+    {1, true, AnnullaUltima},
+    {6, false, CancellaSelezione},
+    {8, true, selezionaTutto},
+    {9, true, [] { AvantiEIndietroSelezione(true); }},
+    {10, true, [] { AvantiEIndietroSelezione(false); }},
+    {12, true, spostaDiValori},
+    {14, true, TrasformaPoligSel},
+    {15, true, TrasformaSegmentiSel},
+};
+
+}   // namespace
+
 void DoEdit() {
-    if (theItem == 1) {
-        if (!noWindow) AnnullaUltima();
+    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
+    for (const VoceModifica& v : modifiche) {
+        if (v.item != theItem) continue;
+        if (!v.conFinestra || !noWindow) v.azione();
+        return;
+    }
+    if (theItem == 16) {
+        if (!noWindow) PoniLucido();
         return;
     }
     SysBeep(30);
@@ -108,13 +164,27 @@ void menuDisegna() {
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
     case 7: strumento(5); break;
     case 8: strumento(6); break;
+    case 20: IngressoVertici(); break;
+    case 21: IngressoMarker(); break;
+    case 14: PoniTratteggi(); return;
     default: break;
     }
     DrawPallette();
 }
 
+void dialogoTrasformazione() {
+    if (KeyModifiers() & optionKey) {
+        attaccoAttivo.DialogoOld();
+    } else {
+        attaccoAttivo.Dialogo();
+    }
+}
+
 void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
+    if (noWindow) return;
+    if (theItem == 5) dialogoTrasformazione();
+    if (theItem == 8) attaccoAttivo.Aggiungi();
 }
 
 // The tablet's origin on the sheet's corner, or on the view's.
@@ -128,8 +198,13 @@ void riferimentoTablet(bool foglio) {
 void menuStrumenti() {
     switch (theItem) {
     case 2: ParamGraf(); break;
+    case 3: ParamLucidi(); break;
+    case 4: SceltaColori(0); break;
     case 5: ModificaGriglia(); break;
+    case 8: PoniCateg_Insieme(1); break;
+    case 9: PoniCateg_Insieme(2); break;
     case 11: ParAttacco(); break;
+    case 12: ParGeoRefer(0); break;
     case 14: riferimentoTablet(true); break;
     case 15: riferimentoTablet(false); break;
     case 17:
@@ -144,7 +219,7 @@ void menuStrumenti() {
 
 void menuPatternPenna() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetSel(theItem);
         return;
     }
     SospendiAz();
@@ -157,7 +232,7 @@ void menuPatternPenna() {
 
 void menuSpessore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaSpessSel(theItem);
         return;
     }
     spessore = theItem;
@@ -170,7 +245,7 @@ void menuSpessore() {
 
 void menuColore() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaColoreSel(theItem);
         return;
     }
     colorCorrente = theItem;
@@ -182,13 +257,18 @@ void menuColore() {
 
 void menuPatternArea() {
     if (perLaSelezione()) {
-        SysBeep(30);
+        CambiaRetAreaSel(static_cast<std::int16_t>(theItem - 1));
         return;
     }
     NumAreaPat = static_cast<std::int16_t>(theItem - 1);
     PatAreaCorrente = PatAreaAttuale = NumAreaPat > 0 ? GetIndPattern(NumAreaPat) : qdWhite;
     DrawPallette();
     PoniAnnulla(aNiente);
+}
+
+void menuAref() {
+    static constexpr std::int16_t tipi[] = {tSegmento, tPoligono, tCerchio, tArco, tMarker};
+    if (!noWindow && theItem >= 1 && theItem <= 5) PoniAREF(tipi[theItem - 1]);
 }
 
 void menuZoom() { FaiZoom(theItem); }
@@ -279,6 +359,7 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},
     {106, menuIngressoAttacco},

@@ -8,6 +8,7 @@
 #include "dialogs/Errori.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"

@@ -6,12 +6,15 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/Coordinate.h"
+#include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -28,6 +31,18 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t menuScorciatoie = 110;
+
+// --- mode 0: clicks select and edit
+
+void clickScegliendo(const EventRecord& e, puntot& point) {
+    if (CalcWindow) {
+        SysBeep(30);   // a polyline cannot be handed to the calculator yet
+        return;
+    }
+    VidToReal(EventPoint, point);
+    if ((selezionePrec || Puntosel.attiva) && MuoviPunto(e, point)) return;
+    ScegliElemento(e, point);
+}
 
 // --- mode 1: clicks make elements
 
@@ -134,6 +149,24 @@ void clickSpostando() {
     SospendiAz();
 }
 
+// --- mode 5: one click is where the first real point lies
+
+void clickPostoReale() {
+    DigiToReal(xcurs, ycurs, XFVisual, YFVisual);
+    RealToDigi(Elem(2).att.x1, Elem(2).att.y1, XSpost1, YSpost1);
+    XSpost2 = xcurs;
+    YSpost2 = ycurs;
+    XDeltaSpost = XSpost1 - XSpost2;
+    YDeltaSpost = YSpost1 - YSpost2;
+    ZDeltaSpost = 0;
+    SpostaTutto();
+    ParGeoRefer(1);
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+}
+
 // --- mode 6: one click records a control point
 
 void clickAttacco() {
@@ -189,12 +222,10 @@ void CercaSelezione(EventRecord& e, puntot& point) {
         return;
     }
     switch (Modalita) {
-    case 0:
-        VidToReal(EventPoint, point);
-        ScegliElemento(e, point);
-        break;
+    case 0: clickScegliendo(e, point); break;
     case 1: clickDigitando(e); break;
     case 2: clickSpostando(); break;
+    case 5: clickPostoReale(); break;
     case 6: clickAttacco(); break;
     default: break;
     }

@@ -6,6 +6,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/Cancella.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -70,7 +71,9 @@ struct VoceTasto {
     char tasto;   // letters in lower case; both cases act
     void (*azione)();
 };
+constexpr char indietro = 8;   // Backspace
 constexpr VoceTasto tasti[] = {
+    {indietro, CancellaSelezione},
     {' ', riferimento},
     {'*', marker<1>},
     {'+', zoom<7>},

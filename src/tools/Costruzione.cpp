@@ -4,6 +4,7 @@
 
 #include "digitising/Coordinate.h"
 #include "display/Disegno.h"
+#include "editing/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -199,9 +200,11 @@ void finisciCerchio() {
 
 // Undo is armed when the polyline ends: it takes all sides.
 void finisciLato() {
+    std::int32_t prima = indElem;
     if (!ContinuaPoligono)
         Memorizza(tPoligono, Xini, Yini, Zinizio, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
-    const std::int32_t prima = indElem;
+    if (indElem > prima) TratteggiaNuovo(indElem);
+    prima = indElem;
     Memorizza(tVertice, Xfine, Yfine, zcurs, 0, 0, 0, spessore, colorCorrente, NumPat, "");
     if (indElem > prima) FaiPoly(indElem - Elem(indElem).vert.distanzaTesta);
     ContinuaPoligono = 1;

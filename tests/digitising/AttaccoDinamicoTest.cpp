@@ -9,6 +9,7 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "model/Selezione.h"
 #include "platform/Files.h"
 #include "support/Foglio.h"
 #include "text/FileDati.h"
@@ -157,11 +158,135 @@ TEST(AttaccoDinamico, PreparationNeedsTwoPointsAndPoint4CountsFromItsOwnRest) {
     EXPECT_EQ(attaccoAttivo.transf.deltaX, 900);
 }
 
-TEST(AttaccoDinamico, ThePreviewIsOffWhateverTheFileSays) {
+namespace {
+
+// Source and destination points 1 to 4 (and the source's centre), prepared in this mode.
+void prepara(std::int32_t tipo, const std::array<Coppia, 4>& src, const std::array<Coppia, 4>& dst) {
+    fogliovuoto();
+    for (std::int16_t n = 1; n <= 4; ++n) {
+        const auto i = static_cast<std::size_t>(n - 1);
+        AssegnaAttacco(n, src[i].x, src[i].y);
+        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
+    }
+    AttacchiCambiati();
+    attaccoAttivo.tipo = tipo;
+    attaccoAttivo.PreparaAttacco();
+}
+
+constexpr std::array<Coppia, 4> quadrato{{{1000, 2000}, {1000, 1000}, {2000, 1000}, {2000, 2000}}};
+constexpr std::array<Coppia, 4> trapezio{{{500, 2500}, {900, 700}, {2600, 400}, {3300, 2800}}};
+// A quarter turn and twice the size about point 1.
+constexpr std::array<Coppia, 4> girato{{{1000, 2000}, {3000, 2000}, {3000, 4000}, {1000, 4000}}};
+
+Coppia mappato(double x, double y) {
+    attaccoAttivo.Traf4Pt(x, y);
+    return {x, y};
+}
+
+}   // namespace
+
+TEST(AttaccoDinamico, ThePreviewNeedsTheSwitchAndPreparedPoints) {
     attaccoAttivo.SetModificato(1);
     EXPECT_FALSE(AnteprimaAttiva());
     attaccoAttivo.SetRot(1, 2, 3, 4);   // the fourth lands on the third place
     EXPECT_EQ(attaccoAttivo.transf.rot12, 2);
     EXPECT_EQ(attaccoAttivo.transf.rot21, 4);
     EXPECT_EQ(attaccoAttivo.transf.rot22, 0);
+    prepara(1, trapezio, quadrato);
+    EXPECT_TRUE(AnteprimaAttiva());
+    attaccoAttivo.SetModificato(0);
+    EXPECT_FALSE(AnteprimaAttiva());
+}
+
+TEST(AttaccoDinamico, EachModeHasItsOwnMapping) {
+    for (std::int32_t tipo = 0; tipo <= 2; ++tipo) {
+        xAttacco5 = 1700;
+        yAttacco5 = 1500;
+        prepara(tipo, trapezio, quadrato);
+        const std::size_t quanti = tipo == 0 ? 2 : 4;
+        for (std::size_t i = 0; i < quanti; ++i) {
+            const Coppia p = mappato(trapezio[i].x, trapezio[i].y);
+            EXPECT_NEAR(p.x, quadrato[i].x, 1e-3) << tipo << " " << i;   // the similarity has the 32-bit pi
+            EXPECT_NEAR(p.y, quadrato[i].y, 1e-3) << tipo << " " << i;
+        }
+    }
+    // Without perspective, four points are a plain scale along the sides: half way stays half way.
+    prepara(1, trapezio, quadrato);
+    const Coppia mezzo{1900, 2650};
+    EXPECT_GT(std::fabs(mappato(mezzo.x, mezzo.y).x - 1500), 10);
+    deformProspettica = 0;
+    EXPECT_NEAR(mappato(mezzo.x, mezzo.y).x, 1500, 1e-6);
+}
+
+TEST(AttaccoDinamico, TheInversePreparationTakesTheDestinationBack) {
+    for (const std::int32_t tipo : {0, 1}) {
+        prepara(tipo, trapezio, quadrato);
+        attaccoAttivo.PreparaAttaccoInverso();
+        double x = quadrato[1].x, y = quadrato[1].y;
+        attaccoAttivo.Traf4PtInverso(x, y);
+        EXPECT_NEAR(x, trapezio[1].x, 1e-3);
+        EXPECT_NEAR(y, trapezio[1].y, 1e-3);
+    }
+}
+
+TEST(AttaccoDinamico, CopiesGoOntoTheirLayerAndLeaveTheOriginal) {
+    prepara(0, quadrato, girato);
+    const std::int32_t testa = polilinea({{1000, 2000}, {1000, 1000}, {2000, 1000}});
+    Elem(testa).lucido = 3;
+    for (std::int32_t i = 1; i <= 2; ++i) Elem(testa + i).lucido = 3;
+    const std::int32_t giro = arco(1000, 1000, 100, 10, 50);
+    Puntosel = {1, 1, 2, oArco, giro};
+    Elem(testa).selezionato = Elem(giro).selezionato = 1;
+    attaccoAttivo.AggiungiMultipla(7);
+    ASSERT_EQ(indElem, giro + 4);
+    EXPECT_EQ(Elem(giro + 1).lucido, 7);
+    EXPECT_EQ(Elem(giro + 2).lucido, 3);   // vertices keep theirs
+    EXPECT_EQ(Elem(giro + 1).selezionato, 0);
+    EXPECT_NEAR(Elem(giro + 3).vert.x, 3000, 1e-2);
+    EXPECT_NEAR(Elem(giro + 3).vert.y, 4000, 1e-2);
+    EXPECT_EQ(Elem(giro + 3).vert.distanzaTesta, 2);
+    EXPECT_EQ(Elem(testa).poli.x, 1000);
+    const auto& a = Elem(giro + 4).arco;
+    EXPECT_NEAR(a.raggio, 200, 1e-3);
+    EXPECT_NEAR(a.angoloInizio, 100, 1e-3);
+    // No room: nothing, and nothing is torn.
+    ASSERT_TRUE(AllocaElementi(5));
+    AzzeraArchivio();
+    polilinea({{0, 0}, {1, 1}});
+    Puntosel = {1, 0, 1, oPoligono, 3};
+    attaccoAttivo.AggiungiElemento(1);
+    EXPECT_EQ(indElem, 4);
+}
+
+TEST(AttaccoDinamico, ATextTurnsAndGrowsWithItsCopyAndItsAngleIsTruncated) {
+    struct Caso {
+        std::int32_t tipo;
+        std::int16_t angolo;
+    };
+    for (const Caso& c : {Caso{0, 100}, Caso{1, 100}, Caso{0, 30}, Caso{1, 30}}) {
+        prepara(c.tipo, quadrato, girato);
+        const std::int32_t n = testo(1000, 2000, "Sasso", c.angolo);
+        Elem(n).test.altezza = 9;
+        Elem(n).test.dimensione = 9;
+        Elem(n).test.larghezza = 25;
+        Puntosel = {1, 0, 1, oTesto, n};
+        attaccoAttivo.AggiungiElemento(0);
+        const auto& t = Elem(indElem).test;
+        EXPECT_EQ(t.altezza, 18);
+        EXPECT_EQ(t.larghezza, 50);
+        EXPECT_EQ(t.dimensione, 18);
+        const int giro = (t.angolo - c.angolo + 400) % 400;   // a quarter is 100 of the 400
+        EXPECT_TRUE(giro == 100 || giro == 99 || giro == 300 || giro == 299) << c.tipo << " " << t.angolo;
+    }
+}
+
+TEST(AttaccoDinamico, APictureCopiedHasDataOfItsOwn) {
+    prepara(0, quadrato, girato);
+    const std::int32_t n = immagine(10, 20, 30, 40, "dati");
+    Puntosel = {1, 0, 1, oPict, n};
+    attaccoAttivo.AggiungiElemento(2);
+    ASSERT_EQ(indElem, n + 1);
+    EXPECT_NE(Elem(indElem).pict.maniglia, Elem(n).pict.maniglia);
+    EXPECT_EQ(PictBytes(Elem(indElem).pict.maniglia), "dati");
+    EXPECT_EQ(Elem(indElem).pict.x, 10);
 }

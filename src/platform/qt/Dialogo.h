@@ -14,13 +14,13 @@
 
 namespace tessaro {
 
-enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore };
+enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore, elenco };
 
 // What the program set stands here and holds without widgets too; typing and clicks come from the widget.
 struct VoceDialogo {
     TipoVoce tipo = TipoVoce::testoFisso;
     std::string grezzo;        // UTF-8, as the resource or the program gave it, ^0 to ^3 not yet filled in
-    std::int32_t valore = 0;   // radio, check box 0 or 1; pop-up from 1; slider; colour 0xRRGGBB
+    std::int32_t valore = 0;   // radio, check box 0 or 1; pop-up and list from 1; slider; colour 0xRRGGBB
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
@@ -63,5 +63,11 @@ void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wake
 void applica(const VoceDialogo& v);                     // the widget shows what the data say
 void mostra(FinestraDialogo& d);                        // opens the window; once
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
+
+// --- lists
+QWidget* creaElenco(FinestraDialogo& d, std::int16_t item, int righe, int caratteri);
+void scegliRiga(const VoceDialogo& v);          // the row chosen is the one of the value
+int righeElenco(const VoceDialogo& v);          // how many there are
+std::string rigaScelta(const VoceDialogo& v);   // its text, UTF-8
 
 }   // namespace tessaro

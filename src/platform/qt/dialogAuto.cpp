@@ -17,6 +17,7 @@ QString testoVisto(const VoceDialogo& v) {
     if (const auto* campo = qobject_cast<const QLineEdit*>(v.widget)) return campo->text();
     if (const auto* fisso = qobject_cast<const QLabel*>(v.widget)) return fisso->text();
     if (const auto* scelta = qobject_cast<const QComboBox*>(v.widget)) return scelta->currentText();
+    if (v.tipo == TipoVoce::elenco) return daUtf8(rigaScelta(v));
     if (v.tipo == TipoVoce::cursore || v.tipo == TipoVoce::colore) return QString::number(v.valore);
     if (const auto* bottone = qobject_cast<const QAbstractButton*>(v.widget))
         return bottone->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
@@ -50,7 +51,9 @@ bool AutoDialogSetText(DialogPtr d, std::int16_t item, std::string_view macRoman
 
 bool AutoDialogSetValue(DialogPtr d, std::int16_t item, std::int32_t value) {
     VoceDialogo* v = voceDi(d, item);
-    if (v == nullptr || !v->accesa || (v->tipo != TipoVoce::scelta && v->tipo != TipoVoce::cursore)) return false;
+    if (v == nullptr || !v->accesa) return false;
+    if (v->tipo != TipoVoce::scelta && v->tipo != TipoVoce::cursore && v->tipo != TipoVoce::elenco) return false;
+    if (v->tipo == TipoVoce::elenco && (value < 1 || value > righeElenco(*v))) return false;
     if (const auto* scelta = qobject_cast<const QComboBox*>(v->widget); scelta != nullptr)
         if (value < 1 || value > scelta->count()) return false;
     if (const auto* cursore = qobject_cast<const QSlider*>(v->widget); cursore != nullptr)

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QSlider>
 #include <QStyle>
 #include <QSvgRenderer>
@@ -68,7 +69,9 @@ public:
         const std::string& comando = r.parole[0];
         if (comando == "row") return metti(r);
         if (comando == "buttons") return bottoni(r);
+        if (comando == "run") return serie(r);
         if (quadro == nullptr) return;
+        if (comando == "scroll") apri(scorrevole(r));
         if (comando == "group") apri(gruppo(r));
         if (comando == "columns") apri(new QHBoxLayout);
         if (comando == "stack") apri(new QVBoxLayout);
@@ -90,6 +93,24 @@ private:
         pila.back().layout->addWidget(box);
         return dentro;
     }
+    // A list as high as `rows` of its own; what does not fit is scrolled to.
+    QBoxLayout* scorrevole(const RigaRisorsa& r) {
+        auto* area = new QScrollArea(quadro);
+        auto* foglio = new QWidget(area);
+        auto* dentro = new QVBoxLayout(foglio);
+        const QStyle* stile = quadro->style();
+        const int riga = std::max(quadro->fontMetrics().height(), stile->pixelMetric(QStyle::PM_IndicatorHeight))
+                         + stile->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
+        area->setWidgetResizable(true);
+        area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        area->setFixedHeight(riga * r.numero("rows", 10));
+        area->setMinimumWidth(quadro->fontMetrics().averageCharWidth() * r.numero("chars", 20));
+        area->viewport()->setBackgroundRole(QPalette::Base);
+        foglio->setBackgroundRole(QPalette::Base);
+        area->setWidget(foglio);
+        pila.back().layout->addWidget(area);
+        return dentro;
+    }
     void apri(QBoxLayout* nuovo) {
         if (nuovo->parentWidget() == nullptr) pila.back().layout->addLayout(nuovo);
         pila.back().griglia = nullptr;
@@ -101,6 +122,27 @@ private:
         if (auto* verticale = qobject_cast<QVBoxLayout*>(pila.back().layout)) verticale->addStretch(1);
         pila.pop_back();
         pila.back().griglia = nullptr;
+    }
+
+    // `run check 3..102 text=layer first=0`: items of one kind under each other, each with its number in its text.
+    void serie(const RigaRisorsa& r) {
+        if (r.parole.size() < 3) return;
+        const std::string& numeri = r.parole[2];
+        const auto punti = numeri.find("..");
+        const int primo = numeroDi(std::string_view(numeri).substr(0, punti), 0);
+        const int ultimo =
+            punti == std::string::npos ? primo : numeroDi(std::string_view(numeri).substr(punti + 2), primo);
+        const int primoMostrato = r.numero("first", primo);
+        RigaRisorsa una = r;
+        for (int n = primo; n <= ultimo; ++n) {
+            una.parole = {"row", r.parole[1], std::to_string(n)};
+            metti(una);
+            VoceDialogo& v = d.voci.at(static_cast<std::int16_t>(n));
+            v.grezzo = testo("item." + std::string(r.opzione("text")));
+            if (const auto dove = v.grezzo.find("^0"); dove != std::string::npos)
+                v.grezzo.replace(dove, 2, std::to_string(primoMostrato + n - primo));
+            applica(v);
+        }
     }
 
     static std::vector<Cella> celle(const RigaRisorsa& r) {
@@ -157,6 +199,8 @@ private:
             w = acceso(c, TipoVoce::radio, quadro == nullptr ? nullptr : new QRadioButton(quadro));
         else if (c.tipo == "popup")
             w = scelta(c);
+        else if (c.tipo == "list")
+            w = elenco(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -249,6 +293,19 @@ private:
             if (VoceDialogo* questa = voceDi(this_, n); questa != nullptr) questa->valore = i + 1;
             colpisci(*this_, n);
         });
+        return registra(v, w);
+    }
+
+    QWidget* elenco(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::elenco);
+        v.valore = 1;
+        if (quadro == nullptr) return nullptr;
+        QWidget* w = creaElenco(d, item(c), c.riga->numero("rows", 10), c.riga->numero("chars", 24));
+        if (ultimaEtichetta != nullptr) {
+            ultimaEtichetta->setBuddy(w);
+            w->setAccessibleName(ultimaEtichetta->text());
+            ultimaEtichetta = nullptr;
+        }
         return registra(v, w);
     }
 

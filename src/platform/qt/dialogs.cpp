@@ -158,6 +158,7 @@ void applica(const VoceDialogo& v) {
         break;
     case TipoVoce::colore: mostraColore(*bottone, v.valore); break;
     case TipoVoce::scelta: static_cast<QComboBox*>(v.widget)->setCurrentIndex(v.valore - 1); break;
+    case TipoVoce::elenco: scegliRiga(v); break;
     case TipoVoce::cursore: static_cast<QSlider*>(v.widget)->setValue(v.valore); break;
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:

@@ -1,0 +1,90 @@
+// The sheet's corner and a point 10 centimetres to its right become control points 1 and 2.
+#include "digitising/GeoRiferimento.h"
+
+#include "dialogs/Parametri.h"
+#include "digitising/Attacchi.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "platform/Quickdraw.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr double dieciCentimetri = 1000;   // sheet units
+
+class TParGeoRefer : public TParametri {
+    enum : std::int16_t { campoX = 4, campoY = 6, conReali = 12, senzaReali = 13 };
+
+    elemento copia = Elem(2);   // until OK
+    std::int16_t radio = copia.att.coordReali ? conReali : senzaReali;
+
+    void poniPunti(double X, double Y, bool reali) {
+        copia.att.coordReali = reali;
+        copia.att.x1 = X;
+        copia.att.y1 = Y;
+        copia.att.x2 = X + dieciCentimetri / decimiUnita * Scaladis;
+        copia.att.y2 = Y;
+    }
+
+public:
+    void Display() override {
+        ScriviCampoReale(campoX, copia.att.x1, 3);
+        ScriviCampoReale(campoY, copia.att.y1, 3);
+        SetDialogItemValue(theDialog, conReali, radio == conReali);
+        SetDialogItemValue(theDialog, senzaReali, radio == senzaReali);
+    }
+
+    void IngGene(std::uint8_t ripristino) override {
+        constexpr double limite = 2000000;   // the user's unit
+        esito = 1;
+        if (ripristino) return;
+        double X = 0, Y = 0;
+        if (LeggiCampo(campoX, -limite, limite, X) && LeggiCampo(campoY, -limite, limite, Y))
+            poniPunti(X, Y, radio == conReali);
+    }
+
+    void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
+
+    void Dialogo() override {
+        theDialog = GetNewDialog(dialogoId);
+        Display();
+        HiliteDialogItem(theDialog, ripristinaItem, 255);
+        SelectDialogItemText(theDialog, campoX, 0, 100);
+        do {
+            ModalDialog(MyMovableFilter, itemCorrente);
+            if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
+            if (itemCorrente == okItem) IngGene(0);
+            OscuraAnnulla();
+            if (quitPending()) break;
+        } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
+        DisposeDialog(theDialog);
+    }
+
+    void Param(bool grafico) {
+        if (grafico) {
+            ingModoGrafico();
+        } else {
+            Dialogo();
+            if (itemCorrente != okItem || esito <= 0) return;
+        }
+        Elem(2) = copia;
+        const double basso = 100 * yfoglio;   // the sheet's foot
+        AssegnaAttacco(1, 0, basso);
+        AssegnaAttacco(2, dieciCentimetri, basso);
+        AttacchiCambiati();
+        CalcolaRapporti();
+    }
+};
+
+}   // namespace
+
+void ParGeoRefer(std::uint8_t grafico) {
+    const GrafPtr prima = GetPort();
+    TParGeoRefer d;
+    d.Poni(1, 2, 0, 7, 135);
+    d.Param(grafico != 0);
+    SetPort(prima);
+}
+
+}   // namespace tessaro

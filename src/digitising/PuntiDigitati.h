@@ -1,0 +1,14 @@
+// Typed points: a dialog gives real coordinates, they become XDigit, YDigit, ZDigit with IntroDigitale raised, and the
+// tool is called as a click would call it.
+#pragma once
+
+#include <cstdint>
+
+namespace tessaro {
+
+void IngressoMarker();                  // dialog 2024, then FaiMarker
+void IngressoVertici();                 // dialog 2023: a vertex by coordinates, absolute or from the last point
+void IngressoPolare();                  // dialog 148: a vertex by direction and distance from the last point
+void IngressoAttacco(std::int16_t n);   // dialog 2024: control point 1 to 5
+
+}   // namespace tessaro

@@ -1,0 +1,43 @@
+// From a source quadrilateral P1 P2 P3 P4 to a target Q1 Q2 Q3 Q4 (lower left, upper left, upper right, lower right):
+// the exact homography, and the construction by vanishing points. Sheet units, Y down.
+//
+// The construction measures a point along two axes. Axis 1 runs along the side P1 P4: the line from the point to the
+// vanishing point of P1 P2 and P3 P4 cuts it at the point's position. Axis 2 runs along P3 P4, from P3, with the
+// vanishing point of P1 P4 and P2 P3. Where a pair of sides is parallel there is no vanishing point, and the position is
+// measured across the sides by their direction. Both positions are carried over to the axes of the target, straight or
+// by a curve that takes the centre to the centre, and the target's two lines through them cross at the result.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/Registrazione.h"
+
+namespace tessaro {
+
+// 1 the perspective mappings, 0 a plain linear scale along the sides. 1 but for the length of a picture's job
+extern std::uint8_t deformProspettica;
+
+// --- homography: X = (a x + b y + c) / D, Y = (d x + e y + f) / D with D = 1 + (g x + h y)
+using Coefficienti = std::array<double, 9>;   // a to h, one spare slot behind
+// From four pairs of points. False, and the coefficients stay, when the points do not define one.
+bool RisolviOmografia(const std::array<Coppia, 4>& src, const std::array<Coppia, 4>& dst, Coefficienti& coef);
+void TrasformaOmografia(const Coefficienti& coef, double& x, double& y);   // D may be 0: the point goes to infinity
+
+// --- vanishing points
+// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on.
+struct ErroriPrep {
+    std::int16_t diagonaliSrc, diagonaliDst, asse1, asse2, asse1d, asse2d;
+};
+void PreparaQuattro(Att4Pt& r, const ErroriPrep& errori);   // the centres are the crossings of the diagonals
+// The centres are given: the source's by srcC. Kept: the target's by dstC across parallel sides, which an axis before it
+// may have overwritten, and by control point 5 of the globals elsewhere.
+void PreparaCinque(Att4Pt& r, const ErroriPrep& errori);
+// Maps a point in place: by the two-piece curve, or by the plain scale. Parallel lines of the target give (0, 0).
+void TrasformaFuga(const Att4Pt& r, bool curva, double& x, double& y);
+
+// --- the free solver over att4Pt, which merges use
+void PrepAtt4pt();
+void Traf4Pt(double& x, double& y);
+
+}   // namespace tessaro

@@ -1,0 +1,50 @@
+// The move by typed values.
+#include "dialogs/Parametri.h"
+#include "digitising/Coordinate.h"
+#include "editing/Sposta.h"
+#include "model/Attributi.h"
+#include "platform/Quickdraw.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t dialogo = 1035, ok = 1, annulla = 2, campoX = 4, campoY = 6, campoZ = 8;
+constexpr double limite = 2000000;   // the user's unit
+
+// A delta has no place of its own: it is what the chain makes of it, counted from the image of (0, 0).
+void mostraDelta() {
+    double x = 0, y = 0, x0 = 0, y0 = 0;
+    DigiToReal(XDeltaSpost, YDeltaSpost, x, y);
+    DigiToReal(0, 0, x0, y0);
+    ScriviCampoReale(campoX, x - x0, 3);
+    ScriviCampoReale(campoY, y - y0, 3);
+    ScriviCampoReale(campoZ, ZDeltaSpost, 3);
+}
+
+bool leggiDelta() {
+    double x = 0, y = 0, z = 0, x0 = 0, y0 = 0;
+    for (const auto& [campo, valore] : {std::pair{campoX, &x}, {campoY, &y}, {campoZ, &z}})
+        if (!LeggiCampoReale(campo, -limite, limite, *valore)) return false;
+    DigiToReal(0, 0, x0, y0);
+    RealToDigi(x0 + x, y0 + y, XDeltaSpost, YDeltaSpost);
+    ZDeltaSpost = z;
+    return true;
+}
+
+}   // namespace
+
+void Sposta() {
+    const GrafPtr prima = GetPort();
+    theDialog = GetNewDialog(dialogo);
+    mostraDelta();
+    SelectDialogItemText(theDialog, campoX, 0, 100);
+    do { ModalDialog(MyMovableFilter, Noitem); } while (Noitem != annulla && !(Noitem == ok && leggiDelta()));
+    const bool accettato = Noitem == ok;
+    DisposeDialog(theDialog);
+    theDialog = nullptr;
+    SetPort(prima);
+    if (accettato) SpostaSelezione();
+}
+
+}   // namespace tessaro

@@ -1,0 +1,117 @@
+// The dialog of the hatch: angle, spacing, on or off, crossed.
+#include <algorithm>
+
+#include "dialogs/Parametri.h"
+#include "display/Zoom.h"
+#include "editing/Domanda.h"
+#include "editing/Selezionati.h"
+#include "editing/Tratteggi.h"
+#include "model/Attributi.h"
+#include "platform/Resources.h"
+#include "text/Conversione.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t dialogo = 9130, campoAngolo = 4, campoPasso = 6, spuntaTratteggio = 9, spuntaIncrociato = 13;
+constexpr std::int16_t listaUnita = 9130, primaUnita = 2;   // names of the angle systems
+constexpr double maxAngolo = 401.0;                         // in the angle system in force
+constexpr double minPasso = 0.02, maxPasso = 5.0;           // hundreds of sheet units
+
+void copiaTratteggio(elemento& a, const elemento& da) {
+    a.poli.passoTratt = da.poli.passoTratt;
+    a.poli.angoloTratt = da.poli.angoloTratt;
+    a.poli.tratteggio = da.poli.tratteggio;
+    a.poli.incrociato = da.poli.incrociato;
+}
+
+class TPoniTratteggi : public TParametri {
+public:
+    void Display() override;
+    virtual void inggene();
+    void Dialogo() override;
+    virtual void Tratt();
+    virtual void CambiaTratt();
+
+private:
+    elemento lavoro{};   // its hatch fields alone count
+};
+
+// Kept: the fields show a hatch only for one selected polyline; for new elements they start empty.
+void TPoniTratteggi::Display() {
+    lavoro = TrattCorrente;
+    if (Puntosel.attiva) {
+        lavoro = elemento{};
+        lavoro.tipo = tPoligono;
+    }
+    if (!UnSoloElemento() || Elem(Puntosel.indice).tipo != tPoligono) return;
+    lavoro = Elem(Puntosel.indice);
+    ScriviCampoReale(campoAngolo, RadToAng(lavoro.poli.angoloTratt, gradCorrente), 4);
+    ScriviCampoReale(campoPasso, lavoro.poli.passoTratt, 4);
+    SetDialogItemValue(theDialog, spuntaTratteggio, lavoro.poli.tratteggio != 0);
+    SetDialogItemValue(theDialog, spuntaIncrociato, lavoro.poli.incrociato != 0);
+}
+
+void TPoniTratteggi::inggene() {
+    double angolo = 0, passo = 0;
+    if (!LeggiCampo(campoAngolo, -maxAngolo, maxAngolo, angolo) || !LeggiCampo(campoPasso, minPasso, maxPasso, passo))
+        return;
+    lavoro.poli.tratteggio = GetDialogItemValue(theDialog, spuntaTratteggio) != 0;
+    lavoro.poli.incrociato = GetDialogItemValue(theDialog, spuntaIncrociato) != 0;
+    lavoro.poli.angoloTratt = AngToRad(angolo, gradCorrente);
+    lavoro.poli.passoTratt = passo;
+}
+
+void TPoniTratteggi::Dialogo() {
+    theDialog = GetNewDialog(dialogoId);
+    Display();
+    SelectDialogItemText(theDialog, campoAngolo, 0, 100);
+    do {
+        ModalDialog(MyMovableFilter, itemCorrente);
+        if (quitPending()) break;
+        if (itemCorrente == spuntaTratteggio || itemCorrente == spuntaIncrociato) CambiaCheck(itemCorrente);
+        if (itemCorrente == okItem) inggene();
+        OscuraAnnulla();
+    } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0));
+    DisposeDialog(theDialog);
+    theDialog = nullptr;
+}
+
+void TPoniTratteggi::Tratt() {
+    const auto unita = static_cast<std::int16_t>(primaUnita + std::clamp<std::int32_t>(gradCorrente, 0, 2));
+    ParamText(Invito(Puntosel.attiva != 0, Puntosel.attiva ? NomeSelezione() : std::string()),
+              GetIndString(listaUnita, unita), "", "");
+    Dialogo();
+    if (itemCorrente != okItem || quitPending()) return;
+    if (Puntosel.attiva) {
+        CambiaTratt();
+    } else {
+        copiaTratteggio(TrattCorrente, lavoro);
+    }
+}
+
+void TPoniTratteggi::CambiaTratt() {
+    const auto cambia = [this](std::int32_t n) {
+        if (Elem(n).tipo != tPoligono) return false;
+        copiaTratteggio(Elem(n), lavoro);
+        return true;
+    };
+    if (!PerSelezionati(cambia)) {
+        SysBeep(30);
+        return;
+    }
+    InvalFinestra();
+}
+
+}   // namespace
+
+void PoniTratteggi() {
+    TPoniTratteggi t;
+    t.Poni(1, 2, 0, 0, dialogo);
+    t.Tratt();
+}
+
+void TratteggiaNuovo(std::int32_t testa) { copiaTratteggio(Elem(testa), TrattCorrente); }
+
+}   // namespace tessaro

@@ -1,0 +1,149 @@
+// Merging a drawing into the open one: what is fitted, what is refused, and what a merge leaves alone.
+#include "files/Disco.h"
+
+#include "digitising/Coordinate.h"
+#include "model/Annulla.h"
+#include "model/Lucidi.h"
+#include "model/Registrazione.h"
+#include "support/Avvisi.h"
+
+using namespace tessaro;
+using namespace prova;
+
+namespace {
+
+// The open drawing: one segment, control points at (0, 0) and (100, 0), registered 1:1 at choice.
+void aperto(bool conPunti, bool registrato) {
+    fogliovuoto(50);
+    segmento(7, 7, 8, 8);
+    if (conPunti) {
+        Elem(1).att1.x2 = XA2 = 100;
+        Elem(1).att1.y1 = Elem(1).att1.y2 = YA1 = YA2 = 50;
+    }
+    Elem(2).att.coordReali = registrato;
+    if (registrato) {
+        Elem(2).att.x1 = 0;
+        Elem(2).att.y1 = 0;
+        Elem(2).att.x2 = 100;
+        Elem(2).att.y2 = 0;
+        CalcTransfC();
+    }
+}
+
+// The incoming one, twice as large and turned by a quarter: its points lie at (10, 10) and (10, 210).
+Byte entrante(bool conPunti, bool registrato) {
+    Byte uno = attacco1(6);
+    if (conPunti) uno.f64(10, 28).f64(10, 36).f64(10, 52).f64(210, 60);
+    Byte due = attacco2(registrato);
+    due.f64(0, 28).f64(0, 36).f64(100, 52).f64(0, 60);
+    Byte b = intestazione(12);
+    b.byte(uno).byte(due).byte(rSegmento(10, 10, 10, 210));
+    b.byte(record(tCerchio).f64(10, 28).f64(110, 36).f64(20, 44));
+    b.byte(record(tArco).f64(10, 28).f64(10, 36).f64(2, 44).f64(90, 52).f64(45, 60));
+    b.byte(rPict(3, "abc"));
+    return b.byte(Blocchi{}.perVersione(12)), b;
+}
+
+}   // namespace
+
+TEST(Fusione, SheetPointsCarryTheIncomingDrawingOver) {
+    aperto(true, false);
+    const std::int32_t prima = indElem;
+    leggiByte(entrante(true, false), 51);
+    EXPECT_TRUE(avvisi.empty());
+    ASSERT_EQ(indElem, prima + 4);   // the reserved records are not added
+    const auto& s = Elem(prima + 1).segm;
+    EXPECT_NEAR(s.x1, 0, 1e-5);
+    EXPECT_NEAR(s.y1, 50, 1e-5);
+    EXPECT_NEAR(s.x2, 100, 1e-5);
+    EXPECT_NEAR(s.y2, 50, 1e-5);
+    EXPECT_NEAR(Elem(prima + 2).cerc.cx, 50, 1e-5);
+    EXPECT_NEAR(Elem(prima + 2).cerc.raggio, 10, 1e-5);
+    EXPECT_NEAR(Elem(prima + 3).arco.angoloInizio, 0, 1e-4);
+    EXPECT_EQ(Elem(prima + 3).arco.ampiezza, 45.0);
+    EXPECT_EQ(Elem(prima + 4).pict.larghezza, 300.0);   // a picture moves and keeps its size
+    EXPECT_EQ(PictBytes(Elem(prima + 4).pict.maniglia), "abc");
+    EXPECT_EQ(VisioneGraf.lucidoCorrente, 0);   // the open drawing's own settings stay
+    EXPECT_EQ(XA2, 100);
+}
+
+TEST(Fusione, RealCoordinatesCarryItOverWhenBothAreRegistered) {
+    for (const std::int16_t item : std::initializer_list<std::int16_t>{53, 32}) {
+        aperto(true, true);
+        const std::int32_t prima = indElem;
+        leggiByte(entrante(true, true), item);
+        ASSERT_EQ(indElem, prima + 4);
+        EXPECT_NEAR(Elem(prima + 1).segm.x1, 0, 1e-5);
+        EXPECT_NEAR(Elem(prima + 1).segm.y1, 50, 1e-5);
+        EXPECT_NEAR(Elem(prima + 1).segm.x2, 100, 1e-5);
+        EXPECT_NEAR(Elem(prima + 2).cerc.raggio, 10, 1e-5);
+        EXPECT_EQ(VisioneGraf.lucidoCorrente, 0);
+    }
+}
+
+TEST(Fusione, WithoutASimilarityTheElementsComeAsTheyAreAndTheSettingsToo) {
+    struct Caso {
+        std::int16_t item;
+        bool puntiAperto, realeAperto, puntiEntrante, realeEntrante;
+    };
+    constexpr Caso casi[] = {
+        {53, true, false, true, true},
+        {53, true, true, true, false},
+        {51, false, false, true, false},
+        {51, true, false, false, false},
+    };
+    for (const Caso& c : casi) {
+        AzzeraStato();
+        aperto(c.puntiAperto, c.realeAperto);
+        const std::int32_t prima = indElem;
+        leggiByte(entrante(c.puntiEntrante, c.realeEntrante), c.item);
+        ASSERT_EQ(indElem, prima + 4);
+        EXPECT_EQ(Elem(prima + 1).segm.y2, 210.0);
+        EXPECT_EQ(VisioneGraf.lucidoCorrente, 3);
+    }
+}
+
+TEST(Fusione, WhatCannotBeFittedIsRefusedWhole) {
+    for (const std::int16_t item : std::initializer_list<std::int16_t>{2, 52, 33, 34}) {
+        AzzeraStato();
+        aperto(true, false);
+        const elemento primo = Elem(3);
+        leggiByte(entrante(true, false), item);
+        EXPECT_EQ(indElem, 3);
+        EXPECT_EQ(std::memcmp(&primo, &Elem(3), sizeof primo), 0);
+        EXPECT_EQ(VisioneGraf.lucidoCorrente, 0);
+    }
+}
+
+TEST(Fusione, OnAnEmptyDrawingTheFileReplacesIt) {
+    fogliovuoto(50);
+    leggiByte(entrante(true, false), 51);
+    EXPECT_EQ(indElem, 6);
+    EXPECT_EQ(XA1, 10);
+    EXPECT_EQ(Elem(3).segm.y2, 210.0);
+}
+
+TEST(Fusione, AMergeThatFailsLeavesTheOpenDrawingAsItWas) {
+    const Byte intero = entrante(true, false);
+    for (std::size_t n = 0; n < 19 + 6 * 84 + 7; n += 7) {
+        AzzeraStato();
+        aperto(true, false);
+        avvisi.clear();
+        const std::int64_t memoria = PictMemory();
+        leggiByte(std::string_view(intero).substr(0, n), 51);
+        EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101}) << n;
+        EXPECT_EQ(indElem, 3) << n;
+        EXPECT_EQ(Elem(3).segm.x1, 7.0);
+        EXPECT_EQ(XA2, 100);
+        EXPECT_EQ(PictMemory(), memoria);
+        EXPECT_EQ(uscita, 1);
+    }
+}
+
+TEST(Fusione, AFullStoreTakesNothing) {
+    aperto(true, false);
+    maxElementi = indElem;
+    leggiByte(entrante(true, false), 51);
+    EXPECT_EQ(indElem, 3);
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101});
+}
