@@ -8,6 +8,8 @@
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
+#include "exchange/CXF.h"
+#include "exchange/XYZ.h"
 #include "files/Nativo.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
@@ -28,7 +30,7 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiTesti = 302;
 constexpr std::int16_t menuArchivio = 2;
 
 // Requests by their numbers.
@@ -46,10 +48,12 @@ enum : std::int16_t {
     rUnisciQuattro = 52,
     rUnisciReali = 53,
     rImmagine = 61,
+    rXYZ = 63,
+    rCXF = 64,
 };
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome };
-enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
 
 struct Richiesta {
     std::int16_t numero;
@@ -74,6 +78,8 @@ constexpr Richiesta richieste[] = {
     {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
+    {rXYZ, Scelta::leggi, Opera::testo, 3, tipiTesti, "", false},
+    {rCXF, Scelta::leggi, Opera::testo, 9100, tipiTesti, "", false},
 };
 
 const Richiesta* richiestaDi(std::int16_t numero) {
@@ -162,6 +168,15 @@ void importaImmagine(const FSSpec& file) {
     ImportaImmagine(file);
 }
 
+void importaTesto(const Richiesta& r, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
+    if (uscita) return;
+    (r.numero == rXYZ ? LeggiXYZ : LeggiCXF)();
+    if (RefNum != 0) FSClose(RefNum);   // a list that was stopped is closed already
+    NessunaSelezione();
+}
+
 void esegui(const Richiesta& r, const FSSpec& file) {
     SetCursor(ClockCursor);
     PoniAnnulla(aNiente);
@@ -169,6 +184,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
     case Opera::immagine: importaImmagine(file); break;
+    case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
     if (uscita || !r.delDocumento) return;

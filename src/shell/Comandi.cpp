@@ -21,6 +21,9 @@
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
 #include "editing/Tratteggi.h"
+#include "exchange/FormatoXYZ.h"
+#include "exchange/MiniCad.h"
+#include "exchange/XYZ.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -65,6 +68,7 @@ void DoArchivio() {
     case 3: Chiudi(); break;
     case 4:
     case 5: archivia(); break;
+    case 9: FormatoXYZ(0); break;
     case 16: fine = TuttoChiuso(); break;
     default: break;
     }
@@ -274,9 +278,16 @@ void menuAref() {
 void menuZoom() { FaiZoom(theItem); }
 
 void menuEsporta() {
-    if (theItem != 1) return;
-    theItem = 41;
-    archivia();
+    switch (theItem) {
+    case 1:
+        theItem = 41;
+        archivia();
+        break;
+    case 5: FaiXYZAsci(); break;
+    case 7: FaiMiniCad(due_D); break;
+    case 8: FaiMiniCad(tre_D); break;
+    default: break;
+    }
 }
 
 void menuApriAltri() {

@@ -10,6 +10,7 @@
 #include "display/Zoom.h"
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
+#include "exchange/FormatoXYZ.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "files/Recupero.h"
@@ -143,6 +144,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
+    FormatoXYZ(1);
     SceltaColori(1);
     inizio = 0;
     theItem = 20;
