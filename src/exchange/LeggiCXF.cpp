@@ -117,7 +117,7 @@ void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int1
         const Coppia2 p = punto();
         if (!uscita) metti(tipo, p, zcurs, p, penna, colore, pattern, "");
     };
-    if (vertici < 1) return;   // counts that do not agree: there is no point to read
+    if (vertici < 1) return;
     vertice(tPoligono);
     for (; contatore < vertici - 1 && continua(); ++contatore) vertice(tVertice);
 }
@@ -157,6 +157,7 @@ void TLeggiEntitaCXF::Poligono() {
     scritta(nome, dove, ang, fabbricato ? coloreNomiFabbricati : coloreComune);
     if (fabbricato) suLucido(lucidoFabbricati);
 
+    if (esterni < 1) return;   // counts that do not agree: the points go by as lines of no entity
     std::int32_t contatore = 0;
     anello(esterni, fabbricato ? 2 : 1, coloreComune, 1, contatore);
     isole(verticiIsola, quante, contatore);

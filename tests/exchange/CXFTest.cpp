@@ -36,7 +36,7 @@ TEST(CXF, ParticelleEFabbricati) {
     VisioneGraf.lucidoCorrente = 9;
     leggi("MAPPA BORDO 123 18 0 5 6 0 0 0 4 0 0 10 0 10 10 0 0 "
           "bordo 124+ 18 0 5 5 0 0 0 3 1 1 2 1 1 1 BORDO STRADA 18 0 5 5 0 0 0 1 1 1 EOF BORDO 9");
-    ASSERT_EQ(indElem, 12);
+    ASSERT_EQ(indElem, 13);
     EXPECT_EQ(scritta(3), "123");
     EXPECT_EQ(Elem(3).lucido, 0);
     EXPECT_EQ(Elem(3).test.colore, 1);
@@ -52,7 +52,8 @@ TEST(CXF, ParticelleEFabbricati) {
     EXPECT_EQ(Elem(8).test.colore, 4);
     EXPECT_EQ(Elem(9).lucido, 1);
     EXPECT_EQ(Elem(9).poli.spessore, 2);
-    EXPECT_EQ(scritta(12), "STRADA");   // its ring found no room in this count, see below
+    EXPECT_EQ(scritta(12), "STRADA");   // a parcel like any other
+    EXPECT_EQ(Elem(13).lucido, 0);
     EXPECT_EQ(VisioneGraf.lucidoCorrente, 9);
     EXPECT_TRUE(avvisi.empty());
 }
@@ -104,6 +105,7 @@ TEST(CXF, UnNumeroGuastoFermaConUnSoloAvviso) {
 
 TEST(CXF, NomiLunghiERiempitiDiBianchi) {
     fogliovuoto();
+    rappvid = 1;
     const std::string lungo(60, 'n');
     const FileProva file(
         "TESTO\r\n" + lungo
