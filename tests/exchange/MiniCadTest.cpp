@@ -48,9 +48,9 @@ TEST(MiniCad, UnitaDiMisura) {
         double decimi;
         const char* riga;
     };
-    for (const Caso& c : {Caso{2, 10000, "SetUnits(1000,1000,0,2.5401e-2,'m','m2');\n"},
+    for (const Caso& c : {Caso{2, 10000, "SetUnits(1000,1000,0,2.5401e-02,'m','m2');\n"},
                           Caso{4, 254.00508, "SetUnits(1000,1000,2,1.0,'\"','in2');\n"},
-                          Caso{5, 3048.06096, "SetUnits(1000,1000,2,8.3333e-2,''','sqr ft');\n"}}) {
+                          Caso{5, 3048.06096, "SetUnits(1000,1000,2,8.3333e-02,''','sqr ft');\n"}}) {
         UnitaMCorrente = c.unita;
         decimiUnita = c.decimi;
         EXPECT_EQ(scrivi(ScriviGlobalCharacteristics), c.riga);
