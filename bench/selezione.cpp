@@ -121,6 +121,7 @@ void cancellaTutto(benchmark::State& state) {
     const auto pronto = [] {
         indElem = modificati;
         annullamento = aNiente;
+        NessunaSelezione();
         SelezionaTutto();
     };
     confronta(state, 4, pronto, CancellaSelezione);
@@ -143,6 +144,7 @@ void annullaCancellazione(benchmark::State& state) {
     const auto pronto = [] {
         indElem = modificati;
         annullamento = aNiente;
+        NessunaSelezione();
         SelezionaTutto();
         CancellaSelezione();
     };

@@ -84,6 +84,7 @@ std::int32_t OggettoDi(std::uint8_t tipo) {
 
 void DisegnaSelezione() {
     if (!Puntosel.attiva) return;
+    if (EmptyRect(AreaDisegnabile())) return;   // nothing would be seen
     const std::int16_t spessPrima = spess;
     spess = 1;
     if (Puntosel.multipla) {

@@ -6,7 +6,9 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "text/Conversione.h"
 #include "support/Ascolto.h"
+#include "text/Conversione.h"
 
 using namespace tessaro;
 using namespace prova;
