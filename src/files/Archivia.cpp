@@ -8,7 +8,9 @@
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
+#include "exchange/CXF.h"
 #include "exchange/DXF.h"
+#include "exchange/XYZ.h"
 #include "files/Nativo.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
@@ -29,7 +31,7 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiTesti = 302;
 constexpr std::int16_t menuArchivio = 2;
 
 // Requests by their numbers.
@@ -48,6 +50,8 @@ enum : std::int16_t {
     rUnisciReali = 53,
     rImmagine = 61,
     rDxf = 62,
+    rXYZ = 63,
+    rCXF = 64,
 };
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf };
@@ -78,6 +82,8 @@ constexpr Richiesta richieste[] = {
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
     {rDxf, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiDXF},
+    {rXYZ, Scelta::leggi, Opera::testo, 3, tipiTesti, "", false, LeggiXYZ},
+    {rCXF, Scelta::leggi, Opera::testo, 9100, tipiTesti, "", false, LeggiCXF},
 };
 
 const Richiesta* richiestaDi(std::int16_t numero) {
@@ -173,7 +179,7 @@ void importaTesto(const Richiesta& r, const FSSpec& file) {
     IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
     if (uscita) return;
     r.lettore();
-    FSClose(RefNum);
+    if (RefNum != 0) FSClose(RefNum);   // a list that was stopped is closed already
     NessunaSelezione();
 }
 

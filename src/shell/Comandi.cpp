@@ -23,6 +23,9 @@
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
 #include "editing/Tratteggi.h"
+#include "exchange/FormatoXYZ.h"
+#include "exchange/MiniCad.h"
+#include "exchange/XYZ.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -68,6 +71,7 @@ void DoArchivio() {
     case 3: Chiudi(); break;
     case 4:
     case 5: archivia(); break;
+    case 9: FormatoXYZ(0); break;
     case 16: fine = TuttoChiuso(); break;
     default: break;
     }
@@ -286,6 +290,9 @@ void menuEsporta() {
     case 4:
         if (!noWindow) EsportaDWG();
         break;
+    case 5: FaiXYZAsci(); break;
+    case 7: FaiMiniCad(due_D); break;
+    case 8: FaiMiniCad(tre_D); break;
     default: break;
     }
 }
