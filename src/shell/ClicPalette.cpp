@@ -84,21 +84,6 @@ void marker() {
     FineSegm();
     strumento(3);
 }
-// The coordinate line flashes, then asks: while moving for the deltas, else for a point.
-void clicRigaCoordinate() {
-    if (Modalita != 1 && Modalita != 2) return;
-    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
-    InvertRect(riga);
-    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
-    InvertRect(riga);
-    if (Modalita == 2) {
-        Sposta();
-        InvalFinestra();
-    } else {
-        SysBeep(30);   // points cannot be typed yet
-    }
-}
-
 // The commands behind these cells are not built yet.
 void nonAncora() { SysBeep(30); }
 
@@ -156,12 +141,13 @@ void lampeggiaRiga() {
     InvertRect(riga);
 }
 
-// A point by typing for the tool of the moment.
+// By typing: while moving the deltas, else a point for the tool of the moment.
 void clicRigaCoordinate() {
     if (Modalita != 1 && Modalita != 2) return;
     lampeggiaRiga();
     if (Modalita == 2) {
-        nonAncora();
+        Sposta();
+        InvalFinestra();
         return;
     }
     const bool conPunti =
