@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "display/Pixel.h"
+#include "display/Testi.h"
 #include "editing/Tratteggi.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
@@ -38,6 +40,7 @@ constexpr Campi campiDi(std::size_t tipo) {
     case tCerchio: return {28, 36, 28, 36, 44, 52, Campi::riquadro, conRaggio};
     case tArco: return {28, 36, 28, 36, 44, 68, Campi::riquadro, conRaggio};
     case tPoligono:
+    case tTesto:
     case tPict: return {28, 36, 28, 36, 28, 52, Campi::aParte, senzaRaggio};
     default: return {28, 36, 28, 36, 28, 52, Campi::mai, senzaRaggio};   // vertices come with their head
     }
@@ -79,9 +82,9 @@ public:
 
     [[nodiscard]] bool anteprima() const { return tutto; }
     [[nodiscard]] bool tocca(double x1, double y1, double x2, double y2, double margine) const {
-        const bool dentro = (std::max(x1, x2) + margine >= area.left) & (std::min(x1, x2) - margine <= area.right)
-                            & (std::max(y1, y2) + margine >= area.top) & (std::min(y1, y2) - margine <= area.bottom);
-        return dentro | tutto;
+        const int destra = std::max(x1, x2) + margine >= area.left, sinistra = std::min(x1, x2) - margine <= area.right;
+        const int sotto = std::max(y1, y2) + margine >= area.top, sopra = std::min(y1, y2) - margine <= area.bottom;
+        return ((destra & sinistra & sotto & sopra) | static_cast<int>(tutto)) != 0;
     }
     [[nodiscard]] double margine(std::int16_t spessorePenna) const {
         return (std::max<int>(spessorePenna, 0) + bordoPixel) * perPixel;
@@ -109,6 +112,15 @@ public:
             dy = std::max(dy, y);
         }
         return tocca(sx, sy, dx, dy, margine(Elem(testa).poli.spessore));
+    }
+    // Round the anchor, whatever the angle: as far as the string was measured or as its letters may reach, since the
+    // smallest size and the fonts of another machine widen it.
+    [[nodiscard]] bool passaTesto(const elemento& e) const {
+        const double corpo = std::fabs(e.test.dimensione * ScalaTesto) + 2;
+        const double lungo =
+            std::max(std::fabs(e.test.larghezza * ScalaTesto), 1.5 * corpo * static_cast<double>(ScrittaDi(e).size()));
+        const double x = e.test.x, y = e.test.y;
+        return tocca(x, y, x, y, (lungo + 2 * corpo) * perPixel);
     }
     [[nodiscard]] bool passaPict(const elemento& e) const {
         const double x = e.pict.x, y = e.pict.y;
@@ -194,6 +206,11 @@ class Scansione {
         FillArco(i, cx, cy, r, inizio, ampiezza);
         fai(tArco, cx, cy, r, inizio, ampiezza);
     }
+    void testo(std::int32_t i) {
+        if (!VisioneGraf.mostraTesti || !filtro.passaTesto(Elem(i))) return;
+        FaiT(i);
+        penna.dimentica();
+    }
     void immagine(std::int32_t i) {
         if (!filtro.passaPict(Elem(i))) return;
         DisPict(i);
@@ -210,6 +227,7 @@ public:
             case tSegmento: segmento(e); break;
             case tMarker: marker(e); break;
             case tPoligono: poligono(i); break;
+            case tTesto: testo(i); break;
             case tPict: immagine(i); break;
             case tCerchio: cerchio(i); break;
             case tArco: arco(i); break;

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "display/barra.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/TabellaStato.h"
@@ -196,6 +197,7 @@ void DrawPallette() {
         linea(lato - 1, 0, lato - 1, fondo - 1, tonoStriscia(25));
         disegnaPiede();
     }
+    AggiornaValori();
     BackColor(whiteColor);
     ClipRect(myViewRect);
 }
@@ -218,16 +220,16 @@ void inizializzaMainToolbar() {
         const auto voce = static_cast<std::int16_t>(i + 1);
         NameWindowPart(theWindow, voce, rettangoloCella(i), GetIndString(listaAiuti, voce));
     }
+    CreaBarra();
     MoveToolbar();
 }
 
 // The coordinate line moves with the window's foot.
 void MoveToolbar() {
-    if (theWindow) NameWindowPart(theWindow, aiutoRiga, rettangoloRiga(), GetIndString(listaAiuti, aiutoRiga));
+    if (!theWindow) return;
+    DisponiBarra();
+    NameWindowPart(theWindow, aiutoRiga, rettangoloRiga(), GetIndString(listaAiuti, aiutoRiga));
 }
-
-// The bar on top carries no buttons: nothing on it follows the state.
-void AggiustaStatoBottoni() {}
 
 void InitializeTags() { riposo = Riposo{}; }
 

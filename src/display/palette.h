@@ -14,7 +14,7 @@ bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId);
 void DrawTopBar();
 void MoveToolbar();
 void inizializzaMainToolbar();
-void AggiustaStatoBottoni();
+void AggiustaStatoBottoni();   // enabled, lit: as menus and constraints say
 void InitializeTags();
 // Rests of the pointer over palette or coordinate line; gives the ticks until it wants to be called again, -1 for
 // never.

@@ -95,12 +95,14 @@ void TSceltaColori::Display() {
 
 void TSceltaColori::AggPopItem() {
     const Colore& c = corrente();
-    SetDialogItemRow(theDialog, elencoColori, IndiceColore, NomeColore(c), c.rgb);
+    const bool scrive = nomeMostrato == IndiceColore;   // the name being typed is not in the working copy yet
+    const std::string nome = scrive ? GetDialogItemText(theDialog, campoNome).substr(0, maxNomeColore) : NomeColore(c);
+    SetDialogItemRow(theDialog, elencoColori, IndiceColore, nome, c.rgb);
     SetDialogItemValue(theDialog, elencoColori, IndiceColore);
     SetDialogItemValue(theDialog, elencoPenne, c.penna);
     const auto alto = [](std::uint16_t v) { return std::int32_t{v} >> 8; };
     SetDialogItemValue(theDialog, campione, alto(c.rgb.red) << 16 | alto(c.rgb.green) << 8 | alto(c.rgb.blue));
-    if (nomeMostrato == IndiceColore) return;   // what is being typed stays
+    if (scrive) return;
     nomeMostrato = IndiceColore;
     SetDialogItemText(theDialog, campoNome, NomeColore(c));
     SelectDialogItemText(theDialog, campoNome, 0, 255);
@@ -169,11 +171,7 @@ void TSceltaColori::colpito() {
         AggPopItem();
         break;
     }
-    case campoNome: {
-        const std::string scritto = GetDialogItemText(theDialog, campoNome).substr(0, maxNomeColore);
-        SetDialogItemRow(theDialog, elencoColori, IndiceColore, scritto, corrente().rgb);
-        break;
-    }
+    case campoNome: AggPopItem(); break;
     case elencoPenne: corrente().penna = static_cast<std::int16_t>(GetDialogItemValue(theDialog, elencoPenne)); break;
     case campione: scegliRGB(); break;
     case aggiungi:

@@ -9,6 +9,7 @@
 #include "display/palette.h"
 #include "display/RiquadroTesto.h"
 #include "display/Zoom.h"
+#include "editing/Testi.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
@@ -121,6 +122,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (Puntosel.attiva) DisegnaSelezione();
     if (!shift && !opzione) TogliSelezione();
     const std::int32_t i = primoColpito(point);
+    const bool apriTesto = i != 0 && Elem(i).tipo == tTesto && event.when - Tempo < GetDblTime();
     bool preso = i != 0;
     if (preso) {
         prendi(i, shift);
@@ -140,6 +142,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!Puntosel.attiva) return;
     DisegnaSelezione();
     if (opzione) passaASpostare();
+    if (apriTesto) PoniTesti(1);
 }
 
 void TogliSelezione() {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "dialogs/Parametri.h"
+#include "display/barra.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
@@ -39,6 +40,7 @@ constexpr std::int16_t menuDisegno[] = {4,   5,   20,  22,  23,  24,  40,  100, 
 
 void apriFinestra() {
     if (theWindow) DisposeWindow(theWindow);
+    bottoneToolbar = {};
     theWindow = GetNewCWindow(finestraDisegno);
     const Rect schermo = ScreenBounds();
     SizeWindow(theWindow, schermo.right - schermo.left - 15, schermo.bottom - schermo.top - 50);
@@ -131,6 +133,7 @@ void chiudiDisegno() {
     DisposeWindow(theWindow);
     theWindow = nullptr;
     VScroll = HScroll = panel = nullptr;
+    bottoneToolbar = {};
     noWindow = 1;
     salvaRecupero = nullptr;
     AzzeraArchivio();

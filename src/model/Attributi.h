@@ -86,7 +86,7 @@ extern std::uint8_t scriviSempreCoord;     // draw the read-out even when nothin
 extern std::uint8_t selezionePrec;         // the last selection was single and TogliSelezione took it off
 extern std::uint8_t inserimentoRelativo;   // typed points are offsets, 1
 extern std::uint8_t CalcWindow;            // the calculator is open
-extern std::int32_t Operazione;            // its last operation
+extern std::int32_t Operazione;            // its pending operation: 0 add 1 subtract 2 multiply 3 divide 4 none
 extern std::uint8_t TabAbilit;             // tablet reading is on
 extern std::uint8_t RifTablet;             // 1: the tablet's origin is the sheet's; 0: it follows the view
 extern std::int16_t XtabFin, YtabFin;      // tablet origin, sheet units

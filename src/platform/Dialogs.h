@@ -20,7 +20,8 @@ void DisposeDialog(DialogPtr d);
 // Runs until an item is hit, also by typing in a field (that field's item). A closed dialog, a quit under way and
 // Escape give item 2.
 void ModalDialog(ModalFilter filter, std::int16_t& item);
-DialogPtr FrontDialog();   // the innermost one open, or null
+DialogPtr FrontDialog();                // the innermost one open, or null; modeless ones do not count
+void SelectDialogWindow(DialogPtr d);   // brings a modeless dialog forward
 
 void SetDialogItemText(DialogPtr d, std::int16_t item, std::string_view macRoman);
 std::string GetDialogItemText(DialogPtr d, std::int16_t item);   // Mac Roman, at most 255 bytes

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "platform/Quickdraw.h"
@@ -45,6 +46,20 @@ void SetControlMinimum(ControlHandle c, std::int32_t value);
 void SetControlMaximum(ControlHandle c, std::int32_t value);
 std::int32_t GetControlMaximum(ControlHandle c);
 void SetControlSteps(ControlHandle c, std::int32_t line, std::int32_t page);
+// Buttons of the toolbar never take the focus; a release inside gives an event of kind `button`. Made hidden.
+struct BottoneNuovo {
+    std::int16_t indice = 0;   // the event's message
+    std::int32_t icona = 0;    // number in the resources, 0 for none
+    std::string titolo;        // Mac Roman; in place of an icon
+    std::string nome, aiuto;   // Mac Roman: for the tag and for accessibility tools
+};
+ControlHandle NewToolbarButton(WindowPtr w, const BottoneNuovo& come);
+ControlHandle NewSeparator(WindowPtr w);   // a vertical rule
+// Part 0: plain, 7: lit, 255: dimmed.
+void HiliteControl(ControlHandle c, std::int16_t part);
+std::int16_t GetControlHilite(ControlHandle c);
+// A button shows what an off-screen raster holds, in the raster's own density. The pixels are copied.
+void SetControlPicture(ControlHandle c, const GrafPort& figura);
 // Size of the system's own strips in palette colours: the window background, for strips that the core does not fill.
 RGBColor SystemStripColour();
 
@@ -57,6 +72,10 @@ void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_
 // Help tags: text of string list `list`, entry `index`, near r (window-local). Hidden by HMHideTag.
 void HMDisplayTag(WindowPtr w, const Rect& r, std::int16_t list, std::int16_t index);
 void HMHideTag();
+
+// The guide's page, opened by the desktop. False when it is not installed or nothing can show it.
+bool HelpPageExists(std::string_view page);
+bool AHGotoPage(std::string_view page);
 
 // --- cursors
 enum : std::int16_t { arrowCursor = 0 };

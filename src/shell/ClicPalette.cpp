@@ -8,11 +8,13 @@
 #include "display/Zoom.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
+#include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
 #include "shell/Modi.h"
 #include "tools/Costruzione.h"
@@ -61,10 +63,14 @@ void strumento(std::int32_t operazione) {
 }
 
 void segmento() {
+    LasciaCalcolatrice();
     FineSegm();
     strumento(0);
 }
-void polilinea() { strumento(1); }
+void polilinea() {
+    LasciaCalcolatrice();
+    strumento(1);
+}
 
 void curva(std::int32_t operazione) {
     if (opzione) {
@@ -77,13 +83,46 @@ void cerchio() { curva(5); }
 void arco() { curva(6); }
 
 void testo() {
+    if (Puntosel.attiva) {
+        PoniTesti(1);
+        return;
+    }
+    LasciaCalcolatrice();
     FineSegm();
     strumento(2);
 }
 void marker() {
+    LasciaCalcolatrice();
     FineSegm();
     strumento(3);
 }
+// A point by typing, for the tools that take points.
+void puntoDigitato() {
+    const bool conPunti =
+        operazCorrente == 0 || operazCorrente == 1 || operazCorrente == 3 || operazCorrente == 5 || operazCorrente == 6;
+    if (!conPunti) return;
+    if (opzione) {
+        IngressoPolare();
+    } else {
+        IngressoVertici();
+    }
+}
+
+// The coordinate line flashes, then asks: while moving for the deltas, else for a point.
+void clicRigaCoordinate() {
+    if (Modalita != 1 && Modalita != 2) return;
+    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
+    InvertRect(riga);
+    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
+    InvertRect(riga);
+    if (Modalita == 2) {
+        Sposta();
+        InvalFinestra();
+    } else {
+        puntoDigitato();
+    }
+}
+
 // The commands behind these cells are not built yet.
 void nonAncora() { SysBeep(30); }
 
@@ -105,7 +144,7 @@ constexpr std::array celle{
     Cella{224, 256, 20, arco},
     Cella{256, 288, 21, testo},
     Cella{288, 320, 22, marker},
-    Cella{320, 352, 23, nonAncora},
+    Cella{320, 352, 23, ApriCalcolatrice},
     Cella{352, 384, 24, nonAncora},
     Cella{384, 416, 25, nonAncora},
 };
@@ -132,32 +171,6 @@ void clicCella(const Cella& c) {
 bool nellaRigaCoordinate(Point p) {
     return p.h >= sinistraRiga && p.h <= destraRiga && p.v >= myViewRect.bottom
            && p.v < GetPortBounds(theWindow).bottom;
-}
-
-void lampeggiaRiga() {
-    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga + 1, GetPortBounds(theWindow).bottom);
-    InvertRect(riga);
-    Delay(static_cast<std::int32_t>(GetDblTime() / 3));
-    InvertRect(riga);
-}
-
-// By typing: while moving the deltas, else a point for the tool of the moment.
-void clicRigaCoordinate() {
-    if (Modalita != 1 && Modalita != 2) return;
-    lampeggiaRiga();
-    if (Modalita == 2) {
-        Sposta();
-        InvalFinestra();
-        return;
-    }
-    const bool conPunti =
-        operazCorrente == 0 || operazCorrente == 1 || operazCorrente == 3 || operazCorrente == 5 || operazCorrente == 6;
-    if (!conPunti) return;
-    if (opzione) {
-        IngressoPolare();
-    } else {
-        IngressoVertici();
-    }
 }
 
 }   // namespace

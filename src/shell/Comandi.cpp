@@ -20,6 +20,7 @@
 #include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Tratteggi.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
@@ -29,6 +30,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "shell/Calcolatrice.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -105,19 +107,19 @@ constexpr VoceModifica modifiche[] = {
     {12, true, spostaDiValori},
     {14, true, TrasformaPoligSel},
     {15, true, TrasformaSegmentiSel},
+    {16, true, [] { PoniLucido(); }},
 };
 
 }   // namespace
 
 void DoEdit() {
-    if (CalcWindow && theItem != 1) return;   // an open calculator leaves only the step back
+    if (CalcWindow) {   // the only thing to take back is the path's last point
+        if (theItem == 1) IndietroPercorso();
+        return;
+    }
     for (const VoceModifica& v : modifiche) {
         if (v.item != theItem) continue;
         if (!v.conFinestra || !noWindow) v.azione();
-        return;
-    }
-    if (theItem == 16) {
-        if (!noWindow) PoniLucido();
         return;
     }
     SysBeep(30);
@@ -197,6 +199,7 @@ void riferimentoTablet(bool foglio) {
 
 void menuStrumenti() {
     switch (theItem) {
+    case 1: ApriCalcolatrice(); break;
     case 2: ParamGraf(); break;
     case 3: ParamLucidi(); break;
     case 4: SceltaColori(0); break;
@@ -359,6 +362,9 @@ constexpr VoceMenu comandi[] = {
     {40, menuEsporta},
     {50, menuApriAltri},
     {60, menuImporta},
+    {100, [] { CheckFontMac(theItem); }},
+    {101, [] { CheckDimFMac(theItem); }},
+    {102, [] { CheckStile(theItem); }},
     {103, menuAref},
     {104, menuColore},
     {105, menuPatternArea},

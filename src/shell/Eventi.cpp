@@ -8,6 +8,8 @@
 #include "model/Attributi.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
+#include "shell/Barra.h"
+#include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
@@ -108,6 +110,8 @@ void consuma(EventRecord& e) {
                               static_cast<std::int16_t>(e.message & 0xFFFF));
         break;
     case EventKind::highLevel: dalDesktop(e); break;
+    case EventKind::button: isButtonToolbarPressed(e.message); break;
+    case EventKind::dialogItem: DealwithDialogs(e); break;
     default: break;
     }
 }
@@ -119,6 +123,7 @@ void CheckEvents() {
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
     if (quitPending()) fine = TuttoChiuso();
+    AggiustaStatoBottoni();
     if (noWindow) {
         sonno = -1;
         return;

@@ -1,9 +1,12 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
 #include "shell/Inizializza.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "dialogs/Errori.h"
 #include "display/palette.h"
@@ -32,7 +35,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t alertMemoria = 3006;
+constexpr std::int16_t alertMemoria = 3006, menuCaratteri = 100;
 constexpr std::int32_t riservaMemoria = 819175;   // bytes left to the rest of the program
 constexpr std::int32_t minimoRecord = 9;          // with no more than these the program does not start
 
@@ -61,7 +64,6 @@ void predisponiMenu() {
     for (std::int16_t i = 3; i <= 7; ++i) CheckMenuItem(102, i, false);
     CheckMenuItem(102, 1, true);
     CheckMenuItem(101, TheOldDimFIt, true);
-    CheckMenuItem(100, TheOldFontIt, true);
     ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
     ChkOnOffItem(22, 1, 1, 8);
     ChkOnOffItem(6, 14, 14, 15);
@@ -72,8 +74,20 @@ void predisponiMenu() {
     DrawMenuBar();
 }
 
+// The families of the machine, the one that the program brings along first: what the first item names is where new
+// texts begin, and that must not hang on the alphabet.
+void riempiMenuCaratteri() {
+    constexpr std::string_view primo = "Liberation Sans";
+    std::vector<std::string> famiglie = FontFamilies();
+    const auto dove = std::find(famiglie.begin(), famiglie.end(), primo);
+    if (dove != famiglie.end()) std::rotate(famiglie.begin(), dove, dove + 1);
+    for (const std::string& nome : famiglie) AppendMenu(menuCaratteri, nome);
+    CheckMenuItem(menuCaratteri, TheOldFontIt, true);
+}
+
 void predisponiTesto() {
-    gFontName = PStr255(std::string_view(GetFontName(0)));
+    riempiMenuCaratteri();
+    gFontName = PStr255(std::string_view(GetMenuItemText(menuCaratteri, TheOldFontIt)));
     gFontID = GetFNum(gFontName.view());
     gFontSize = 9;
     gTxStyle = TxStyle{};

@@ -12,8 +12,10 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
+#include "editing/Testi.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -35,11 +37,11 @@ constexpr std::int16_t menuScorciatoie = 110;
 // --- mode 0: clicks select and edit
 
 void clickScegliendo(const EventRecord& e, puntot& point) {
+    VidToReal(EventPoint, point);
     if (CalcWindow) {
-        SysBeep(30);   // a polyline cannot be handed to the calculator yet
+        ScegliPercorso(point);
         return;
     }
-    VidToReal(EventPoint, point);
     if ((selezionePrec || Puntosel.attiva) && MuoviPunto(e, point)) return;
     ScegliElemento(e, point);
 }
@@ -103,7 +105,7 @@ void clickDigitando(const EventRecord& e) {
     case 4: clickLinea(e); break;
     case 2:
         tabButton = 0;
-        SysBeep(30);   // texts cannot be placed yet
+        PoniTesti(0);
         break;
     case 3:
         tabButton = 3;

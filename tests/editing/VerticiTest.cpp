@@ -6,6 +6,7 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "text/Conversione.h"
 #include "support/Ascolto.h"
 #include "text/Conversione.h"
 

@@ -1,6 +1,7 @@
 // Settings: the start settings text, the graphics parameters and the colour table, whole, short and missing.
 #include "files/Disco.h"
 
+#include "editing/SceltaColori.h"
 #include "files/Impostazioni.h"
 #include "files/ParamGraf.h"
 #include "model/Colori.h"

@@ -174,7 +174,7 @@ TEST_F(DialogTest, APopUpGivesOnlyWhatCanBeChosen) {
     CreateMenus();
     rispostaPopup = 3;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 3);
-    rispostaPopup = 11;   // not built
+    rispostaPopup = 10;   // a line between the items
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 0);
     rispostaPopup = 0;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 0);

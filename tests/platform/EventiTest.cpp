@@ -173,6 +173,8 @@ TEST_F(EventiTest, TheWheelKeepsItsAxisUnderOption) {
         std::int32_t asse, passi;
         std::uint16_t modificatori;
     };
+    metti([] { AutoMove(Point{20, 20}, 0); });
+    prossimo();   // the pointer has been seen: a wheel brings no move of its own
     for (const Caso& c : {Caso{0, 2, 0}, {0, -3, optionKey}, {1, 1, optionKey}, {1, -1, 0}, {0, 1, cmdKey}}) {
         metti([c] { AutoWheel(c.asse, c.passi, c.modificatori); });
         const EventRecord e = prossimo();

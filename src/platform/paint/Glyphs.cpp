@@ -43,14 +43,17 @@ void RasterPort::stdText(std::string_view macRoman) {
                            deviceY(baseLine + m.descent)},
                   verbBrush(GrafVerb::erase, qdWhite));
     }
-    const MascheraTesto& mask = TextMask(text.txFont, text.txSize, text.txFace, ratio, macRoman);
-    const std::int64_t left = deviceX(at0.h) + mask.left, top = deviceY(at0.v) + mask.top;
+    mask(TextMask(text.txFont, text.txSize, text.txFace, ratio, macRoman), at0);
+}
+
+void RasterPort::mask(const MascheraTesto& m, Point at0) {
+    const std::int64_t left = deviceX(at0.h) + m.left, top = deviceY(at0.v) + m.top;
     const bool flips = text.txMode == srcXor || text.txMode == patXor;
     const bool erases = text.txMode == srcBic || text.txMode == patBic;
     const std::uint32_t colour = pixelOf(erases ? background : foreground);
-    perParti(WideRect{left, top, left + mask.width, top + mask.height}, [&](const DeviceRect& area) {
+    perParti(WideRect{left, top, left + m.width, top + m.height}, [&](const DeviceRect& area) {
         for (std::int32_t y = area.top; y < area.bottom; ++y) {
-            const std::uint8_t* coverage = mask.coverage.data() + (y - top) * mask.width + (area.left - left);
+            const std::uint8_t* coverage = m.coverage.data() + (y - top) * m.width + (area.left - left);
             if (flips)
                 flipRow(at(area.left, y), coverage, area.right - area.left, ~colour & 0x00FFFFFFU);
             else

@@ -48,6 +48,7 @@ private:
 };
 
 struct WideRect;
+struct MascheraTesto;
 
 class RasterPort final : public GrafPort {
 public:
@@ -77,6 +78,9 @@ public:
     Sporco sporco;
     void touch(const Rect& logical);   // marks as dirty
     Region PrendiSporco();             // the dirty region (logical, from the top left pixel), which becomes empty
+
+    // Lays a coverage mask over the pixels in the text's mode and colours, the mask's pen at `at`.
+    void mask(const MascheraTesto& m, Point at);
 
     // Moves the pixels of r that the clip allows; gives what is uncovered, erased to the background.
     Region scroll(const Rect& r, std::int32_t dh, std::int32_t dv);

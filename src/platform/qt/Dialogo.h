@@ -33,6 +33,7 @@ struct FinestraDialogo {
     std::int16_t predefinita = 0;   // item that Return presses; 0 when the resource marks none
     std::int16_t annulla = 2;       // item that Escape and the close box give
     bool nonModale = false;
+    std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
     std::string titolo;   // UTF-8, parameters filled in
     std::map<std::int16_t, VoceDialogo> voci;
@@ -50,9 +51,11 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* o, QEvent* e) override;   // of the fields
 
 private:
-    void tasto(std::uint8_t macRoman);   // Return, Enter or Escape
+    void tasto(std::uint8_t macRoman);    // Return, Enter or Escape
+    bool premeVoce(const QKeyEvent& e);   // true when the character is a button's own
 
     FinestraDialogo& d;
 };

@@ -49,10 +49,11 @@ private:
 };
 
 struct Controllo {
-    enum Tipo : std::uint8_t { barra, pannello } tipo = barra;
+    enum Tipo : std::uint8_t { barra, pannello, bottone, separatore } tipo = barra;
     QWidget* widget = nullptr;   // child of the content
     std::int32_t minimo = 0, massimo = 0, valore = 0;
     std::int32_t linea = 1, pagina = 10;
+    std::int16_t parte = 0;   // HiliteControl's
     [[nodiscard]] QScrollBar* cursore() const { return tipo == barra ? static_cast<QScrollBar*>(widget) : nullptr; }
 };
 

@@ -42,7 +42,9 @@ struct MenuDati {
     bool ultimo = false;   // at the right end of the bar
     bool acceso = true;
     bool costruito = true;
-    VoceMenu modello;   // what AppendMenu's items are like
+    bool griglia = false;    // shows its patterns as a grid of cells
+    bool campioni = false;   // shows its colours as rows of swatches
+    VoceMenu modello;        // what AppendMenu's items are like
     QPointer<QMenu> menu;
 };
 
@@ -51,6 +53,10 @@ MenuDati* menuDelleVoci(std::int16_t numero);               // the same, through
 void preparaMenu(MenuDati& m);                              // builds or renews the widgets of a menu before it shows
 QIcon figuraVoce(FiguraVoce figura, std::int16_t numero);   // a small picture of what the item sets
 std::int16_t retinoCorrente(std::int16_t menu);             // the item of pattern menu 20 or 105 that is in force
+void sceltaVoce(std::int16_t menu, std::int16_t item);      // a person chose it
+// A menu that is a picture gets its one widget anew, with `voci`'s items; where the item in force lies in it.
+void riempiGrafico(MenuDati& m, const MenuDati& voci);
+QPoint centroGrafico(const MenuDati& m);
 std::string senzaMnemonico(std::string_view titolo);
 
 // While a pop-up is open its choices go here and not to the event queue. 0 when none is open.

@@ -152,6 +152,8 @@ void Foglio::dropEvent(QDropEvent* e) {
 
 bool Foglio::event(QEvent* e) {
     if (e->type() == QEvent::UngrabMouse) lascia();
+    // The strips are drawn in the desktop's colours.
+    if (e->type() == QEvent::PaletteChange) InvalWindowRect(&finestra, finestra.porta->portRect);
     return QWidget::event(e);
 }
 

@@ -34,6 +34,7 @@ struct Cella {
     std::string tipo;
     std::string nome;          // item number or a name
     const RigaRisorsa* riga;   // its options
+    std::size_t posto = 0;     // in the row, from 0
 };
 
 // Where the next row or block goes.
@@ -149,7 +150,7 @@ private:
         std::vector<Cella> v;
         bool nuova = true;
         for (std::size_t i = 1; i < r.parole.size(); ++i) {
-            if (nuova && i + 1 < r.parole.size()) v.push_back({r.parole[i], r.parole[i + 1], &r});
+            if (nuova && i + 1 < r.parole.size()) v.push_back({r.parole[i], r.parole[i + 1], &r, v.size()});
             nuova = r.parole[i] == "|";
         }
         return v;
@@ -205,7 +206,7 @@ private:
             w = cursore(c);
         else if (c.tipo == "swatch")
             w = campione(c);
-        else if (c.tipo == "button")
+        else if (c.tipo == "button" || c.tipo == "default")
             w = bottone(c);
         else if (c.tipo == "picture" && quadro != nullptr)
             w = immagine(c);
@@ -260,6 +261,7 @@ private:
             ultimaEtichetta = nullptr;
         }
         QObject::connect(w, &QLineEdit::textEdited, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
+        if (d.nonModale) w->installEventFilter(quadro);
         return registra(v, w);
     }
 
@@ -349,6 +351,8 @@ private:
         const std::int16_t n = item(c);
         if (c.tipo == "default") d.predefinita = n;
         if (c.tipo == "cancel") d.annulla = n;
+        if (const auto tasti = c.riga->opzione("keys"); c.posto < tasti.size())
+            d.tastiVoci.insert_or_assign(static_cast<unsigned char>(tasti[c.posto]), n);
         if (quadro == nullptr) return nullptr;
         auto* w = new QPushButton(quadro);
         w->setAutoDefault(false);

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QSlider>
+#include <QTimer>
 
 #include <algorithm>
 #include <cassert>
@@ -104,6 +105,16 @@ bool daCoda(FinestraDialogo& d, ModalFilter filter, Rimandati& rimandati, std::i
     return false;
 }
 
+// A modeless dialog stands at the frame's right, so that the drawing beside it stays in reach.
+void accanto(QWidget& quadro) {
+    constexpr int dalBordo = 32, dallAlto = 96;   // logical pixels
+    const QMainWindow* cornice = telaio();
+    if (cornice == nullptr) return;
+    quadro.adjustSize();
+    const int sinistra = std::max(cornice->geometry().right() - quadro.width() - dalBordo, cornice->geometry().left());
+    quadro.move(sinistra, cornice->geometry().top() + dallAlto);
+}
+
 }   // namespace
 
 QuadroDialogo::QuadroDialogo(FinestraDialogo& dialogo, QWidget* padre) : QDialog(padre), d(dialogo) {
@@ -113,7 +124,27 @@ QuadroDialogo::QuadroDialogo(FinestraDialogo& dialogo, QWidget* padre) : QDialog
 // Item 0 of a modeless dialog is its close box.
 void QuadroDialogo::reject() { tasto(tastoEscape); }
 
+bool QuadroDialogo::premeVoce(const QKeyEvent& e) {
+    constexpr int premutoPer = 170;   // milliseconds, a third of a double click's time
+    if (e.text().isEmpty() || (e.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+        return false;
+    const auto v = d.tastiVoci.find(e.text().at(0).unicode());
+    if (v == d.tastiVoci.end()) return false;
+    const VoceDialogo* voce = voceDi(&d, v->second);
+    if (auto* b = voce == nullptr ? nullptr : qobject_cast<QAbstractButton*>(voce->widget); b != nullptr) {
+        b->setDown(true);
+        QTimer::singleShot(premutoPer, b, [b] { b->setDown(false); });
+    }
+    colpisci(d, v->second);
+    return true;
+}
+
+bool QuadroDialogo::eventFilter(QObject* o, QEvent* e) {
+    return e->type() == QEvent::KeyPress ? premeVoce(*static_cast<QKeyEvent*>(e)) : QDialog::eventFilter(o, e);
+}
+
 void QuadroDialogo::keyPressEvent(QKeyEvent* e) {
+    if (premeVoce(*e)) return;
     switch (e->key()) {
     case Qt::Key_Return: return tasto(tastoReturn);
     case Qt::Key_Enter: return tasto(tastoEnter);
@@ -171,6 +202,7 @@ void mostra(FinestraDialogo& d) {
     d.mostrata = true;
     if (d.quadro != nullptr) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
+        if (d.nonModale) accanto(*d.quadro);
         d.quadro->show();
         d.quadro->activateWindow();
     }
@@ -209,6 +241,12 @@ void DisposeDialog(DialogPtr d) {
 DialogPtr FrontDialog() {
     const auto i = std::find_if(aperti.rbegin(), aperti.rend(), [](const auto& a) { return !a->nonModale; });
     return i == aperti.rend() ? nullptr : i->get();
+}
+
+void SelectDialogWindow(DialogPtr d) {
+    if (d == nullptr || d->quadro == nullptr) return;
+    d->quadro->raise();
+    d->quadro->activateWindow();
 }
 
 void ModalDialog(ModalFilter filter, std::int16_t& item) {

@@ -85,6 +85,8 @@ void leggiMenu(const std::string& file) {
         m.titolo = testo("menu." + std::to_string(m.numero));
         m.inBarra = r.ha("bar");
         m.ultimo = r.ha("last");
+        m.griglia = r.ha("grid");
+        m.campioni = r.ha("swatches");
         m.costruito = !r.ha("unbuilt");
         m.specchioDi = corto(r.numero("mirror", 0));
         m.modello = leggiVoce(r);
@@ -123,6 +125,12 @@ void scelta(std::int16_t menu, std::int16_t item) {
     accodaMenu(menu, item, modificatori(QGuiApplication::keyboardModifiers()));
 }
 
+}   // namespace
+
+void sceltaVoce(std::int16_t menu, std::int16_t item) { scelta(menu, item); }
+
+namespace {
+
 QMenu* creaMenu(MenuDati& m) {
     if (m.menu != nullptr) return m.menu;
     auto* q = new QMenu(daUtf8(m.titolo), telaio());
@@ -150,6 +158,7 @@ QAction* creaAzione(QMenu* q, std::int16_t menu, std::int16_t item, const VoceMe
 
 void riempi(MenuDati& m) {
     QMenu* q = creaMenu(m);
+    if (m.griglia) return riempiGrafico(m, m);
     q->clear();
     for (const std::int16_t n : m.ordine) {
         if (n == 0) {
@@ -296,6 +305,7 @@ void preparaMenu(MenuDati& m) {
     MenuDati* voci = menuDelleVoci(m.numero);
     if (voci == nullptr) return;
     QMenu* q = creaMenu(m);
+    if (m.griglia || m.campioni) return riempiGrafico(m, *voci);
     const bool specchio = m.specchioDi != 0;
     if (specchio) q->clear();
     if (!specchio && q->isEmpty()) riempi(m);

@@ -82,7 +82,8 @@ std::int16_t PopUpMenuSelect(std::int16_t menu, Point where, std::int16_t item) 
     const Annidato annidato;
     popupAperto = menu;
     sceltaPopup = 0;
-    q->popup(foglio()->mapToGlobal(QPoint(where.h, where.v)), sotto);
+    const QPoint dove = foglio()->mapToGlobal(QPoint(where.h, where.v));
+    q->popup(m->griglia || m->campioni ? dove - centroGrafico(*m) : dove, sotto);
     while (q->isVisible() && waitStep(Attesa::popup, -1)) {}
     q->close();
     popupAperto = 0;

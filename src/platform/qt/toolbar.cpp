@@ -1,0 +1,141 @@
+// The toolbar's buttons: real ones, without the focus, so that keys stay the drawing's. They lie on the content where the
+// core puts them, in the colours of the desktop.
+#include <QFrame>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QToolButton>
+
+#include <algorithm>
+
+#include "platform/qt/Finestra.h"
+#include "platform/qt/Interno.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr int latoIcona = 22;   // logical pixels
+constexpr std::int16_t parteSpenta = 255, parteAccesa = 7;
+
+class BottoneBarra : public QToolButton {
+public:
+    BottoneBarra(std::int32_t disegno, QWidget* padre) : QToolButton(padre), icona(disegno) { rifai(); }
+
+protected:
+    void changeEvent(QEvent* e) override {
+        QToolButton::changeEvent(e);
+        if (e->type() == QEvent::PaletteChange) rifai();
+    }
+    // A lit button that is clicked stays lit until the core says otherwise.
+    void nextCheckState() override {}
+
+private:
+    std::int32_t icona;   // 0: none
+
+    // The drawing in the desktop's text colour, at the densities that screens have.
+    void rifai() {
+        if (icona == 0) return;
+        QByteArray svg = QByteArray::fromStdString(ResourceFile("icons/" + std::to_string(icona) + ".svg"));
+        svg.replace("currentColor", palette().color(QPalette::WindowText).name().toLatin1());
+        QSvgRenderer disegno(svg);
+        QIcon tutte;
+        for (const int fittezza : {1, 2, 3}) {
+            QPixmap p(latoIcona * fittezza, latoIcona * fittezza);
+            p.fill(Qt::transparent);
+            QPainter pittore(&p);
+            disegno.render(&pittore, QRectF(0, 0, p.width(), p.height()));
+            pittore.end();
+            p.setDevicePixelRatio(fittezza);
+            tutte.addPixmap(p);
+        }
+        setIcon(tutte);
+    }
+};
+
+QToolButton* bottoneDi(ControlHandle c) {
+    return c != nullptr && c->tipo == Controllo::bottone ? static_cast<QToolButton*>(c->widget) : nullptr;
+}
+
+void premuto(std::int16_t index) {
+    EventRecord e;
+    e.what = EventKind::button;
+    e.message = static_cast<std::uint16_t>(index);
+    e.where = GetMouse();
+    e.modifiers = modificatori(QGuiApplication::keyboardModifiers());
+    accoda(std::move(e));
+}
+
+ControlHandle aggiungi(WindowPtr w, Controllo::Tipo tipo) {
+    auto c = std::make_unique<Controllo>();
+    c->tipo = tipo;
+    return w->controlli.emplace_back(std::move(c)).get();
+}
+
+void vesti(QToolButton& b, const BottoneNuovo& come) {
+    b.setFocusPolicy(Qt::NoFocus);
+    b.setAutoRaise(true);
+    b.setMouseTracking(true);
+    b.setCursor(Qt::ArrowCursor);
+    b.setIconSize(QSize(latoIcona - 4, latoIcona - 4));
+    b.setText(daMac(come.titolo));
+    b.setToolButtonStyle(come.titolo.empty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextOnly);
+    b.setAccessibleName(daMac(come.nome));
+    b.setAccessibleDescription(daMac(come.aiuto));
+    const QString nome = daMac(come.nome).toHtmlEscaped();
+    b.setToolTip(QStringLiteral("<b>%1</b><br>%2").arg(nome, daMac(come.aiuto).toHtmlEscaped()));
+}
+
+}   // namespace
+
+ControlHandle NewToolbarButton(WindowPtr w, const BottoneNuovo& come) {
+    if (w == nullptr) return nullptr;
+    ControlHandle c = aggiungi(w, Controllo::bottone);
+    if (w->foglio == nullptr) return c;
+    auto* b = new BottoneBarra(come.icona, w->foglio);
+    vesti(*b, come);
+    b->installEventFilter(w->foglio);
+    b->hide();
+    QObject::connect(b, &QToolButton::clicked, b, [index = come.indice] { premuto(index); });
+    c->widget = b;
+    return c;
+}
+
+ControlHandle NewSeparator(WindowPtr w) {
+    if (w == nullptr) return nullptr;
+    ControlHandle c = aggiungi(w, Controllo::separatore);
+    if (w->foglio == nullptr) return c;
+    auto* linea = new QFrame(w->foglio);
+    linea->setFrameShape(QFrame::VLine);
+    linea->setFrameShadow(QFrame::Sunken);
+    linea->setAttribute(Qt::WA_TransparentForMouseEvents);
+    linea->hide();
+    c->widget = linea;
+    return c;
+}
+
+void HiliteControl(ControlHandle c, std::int16_t part) {
+    if (c == nullptr || c->parte == part) return;
+    c->parte = part;
+    QToolButton* b = bottoneDi(c);
+    if (b == nullptr) return;
+    b->setEnabled(part != parteSpenta);
+    b->setCheckable(part == parteAccesa);
+    b->setChecked(part == parteAccesa);
+}
+
+std::int16_t GetControlHilite(ControlHandle c) { return c == nullptr ? std::int16_t{0} : c->parte; }
+
+void SetControlPicture(ControlHandle c, const GrafPort& figura) {
+    QToolButton* b = bottoneDi(c);
+    const auto* porta = dynamic_cast<const RasterPort*>(&figura);
+    if (b == nullptr || porta == nullptr || porta->pixels() == nullptr) return;
+    const QImage vista(reinterpret_cast<const uchar*>(porta->pixels()), porta->deviceWidth(), porta->deviceHeight(),
+                       static_cast<qsizetype>(porta->rowPixels()) * 4, QImage::Format_RGB32);
+    QPixmap p = QPixmap::fromImage(vista.copy());
+    p.setDevicePixelRatio(porta->ratio);
+    b->setIconSize(p.deviceIndependentSize().toSize());
+    b->setIcon(QIcon(p));
+}
+
+}   // namespace tessaro

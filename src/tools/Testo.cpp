@@ -1,0 +1,31 @@
+// Texts: stored at one click, like markers.
+#include "tools/Testo.h"
+
+#include "display/Disegno.h"
+#include "display/Testi.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "tools/CursoreVincolato.h"
+#include "tools/Penna.h"
+
+namespace tessaro {
+
+void FaiTesto(const PStr255& testo, std::int16_t angolo) {
+    PoniAnnulla(aNiente);
+    inizioAggiunta = indElem;
+    const Stato stato;
+    Croce();
+    double z = zcurs;   // a text has no elevation
+    AttaccaCursore(xcurs, ycurs, z);
+    PennaDefinitiva();
+    Memorizza(tTesto, xcurs, ycurs, 0, 0, 0, 0, 0, colorCorrente, angolo, testo);
+    // Kept: with a full store the last record is drawn again, if it is a text.
+    if (indElem >= 3 && Elem(indElem).tipo == tTesto) FaiT(indElem);
+    PoniAnnulla(aAggiunta);
+    Croce();
+    lastX = xcurs;
+    lastY = ycurs;
+}
+
+}   // namespace tessaro
