@@ -32,7 +32,7 @@ void prepara(std::int16_t tipo, std::array<std::int16_t, 4> colonne) {
 void leggi(std::string_view testo) {
     const FileProva file(testo);
     LeggiXYZ();
-    if (RefNum == 0) tessaro::FSpOpenDF(FSMakeFSSpec("/dev/null"), fsRdPerm, RefNum);   // the helper closes one
+    if (RefNum == 0) tessaro::FSpOpenDF(FSMakeFSSpec("/dev/null"), fsRdPerm, RefNum);   // FileProva closes one
 }
 
 std::string scrivi() {
