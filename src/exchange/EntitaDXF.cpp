@@ -113,7 +113,12 @@ bool TLeggiEntitaDXF::colore(f16& dove) {
 }
 
 std::int16_t TLeggiEntitaDXF::layer() {
-    return CercaLayer(Str255To15(PStr255(std::string_view(lettura.alfabeto.nome(lettura.righe.riga())))));
+    const std::string_view riga = lettura.righe.riga();
+    if (layerNoto && riga == rigaLayer) return ultimoLayer;
+    rigaLayer = riga;
+    ultimoLayer = CercaLayer(Str255To15(PStr255(std::string_view(lettura.alfabeto.nome(rigaLayer)))));
+    layerNoto = true;
+    return ultimoLayer;
 }
 
 bool TLeggiEntitaDXF::attributi(f16& dovePattern, f16& doveColore) {

@@ -103,6 +103,9 @@ private:
     // place there, whoever wrote it last.
     elemento scratch{};
     std::uint32_t gruppo = 0;
+    std::string rigaLayer;   // the last group 8, and what CercaLayer made of it: neighbours share their layer
+    std::int16_t ultimoLayer = 0;
+    bool layerNoto = false;
     double scalaX = 1, scalaY = 1, scalaZ = 1;   // of the INSERT in hand
     double insX = 0, insY = 0, insZ = 0;         // its place
 };
