@@ -8,6 +8,9 @@
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
+#include "exchange/CXF.h"
+#include "exchange/DXF.h"
+#include "exchange/XYZ.h"
 #include "files/Nativo.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
@@ -28,7 +31,7 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiTesti = 302;
 constexpr std::int16_t menuArchivio = 2;
 
 // Requests by their numbers.
@@ -46,19 +49,23 @@ enum : std::int16_t {
     rUnisciQuattro = 52,
     rUnisciReali = 53,
     rImmagine = 61,
+    rDxf = 62,
+    rXYZ = 63,
+    rCXF = 64,
 };
 
-enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome };
-enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine };
+enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
 
 struct Richiesta {
     std::int16_t numero;
     Scelta scelta;
     Opera opera;
-    std::int16_t invito;    // string of list 129
-    std::int16_t tipi;      // kinds offered
-    const char* suffisso;   // added to the name that a save offers
-    bool delDocumento;      // the file becomes the document's own
+    std::int16_t invito;           // string of list 129
+    std::int16_t tipi;             // kinds offered
+    const char* suffisso;          // added to the name that a save offers
+    bool delDocumento;             // the file becomes the document's own
+    void (*lettore)() = nullptr;   // of a text file, already open
 };
 constexpr Richiesta richieste[] = {
     {rApri, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", true},
@@ -74,6 +81,9 @@ constexpr Richiesta richieste[] = {
     {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
+    {rDxf, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiDXF},
+    {rXYZ, Scelta::leggi, Opera::testo, 3, tipiTesti, "", false, LeggiXYZ},
+    {rCXF, Scelta::leggi, Opera::testo, 9100, tipiTesti, "", false, LeggiCXF},
 };
 
 const Richiesta* richiestaDi(std::int16_t numero) {
@@ -119,6 +129,7 @@ bool scegliFile(const Richiesta& r, FSSpec& file) {
     case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file);
     case Scelta::salva: file = myFSS; return true;
     case Scelta::dato: file = myFSS; return eDisegno(file);
+    case Scelta::dxf: return ApriDXF(file);
     case Scelta::nessuna: return false;
     }
     return false;
@@ -162,6 +173,16 @@ void importaImmagine(const FSSpec& file) {
     ImportaImmagine(file);
 }
 
+// What was read before a fault, or before the person stopped it, stays.
+void importaTesto(const Richiesta& r, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
+    if (uscita) return;
+    r.lettore();
+    if (RefNum != 0) FSClose(RefNum);   // a list that was stopped is closed already
+    NessunaSelezione();
+}
+
 void esegui(const Richiesta& r, const FSSpec& file) {
     SetCursor(ClockCursor);
     PoniAnnulla(aNiente);
@@ -169,6 +190,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
     case Opera::immagine: importaImmagine(file); break;
+    case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
     if (uscita || !r.delDocumento) return;

@@ -11,6 +11,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
@@ -22,6 +23,9 @@
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
 #include "editing/Tratteggi.h"
+#include "exchange/FormatoXYZ.h"
+#include "exchange/MiniCad.h"
+#include "exchange/XYZ.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
@@ -67,6 +71,7 @@ void DoArchivio() {
     case 3: Chiudi(); break;
     case 4:
     case 5: archivia(); break;
+    case 9: FormatoXYZ(0); break;
     case 16: fine = TuttoChiuso(); break;
     default: break;
     }
@@ -277,9 +282,19 @@ void menuAref() {
 void menuZoom() { FaiZoom(theItem); }
 
 void menuEsporta() {
-    if (theItem != 1) return;
-    theItem = 41;
-    archivia();
+    switch (theItem) {
+    case 1:
+        theItem = 41;
+        archivia();
+        break;
+    case 4:
+        if (!noWindow) EsportaDWG();
+        break;
+    case 5: FaiXYZAsci(); break;
+    case 7: FaiMiniCad(due_D); break;
+    case 8: FaiMiniCad(tre_D); break;
+    default: break;
+    }
 }
 
 void menuApriAltri() {

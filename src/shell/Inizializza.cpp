@@ -13,6 +13,7 @@
 #include "display/Zoom.h"
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
+#include "exchange/FormatoXYZ.h"
 #include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "files/Recupero.h"
@@ -157,6 +158,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
+    FormatoXYZ(1);
     SceltaColori(1);
     inizio = 0;
     theItem = 20;

@@ -1,0 +1,113 @@
+// The options of the export, and the road to the writer that they choose.
+#include "dwg/EsportaDWG.h"
+
+#include <algorithm>
+
+#include "dialogs/Parametri.h"
+#include "exchange/DXF.h"
+#include "model/TabellaStato.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t obiettivoProprio = 3;
+
+struct Obiettivo {
+    std::int16_t item, tipo, fileType;
+    bool costruito;
+};
+constexpr Obiettivo obiettivi[] = {{4, 1, 0, false}, {5, 2, 1, false}, {6, obiettivoProprio, -1, true}};
+
+struct Versione {
+    std::int16_t item, outVer;
+};
+constexpr Versione versioni[] = {{9, 29}, {10, 27}, {11, 25}, {12, 23}, {13, 21}, {14, 16}};
+
+constexpr std::int16_t dialogoOpzioni = 1097;
+constexpr std::int16_t itemProprio = 6, itemNuovissima = 9;
+
+}   // namespace
+
+constinit std::int16_t tipoFileEsportato = obiettivoProprio;
+constinit std::int16_t fileType = 1;
+constinit std::int16_t outVer = 29;
+constinit std::int16_t itemDWGDXF = itemProprio;
+constinit std::int16_t itemVersione = itemNuovissima;
+
+namespace {
+
+class TOpzioniEsportaDWG : public TParametri {
+public:
+    TOpzioniEsportaDWG() { Poni(1, 2, 0, 0, dialogoOpzioni); }
+    void Display() override {
+        for (const Obiettivo& o : obiettivi) {
+            SetDialogItemValue(theDialog, o.item, o.item == itemDWGDXF);
+            if (!o.costruito) HiliteDialogItem(theDialog, o.item, 255);
+        }
+        for (const Versione& v : versioni) SetDialogItemValue(theDialog, v.item, v.item == itemVersione);
+        abilitaVersioni();
+    }
+    // The items that stand marked as what the export is told by.
+    static void inggene() {
+        for (const Obiettivo& o : obiettivi) {
+            if (o.item != itemDWGDXF) continue;
+            tipoFileEsportato = o.tipo;
+            if (o.fileType >= 0) fileType = o.fileType;
+        }
+        for (const Versione& v : versioni)
+            if (v.item == itemVersione) outVer = v.outVer;
+    }
+    bool esegui() {
+        const std::int16_t obiettivoPrima = itemDWGDXF, versionePrima = itemVersione;
+        theDialog = GetNewDialog(dialogoId);
+        Display();
+        do {
+            ModalDialog(MyMovableFilter, itemCorrente);
+            if (itemCorrente >= obiettivi[0].item && itemCorrente <= itemProprio) {
+                RadioBoxItem(itemDWGDXF);
+                abilitaVersioni();
+            } else if (itemCorrente >= itemNuovissima && itemCorrente <= std::end(versioni)[-1].item) {
+                RadioBoxItem(itemVersione);
+            }
+        } while (itemCorrente != okItem && itemCorrente != annullaItem);
+        DisposeDialog(theDialog);
+        theDialog = nullptr;
+        if (itemCorrente == okItem) {
+            inggene();
+            return true;
+        }
+        itemDWGDXF = obiettivoPrima;
+        itemVersione = versionePrima;
+        return false;
+    }
+
+private:
+    // The program's own file has one version.
+    static void abilitaVersioni() {
+        const std::int16_t parte = itemDWGDXF == itemProprio ? 255 : 0;
+        for (const Versione& v : versioni) HiliteDialogItem(theDialog, v.item, parte);
+    }
+};
+
+}   // namespace
+
+bool OpzioniEsportazione() { return TOpzioniEsportaDWG().esegui(); }
+
+void EsportaDWG() {
+    if (!OpzioniEsportazione()) return;
+    if (tipoFileEsportato == obiettivoProprio) FaiDXF();
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"tipoFileEsportato", VoceStato::i16, &tipoFileEsportato, obiettivoProprio},
+    {"fileType", VoceStato::i16, &fileType, 1},
+    {"outVer", VoceStato::i16, &outVer, 29},
+    {"itemDWGDXF", VoceStato::i16, &itemDWGDXF, itemProprio},
+    {"itemVersione", VoceStato::i16, &itemVersione, itemNuovissima},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,227 @@
+// Parcels, lines and texts of a cadastral map as elements.
+#include <algorithm>
+#include <string_view>
+
+#include "digitising/Coordinate.h"
+#include "editing/Selezione.h"
+#include "exchange/CXF.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Lucidi.h"
+#include "platform/Events.h"
+#include "text/Conversione.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::int16_t lucidoParticelle = 0, lucidoFabbricati = 1, lucidoNomiFabbricati = 2, lucidoTesti = 5,
+                       lucidoLinee = 6;
+constexpr std::int16_t coloreComune = 1, coloreNomiFabbricati = 4;
+constexpr std::int32_t righeTraDomande = 512;   // lines between two looks at the keyboard
+
+void suLucido(std::int16_t l) { VisioneGraf.lucidoCorrente = l; }
+
+struct TipoLinea {
+    std::int16_t codice, colore, pattern;
+};
+constexpr TipoLinea tipiLinea[] = {{1, 1, 1}, {11, 1, 1}, {12, 5, 1}, {5, 1, 4}, {6, 1, 3}};
+constexpr TipoLinea altraLinea{0, 1, 2};
+
+TipoLinea tipoDiLinea(std::int16_t codice) {
+    const auto* t = std::find_if(std::begin(tipiLinea), std::end(tipiLinea),
+                                 [codice](const TipoLinea& x) { return x.codice == codice; });
+    return t == std::end(tipiLinea) ? altraLinea : *t;
+}
+
+}   // namespace
+
+void TLeggiEntitaCXF::ReadlnDisco(PStr255& s) {
+    if (!RigaDisco(s, charprec, true)) return;
+    numriga = i16(numriga + 1);
+    if (s[0] > 0 && s[1] == ' ') s = s.Copy(2, 255);
+    // Values are padded to the width of their column: a name is its characters.
+    while (s[0] > 0 && s[s[0]] == ' ') --s[0];
+    InMacRoman(s, codifica);
+}
+
+bool TLeggiEntitaCXF::eParola(const char* parola) const {
+    const PStr255 p(parola);
+    return linea.Copy(1, p[0]) == p;
+}
+
+bool TLeggiEntitaCXF::continua() const { return !uscita && !pieno; }
+
+// One fault, one message: what follows in the entity is not looked at any more.
+double TLeggiEntitaCXF::reale() {
+    ReadlnDisco(linea);
+    double v = 0;
+    std::int16_t pos = 0;
+    if (uscita || STRtoFP(-1e99, 1e99, linea, v, pos, 1) < 1) uscita = 1;
+    return uscita ? 0 : v;
+}
+
+std::int16_t TLeggiEntitaCXF::intero(std::int16_t min, std::int16_t max) {
+    ReadlnDisco(linea);
+    std::int16_t v = 0, pos = 0;
+    if (uscita || STRtoINT(min, max, linea, v, pos, 1) < 1) uscita = 1;
+    return uscita ? std::int16_t{0} : v;
+}
+
+TLeggiEntitaCXF::Coppia2 TLeggiEntitaCXF::punto() {
+    const double x = reale(), y = reale();
+    Coppia2 p;
+    RealToDigi(x, y, p.x, p.y);
+    return p;
+}
+
+// The height is that of a letter on the sheet, in tenths of a millimetre.
+void TLeggiEntitaCXF::dimensione() {
+    const double altezza = reale();
+    if (!uscita) gFontSize = std::clamp<std::int16_t>(arrotonda16(altezza / DecPunto * 1.6), 5, 127);
+}
+
+// From radians, counter-clockwise from East.
+std::int16_t TLeggiEntitaCXF::angolo() {
+    const double radianti = reale();
+    return arrotonda16(SessadToAng(90, gradCorrente) - RadToAng(radianti, gradCorrente));
+}
+
+void TLeggiEntitaCXF::metti(Tipoelem tipo, const Coppia2& p, double z, const Coppia2& q, std::int16_t penna,
+                            std::int16_t colore, std::int16_t pattern, const PStr255& testo) {
+    pieno = indElem >= maxElementi;   // the store beeps once, and nothing more is read
+    const bool segmento = tipo == tSegmento;
+    Memorizza(tipo, p.x, p.y, z, segmento ? q.x : 0, segmento ? q.y : 0, 0, penna, colore, pattern, testo);
+}
+
+void TLeggiEntitaCXF::scritta(const PStr255& testo, const Coppia2& dove, std::int16_t ang, std::int16_t colore) {
+    if (testo[0] != 0) metti(tTesto, dove, 0, dove, 1, colore, ang, testo);
+}
+
+// Recognised on purpose, and nothing more: their values go by as lines that begin no entity.
+void TLeggiEntitaCXF::Simbolo() {
+    StrOperCorr = "SIMBOLO";
+    prova.tipo = tMarker;
+}
+
+void TLeggiEntitaCXF::Fiduciale() {
+    StrOperCorr = "FIDUCIALE";
+    prova.tipo = tCerchio;
+}
+
+void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int16_t colore, std::int16_t pattern,
+                             std::int32_t& contatore) {
+    contatore = 0;
+    const auto vertice = [&](Tipoelem tipo) {
+        const Coppia2 p = punto();
+        if (!uscita) metti(tipo, p, zcurs, p, penna, colore, pattern, "");
+    };
+    if (vertici < 1) return;
+    vertice(tPoligono);
+    for (; contatore < vertici - 1 && continua(); ++contatore) vertice(tVertice);
+}
+
+// Kept: the loop asks the counter that the ring before it has left, so the islands are read only when that ring has no
+// more points than there are islands; else their lines go by unread.
+void TLeggiEntitaCXF::isole(const std::array<std::int16_t, 50>& vertici, std::int32_t quante, std::int32_t contatore) {
+    for (std::int32_t isola = 0; isola < quante && contatore < quante && continua(); ++isola)
+        anello(vertici[static_cast<std::size_t>(isola)], 1, coloreComune, 1, contatore);
+}
+
+void TLeggiEntitaCXF::Poligono() {
+    PStr255 nome;
+    ReadlnDisco(nome);
+    dimensione();
+    const std::int16_t ang = angolo();
+    const Coppia2 dove = punto();
+    ReadlnDisco(linea);   // the inner point, for nothing
+    ReadlnDisco(linea);
+    std::array<std::int16_t, 50> verticiIsola{};
+    const std::int16_t quante = intero(0, static_cast<std::int16_t>(verticiIsola.size()));
+    std::int32_t esterni = intero(0, 10000);
+    for (std::int16_t i = 0; i < quante && !uscita; ++i) {
+        verticiIsola[static_cast<std::size_t>(i)] = intero(-100, 1000);
+        esterni -= verticiIsola[static_cast<std::size_t>(i)];
+    }
+    if (uscita) return;
+
+    // Kept: roads and waters ("STRADA", "ACQUA") are parcels like any other, their names are stored.
+    const bool fabbricato = nome[0] != 0 && nome[nome[0]] == '+';
+    if (fabbricato) {
+        --nome[0];
+        suLucido(lucidoNomiFabbricati);
+    } else {
+        suLucido(lucidoParticelle);
+    }
+    scritta(nome, dove, ang, fabbricato ? coloreNomiFabbricati : coloreComune);
+    if (fabbricato) suLucido(lucidoFabbricati);
+
+    if (esterni < 1) return;   // counts that do not agree: the points go by as lines of no entity
+    std::int32_t contatore = 0;
+    anello(esterni, fabbricato ? 2 : 1, coloreComune, 1, contatore);
+    isole(verticiIsola, quante, contatore);
+}
+
+void TLeggiEntitaCXF::Linea() {
+    suLucido(lucidoLinee);
+    const TipoLinea tipo = tipoDiLinea(intero(0, 10000));
+    const std::int16_t punti = intero(0, 10000);
+    if (uscita) return;
+    if (punti != 2) {
+        std::int32_t contatore = 0;
+        anello(punti, 1, tipo.colore, tipo.pattern, contatore);
+        return;
+    }
+    const Coppia2 da = punto(), a = punto();
+    if (!uscita) metti(tSegmento, da, 0, a, 1, tipo.colore, tipo.pattern, "");
+}
+
+void TLeggiEntitaCXF::CXFTesto() {
+    suLucido(lucidoTesti);
+    gFontSize = 12;
+    PStr255 testo;
+    ReadlnDisco(testo);
+    testo[0] = std::min<std::uint8_t>(testo[0], 40);
+    dimensione();
+    const std::int16_t ang = angolo();
+    const Coppia2 dove = punto();
+    if (!uscita) scritta(testo, dove, ang, coloreComune);
+}
+
+void TLeggiEntitaCXF::Leggi() {
+    struct Entita {
+        const char* parola;
+        void (TLeggiEntitaCXF::*leggi)();
+    };
+    static constexpr Entita entita[] = {
+        {"LINEA", &TLeggiEntitaCXF::Linea},         {"SIMBOLO", &TLeggiEntitaCXF::Simbolo},
+        {"FIDUCIALE", &TLeggiEntitaCXF::Fiduciale}, {"BORDO", &TLeggiEntitaCXF::Poligono},
+        {"TESTO", &TLeggiEntitaCXF::CXFTesto},
+    };
+    uscita = 0;
+    EndFile = 0;
+    charprec = 0;
+    codifica = RiconosciCodifica();
+    for (std::int32_t righe = 1; continua() && !EndFile; ++righe) {
+        if (righe % righeTraDomande == 0 && escapePressed()) break;
+        ReadlnDisco(linea);
+        const auto* e =
+            std::find_if(std::begin(entita), std::end(entita), [this](const Entita& x) { return eParola(x.parola); });
+        if (e != std::end(entita))
+            (this->*e->leggi)();
+        else if (linea == "EOF")
+            EndFile = 1;
+    }
+    NessunaSelezione();
+}
+
+void EntitaCXF() {
+    const std::int16_t lucido = VisioneGraf.lucidoCorrente;
+    TLeggiEntitaCXF().Leggi();
+    suLucido(lucido);
+}
+
+void LeggiCXF() { EntitaCXF(); }
+
+}   // namespace tessaro

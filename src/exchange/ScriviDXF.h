@@ -1,0 +1,23 @@
+// The parts of the DXF writer, in the order of the file.
+#pragma once
+
+#include <cstdint>
+
+#include "exchange/BufferDXF.h"
+#include "exchange/ResocontoDXF.h"
+
+namespace tessaro {
+
+struct ScritturaDXF {
+    BufferDXF b;
+    ElementiContati scritti, perduti;
+};
+
+void ScriviHeader(ScritturaDXF& s);
+void ControllaLucidi();   // names and use of the sheets, for the tables
+void ScriviTableLTypeDXF(ScritturaDXF& s);
+void ScriviTableLayerDXF(ScritturaDXF& s);
+void ScriviTableStyleDXF(ScritturaDXF& s);
+void ScriviEntitiesDXF(ScritturaDXF& s);
+
+}   // namespace tessaro

@@ -1,0 +1,123 @@
+// The point list's writer: every point of the drawing in the layout in force.
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <limits>
+
+#include "dialogs/Errori.h"
+#include "digitising/Coordinate.h"
+#include "exchange/ApriScrittura.h"
+#include "exchange/FormatoXYZ.h"
+#include "exchange/XYZ.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/TabellaStato.h"
+#include "text/Conversione.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+PStr255 filexyz("");
+std::string vrefrel;
+
+namespace {
+
+constexpr std::int16_t invitoXYZ = 34;
+constexpr double nessuna = std::numeric_limits<double>::quiet_NaN();   // a coordinate that equals none
+
+PStr255 testoAref(const Aref& a) {
+    const std::size_t lungo = std::min<std::size_t>(a[0], a.size() - 1);
+    return PStr255(std::string_view(reinterpret_cast<const char*>(a.data()) + 1, lungo));
+}
+
+PStr255 colonna(std::int16_t quale, const puntot& p, const Aref& aref) {
+    switch (quale) {
+    case colonnaX: return FormatReal(p.x, 10, 3);
+    case colonnaY: return FormatReal(p.y, 10, 3);
+    case colonnaZ: return FormatReal(p.z, 10, 3);
+    default: return testoAref(aref);
+    }
+}
+
+void riga(const puntot& p, const Aref& aref) {
+    static const PStr255 tab('\t');
+    const auto ultima = std::find_if(DatoP.rbegin(), DatoP.rend(), [](std::int16_t c) { return c != colonnaNessuna; });
+    const auto ultimo = static_cast<std::size_t>(DatoP.rend() - ultima);   // columns up to the last used one
+    for (std::size_t i = 0; i < ultimo; ++i) {
+        if (DatoP[i] == colonnaNessuna) continue;
+        const PStr255 testo = colonna(DatoP[i], p, aref);
+        if (TipoForm == rigaPerValore || i + 1 == ultimo) {
+            writelnDisco(testo);
+        } else {
+            writeDisco(testo);
+            writeDisco(tab);
+        }
+    }
+}
+
+puntot reale(double x, double y, double z) {
+    puntot p{0, 0, z};
+    DigiToReal(x, y, p.x, p.y);
+    return p;
+}
+
+bool diversi(const puntot& a, const puntot& b) { return a.x != b.x || a.y != b.y || a.z != b.z; }
+
+class ScrittoreXYZ {
+    puntot corrente;                                  // the point computed last
+    puntot fineSegmento{nessuna, nessuna, nessuna};   // where the segment written last ends
+
+    void segmento(const elemento& e) {
+        corrente = reale(e.segm.x1, e.segm.y1, e.segm.z1);
+        if (diversi(corrente, fineSegmento)) riga(corrente, e.testa.aref);
+        corrente = fineSegmento = reale(e.segm.x2, e.segm.y2, e.segm.z2);
+        riga(corrente, e.testa.aref);
+    }
+
+public:
+    void scrivi(const elemento& e) {
+        switch (e.tipo) {
+        case tTesto: return;
+        case tSegmento: segmento(e); return;
+        case tMarker:
+        case tPoligono:
+        case tVertice: corrente = reale(e.mark.x, e.mark.y, e.mark.z); break;   // all hold their point there
+        default: break;   // Kept: circles, arcs and pictures give the point before them once more
+        }
+        riga(corrente, e.testa.aref);
+    }
+};
+
+}   // namespace
+
+void ScriviXYZ() {
+    SetCursor(ClockCursor);
+    ScrittoreXYZ scrittore;
+    for (std::int32_t n = 3; n <= indElem && !uscita; ++n) scrittore.scrivi(Elem(n));
+}
+
+void ApriXYZScr() {
+    FSSpec file;
+    if (!ApriScrittura(invitoXYZ, "", ".xyz", file)) return;
+    filexyz = PStr255(std::string_view(file.nome));
+    vrefrel = std::filesystem::path(file.percorso).parent_path().string();
+}
+
+void FaiXYZAsci() {
+    ApriXYZScr();
+    if (!uscita) {
+        ScriviXYZ();
+        ChiudiScrittura();
+    }
+    SetCursor(arrowCursor);
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"filexyz", VoceStato::str255, &filexyz},
+    {"vrefrel", VoceStato::speciale, nullptr, 0, [] { vrefrel.clear(); }, nullptr},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

@@ -1,0 +1,23 @@
+// The point list: plain text with a layout that the user declares, read into markers and written from all points.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "text/PascalString.h"
+
+namespace tessaro {
+
+extern PStr255 filexyz;       // name of the last list written; FaiXYZAsci
+extern std::string vrefrel;   // its folder, UTF-8
+
+void LeggiXYZ();     // the open file into markers behind the last record; the caller closes it, unless RefNum is 0
+void ScriviXYZ();    // all points of the drawing into the open file
+void ApriXYZScr();   // asks where to write and opens it as RefNum; cancelling sets uscita
+void FaiXYZAsci();
+
+// A field's code: above 0 it is good. Otherwise alert 3007 with the line number: button 1 goes on (uscita is taken
+// back), button 2 closes the file (RefNum becomes 0) and sets uscita.
+void ContrErr(std::int16_t code, std::int32_t& line);
+
+}   // namespace tessaro

@@ -1,0 +1,146 @@
+// Cadastral maps: which entity becomes what on which sheet, and what bad counts and numbers come to.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "exchange/CXF.h"
+#include "model/Lucidi.h"
+#include "platform/Resources.h"
+#include "support/Avvisi.h"
+#include "support/FileProva.h"
+#include "support/Foglio.h"
+
+using namespace tessaro;
+using namespace prova;
+
+namespace {
+
+void leggi(std::string testo, std::int32_t capacita = 2000) {
+    fogliovuoto(capacita);
+    rappvid = 1;
+    YFDecimi = 1000;
+    zcurs = 4;
+    for (char& c : testo)
+        if (c == ' ') c = '\n';   // values stand apart by blanks here, by line ends in the file
+    const FileProva file(testo);
+    LeggiCXF();
+}
+
+std::string scritta(std::int32_t n) {
+    const auto& t = Elem(n).test.testo;
+    return MacToUtf8({reinterpret_cast<const char*>(t.data()) + 1, t[0]});
+}
+
+TEST(CXF, ParticelleEFabbricati) {
+    VisioneGraf.lucidoCorrente = 9;
+    leggi("MAPPA BORDO 123 18 0 5 6 0 0 0 4 0 0 10 0 10 10 0 0 "
+          "bordo 124+ 18 0 5 5 0 0 0 3 1 1 2 1 1 1 BORDO STRADA 18 0 5 5 0 0 0 1 1 1 EOF BORDO 9");
+    ASSERT_EQ(indElem, 13);
+    EXPECT_EQ(scritta(3), "123");
+    EXPECT_EQ(Elem(3).lucido, 0);
+    EXPECT_EQ(Elem(3).test.colore, 1);
+    EXPECT_DOUBLE_EQ(Elem(3).test.y, 994);
+    EXPECT_EQ(Elem(3).test.dimensione, 8);   // 18 tenths of a millimetre
+    EXPECT_EQ(Elem(3).test.angolo, 100);
+    EXPECT_EQ(Elem(4).tipo, tPoligono);
+    EXPECT_EQ(Elem(4).poli.numVertici, 3);
+    EXPECT_EQ(Elem(4).poli.spessore, 1);
+    EXPECT_EQ(Elem(4).poli.z, 4.0);
+    EXPECT_EQ(scritta(8), "124");
+    EXPECT_EQ(Elem(8).lucido, 2);
+    EXPECT_EQ(Elem(8).test.colore, 4);
+    EXPECT_EQ(Elem(9).lucido, 1);
+    EXPECT_EQ(Elem(9).poli.spessore, 2);
+    EXPECT_EQ(scritta(12), "STRADA");   // a parcel like any other
+    EXPECT_EQ(Elem(13).lucido, 0);
+    EXPECT_EQ(VisioneGraf.lucidoCorrente, 9);
+    EXPECT_TRUE(avvisi.empty());
+}
+
+TEST(CXF, LineeSimboliETesti) {
+    leggi("LINEA 12 2 0 0 1 1 LINEA\\ 6 3 0 0 1 1 2 2 SIMBOLO 5 0 1 1 FIDUCIALE PF01 8 1 1 2 2 "
+          "TESTO via 30 1.570796327 1 1 TESTO  18 0 1 1 LINEA 99 1 3 3");
+    ASSERT_EQ(indElem, 8);
+    EXPECT_EQ(Elem(3).tipo, tSegmento);
+    EXPECT_EQ(Elem(3).segm.colore, 5);
+    EXPECT_EQ(Elem(3).segm.z1, 0.0);
+    EXPECT_EQ(Elem(3).lucido, 6);
+    EXPECT_EQ(Elem(4).poli.numVertici, 2);
+    EXPECT_EQ(Elem(4).poli.pattern, 3);
+    EXPECT_EQ(scritta(7), "via");
+    EXPECT_EQ(Elem(7).lucido, 5);
+    EXPECT_EQ(Elem(7).test.angolo, 0);
+    EXPECT_EQ(Elem(8).poli.pattern, 2);   // the empty text took its four lines
+    EXPECT_TRUE(avvisi.empty());
+}
+
+TEST(CXF, LeIsoleSiLeggonoSoloSeLAnelloEPiccolo) {
+    // 3 points and 2 islands: passed over
+    leggi("BORDO 1 18 0 0 0 0 0 2 9 3 3 0 0 1 0 1 1 5 5 6 5 6 6 7 7 8 7 8 8");
+    EXPECT_EQ(indElem, 6);
+    // 2 points and 2 islands: the counter stands at 1; behind the first island of 3 at 2, which ends the loop
+    leggi("BORDO 1 18 0 0 0 0 0 2 8 3 3 0 0 1 0 5 5 6 5 6 6 7 7 8 7 8 8");
+    EXPECT_EQ(indElem, 8);
+    EXPECT_EQ(Elem(6).tipo, tPoligono);
+    EXPECT_EQ(Elem(6).poli.numVertici, 2);
+    // more vertices in the islands than in all: neither ring nor islands out of them
+    leggi("BORDO 1 18 0 0 0 0 0 1 3 9 1 1 LINEA 1 2 0 0 1 1");
+    EXPECT_TRUE(avvisi.empty());
+    EXPECT_LE(indElem, maxElementi);
+}
+
+TEST(CXF, UnNumeroGuastoFermaConUnSoloAvviso) {
+    leggi("LINEA 1 2 0 0 1 1 LINEA 1 4 0 0 1 x 2 2 3 3 LINEA 1 2 0 0 1 1");
+    EXPECT_EQ(avvisi.size(), 1U);
+    EXPECT_EQ(indElem, 4);   // what was read stays
+    EXPECT_EQ(Elem(4).poli.numVertici, 0);
+    for (const char* conto : {"-1", "10001", "99999999"}) {
+        avvisi.clear();
+        leggi(std::string("LINEA 1 ") + conto + " 0 0");
+        EXPECT_EQ(avvisi.size(), 1U) << conto;
+        EXPECT_EQ(indElem, 2);
+    }
+}
+
+TEST(CXF, NomiLunghiERiempitiDiBianchi) {
+    fogliovuoto();
+    rappvid = 1;
+    const std::string lungo(60, 'n');
+    const FileProva file(
+        "TESTO\r\n" + lungo
+        + "\r\n  18\r\n       0.000\r\n       1.000\r\n       1.000\r\n"
+          "BORDO\r\n125+       \r\n  18\r\n 0\r\n 1\r\n 1\r\n 1\r\n 1\r\n   0\r\n   1\r\n 1\r\n 1\r\n");
+    LeggiCXF();
+    ASSERT_EQ(indElem, 5);
+    EXPECT_EQ(scritta(3), lungo.substr(0, 40));
+    EXPECT_EQ(scritta(4), "125");
+    EXPECT_EQ(Elem(5).lucido, 1);
+}
+
+TEST(CXF, ArchivioPieno) {
+    leggi("LINEA 1 9 0 0 1 1 2 2 3 3 4 4 5 5 6 6 7 7 8 8 LINEA 1 2 0 0 1 1", 5);
+    EXPECT_EQ(indElem, 5);
+    EXPECT_EQ(Elem(3).poli.numVertici, 2);
+}
+
+TEST(CXF, FileVeri) {
+    const char* dati = std::getenv("TESSARO_DATA");
+    if (dati == nullptr) {
+        std::puts("TESSARO_DATA is not set: no real files");
+        return;
+    }
+    for (const auto& f : std::filesystem::directory_iterator(std::filesystem::path(dati) / "cxf")) {
+        fogliovuoto();
+        rappvid = 1;
+        ASSERT_EQ(FSpOpenDF(FSMakeFSSpec(f.path().string()), fsRdPerm, RefNum), noErr) << f.path();
+        LeggiCXF();
+        FSClose(RefNum);
+        EXPECT_LE(indElem, maxElementi);
+        for (std::int32_t n = 3; n <= indElem; ++n)
+            if (Elem(n).tipo == tPoligono) { EXPECT_LE(n + Elem(n).poli.numVertici, indElem) << f.path(); }
+        if (f.path().filename() == "synth_all_elements.cxf") { EXPECT_GT(indElem, 20); }
+    }
+}
+
+}   // namespace
