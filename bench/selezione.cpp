@@ -137,7 +137,7 @@ void cancellaAlternati(benchmark::State& state) {
             if (i % 2) Elem(n).selezionato = 1;
         Puntosel.attiva = Puntosel.multipla = 1;
     };
-    confronta(state, 4, pronto, CancellaSelezione);
+    confronta(state, 8, pronto, CancellaSelezione);
 }
 void annullaCancellazione(benchmark::State& state) {
     disegno(modificati);
