@@ -29,6 +29,11 @@ std::string transfJson() {
            + campo("y2", t.y2) + campo("z2", t.z2) + "}";
 }
 
+template <Mesh& m>
+void azzeraMesh() {
+    m = Mesh{};
+}
+
 template <const Mesh& m>
 std::string meshJson() {
     return campo("nx", m.nx, true) + campo("ny", m.ny) + "}";
@@ -60,10 +65,11 @@ const VoceStato righe[] = {
     {"yAttacco5", VoceStato::f64, &yAttacco5, 0},
     {"OKAttacco5", VoceStato::u8, &OKAttacco5, 0},
     {"att4Pt", VoceStato::speciale, nullptr, 0, [] { att4Pt = {}; }, nullptr},
-    {"meshOrigine", VoceStato::speciale, nullptr, 0, [] { meshOrigine.nx = meshOrigine.ny = 0; },
-     meshJson<meshOrigine>},
-    {"meshDestinazione", VoceStato::speciale, nullptr, 0, [] { meshDestinazione.nx = meshDestinazione.ny = 0; },
-     meshJson<meshDestinazione>},
+    {"meshOrigine", VoceStato::speciale, nullptr, 0, azzeraMesh<meshOrigine>, meshJson<meshOrigine>},
+    {"meshDestinazione", VoceStato::speciale, nullptr, 0, azzeraMesh<meshDestinazione>, meshJson<meshDestinazione>},
+    {"undoMeshOrigine", VoceStato::speciale, nullptr, 0, azzeraMesh<undoMeshOrigine>, meshJson<undoMeshOrigine>},
+    {"undoMeshDestinazione", VoceStato::speciale, nullptr, 0, azzeraMesh<undoMeshDestinazione>,
+     meshJson<undoMeshDestinazione>},
     {"statoCursore", VoceStato::speciale, nullptr, 0, [] { statoCursore = {}; }, cursoreJson},
     {"griglia", VoceStato::speciale, nullptr, 0, [] { griglia = {}; }, grigliaJson},
 };

@@ -68,9 +68,9 @@ TEST_F(ResourcesTest, AMenuThatIsOffHoldsItsItemsBackAndKeepsTheirState) {
 }
 
 TEST_F(ResourcesTest, AChoiceComesAsOneRecordWithItsModifiers) {
-    FlushEvents();
-    ASSERT_TRUE(AutoMenu(60, 1, optionKey));
     EventRecord e;
+    while (WaitNextEvent(e, 0)) {}   // what other cases left behind
+    ASSERT_TRUE(AutoMenu(60, 1, optionKey));
     do {
         if (!WaitNextEvent(e, 0) && e.what == EventKind::nullEvent) break;
     } while (e.what != EventKind::menuChoice);
