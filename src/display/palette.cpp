@@ -118,7 +118,7 @@ void disegnaPiede() {
     linea(0, myViewRect.bottom, destraRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
     BackColor(whiteColor);
     EraseRect(rettangoloRiga());
-    if (StrOperCorr.Lengthp() == 0) {
+    if (StrOperCorr.view().empty()) {
         RidisegnaLettura();   // nothing may have moved, so nobody else would
         return;
     }
