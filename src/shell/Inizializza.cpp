@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/SceltaColori.h"
@@ -164,6 +165,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     theItem = 20;
     archivia();
     fine = 0;
+    if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
     if (!opzioni.avvio.script) OffriRecupero();
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
