@@ -21,7 +21,7 @@ namespace {
 
 using namespace tessaro;
 
-constexpr std::int32_t quanti = 1'000'000;
+constexpr std::int32_t quanti = 1'500'000;
 constexpr int volte = 9;
 
 std::string cartella() {

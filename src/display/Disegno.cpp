@@ -82,9 +82,9 @@ public:
 
     [[nodiscard]] bool anteprima() const { return tutto; }
     [[nodiscard]] bool tocca(double x1, double y1, double x2, double y2, double margine) const {
-        const int destra = std::max(x1, x2) + margine >= area.left, sinistra = std::min(x1, x2) - margine <= area.right;
-        const int sotto = std::max(y1, y2) + margine >= area.top, sopra = std::min(y1, y2) - margine <= area.bottom;
-        return ((destra & sinistra & sotto & sopra) | static_cast<int>(tutto)) != 0;
+        const bool dentro = (std::max(x1, x2) + margine >= area.left) & (std::min(x1, x2) - margine <= area.right)
+                            & (std::max(y1, y2) + margine >= area.top) & (std::min(y1, y2) - margine <= area.bottom);
+        return dentro | tutto;
     }
     [[nodiscard]] double margine(std::int16_t spessorePenna) const {
         return (std::max<int>(spessorePenna, 0) + bordoPixel) * perPixel;
@@ -206,7 +206,8 @@ class Scansione {
         FillArco(i, cx, cy, r, inizio, ampiezza);
         fai(tArco, cx, cy, r, inizio, ampiezza);
     }
-    void testo(std::int32_t i) {
+    // Out of line: texts are rare, and their code inside the scan slows every segment down.
+    [[gnu::noinline]] void testo(std::int32_t i) {
         if (!VisioneGraf.mostraTesti || !filtro.passaTesto(Elem(i))) return;
         FaiT(i);
         penna.dimentica();
