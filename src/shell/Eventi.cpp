@@ -122,7 +122,6 @@ void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
-    if (quitPending()) fine = TuttoChiuso();
     AggiustaStatoBottoni();
     if (noWindow) {
         sonno = -1;
