@@ -46,10 +46,9 @@ public:
 QIcon campione(const RGBColor& c, qreal ratio) {
     QPixmap p(qRound(campioneLargo * ratio), qRound(campioneAlto * ratio));
     p.setDevicePixelRatio(ratio);
-    p.fill(QColor::fromRgba64(c.red, c.green, c.blue));
+    p.fill(Qt::gray);   // the frame is seen on light and dark ground
     QPainter pittore(&p);
-    pittore.setPen(Qt::gray);   // seen on light and dark ground
-    pittore.drawRect(0, 0, campioneLargo - 1, campioneAlto - 1);
+    pittore.fillRect(1, 1, campioneLargo - 2, campioneAlto - 2, QColor::fromRgba64(c.red, c.green, c.blue));
     pittore.end();
     QIcon figura(p);
     figura.addPixmap(p, QIcon::Selected);   // the chosen row shows its colour untinted
