@@ -1,6 +1,7 @@
 // The highlight of what is selected: grey xor, two pixels wide, so that a second call takes it off.
 #include <algorithm>
 
+#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
@@ -128,10 +129,20 @@ void DisegnaArcoSel(std::int32_t i) {
     fai(tArco, a.cx, a.cy, a.raggio, a.angoloInizio, a.ampiezza);
 }
 
+namespace {
+void riquadroTesto(const elemento& e) {
+    const auto angoli = AngoliTesto(e);
+    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
+}
+}   // namespace
+
 void DisegnaTestoSel(std::int32_t i) {
     const Evidenza penna;
-    const auto angoli = AngoliTesto(Elem(i));
-    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
+    riquadroTesto(Elem(i));
+    if (!AnteprimaAttiva()) return;
+    elemento comeDiventa = Elem(i);
+    attaccoAttivo.TrasformaCopia(comeDiventa);
+    riquadroTesto(comeDiventa);
 }
 
 void DisPictSel(std::int32_t i) {
