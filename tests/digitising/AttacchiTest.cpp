@@ -160,7 +160,7 @@ TEST(Attacchi, AClickSnapsToAPointInReach) {
     EXPECT_EQ(attaccoAttivo.xAtt[1], 1003);
 }
 
-TEST(Attacchi, AMarkOfPoint4RepaintsRoundPoint3) {
+TEST(Attacchi, AMarkRepaintsItsPlaceAndThatOfPoint4ThePlaceOf3) {
     ASSERT_TRUE(AllocaElementi(100));
     SetUpWindow();
     const auto ridipinge = [](std::int16_t n, double x3, double x4) {
@@ -178,6 +178,13 @@ TEST(Attacchi, AMarkOfPoint4RepaintsRoundPoint3) {
     EXPECT_FALSE(ridipinge(4, fuori, inVista));
     EXPECT_TRUE(ridipinge(4, inVista, fuori));
     EXPECT_TRUE(ridipinge(3, inVista, fuori));
+    attaccoAttivo.SetXYAtt(1, 700, 700);   // a destination point: where its mark was, and where it is
+    FlushEvents();
+    BeginUpdate(theWindow);
+    XDigit = fuori;
+    IntroDigitale = 1;
+    AttaccoDin(2);
+    EXPECT_FALSE(AutoQueueEmpty());
     indElem = 2;
     FlushEvents();
     TuttoChiuso();
