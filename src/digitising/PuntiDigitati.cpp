@@ -5,6 +5,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
+#include "editing/Domanda.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -218,6 +219,7 @@ void partiDallaSelezione() {
 
 void IngressoPolare() {
     constexpr std::int16_t dialogo = 148;
+    ParamText(NomeAngoli(), "", "", "");
     theDialog = GetNewDialog(dialogo);
     proponiPolare();
     partiDallaSelezione();
