@@ -10,6 +10,7 @@
 #include "model/Attributi.h"
 #include "model/Percorso.h"
 #include "model/TabellaStato.h"
+#include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
@@ -161,6 +162,15 @@ void apri() {
     CheckMenuItem(menuStrumenti, voceCalcolatrice, true);
 }
 
+void ridisegna() {
+    SetPortWindowPort(theWindow);
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    PennaElastico();
+    SospendiAz();
+}
+
 }   // namespace
 
 void MettiDisplay(const double& value, std::int16_t item) {
@@ -221,7 +231,6 @@ void DealwithDialogs(const EventRecord& event) {
 
 void IndietroPercorso() {
     if (noWindow || RisCalc.numPunti <= 1) return;
-    SospendiAz();
     Azione = 5;
     --RisCalc.numPunti;
     const auto n = static_cast<std::size_t>(RisCalc.numPunti);
@@ -233,8 +242,7 @@ void IndietroPercorso() {
     lastY = Yini;
     Xfine = xcurs;
     Yfine = ycurs;
-    PennaElastico();
-    SospendiAz();
+    ridisegna();   // without the side that went
 }
 
 namespace {
