@@ -155,7 +155,7 @@ void apri() {
         return;
     }
     ModifCalc = 0;
-    percorsoMisurato = {iniziato, aggiunto, Calcolo};
+    percorsoMisurato = {iniziato, aggiunto, Calcolo, IndietroPercorso};
     MettiDisplay(RisCalc.valore, vDisplay);
     MettiDisplay(RisCalc.fattore, vFattore);
     SelectDialogItemText(calcDialog, vDisplay, 0, 255);
