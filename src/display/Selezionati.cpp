@@ -54,6 +54,11 @@ void rettangoloFoglio(double x1, double y1, double x2, double y2) {
     LineaFoglio(x1, y2, x1, y1);
 }
 
+void riquadroTesto(const elemento& e) {
+    const auto angoli = AngoliTesto(e);
+    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
+}
+
 void selezioneMultipla() {
     for (std::int32_t i = 3; i <= indElem; ++i)
         if (Elem(i).selezionato) evidenzia(i, OggettoDi(Elem(i).tipo));
@@ -129,20 +134,14 @@ void DisegnaArcoSel(std::int32_t i) {
     fai(tArco, a.cx, a.cy, a.raggio, a.angoloInizio, a.ampiezza);
 }
 
-namespace {
-void riquadroTesto(const elemento& e) {
-    const auto angoli = AngoliTesto(e);
-    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
-}
-}   // namespace
-
+// Its box, and under the live transformation's preview the box that a click finds there too.
 void DisegnaTestoSel(std::int32_t i) {
     const Evidenza penna;
     riquadroTesto(Elem(i));
     if (!AnteprimaAttiva()) return;
-    elemento comeDiventa = Elem(i);
-    attaccoAttivo.TrasformaCopia(comeDiventa);
-    riquadroTesto(comeDiventa);
+    elemento copia = Elem(i);
+    attaccoAttivo.TrasformaCopia(copia);
+    riquadroTesto(copia);
 }
 
 void DisPictSel(std::int32_t i) {

@@ -31,6 +31,7 @@ constexpr int margine = 16;          // round the whole, logical pixels
 constexpr int maxCampo = 255;        // characters of a field
 constexpr int larghezzaTesto = 60;   // characters at which running text is folded
 constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
+constexpr int ariaTitolo = 96;       // of a window's title bar beside the title, logical pixels
 constexpr int ariaBottone = 14;      // on each side of a button's text, logical pixels
 
 struct Cella {
@@ -66,6 +67,7 @@ public:
         auto* radice = new QVBoxLayout(quadro);
         radice->setSizeConstraint(QLayout::SetFixedSize);
         radice->setContentsMargins(margine, margine, margine, margine);
+        radice->addStrut(quadro->fontMetrics().horizontalAdvance(quadro->windowTitle()) + ariaTitolo);
         pila.push_back({radice});
     }
 
