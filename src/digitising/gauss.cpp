@@ -14,8 +14,12 @@ namespace tessaro {
 
 namespace {
 
+constinit int zitti = 0;   // SenzaTraccia that live
+
+std::FILE* traccia() { return zitti > 0 ? nullptr : ConsoleOut(); }
+
 void scrivi(const std::string& riga) {
-    if (std::FILE* f = ConsoleOut()) std::fputs(riga.c_str(), f);
+    if (std::FILE* f = traccia()) std::fputs(riga.c_str(), f);
 }
 
 std::string treCifre(double v) {
@@ -35,7 +39,7 @@ std::string righe(double a[][colonneGauss], int n) {
 
 void mostraPasso(int n, int k, double a[][colonneGauss]) {
     ConsoleClear();
-    if (std::FILE* f = ConsoleOut()) {
+    if (std::FILE* f = traccia()) {
         std::fputs((" Pivoting: passo (" + std::to_string(k) + ")\n").c_str(), f);
         std::fputs(righe(a, n).c_str(), f);
     }
@@ -44,12 +48,15 @@ void mostraPasso(int n, int k, double a[][colonneGauss]) {
 
 }   // namespace
 
+SenzaTraccia::SenzaTraccia() { ++zitti; }
+SenzaTraccia::~SenzaTraccia() { --zitti; }
+
 void stampa(double a[][colonneGauss], int n) {
-    if (std::FILE* f = ConsoleOut()) std::fputs(righe(a, n).c_str(), f);
+    if (std::FILE* f = traccia()) std::fputs(righe(a, n).c_str(), f);
 }
 
 void stampa_sol(const double* x, int n) {
-    std::FILE* f = ConsoleOut();
+    std::FILE* f = traccia();
     if (!f) return;
     std::string s = "Vettore soluzioni\n";
     for (int i = 0; i < n; ++i) s += "\tx(" + std::to_string(i) + ")=" + treCifre(x[i]) + "\n";

@@ -24,7 +24,7 @@ bool incrocio(const Retta& r, const Retta& s, Coppia& p) {
 }
 
 void incrocioOErrore(const Retta& r, const Retta& s, Coppia& p, std::int16_t errore) {
-    if (incrocio(r, s, p)) ErroreAlert(errore);
+    if (incrocio(r, s, p) && errore != 0) ErroreAlert(errore);
 }
 
 double lontananza(const Coppia& a, const Coppia& b) { return Distanza(a.x, a.y, b.x, b.y); }

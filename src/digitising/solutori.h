@@ -25,9 +25,10 @@ bool RisolviOmografia(const std::array<Coppia, 4>& src, const std::array<Coppia,
 void TrasformaOmografia(const Coefficienti& coef, double& x, double& y);   // D may be 0: the point goes to infinity
 
 // --- vanishing points
-// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on.
+// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on. A 0 is
+// not shown.
 struct ErroriPrep {
-    std::int16_t diagonaliSrc, diagonaliDst, asse1, asse2, asse1d, asse2d;
+    std::int16_t diagonaliSrc = 0, diagonaliDst = 0, asse1 = 0, asse2 = 0, asse1d = 0, asse2d = 0;
 };
 void PreparaQuattro(Att4Pt& r, const ErroriPrep& errori);   // the centres are the crossings of the diagonals
 // The centres are given: the source's by srcC. Kept: the target's by dstC across parallel sides, which an axis before it
