@@ -43,13 +43,13 @@ QWidget* creaTabella(FinestraDialogo& d, int righe, const std::vector<int>& cara
     w->horizontalHeader()->setHighlightSections(false);
     w->horizontalHeader()->setDefaultAlignment(allineamento(*w));
     w->horizontalHeader()->hide();
+    if (caratteri.size() > 1) w->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
     int larga = 2 * w->frameWidth();
     for (std::size_t i = 0; i < caratteri.size(); ++i) {
         const int colonna = w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * caratteri[i] + 2 * margineCella;
         w->setColumnWidth(static_cast<int>(i), colonna);
         larga += colonna;
     }
-    if (caratteri.size() > 1) w->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
     w->setMinimumWidth(larga);
     w->setProperty("righe", righe);
     misura(*w);
