@@ -170,9 +170,10 @@ Due assoluto(Due v) { return v < 0 ? -v : v; }
 // Two parabolas through 0, the centre and the length, joined at the centre with the slope K of the plain scale.
 Due curvaDuePezzi(const MappaFuga::Assi& a, Due p) {
     const auto [L, M, K, R, T, S] = a;
-    const Due piana = R * p + K * p, oltre = K * p + S - (p - M) * T;
-    const Due prima = K * p + R * p + R * (M - p) / M * p;
+    const Due piana = K * p + R * p, oltre = K * p + S - (p - M) * T;
+    const Due prima = piana + R * (M - p) / M * p;
     const Due dopo = oltre + (L - p) * T * (p - M) / (L - M);
+    if (L[0] > 0 && L[1] > 0) return M > p ? prima : dopo;   // both lengths, as a rule
     return L > 0 ? (M > p ? prima : dopo) : (p > M ? piana : oltre);
 }
 
