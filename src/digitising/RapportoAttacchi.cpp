@@ -244,8 +244,11 @@ public:
     }
 };
 
-// A residual that is no number is the worst there is.
-bool peggio(double a, double b) { return std::isnan(a) ? !std::isnan(b) : a > b; }
+// A residual that is no number is the worst there is; what is but rounding makes none worse.
+bool peggio(double a, double b) {
+    constexpr double arrotondamento = 1e-6;   // sheet units
+    return std::isnan(a) ? !std::isnan(b) : a > b + arrotondamento;
+}
 
 void residui(const DatiRapporto& d, RapportoAttacchi& r) {
     const Mappa mappa(d);
