@@ -206,7 +206,10 @@ void LeggiDXF() {
     guardaIntestazione(alfabeto);
     ProgressOpen(TestoDi(TestoDxf::avanzaLettura));
     LetturaDXF lettura{RigheDxf(), alfabeto, {}};
-    Sezione(lettura);
+    {
+        const LatoRimandato rimanda;
+        Sezione(lettura);
+    }
     ProgressClose();
     const bool interrotta = uscita != 0;
     RimuoviBlocchiDXF();
