@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "exchange/ResocontoDXF.h"
+#include "exchange/Resoconto.h"
 #include "exchange/RigheDxf.h"
 #include "exchange/TestoDxf.h"
 #include "model/Elemento.h"
@@ -17,7 +17,7 @@ namespace tessaro {
 struct LetturaDXF {
     RigheDxf righe;
     AlfabetoDxf alfabeto;
-    ResocontoDXF resoconto;
+    Resoconto resoconto;
 };
 
 // --- layers and blocks of the file in hand

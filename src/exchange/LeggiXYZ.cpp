@@ -7,6 +7,7 @@
 #include "display/Zoom.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
+#include "exchange/Operazione.h"
 #include "exchange/XYZ.h"
 #include "files/Risanamento.h"
 #include "model/Annulla.h"
@@ -25,7 +26,6 @@ namespace {
 constexpr std::int16_t avvisoRiga = 3007, risponde2Ferma = 2;
 constexpr std::int16_t senzaRiga = -5;   // the file ended instead of a row
 constexpr std::uint8_t tab = 9;
-constexpr std::int32_t righeTraDomande = 256;   // rows between two looks at the keyboard
 
 // A tag holds 13 characters; what is longer is cut.
 Aref arefDa(const PStr255& campo) {
@@ -40,12 +40,21 @@ class LettoreXYZ {
     std::int32_t numeroRiga = 0;
     std::int32_t posto = 0;   // record of this round
     std::int16_t codice = senzaRiga;
+    bool rigaLetta = false;   // this round began a row
+    bool stop = false;        // the person stopped the list
+    ElementiContati entrati;
+    Resoconto resoconto;
     // Kept: not cleared between rows, so a column that the layout leaves out stays at zero.
     double x = 0, y = 0, z = 0;
 
     void leggi(PStr255& s) {
         LeggiRiga(s, numeroRiga);
         InMacRoman(s, codifica);
+    }
+
+    [[nodiscard]] bool restaDaLeggere() const {
+        std::int64_t qui = 0, fine = 0;
+        return EndFile == 0 && GetFPos(RefNum, qui) == noErr && GetEOF(RefNum, fine) == noErr && qui < fine;
     }
 
     void analizza(std::int16_t colonna, const PStr255& campo) {
@@ -61,17 +70,17 @@ class LettoreXYZ {
 
     // Each column a line of its own. A row that the file's end cuts short is a fault, its plain end is none.
     void rigaPerRiga() {
-        bool iniziata = false;
+        rigaLetta = false;
         for (const std::int16_t colonna : DatoP) {
             if (colonna == colonnaNessuna) continue;
             PStr255 riga;
             leggi(riga);
             if (uscita || (EndFile && riga[0] == 0)) {
                 codice = senzaRiga;
-                if (iniziata && !uscita) ContrErr(codice, numeroRiga);
+                if (rigaLetta && !uscita) ContrErr(codice, numeroRiga);
                 return;
             }
-            iniziata = true;
+            rigaLetta = true;
             analizza(colonna, riga);
             ContrErr(codice, numeroRiga);
             if (uscita) return;
@@ -82,7 +91,8 @@ class LettoreXYZ {
     void rigaIntera() {
         PStr255 riga;
         leggi(riga);
-        if (uscita || (EndFile && riga[0] == 0)) {
+        rigaLetta = !uscita && !(EndFile && riga[0] == 0);
+        if (!rigaLetta) {
             codice = senzaRiga;
             return;
         }
@@ -135,19 +145,31 @@ class LettoreXYZ {
         else
             rigaPerRiga();
         // Kept: the row's last field decides alone; a fault in an earlier one was the user's to judge.
-        if (codice > 0) memorizza();
+        if (codice > 0) {
+            memorizza();
+            entrati.aggiungi(tMarker);
+        } else if (rigaLetta) {
+            resoconto.parti.aggiungi(cRigheGuaste);
+        }
         conta();
     }
 
 public:
     void leggi() {
-        std::int32_t righe = 0;
+        LetturaLunga lunga(TestoScambio::avanzaPunti);
+        MostraOperazione("XYZ");
         posto = std::max(indElem, 2);
-        while (!EndFile && !uscita && posto < maxElementi) {
-            if (++righe % righeTraDomande == 0 && escapePressed()) return;
+        while (!EndFile && !uscita && posto < maxElementi && lunga.continua()) {
             ++posto;
             riga();
         }
+        stop = lunga.fermata() || RefNum == 0;   // Escape, or the button of a bad row
+    }
+
+    void mostra() {
+        const bool pieno = !uscita && !stop && posto >= maxElementi && restaDaLeggere();
+        if (pieno) resoconto.pieno();
+        resoconto.mostra(entrati, uscita || stop || pieno ? numeroRiga : 0, stop);
     }
 };
 
@@ -170,10 +192,12 @@ void LeggiXYZ() {
     uscita = 0;
     EndFile = 0;
     if (ColonneXYZ() == 0) return;
-    LettoreXYZ().leggi();
+    LettoreXYZ lettore;
+    lettore.leggi();
     SpostaXY();
     PoniAnnulla(aNiente);
     InvalFinestra();
+    lettore.mostra();
 }
 
 }   // namespace tessaro

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cstring>
 
-#include "platform/Dialogs.h"
+#include "exchange/Operazione.h"
 #include "platform/Files.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
@@ -28,7 +28,7 @@ bool RigheDxf::finite() const { return uscita != 0 || EndFile != 0; }
 
 bool RigheDxf::altroBlocco() {
     qui = fine = nullptr;
-    if (dimensione > 0 && !ProgressStep(static_cast<double>(posizione) / static_cast<double>(dimensione))) {
+    if (posizione > 0 && !AvanzaLettura(static_cast<double>(posizione) / static_cast<double>(dimensione))) {
         fermataDaTastiera = true;
         EndFile = 1;
         return false;
