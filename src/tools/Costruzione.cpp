@@ -367,6 +367,21 @@ void FaiElemento(std::int16_t tipo) {
     Elastico();
 }
 
+void MuoviElastico() {
+    if (Azione == 5) {
+        FaiElemento(1);
+    } else if (Azione == 8) {
+        if (operazCorrente == 5) FaiElemento(11);
+        if (operazCorrente == 6) FaiElemento(12);
+    } else if (Azione == 1) {
+        if (operazCorrente == 0 || operazCorrente == 1) {
+            FaiElemento(1);
+        } else if (operazCorrente == 5 || operazCorrente == 6) {
+            FaiElemento(CurvePerPunti ? 1 : 11);
+        }
+    }
+}
+
 namespace {
 
 std::string puntoJson(const puntot& p) { return "{\"x\":" + NumeroJson(p.x) + ",\"y\":" + NumeroJson(p.y) + "}"; }
