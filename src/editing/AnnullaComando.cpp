@@ -1,12 +1,15 @@
 // The undo command: the kind's own action, then one step back in the figure in progress.
 #include "editing/AnnullaComando.h"
 
+#include <algorithm>
+
 #include "display/Disegno.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "tools/Costruzione.h"
 
 namespace tessaro {
 
@@ -20,6 +23,7 @@ void passoIndietro() {
     Yini = s.y1;
     Zinizio = s.z1;
     --indElem;
+    inizioAggiunta = std::min(inizioAggiunta, indElem);   // what is being drawn begins behind what is left
 }
 
 }   // namespace
@@ -33,6 +37,7 @@ void AnnullaUltima() {
     passoIndietro();
     InvalWind();
     SospendiAz();
+    if (Azione == 5 && percorsoMisurato.indietro) percorsoMisurato.indietro();   // takes its own rubber off and on
 }
 
 }   // namespace tessaro

@@ -207,7 +207,10 @@ void LeggiDXF() {
     guardaIntestazione(alfabeto);
     ProgressOpen(TestoDi(TestoScambio::avanzaLettura));
     LetturaDXF lettura{RigheDxf(), alfabeto, {}};
-    Sezione(lettura);
+    {
+        const LatoRimandato rimanda;
+        Sezione(lettura);
+    }
     ProgressClose();
     const bool interrotta = uscita != 0;
     RimuoviBlocchiDXF();

@@ -52,12 +52,16 @@ std::string ConMigliaia(std::int64_t n) {
 }
 
 void ElementiContati::aggiungi(std::uint8_t tipo) {
-    static constexpr std::pair<std::uint8_t, Conteggio> conti[] = {
-        {tSegmento, cSegmenti}, {tMarker, cMarker},  {tPoligono, cPoligoni}, {tTesto, cTesti},
-        {tPict, cImmagini},     {tCerchio, cCerchi}, {tArco, cArchi},
-    };
-    for (const auto& [t, c] : conti)
-        if (t == tipo) ++quanti[c];
+    switch (tipo) {
+    case tSegmento: ++quanti[cSegmenti]; break;
+    case tMarker: ++quanti[cMarker]; break;
+    case tPoligono: ++quanti[cPoligoni]; break;
+    case tTesto: ++quanti[cTesti]; break;
+    case tPict: ++quanti[cImmagini]; break;
+    case tCerchio: ++quanti[cCerchi]; break;
+    case tArco: ++quanti[cArchi]; break;
+    default: break;
+    }
 }
 
 void ElementiContati::contaRecord(std::int32_t primo) {

@@ -11,6 +11,11 @@
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "digitising/solutori.h"
+#include "display/Disegno.h"
+#include "editing/Selezione.h"
+#include "model/Selezione.h"
+#include "model/Vista.h"
+#include "platform/paint/RasterPort.h"
 #include "support/Ascolto.h"
 #include "support/Foglio.h"
 
@@ -223,4 +228,53 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
                     c.finite, c.spiegate);
         EXPECT_GT(c.finite, c.prove / 4) << modo;
     }
+}
+
+// Drawing, picking and copying under a mapping that throws points anywhere: over the horizon, to infinity, to no number.
+TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
+    fogliovuoto();
+    caso.seed(7);
+    RasterPort porta(400, 300, 1);
+    SetPort(&porta);
+    scalavid = 0.1;
+    AggiornaTolleranze();
+    const Ascolto ascolto;
+    segmento(100, 100, 3000, 2500);
+    marker(900, 900);
+    polilinea({{200, 2000}, {1500, 300}, {2600, 2600}});
+    Elem(indElem - 2).poli.patternArea = 38;
+    cerchio(1500, 1500, 400);
+    Elem(indElem).cerc.patternArea = 38;
+    arco(2000, 1200, 300, 30, 200);
+    Elem(indElem).arco.patternArea = 38;
+    const std::int32_t t = testo(800, 1600, "Strada vecchia", 40);
+    Elem(t).test.dimensione = 12;
+    Elem(t).test.altezza = 12;
+    Elem(t).test.larghezza = 300;
+    const std::int32_t disegnati = indElem;
+    std::uint32_t ora = 0;
+    testing::internal::CaptureStderr();
+    for (int giro = 0; giro < 40; ++giro) {
+        const Quad src = forme[uno(std::size(forme))](), dst = forme[uno(std::size(forme))]();
+        poni(src, dst, ovunque(), ovunque());
+        attaccoAttivo.SetModificato(1);
+        for (attaccoAttivo.tipo = 0; attaccoAttivo.tipo <= 2; ++attaccoAttivo.tipo) {
+            attaccoAttivo.PreparaAttacco();
+            Disegna();
+            EventRecord clic;
+            clic.when = ora += 1000;   // never a double click
+            const Coppia p = ovunque();
+            ScegliElemento(clic, {p.x, p.y, 0});
+            NessunaSelezione();
+            for (std::int32_t i = 3; i <= disegnati; ++i) Elem(i).selezionato = Elem(i).tipo != tVertice;
+            Puntosel.numSel = 6;
+            attaccoAttivo.AggiungiMultipla(1);
+            EXPECT_EQ(indElem, 2 + 2 * (disegnati - 2));
+            Disegna();   // the copies themselves, once more transformed
+            for (std::int32_t i = 3; i <= disegnati; ++i) Elem(i).selezionato = 0;
+            indElem = disegnati;
+        }
+    }
+    (void)testing::internal::GetCapturedStderr();
+    SetPort(nullptr);
 }

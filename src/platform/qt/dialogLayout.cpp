@@ -31,6 +31,7 @@ constexpr int margine = 16;          // round the whole, logical pixels
 constexpr int maxCampo = 255;        // characters of a field
 constexpr int larghezzaTesto = 60;   // characters at which running text is folded
 constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
+constexpr int ariaTitolo = 96;       // of a window's title bar beside the title, logical pixels
 constexpr int ariaBottone = 14;      // on each side of a button's text, logical pixels
 
 struct Cella {
@@ -66,6 +67,7 @@ public:
         auto* radice = new QVBoxLayout(quadro);
         radice->setSizeConstraint(QLayout::SetFixedSize);
         radice->setContentsMargins(margine, margine, margine, margine);
+        radice->addStrut(quadro->fontMetrics().horizontalAdvance(quadro->windowTitle()) + ariaTitolo);
         pila.push_back({radice});
     }
 
@@ -217,6 +219,8 @@ private:
             w = scelta(c);
         else if (c.tipo == "list")
             w = elenco(c);
+        else if (c.tipo == "table")
+            w = tabella(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -328,6 +332,19 @@ private:
             ultimaEtichetta = nullptr;
         }
         return registra(v, w);
+    }
+
+    // chars= the width of each column, with commas.
+    QWidget* tabella(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::tabella);
+        if (quadro == nullptr) return nullptr;
+        std::vector<int> colonne;
+        for (std::string_view s = c.riga->opzione("chars"); !s.empty();) {
+            const auto fine = std::min(s.find(','), s.size());
+            colonne.push_back(numeroDi(s.substr(0, fine), 10));
+            s.remove_prefix(std::min(fine + 1, s.size()));
+        }
+        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
     }
 
     QWidget* cursore(const Cella& c) {
