@@ -33,6 +33,8 @@ public:
         return rigaLenta(n);
     }
 
+    [[nodiscard]] bool resta() const;   // there are bytes that no line took
+
 private:
     std::string_view rigaLenta(std::int32_t& n);
 
