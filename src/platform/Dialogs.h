@@ -35,7 +35,8 @@ void ShowDialogItem(DialogPtr d, std::int16_t item);   // a list that scrolls is
 void HideDialogItem(DialogPtr d, std::int16_t item);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
                        std::int16_t menu);   // pop-up items take their texts from a menu
-// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen.
+// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen. A table's rows have
+// cells parted by tabs and no colour; its heading is the item's text. Without rows a table is not shown.
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);

@@ -14,6 +14,7 @@
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Rapporto.h"
 
 namespace tessaro {
 
@@ -142,6 +143,7 @@ void CheckEvents() {
     if (WaitNextEvent(e, sonno)) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     AggiustaStatoBottoni();
+    AggiornaRapporto();
     if (noWindow) {
         sonno = -1;
         return;
