@@ -91,8 +91,9 @@ void CambiaLettura() {
     }
 }
 
-void LeggiTavoletta() {
-    if (lettoreVivo != static_cast<std::int16_t>(Lettore::seriale)) return;
+bool LeggiTavoletta() {
+    if (lettoreVivo != static_cast<std::int16_t>(Lettore::seriale)) return false;
+    bool letto = false;
     if (SerialCut()) decodifica.azzera();
     const GuastoSeriale guasto = SerialFault();
     std::optional<Campione> moto;   // of a run of samples without a button the last one counts
@@ -101,6 +102,7 @@ void LeggiTavoletta() {
         for (std::size_t i = 0; i < n; ++i) {
             Campione c;
             if (!decodifica.prendi(byte[i], c)) continue;
+            letto = true;
             c.bottone = pressione.premuto(c.bottone, TickCount());
             if (c.bottone == 0) {
                 moto = c;
@@ -111,9 +113,11 @@ void LeggiTavoletta() {
         }
     }
     if (moto) elabora(*moto);
-    if (guasto == GuastoSeriale::nessuno) return;
-    SpegniTavoletta();
-    racconta(guasto);
+    if (guasto != GuastoSeriale::nessuno) {
+        SpegniTavoletta();
+        racconta(guasto);
+    }
+    return letto;
 }
 
 void CampioneTavoletta(std::int32_t xt, std::int32_t yt, std::int16_t bottone) {

@@ -15,8 +15,9 @@ void SpegniTavoletta();
 void CambiaLettura();   // the Tools menu's switch, with the reader of the settings
 void ParTavoletta();    // its settings, dialog 9101
 
-// The loop's idle step: what the serial line has brought, and whether it was cut. Not under a dialog or a drag.
-void LeggiTavoletta();
+// The loop's idle step: what the serial line has brought, and whether it was cut. Not under a dialog or a drag. True when
+// it brought a sample.
+bool LeggiTavoletta();
 // One sample in counts.
 void CampioneTavoletta(std::int32_t xt, std::int32_t yt, std::int16_t bottone);
 // One sample of a pen, in pixels of the window's content and parts of them: the pen points at the picture itself, and the

@@ -90,6 +90,12 @@ void seguiPuntatore() {
     if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
 }
 
+// A pointer at rest leaves the cursor where the tablet has put it; the button of a sample is over with the next round, so
+// that it holds back no click of the mouse.
+void riposo(bool campione) {
+    if (!campione && Modalita != 0 && Modalita != 2) tabButton = 0;
+}
+
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
@@ -135,7 +141,7 @@ void CheckEvents() {
     static Point ultimo{-1, -1};      // where the pointer was followed to
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
-    LeggiTavoletta();
+    const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     AggiustaStatoBottoni();
     AggiornaRapporto();
     if (noWindow) {
@@ -143,9 +149,11 @@ void CheckEvents() {
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    // A pointer at rest leaves the cursor where the tablet has put it.
     const Point puntatore = GetMouse();
-    if (TabAbilit && puntatore.h == ultimo.h && puntatore.v == ultimo.v) return;
+    if (TabAbilit && puntatore.h == ultimo.h && puntatore.v == ultimo.v) {
+        riposo(campione);
+        return;
+    }
     ultimo = puntatore;
     seguiPuntatore();
 }

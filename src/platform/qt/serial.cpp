@@ -31,7 +31,9 @@ GuastoSeriale guastoDi(QSerialPort::SerialPortError e) {
     case QSerialPort::PermissionError:
     case QSerialPort::OpenError: return GuastoSeriale::negata;
     case QSerialPort::UnsupportedOperationError: return GuastoSeriale::impostazioni;
-    case QSerialPort::ResourceError: return GuastoSeriale::scollegata;
+    case QSerialPort::ResourceError:
+    case QSerialPort::ReadError:   // what a device that went says first, by its driver
+        return GuastoSeriale::scollegata;
     default: return GuastoSeriale::lettura;
     }
 }
@@ -49,6 +51,9 @@ void arrivo() {
 void guasto(QSerialPort::SerialPortError e) {
     if (e == QSerialPort::NoError || linea->guasto != GuastoSeriale::nessuno) return;
     linea->guasto = guastoDi(e);
+    // A line that hung up is ready to be read for ever. Not at once: the port is telling of its fault just now.
+    QMetaObject::invokeMethod(
+        &linea->porta, [p = &linea->porta] { p->close(); }, Qt::QueuedConnection);
     sveglia();
 }
 
