@@ -81,15 +81,34 @@ void TParametri::CambiaCheck(std::int16_t item) {
 
 bool TParametri::LeggiCampo(std::int16_t item, const double& min, const double& max, double& value) {
     esito = leggiReale(item, min, max, value);
+    if (esito <= 0) rifiutato = {item, false, min, max};
     return esito > 0;
 }
 
 bool TParametri::LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value) {
     esito = leggiIntero(item, min, max, value);
+    if (esito <= 0) rifiutato = {item, true, static_cast<double>(min), static_cast<double>(max)};
     return esito > 0;
 }
 
-void TParametri::OscuraAnnulla() { HiliteDialogItem(theDialog, annullaItem, esito <= 0 ? 255 : 0); }
+// Whether the refused field would pass now; nothing is shown or stored.
+bool TParametri::rimediato() const {
+    if (rifiutato.item == 0 || itemCorrente != rifiutato.item) return false;
+    const std::uint8_t prima = uscita;
+    std::int16_t posto = 0, numero = 0;
+    double letto = 0;
+    const std::int16_t code =
+        rifiutato.intero ? STRtoINT(static_cast<std::int16_t>(rifiutato.min), static_cast<std::int16_t>(rifiutato.max),
+                                    testoCampo(rifiutato.item), numero, posto, 0)
+                         : STRtoFP(rifiutato.min, rifiutato.max, testoCampo(rifiutato.item), letto, posto, 0);
+    uscita = prima;
+    return code > 0 && (rifiutato.intero || (letto >= rifiutato.min && letto <= rifiutato.max));
+}
+
+void TParametri::OscuraAnnulla() {
+    if (esito <= 0 && rimediato()) esito = 1;
+    HiliteDialogItem(theDialog, annullaItem, esito <= 0 ? 255 : 0);
+}
 
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value) {
     err_ = leggiReale(item, min, max, value);

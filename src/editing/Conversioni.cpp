@@ -60,7 +60,7 @@ void aggiungi(Quanti quanti) {
     SetCursor(ClockCursor);
     PoniAnnulla(aNiente);
     inizioAggiunta = indElem;
-    if (quanti() == 0) {
+    if (quanti() == 0) {   // Kept: a question that was cancelled converts nothing either
         SysBeep(30);
     } else {
         InvalWind();

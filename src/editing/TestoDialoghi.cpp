@@ -81,6 +81,7 @@ bool chiedi(bool modifica, Voluto& v) {
         if (Noitem == okItem) bene = leggi(v);
     } while (!bene && Noitem != annullaItem);
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     return bene;
 }
 
@@ -113,6 +114,7 @@ std::int16_t ScegliDimFMac(std::int16_t massimo, std::int16_t minimo, std::int16
         if (err_ < 1) SelezionaErrore(campo, err_, inx);
     } while (Noitem != annullaItem && !(Noitem == okItem && err_ > 0));
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     return Noitem == okItem ? corpo : std::int16_t{0};
 }
 

@@ -10,6 +10,7 @@
 #include "model/Attributi.h"
 #include "model/Percorso.h"
 #include "model/TabellaStato.h"
+#include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Rapporto.h"
@@ -155,11 +156,20 @@ void apri() {
         return;
     }
     ModifCalc = 0;
-    percorsoMisurato = {iniziato, aggiunto, Calcolo};
+    percorsoMisurato = {iniziato, aggiunto, Calcolo, IndietroPercorso};
     MettiDisplay(RisCalc.valore, vDisplay);
     MettiDisplay(RisCalc.fattore, vFattore);
     SelectDialogItemText(calcDialog, vDisplay, 0, 255);
     CheckMenuItem(menuStrumenti, voceCalcolatrice, true);
+}
+
+void ridisegna() {
+    SetPortWindowPort(theWindow);
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    PennaElastico();
+    SospendiAz();
 }
 
 }   // namespace
@@ -223,7 +233,6 @@ void DealwithDialogs(const EventRecord& event) {
 
 void IndietroPercorso() {
     if (noWindow || RisCalc.numPunti <= 1) return;
-    SospendiAz();
     Azione = 5;
     --RisCalc.numPunti;
     const auto n = static_cast<std::size_t>(RisCalc.numPunti);
@@ -235,8 +244,7 @@ void IndietroPercorso() {
     lastY = Yini;
     Xfine = xcurs;
     Yfine = ycurs;
-    PennaElastico();
-    SospendiAz();
+    ridisegna();   // without the side that went
 }
 
 namespace {

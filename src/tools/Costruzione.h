@@ -25,11 +25,12 @@ void CalcAngolo(const puntot& p1, const puntot& p2, const puntot& p3, const punt
 void grafcerchio2(const puntot& centro, const double& raggio);
 
 // What the calculator does with a path that is measured, not stored (Azione 5): points in real coordinates. It sets
-// the three when it opens; while they are null a path goes nowhere.
+// them when it opens; while they are null a path goes nowhere.
 struct PercorsoMisurato {
     void (*inizia)(const puntot& reale) = nullptr;     // a new path with this first point
     void (*aggiungi)(const puntot& reale) = nullptr;   // one more point; past its limit it stays silent
     void (*misura)() = nullptr;                        // the path is complete
+    void (*indietro)() = nullptr;                      // one point back; with a single one it stays
 };
 extern PercorsoMisurato percorsoMisurato;
 

@@ -92,11 +92,11 @@ TEST_F(DialogTest, ARadioOrCheckMarkIsTheProgramsToMove) {
     passi = {[](DialogPtr q) { return AutoDialogClick(q, 11); }};
     EXPECT_EQ(corri(), 11);
     EXPECT_EQ(GetDialogItemValue(d, 11), 0);
-    EXPECT_EQ(descrivi(10), "\"Degrees (360 to a full turn)\" checked");
-    EXPECT_EQ(descrivi(11), "\"Gons (400 to a full turn)\"");
+    EXPECT_EQ(descrivi(10), "\"Gons (400 to a full turn)\" checked");
+    EXPECT_EQ(descrivi(11), "\"Degrees (360 to a full turn)\"");
     SetDialogItemValue(d, 10, 0);
     SetDialogItemValue(d, 11, 1);
-    EXPECT_EQ(descrivi(11), "\"Gons (400 to a full turn)\" checked");
+    EXPECT_EQ(descrivi(11), "\"Degrees (360 to a full turn)\" checked");
 }
 
 TEST_F(DialogTest, ReturnGivesTheDefaultEscapeTheCancelAndTheFilterComesFirst) {

@@ -35,6 +35,7 @@ struct FinestraDialogo {
     bool nonModale = false;
     std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
+    std::int16_t inVista = 0;   // item that its scrolling list shows at the opening; 0 when none
     std::string titolo;   // UTF-8, parameters filled in
     std::map<std::int16_t, VoceDialogo> voci;
     std::deque<std::int16_t> colpi;    // items hit and not yet given to ModalDialog

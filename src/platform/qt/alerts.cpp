@@ -1,7 +1,9 @@
 // Alerts: a message with its buttons, from resources. The first line of the text is the message, the others explain it.
+#include <QGridLayout>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 #include <map>
 
@@ -13,6 +15,8 @@
 namespace tessaro {
 
 namespace {
+
+constexpr int larghezza = 400;   // of an alert at least, logical pixels
 
 enum class Segno : std::uint8_t { nessuno, stop, nota, cautela };
 
@@ -115,6 +119,9 @@ std::int16_t chiedi(const Avviso& a, const std::string& detto, Segno come) {
         if (numero == (a.fuga == 0 ? a.predefinito : a.fuga)) scatola.setEscapeButton(bottone);
         QObject::connect(bottone, &QPushButton::clicked, &scatola, [&premuto, numero] { premuto = numero; });
     }
+    // The box goes by its buttons alone otherwise, and folds the text into a narrow column.
+    if (auto* griglia = qobject_cast<QGridLayout*>(scatola.layout()); griglia != nullptr)
+        griglia->addItem(new QSpacerItem(larghezza, 0), griglia->rowCount(), 0, 1, griglia->columnCount());
     const Annidato annidato;
     scatola.setWindowModality(Qt::ApplicationModal);
     scatola.show();

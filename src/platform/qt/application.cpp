@@ -109,7 +109,6 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     preparaAmbiente(a);
     applicazione = new QApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tessaro3d"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessaro 3D"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaro3d"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Scanned sheets are large; sizes are checked before anything is decoded.

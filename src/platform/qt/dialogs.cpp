@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QScrollArea>
 #include <QSlider>
 #include <QTimer>
 
@@ -105,6 +106,15 @@ bool daCoda(FinestraDialogo& d, ModalFilter filter, Rimandati& rimandati, std::i
         if (!preso && e.what != EventKind::nullEvent) rimandati.righe.push_back(std::move(e));
     }
     return false;
+}
+
+// A list that scrolls is scrolled so that the item is seen.
+void scorriFino(const FinestraDialogo& d) {
+    const auto v = d.voci.find(d.inVista);
+    if (v == d.voci.end() || v->second.widget == nullptr) return;
+    for (QWidget* w = v->second.widget->parentWidget(); w != nullptr; w = w->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(w))
+            area->ensureWidgetVisible(v->second.widget, 0, area->height() / 2);
 }
 
 // A modeless dialog stands at the frame's right, so that the drawing beside it stays in reach.
@@ -207,6 +217,7 @@ void mostra(FinestraDialogo& d) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
         if (d.nonModale) accanto(*d.quadro);
         d.quadro->show();
+        scorriFino(d);
         d.quadro->activateWindow();
     }
     if (copione() != nullptr) copione()->dialogoAperto(d.id, d.titolo);
@@ -324,6 +335,8 @@ void ShowDialogItem(DialogPtr d, std::int16_t item) {
     if (VoceDialogo* v = voceDi(d, item); v != nullptr) {
         v->nascosta = false;
         if (v->widget != nullptr) v->widget->show();
+        d->inVista = item;
+        if (d->mostrata) scorriFino(*d);
     }
 }
 
