@@ -47,6 +47,8 @@ void ParamText(std::string_view p0, std::string_view p1, std::string_view p2, st
 
 // Alerts give the button hit. Without a window system (fuzzing, benches) they give the default at once.
 std::int16_t StopAlert(std::int16_t id);
+// With a ^0 of its own and no other parameter; those of ParamText hold again behind it, for the dialog that is open.
+std::int16_t StopAlertParam(std::int16_t id, std::string_view macRoman0);
 std::int16_t NoteAlert(std::int16_t id);
 std::int16_t CautionAlert(std::int16_t id);
 std::int16_t Alert(std::int16_t id);
