@@ -42,12 +42,8 @@ void TLeggiEntitaDXF::Poligono() {
         }
         break;
     }
-    if (f.testa == 0) return;
-    if (f.vertici == 0) {
-        lettura.resoconto.tralascia("POLYLINE");
-        indElem = prima;
-        return;
-    }
+    // Kept: a head to which no vertex came stays, at the origin of the sheet.
+    if (f.testa == 0 || f.vertici == 0) return;
     const auto& testa = Elem(f.testa).poli;
     if (f.chiusa) aggiungiVertice(f, testa.x, testa.y, testa.z);
 }

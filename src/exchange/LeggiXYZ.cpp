@@ -17,7 +17,7 @@
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "platform/Dialogs.h"
-#include "platform/Events.h"
+#include "platform/Resources.h"
 #include "text/Conversione.h"
 #include "text/Decimale.h"
 #include "text/FileDati.h"
@@ -175,6 +175,11 @@ public:
 };
 
 }   // namespace
+
+bool ApriXYZ(FSSpec& file) {
+    constexpr std::int16_t listaNomi = 129, invito = 3, tipiTesti = 302;
+    return NavGetFile(GetIndString(listaNomi, invito), tipiTesti, file);
+}
 
 void ContrErr(std::int16_t code, std::int32_t& line) {
     if (code > 0) return;

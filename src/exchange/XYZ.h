@@ -5,6 +5,7 @@
 #include <string>
 
 #include "exchange/Resoconto.h"
+#include "platform/Files.h"
 #include "text/PascalString.h"
 
 namespace tessaro {
@@ -12,6 +13,7 @@ namespace tessaro {
 extern PStr255 filexyz;       // name of the last list written; FaiXYZAsci
 extern std::string vrefrel;   // its folder, UTF-8
 
+bool ApriXYZ(FSSpec& file);   // the file request
 // The open file into markers behind the last record, and the report; the caller closes it, unless RefNum is 0.
 void LeggiXYZ();
 Scritti ScriviXYZ();   // all points of the drawing into the open file

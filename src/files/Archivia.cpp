@@ -31,7 +31,7 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiTesti = 302;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
 constexpr std::int16_t menuArchivio = 2;
 
 // Requests by their numbers.
@@ -54,7 +54,7 @@ enum : std::int16_t {
     rCXF = 64,
 };
 
-enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf };
+enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
 enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
 
 struct Richiesta {
@@ -82,8 +82,8 @@ constexpr Richiesta richieste[] = {
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
     {rDxf, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiDXF},
-    {rXYZ, Scelta::leggi, Opera::testo, 3, tipiTesti, "", false, LeggiXYZ},
-    {rCXF, Scelta::leggi, Opera::testo, 9100, tipiTesti, "", false, LeggiCXF},
+    {rXYZ, Scelta::xyz, Opera::testo, 0, 0, "", false, LeggiXYZ},
+    {rCXF, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiCXF},
 };
 
 const Richiesta* richiestaDi(std::int16_t numero) {
@@ -130,6 +130,7 @@ bool scegliFile(const Richiesta& r, FSSpec& file) {
     case Scelta::salva: file = myFSS; return true;
     case Scelta::dato: file = myFSS; return eDisegno(file);
     case Scelta::dxf: return ApriDXF(file);
+    case Scelta::xyz: return ApriXYZ(file);
     case Scelta::nessuna: return false;
     }
     return false;

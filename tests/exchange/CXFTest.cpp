@@ -122,7 +122,7 @@ TEST(CXF, EscFermaLaLetturaEQuantoLettoResta) {
     premiEsc();
     leggi(mappa);
     EXPECT_GT(indElem, 100);
-    EXPECT_LT(indElem, 300);
+    EXPECT_LT(indElem, 1000);
     EXPECT_NE(resoconto().find("Reading was stopped at line "), std::string::npos) << resoconto();
     // The figure that was being read has the vertices that were.
     std::int32_t atteso = 3;

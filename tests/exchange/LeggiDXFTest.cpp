@@ -94,6 +94,17 @@ TEST(LeggiDXF, APolylineClosesWithACopyOfItsHead) {
     controllaRecord();
 }
 
+TEST(LeggiDXF, APolylineWithoutVerticesIsItsHeadAlone) {
+    foglioDxf();
+    leggiDxf(entita("0 POLYLINE,70 1,62 4,66 1,0 SEQEND,8 0,0 LINE,10 9"));
+    ASSERT_EQ(indElem, 4);
+    EXPECT_EQ(Elem(3).tipo, tPoligono);
+    EXPECT_EQ(Elem(3).poli.numVertici, 0);
+    EXPECT_EQ(Elem(3).poli.x, 0);
+    EXPECT_EQ(Elem(3).poli.colore, 4);
+    EXPECT_EQ(Elem(4).tipo, tSegmento);
+}
+
 TEST(LeggiDXF, APolylineOfMoreVerticesThanAHeadCountsGoesOnInAnother) {
     foglioDxf(50000);
     std::string s = "0 POLYLINE,70 1,62 6";
