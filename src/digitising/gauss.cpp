@@ -14,6 +14,10 @@ namespace tessaro {
 
 namespace {
 
+constinit int zitti = 0;   // SenzaTraccia that live
+
+std::FILE* traccia() { return zitti > 0 ? nullptr : ConsoleOut(); }
+
 std::string treCifre(double v) {
     char b[32];
     const auto fine = std::to_chars(b, b + sizeof b, v, std::chars_format::general, 3).ptr;
@@ -38,12 +42,15 @@ void mostraPasso(std::FILE* f, int n, int k, double a[][colonneGauss]) {
 
 }   // namespace
 
+SenzaTraccia::SenzaTraccia() { ++zitti; }
+SenzaTraccia::~SenzaTraccia() { --zitti; }
+
 void stampa(double a[][colonneGauss], int n) {
-    if (std::FILE* f = ConsoleOut()) std::fputs(righe(a, n).c_str(), f);
+    if (std::FILE* f = traccia()) std::fputs(righe(a, n).c_str(), f);
 }
 
 void stampa_sol(const double* x, int n) {
-    std::FILE* f = ConsoleOut();
+    std::FILE* f = traccia();
     if (!f) return;
     std::string s = "Vettore soluzioni\n";
     for (int i = 0; i < n; ++i) s += "\tx(" + std::to_string(i) + ")=" + treCifre(x[i]) + "\n";
@@ -94,10 +101,10 @@ void risali(int n, double a[][colonneGauss], const double* b, double* x) {
 
 }   // namespace
 
-int pivot(int n, int k, double a[][colonneGauss], double* b) { return perno(ConsoleOut(), n, k, a, b); }
+int pivot(int n, int k, double a[][colonneGauss], double* b) { return perno(traccia(), n, k, a, b); }
 
 int gauss(double a[][colonneGauss], double* b, double* x, int n) {
-    std::FILE* const f = ConsoleOut();   // asked once: a mesh solves by the thousand
+    std::FILE* const f = traccia();   // asked once: a mesh solves by the thousand
     for (int k = 0; k < n - 1; ++k) {
         if (perno(f, n, k, a, b) != 0) return -1;
         eliminaSotto(n, k, a, b);

@@ -53,16 +53,7 @@ bool Domanda(std::int16_t dialogo, std::string_view iniziale, const std::functio
 }
 
 bool DomandaIntero(std::int16_t dialogo, bool vuoto, std::int16_t min, std::int16_t max, std::int16_t& valore) {
-    const auto accetta = [&] {
-        std::int16_t letto = 0;
-        err_ = STRtoINT(min, max, PStr255(std::string_view(GetDialogItemText(theDialog, campoDomanda))), letto, inx, 1);
-        if (err_ < 1) {
-            SelezionaErrore(campoDomanda, err_, inx);
-            return false;
-        }
-        valore = letto;
-        return true;
-    };
+    const auto accetta = [&] { return LeggiCampoIntero(campoDomanda, min, max, valore); };
     return Domanda(dialogo, vuoto ? std::string() : NumToString(valore).str(), accetta);
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -49,6 +50,7 @@ public:
         massimo = 0xBF;
         --mancanti;
     }
+    [[nodiscard]] bool traCaratteri() const { return mancanti == 0; }
     [[nodiscard]] bool valida() const { return buono && mancanti == 0; }
 };
 
@@ -80,15 +82,30 @@ bool cominciaColSegno() {
     return n == 3 && testa == segnoUtf8;
 }
 
+// The file's bytes from its present position on, in large blocks.
 template <class Passo>
-void perOgniByte(Passo passo) {
-    std::array<std::uint8_t, 4096> blocco;
-    for (;;) {
-        auto n = static_cast<std::int32_t>(blocco.size());
-        const OSErr e = FSRead(RefNum, n, blocco.data());
-        std::for_each_n(blocco.begin(), std::max(n, 0), passo);
-        if (e != noErr || n <= 0) return;   // a fault comes again, and is told, when the lines are read
+void perOgniBlocco(Passo passo) {
+    std::int64_t posizione = 0, quanti = 0;
+    GetFPos(RefNum, posizione);
+    const char* byte = nullptr;
+    // A fault comes again, and is told, when the lines are read.
+    while (FSPeek(RefNum, byte, quanti) == noErr && quanti > 0) {
+        passo(std::string_view(byte, static_cast<std::size_t>(quanti)));
+        posizione += quanti;
+        if (SetFPos(RefNum, posizione) != noErr) return;
     }
+}
+
+// The first byte above ASCII, or the end.
+const char* saltaAscii(const char* p, const char* fine) {
+    constexpr std::uint64_t alti = 0x8080808080808080;
+    std::array<std::uint64_t, 4> parole;
+    for (; fine - p >= static_cast<std::ptrdiff_t>(sizeof parole); p += sizeof parole) {
+        std::memcpy(parole.data(), p, sizeof parole);
+        if (((parole[0] | parole[1] | parole[2] | parole[3]) & alti) != 0) break;
+    }
+    while (p != fine && static_cast<std::uint8_t>(*p) < 0x80) ++p;
+    return p;
 }
 
 // CP1252 from 0x80 to 0x9F; the five places it leaves open stand for themselves.
@@ -131,20 +148,41 @@ Codifica RiconosciCodifica() {
     const bool conSegno = cominciaColSegno();
     SetFPos(RefNum, inizioTesto);
     ProvaUtf8 prova;
-    Conteggio conto;
-    perOgniByte([&](std::uint8_t c) {
-        prova.passa(c);
-        conto.passa(c);
+    bool ascii = true;
+    perOgniBlocco([&](std::string_view blocco) {
+        const char* p = blocco.data();
+        const char* const fine = p + blocco.size();
+        while (p != fine) {
+            if (prova.traCaratteri()) p = saltaAscii(p, fine);
+            if (p == fine) break;
+            ascii = false;
+            prova.passa(static_cast<std::uint8_t>(*p++));
+        }
     });
+    Codifica codifica = ascii ? Codifica::ascii : Codifica::utf8;
+    if (!prova.valida()) {
+        SetFPos(RefNum, inizioTesto);
+        Conteggio conto;
+        perOgniBlocco([&conto](std::string_view blocco) {
+            for (const char c : blocco) conto.passa(static_cast<std::uint8_t>(c));
+        });
+        codifica = conto.cp1252() ? Codifica::cp1252 : Codifica::macRoman;
+    }
     SetFPos(RefNum, inizioTesto + (conSegno ? static_cast<std::int64_t>(segnoUtf8.size()) : 0));
-    if (prova.valida()) return Codifica::utf8;
-    return conto.cp1252() ? Codifica::cp1252 : Codifica::macRoman;
+    return codifica;
+}
+
+std::string_view InMacRoman(std::string_view riga, Codifica codifica, std::string& spazio) {
+    if (codifica == Codifica::ascii || codifica == Codifica::macRoman || soloAscii(riga)) return riga;
+    constexpr std::size_t massima = 255;
+    spazio = Utf8ToMac(codifica == Codifica::utf8 ? std::string(riga) : daCp1252(riga));
+    return std::string_view(spazio).substr(0, massima);
 }
 
 void InMacRoman(PStr255& riga, Codifica codifica) {
-    if (codifica == Codifica::macRoman || soloAscii(riga.view())) return;
-    const std::string utf8 = codifica == Codifica::utf8 ? riga.str() : daCp1252(riga.view());
-    riga = PStr255(std::string_view(Utf8ToMac(utf8)));
+    std::string spazio;
+    const std::string_view mac = InMacRoman(riga.view(), codifica, spazio);
+    if (mac.data() == spazio.data()) riga = PStr255(mac);
 }
 
 }   // namespace tessaro

@@ -7,6 +7,7 @@
 #include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/GruppiDXF.h"
+#include "exchange/Operazione.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Colori.h"
@@ -16,6 +17,12 @@
 #include "text/FileDati.h"
 
 namespace tessaro {
+
+namespace {
+
+const PStr255 senzaTesto("");
+
+}   // namespace
 
 const TLeggiEntitaDXF::Operazione TLeggiEntitaDXF::operazioni[] = {
     {"LINE", &TLeggiEntitaDXF::Linea},      {"POLYLINE", &TLeggiEntitaDXF::Poligono},
@@ -57,7 +64,7 @@ void TLeggiEntitaDXF::Leggi() {
 void TLeggiEntitaDXF::entita(std::string_view nome) {
     for (const Operazione& o : operazioni) {
         if (!StessaParola(nome, o.nome)) continue;
-        if (StrOperCorr.view() != o.nome) StrOperCorr = o.nome.data();
+        MostraOperazione(o.nome);
         fineEntita = false;
         (this->*o.leggi)();
         return;
@@ -78,12 +85,13 @@ void TLeggiEntitaDXF::saltaEntita() {
 
 bool TLeggiEntitaDXF::prossimo() {
     if (lettura.righe.finite()) return false;
-    gruppo = CodiceGruppo(lettura.righe.riga());
+    gruppo = lettura.righe.codice();
     fineEntita = gruppo == g0;
     return !fineEntita;
 }
 
 bool TLeggiEntitaDXF::reale(double& dove) {
+    if (lettura.righe.reale(dove)) return true;
     const std::string_view s = lettura.righe.riga();
     if (s.empty() && lettura.righe.finite()) return false;
     return RealeDaRiga(s, dove);
@@ -116,9 +124,22 @@ std::int16_t TLeggiEntitaDXF::layer() {
     const std::string_view riga = lettura.righe.riga();
     if (layerNoto && riga == rigaLayer) return ultimoLayer;
     rigaLayer = riga;
-    ultimoLayer = CercaLayer(Str255To15(PStr255(std::string_view(lettura.alfabeto.nome(rigaLayer)))));
+    ultimoLayer = layerDi(rigaLayer);
     layerNoto = true;
     return ultimoLayer;
+}
+
+// A name of other characters than ASCII may come to mean another one in the course of a file: it is asked for anew.
+std::int16_t TLeggiEntitaDXF::layerDi(const std::string& nome) {
+    constexpr std::size_t nomiTenuti = 1000;   // a hostile file may hold a million names
+    const auto noto = layerVisti.find(nome);
+    if (noto != layerVisti.end()) return noto->second;
+    const std::string mac = lettura.alfabeto.nome(nome);
+    const std::int16_t l = CercaLayer(Str255To15(PStr255(std::string_view(mac))));
+    const bool ascii =
+        std::all_of(nome.begin(), nome.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x80; });
+    if (ascii && layerVisti.size() < nomiTenuti) layerVisti.emplace(nome, l);
+    return l;
 }
 
 bool TLeggiEntitaDXF::attributi(f16& dovePattern, f16& doveColore) {
@@ -156,7 +177,7 @@ void TLeggiEntitaDXF::ammessi(std::int16_t& col, std::int16_t& pat) {
 void TLeggiEntitaDXF::memorizza(Tipoelem tipo, const Valori& v, std::int16_t col, std::int16_t pat) {
     if (indElem >= maxElementi) lettura.resoconto.senzaPosto();
     ammessi(col, pat);
-    Memorizza(tipo, v.a, v.b, v.c, v.d, v.e, 0, spessore, col, pat, "");
+    Memorizza(tipo, v.a, v.b, v.c, v.d, v.e, 0, spessore, col, pat, senzaTesto);
 }
 
 void TLeggiEntitaDXF::Linea() {
@@ -180,7 +201,7 @@ void TLeggiEntitaDXF::Linea() {
     if (indElem >= maxElementi) lettura.resoconto.senzaPosto();
     std::int16_t col = s.colore, pat = s.pattern;
     ammessi(col, pat);
-    Memorizza(tSegmento, x1, y1, s.z1, x2, y2, s.z2, spessore, col, pat, "");
+    Memorizza(tSegmento, x1, y1, s.z1, x2, y2, s.z2, spessore, col, pat, senzaTesto);
 }
 
 void TLeggiEntitaDXF::Punto() {

@@ -4,9 +4,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "exchange/ResocontoDXF.h"
+#include "exchange/Resoconto.h"
 #include "exchange/RigheDxf.h"
 #include "exchange/TestoDxf.h"
 #include "model/Elemento.h"
@@ -17,7 +18,7 @@ namespace tessaro {
 struct LetturaDXF {
     RigheDxf righe;
     AlfabetoDxf alfabeto;
-    ResocontoDXF resoconto;
+    Resoconto resoconto;
 };
 
 // --- layers and blocks of the file in hand
@@ -67,6 +68,7 @@ private:
     bool reale(double& dove);
     bool colore(f16& dove);
     std::int16_t layer();   // CercaLayer of a group 8
+    std::int16_t layerDi(const std::string& nome);
     // Groups 6, 8 and 62; false when the group is none of them.
     bool attributi(f16& dovePattern, f16& doveColore);
 
@@ -106,8 +108,9 @@ private:
     std::string rigaLayer;   // the last group 8, and what CercaLayer made of it: neighbours share their layer
     std::int16_t ultimoLayer = 0;
     bool layerNoto = false;
-    double scalaX = 1, scalaY = 1, scalaZ = 1;   // of the INSERT in hand
-    double insX = 0, insY = 0, insZ = 0;         // its place
+    std::unordered_map<std::string, std::int16_t> layerVisti;   // by their bytes in the file
+    double scalaX = 1, scalaY = 1, scalaZ = 1;                  // of the INSERT in hand
+    double insX = 0, insY = 0, insZ = 0;                        // its place
 };
 
 }   // namespace tessaro

@@ -1,12 +1,15 @@
 // The point list's reader: each row becomes a marker.
 #include <algorithm>
-#include <array>
+#include <string>
+#include <string_view>
 
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
+#include "exchange/Operazione.h"
+#include "exchange/RigheElenco.h"
 #include "exchange/XYZ.h"
 #include "files/Risanamento.h"
 #include "model/Annulla.h"
@@ -16,6 +19,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "text/Conversione.h"
+#include "text/Decimale.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -24,54 +28,64 @@ namespace {
 
 constexpr std::int16_t avvisoRiga = 3007, risponde2Ferma = 2;
 constexpr std::int16_t senzaRiga = -5;   // the file ended instead of a row
-constexpr std::uint8_t tab = 9;
-constexpr std::int32_t righeTraDomande = 256;   // rows between two looks at the keyboard
+constexpr char tab = 9;
 
 // A tag holds 13 characters; what is longer is cut.
-Aref arefDa(const PStr255& campo) {
+Aref arefDa(std::string_view campo) {
     Aref a{};
-    a[0] = std::min<std::uint8_t>(campo[0], static_cast<std::uint8_t>(a.size() - 1));
-    std::copy_n(campo.bytes() + 1, a[0], a.begin() + 1);
+    const std::string_view tenuti = campo.substr(0, a.size() - 1);
+    a[0] = static_cast<std::uint8_t>(tenuti.size());
+    std::copy(tenuti.begin(), tenuti.end(), a.begin() + 1);
     return a;
+}
+
+// The codes of STRtoFP, messages included.
+std::int16_t numeroDa(std::string_view campo, double& valore) {
+    constexpr std::size_t pieno = 255;   // a full string loses its last character there
+    if (cifreEstese != 0 && campo.size() < pieno && RealePiano(campo, valore)) return 1;
+    std::int16_t pos = 0;
+    return STRtoFP(-1e30, 1e30, PStr255(campo), valore, pos, 1);
 }
 
 class LettoreXYZ {
     Codifica codifica = RiconosciCodifica();
+    RigheElenco righe;        // from where the text begins, which the line above found
+    std::string convertita;   // a row in Mac Roman
     std::int32_t numeroRiga = 0;
     std::int32_t posto = 0;   // record of this round
     std::int16_t codice = senzaRiga;
+    bool rigaLetta = false;   // this round began a row
+    bool stop = false;        // the person stopped the list
+    ElementiContati entrati;
+    Resoconto resoconto;
     // Kept: not cleared between rows, so a column that the layout leaves out stays at zero.
     double x = 0, y = 0, z = 0;
 
-    void leggi(PStr255& s) {
-        LeggiRiga(s, numeroRiga);
-        InMacRoman(s, codifica);
-    }
+    std::string_view prossima() { return InMacRoman(righe.riga(numeroRiga), codifica, convertita); }
 
-    void analizza(std::int16_t colonna, const PStr255& campo) {
+    [[nodiscard]] bool restaDaLeggere() const { return EndFile == 0 && righe.resta(); }
+
+    void analizza(std::int16_t colonna, std::string_view campo) {
         if (colonna == colonnaAref) {
             Elem(posto).mark.t.aref = arefDa(campo);
             codice = 1;
             return;
         }
-        std::int16_t pos = 0;
-        double& valore = colonna == colonnaX ? x : colonna == colonnaY ? y : z;
-        codice = STRtoFP(-1e30, 1e30, campo, valore, pos, 1);
+        codice = numeroDa(campo, colonna == colonnaX ? x : colonna == colonnaY ? y : z);
     }
 
     // Each column a line of its own. A row that the file's end cuts short is a fault, its plain end is none.
     void rigaPerRiga() {
-        bool iniziata = false;
+        rigaLetta = false;
         for (const std::int16_t colonna : DatoP) {
             if (colonna == colonnaNessuna) continue;
-            PStr255 riga;
-            leggi(riga);
-            if (uscita || (EndFile && riga[0] == 0)) {
+            const std::string_view riga = prossima();
+            if (uscita || (EndFile && riga.empty())) {
                 codice = senzaRiga;
-                if (iniziata && !uscita) ContrErr(codice, numeroRiga);
+                if (rigaLetta && !uscita) ContrErr(codice, numeroRiga);
                 return;
             }
-            iniziata = true;
+            rigaLetta = true;
             analizza(colonna, riga);
             ContrErr(codice, numeroRiga);
             if (uscita) return;
@@ -80,22 +94,19 @@ class LettoreXYZ {
 
     // The whole row in one line, its fields between tabs; fields that are missing are empty.
     void rigaIntera() {
-        PStr255 riga;
-        leggi(riga);
-        if (uscita || (EndFile && riga[0] == 0)) {
+        std::string_view resto = prossima();
+        rigaLetta = !uscita && !(EndFile && resto.empty());
+        if (!rigaLetta) {
             codice = senzaRiga;
             return;
         }
-        std::int16_t inizio = 1;
         for (const std::int16_t colonna : DatoP) {
             if (colonna == colonnaNessuna) continue;
-            const std::int16_t dopo = static_cast<std::int16_t>(riga[0] + 1);
-            std::int16_t fineCampo = inizio;
-            while (fineCampo < dopo && riga[fineCampo] != tab) ++fineCampo;
-            analizza(colonna, riga.Copy(inizio, static_cast<std::int16_t>(fineCampo - inizio)));
+            const std::size_t fineCampo = std::min(resto.find(tab), resto.size());
+            analizza(colonna, resto.substr(0, fineCampo));
             ContrErr(codice, numeroRiga);
             if (uscita) return;
-            inizio = std::min(dopo, static_cast<std::int16_t>(fineCampo + 1));
+            resto.remove_prefix(std::min(fineCampo + 1, resto.size()));
         }
     }
 
@@ -135,19 +146,31 @@ class LettoreXYZ {
         else
             rigaPerRiga();
         // Kept: the row's last field decides alone; a fault in an earlier one was the user's to judge.
-        if (codice > 0) memorizza();
+        if (codice > 0) {
+            memorizza();
+            entrati.aggiungi(tMarker);
+        } else if (rigaLetta) {
+            resoconto.parti.aggiungi(cRigheGuaste);
+        }
         conta();
     }
 
 public:
     void leggi() {
-        std::int32_t righe = 0;
+        LetturaLunga lunga(TestoScambio::avanzaPunti);
+        MostraOperazione("XYZ");
         posto = std::max(indElem, 2);
-        while (!EndFile && !uscita && posto < maxElementi) {
-            if (++righe % righeTraDomande == 0 && escapePressed()) return;
+        while (!EndFile && !uscita && posto < maxElementi && lunga.continua()) {
             ++posto;
             riga();
         }
+        stop = lunga.fermata() || RefNum == 0;   // Escape, or the button of a bad row
+    }
+
+    void mostra() {
+        const bool pieno = !uscita && !stop && posto >= maxElementi && restaDaLeggere();
+        if (pieno) resoconto.pieno();
+        resoconto.mostra(entrati, uscita || stop || pieno ? numeroRiga : 0, stop);
     }
 };
 
@@ -170,10 +193,12 @@ void LeggiXYZ() {
     uscita = 0;
     EndFile = 0;
     if (ColonneXYZ() == 0) return;
-    LettoreXYZ().leggi();
+    LettoreXYZ lettore;
+    lettore.leggi();
     SpostaXY();
     PoniAnnulla(aNiente);
     InvalFinestra();
+    lettore.mostra();
 }
 
 }   // namespace tessaro

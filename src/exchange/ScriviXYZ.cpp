@@ -3,16 +3,17 @@
 #include <array>
 #include <filesystem>
 #include <limits>
+#include <string_view>
 
 #include "dialogs/Errori.h"
 #include "digitising/Coordinate.h"
 #include "exchange/ApriScrittura.h"
+#include "exchange/BufferRighe.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/XYZ.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
-#include "text/Conversione.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -25,34 +26,9 @@ namespace {
 constexpr std::int16_t invitoXYZ = 34;
 constexpr double nessuna = std::numeric_limits<double>::quiet_NaN();   // a coordinate that equals none
 
-PStr255 testoAref(const Aref& a) {
+std::string_view testoAref(const Aref& a) {
     const std::size_t lungo = std::min<std::size_t>(a[0], a.size() - 1);
-    return PStr255(std::string_view(reinterpret_cast<const char*>(a.data()) + 1, lungo));
-}
-
-PStr255 colonna(std::int16_t quale, const puntot& p, const Aref& aref) {
-    switch (quale) {
-    case colonnaX: return FormatReal(p.x, 10, 3);
-    case colonnaY: return FormatReal(p.y, 10, 3);
-    case colonnaZ: return FormatReal(p.z, 10, 3);
-    default: return testoAref(aref);
-    }
-}
-
-void riga(const puntot& p, const Aref& aref) {
-    static const PStr255 tab('\t');
-    const auto ultima = std::find_if(DatoP.rbegin(), DatoP.rend(), [](std::int16_t c) { return c != colonnaNessuna; });
-    const auto ultimo = static_cast<std::size_t>(DatoP.rend() - ultima);   // columns up to the last used one
-    for (std::size_t i = 0; i < ultimo; ++i) {
-        if (DatoP[i] == colonnaNessuna) continue;
-        const PStr255 testo = colonna(DatoP[i], p, aref);
-        if (TipoForm == rigaPerValore || i + 1 == ultimo) {
-            writelnDisco(testo);
-        } else {
-            writeDisco(testo);
-            writeDisco(tab);
-        }
-    }
+    return {reinterpret_cast<const char*>(a.data()) + 1, lungo};
 }
 
 puntot reale(double x, double y, double z) {
@@ -64,8 +40,33 @@ puntot reale(double x, double y, double z) {
 bool diversi(const puntot& a, const puntot& b) { return a.x != b.x || a.y != b.y || a.z != b.z; }
 
 class ScrittoreXYZ {
+    BufferRighe righe;
     puntot corrente;                                  // the point computed last
     puntot fineSegmento{nessuna, nessuna, nessuna};   // where the segment written last ends
+
+    void colonna(std::int16_t quale, const puntot& p, const Aref& aref) {
+        constexpr std::int16_t larghezza = 10, decimali = 3;
+        switch (quale) {
+        case colonnaX: righe.numero(p.x, larghezza, decimali); break;
+        case colonnaY: righe.numero(p.y, larghezza, decimali); break;
+        case colonnaZ: righe.numero(p.z, larghezza, decimali); break;
+        default: righe.aggiungi(testoAref(aref));
+        }
+    }
+
+    void riga(const puntot& p, const Aref& aref) {
+        const auto ultima =
+            std::find_if(DatoP.rbegin(), DatoP.rend(), [](std::int16_t c) { return c != colonnaNessuna; });
+        const auto ultimo = static_cast<std::size_t>(DatoP.rend() - ultima);   // columns up to the last used one
+        for (std::size_t i = 0; i < ultimo; ++i) {
+            if (DatoP[i] == colonnaNessuna) continue;
+            colonna(DatoP[i], p, aref);
+            if (TipoForm == rigaPerValore || i + 1 == ultimo)
+                righe.fineRiga();
+            else
+                righe.aggiungi("\t");
+        }
+    }
 
     void segmento(const elemento& e) {
         corrente = reale(e.segm.x1, e.segm.y1, e.segm.z1);
@@ -75,7 +76,11 @@ class ScrittoreXYZ {
     }
 
 public:
+    Scritti conti;
+
     void scrivi(const elemento& e) {
+        const bool conPunti = e.tipo == tSegmento || e.tipo == tMarker || e.tipo == tPoligono || e.tipo == tVertice;
+        (conPunti ? conti.scritti : conti.perduti).aggiungi(e.tipo);
         switch (e.tipo) {
         case tTesto: return;
         case tSegmento: segmento(e); return;
@@ -90,10 +95,11 @@ public:
 
 }   // namespace
 
-void ScriviXYZ() {
+Scritti ScriviXYZ() {
     SetCursor(ClockCursor);
     ScrittoreXYZ scrittore;
     for (std::int32_t n = 3; n <= indElem && !uscita; ++n) scrittore.scrivi(Elem(n));
+    return scrittore.conti;
 }
 
 void ApriXYZScr() {
@@ -106,8 +112,10 @@ void ApriXYZScr() {
 void FaiXYZAsci() {
     ApriXYZScr();
     if (!uscita) {
-        ScriviXYZ();
+        const Scritti conti = ScriviXYZ();
         ChiudiScrittura();
+        SetCursor(arrowCursor);
+        if (!uscita) MostraScritti(conti, TestoScambio::nonNegliElenchi);
     }
     SetCursor(arrowCursor);
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 
 #include "model/Annulla.h"
 #include "model/Attributi.h"
@@ -69,10 +70,14 @@ std::int16_t arrotonda16(double v) {
 
 namespace {
 
+struct Lato {
+    double dx, dy, x1, y1, x2, y2;
+};
+
 // The direction of the last side, for the parallel and perpendicular constraints and the polar entry.
-void ricordaLato(double dx, double dy, double x1, double y1, double x2, double y2) {
-    if (dx != 0) {
-        const double m = dy / dx;
+void misuraLato(const Lato& l) {
+    if (l.dx != 0) {
+        const double m = l.dy / l.dx;
         statoCursore.pendenza = m;
         statoCursore.pendenza2 = m * m;
         statoCursore.kPendenza = 1 / (m * m + 1);
@@ -80,7 +85,19 @@ void ricordaLato(double dx, double dy, double x1, double y1, double x2, double y
     } else {
         statoCursore.verticale = 1;
     }
-    CartPolar(x1, y1, x2, y2, distprecedente, angoloprecedente, orientCorrente);
+    CartPolar(l.x1, l.y1, l.x2, l.y2, distprecedente, angoloprecedente, orientCorrente);
+}
+
+constinit bool rimandato = false;
+constinit std::optional<Lato> ultimoLato, ultimoObliquo;   // an upright side leaves the slope of the one before it
+
+void ricordaLato(const Lato& l) {
+    if (!rimandato) {
+        misuraLato(l);
+        return;
+    }
+    ultimoLato = l;
+    if (l.dx != 0) ultimoObliquo = l;
 }
 
 // The record before a vertex is its head or a vertex: both hold their point at the same place.
@@ -94,7 +111,7 @@ void vertice(elemento& e) {
     const elemento& prima = Elem(indElem - 1);
     const double px = prima.vert.x, py = prima.vert.y, x = e.vert.x, y = e.vert.y;
     // Kept: both differences run from this vertex to the one before; the slope is the same, the sense is told so.
-    ricordaLato(px - x, py - y, px, py, x, y);
+    ricordaLato({px - x, py - y, px, py, x, y});
 }
 
 void testo(elemento& e, const PStr255& s) {
@@ -122,6 +139,18 @@ void testo(elemento& e, const PStr255& s) {
 }
 
 }   // namespace
+
+LatoRimandato::LatoRimandato() {
+    rimandato = true;
+    ultimoLato.reset();
+    ultimoObliquo.reset();
+}
+
+LatoRimandato::~LatoRimandato() {
+    rimandato = false;
+    if (ultimoObliquo) misuraLato(*ultimoObliquo);
+    if (ultimoLato) misuraLato(*ultimoLato);
+}
 
 void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c, const double& d, const double& e,
                const double& f, std::int16_t s, std::int16_t colore, std::int16_t p, const PStr255& scritta) {
@@ -153,7 +182,7 @@ void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c,
         r.segm.spessore = s;
         r.segm.pattern = p;
         r.segm.colore = colore;
-        ricordaLato(d - a, e - b, a, b, d, e);
+        ricordaLato({d - a, e - b, a, b, d, e});
         break;
     case tMarker:
         r.mark.t.aref = ArefMarkerDef;

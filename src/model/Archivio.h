@@ -34,6 +34,16 @@ void AzzeraArchivio();   // an empty drawing: indElem 2, records 1 and 2 reset
 void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c, const double& d, const double& e,
                const double& f, std::int16_t s, std::int16_t colore, std::int16_t p, const PStr255& testo);
 
+// While one lives, Memorizza only notes the last side; its length and direction are worked out at the end. For imports,
+// which store sides by the million.
+class LatoRimandato {
+public:
+    LatoRimandato();
+    ~LatoRimandato();
+    LatoRimandato(const LatoRimandato&) = delete;
+    LatoRimandato& operator=(const LatoRimandato&) = delete;
+};
+
 // Copies `count` whole records from `from` to `to`; ranges may overlap.
 void CopiaRecord(std::int32_t to, std::int32_t from, std::int32_t count);
 

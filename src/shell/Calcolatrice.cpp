@@ -13,6 +13,7 @@
 #include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
 #include "tools/Penna.h"
@@ -219,6 +220,7 @@ void ChiusaCalcolatrice() {
 void DealwithDialogs(const EventRecord& event) {
     const auto dialogo = static_cast<std::int16_t>(event.message >> 16);
     const auto item = static_cast<std::int16_t>(event.message & 0xFFFF);
+    if (dialogo == dialogoRapporto) return ColpoRapporto(item);
     if (dialogo != dialogoCalcolatrice || !calcDialog) return;   // a click that was still queued when it closed
     if (item == vChiudi) {
         ChiusaCalcolatrice();

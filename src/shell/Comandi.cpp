@@ -35,6 +35,7 @@
 #include "model/Vista.h"
 #include "platform/Menus.h"
 #include "shell/Calcolatrice.h"
+#include "shell/Rapporto.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -192,6 +193,7 @@ void menuTrasforma() {
     if (noWindow) return;
     if (theItem == 5) dialogoTrasformazione();
     if (theItem == 8) attaccoAttivo.Aggiungi();
+    if (theItem == 18) ApriRapporto();
 }
 
 // The tablet's origin on the sheet's corner, or on the view's.

@@ -13,6 +13,7 @@
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Rapporto.h"
 
 namespace tessaro {
 
@@ -123,6 +124,7 @@ void CheckEvents() {
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
     AggiustaStatoBottoni();
+    AggiornaRapporto();
     if (noWindow) {
         sonno = -1;
         return;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <string_view>
 
 #include "platform/Events.h"
@@ -33,6 +32,12 @@ void Num2Str(decform f, double x, PStr255& s) {
     }
     std::array<char, 255> testo;
     const int cifre = std::clamp<int>(f.digits, 0, 250);
+    if (f.style == 1) {
+        if (const char* const dopo = TestoDaReale(testo.data(), x, cifre)) {
+            s = PStr255(std::string_view(testo.data(), static_cast<std::size_t>(dopo - testo.data())));
+            return;
+        }
+    }
     std::to_chars_result r{testo.data(), std::errc::value_too_large};
     if (f.style == 1)
         r = std::to_chars(testo.data(), testo.data() + testo.size(), x, std::chars_format::fixed, cifre);
@@ -43,53 +48,6 @@ void Num2Str(decform f, double x, PStr255& s) {
         s = x > 0 ? "INF" : "-INF";
     else
         s = PStr255(std::string_view(testo.data(), static_cast<std::size_t>(r.ptr - testo.data())));
-}
-
-namespace {
-
-bool cifra(char c) { return c >= '0' && c <= '9'; }
-
-// Where a number beyond a double's range lies: power of ten of its first digit other than 0, at least its sign.
-bool traboccaInAlto(std::string_view numero) {
-    std::int64_t ordine = -1;
-    bool punto = false, significative = false;
-    std::size_t i = 0;
-    for (; i < numero.size() && numero[i] != 'e' && numero[i] != 'E'; ++i) {
-        if (numero[i] == '.') punto = true;
-        if (!cifra(numero[i])) continue;
-        if (numero[i] != '0') significative = true;
-        if (!punto && significative) ++ordine;
-        if (punto && !significative) --ordine;
-    }
-    std::int64_t esponente = 0;
-    if (i < numero.size()) {
-        ++i;
-        const bool negativo = i < numero.size() && numero[i] == '-';
-        if (i < numero.size() && !cifra(numero[i])) ++i;
-        for (; i < numero.size() && esponente < 100000; ++i) esponente = esponente * 10 + (numero[i] - '0');
-        if (negativo) esponente = -esponente;
-    }
-    return ordine + esponente > 0;
-}
-
-}   // namespace
-
-double DoubleDaTesto(std::string_view s, std::size_t& used) {
-    used = 0;
-    const bool piu = !s.empty() && s[0] == '+';
-    const std::string_view numero = piu ? s.substr(1) : s;
-    const bool segno = !piu && !numero.empty() && numero[0] == '-';
-    const std::string_view senzaSegno = numero.substr(segno ? 1 : 0);
-    // Words such as "inf" are no numbers here.
-    if (senzaSegno.empty() || !(cifra(senzaSegno[0]) || senzaSegno[0] == '.')) return 0;
-    double x = 0;
-    const auto r = std::from_chars(senzaSegno.data(), senzaSegno.data() + senzaSegno.size(), x);
-    if (r.ec == std::errc::invalid_argument) return 0;
-    const auto lungo = static_cast<std::size_t>(r.ptr - senzaSegno.data());
-    used = static_cast<std::size_t>(r.ptr - s.data());
-    if (r.ec == std::errc::result_out_of_range)
-        x = traboccaInAlto(senzaSegno.substr(0, lungo)) ? std::numeric_limits<double>::infinity() : 0;
-    return segno ? -x : x;
 }
 
 double Str2Num(PStr255 s) {

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "exchange/RigheDxf.h"
+#include "exchange/RigheElenco.h"
 #include "exchange/TestoDxf.h"
 #include "support/Avvisi.h"
 #include "support/FileProva.h"
@@ -32,6 +33,9 @@ std::vector<Letta> tutte(Leggi leggi) {
     return righe;
 }
 
+// Far from the end of a block lines are taken another way.
+std::string lontano(const std::string& bytes) { return bytes + std::string(600, 'z'); }
+
 void confronta(const std::string& bytes) {
     std::vector<Letta> attese;
     {
@@ -54,9 +58,11 @@ TEST(RigheDxf, AnyBytesGiveTheLinesOfThePlainReader) {
         std::string s(caso() % 60, ' ');
         for (char& c : s) c = lettere[caso() % lettere.size()];
         confronta(s);
+        confronta(lontano(s));
     }
     for (const std::size_t n : {254U, 255U, 256U, 510U, 511U}) {
         confronta(std::string(n, 'x'));
+        confronta(lontano(std::string(n, 'x') + "\r\n5\r\n" + std::string(n, '\t')));
         confronta(std::string(n, 'x') + "\r\n5\r\n" + std::string(n, '\t'));
     }
 }
@@ -67,6 +73,88 @@ TEST(RigheDxf, LinesAcrossTheBlocksOfTheBufferStayWhole) {
         std::string s(prima, 'a');
         for (std::size_t i = 99; i < prima; i += 100) s[i] = '\n';
         confronta(s + "\r\n0\n\tb\r\r\nfine");
+    }
+}
+
+// A group's code and number taken at once are those of the line read first and looked at then.
+TEST(RigheDxf, CodesAndNumbersAtOnceAreThoseOfTheirLines) {
+    std::mt19937 caso(8);
+    const char* pezzi[] = {" 10", "  8", "0",   "\t40", "12.5",  "-3", "   7.25",
+                           "1e3", "",    "abc", "\t",   "1.2.3", ".5", "4994321.1234567890123",
+                           "5 ",  "-0.0"};
+    const char* fini[] = {"\n", "\r\n", "\r", "\n\n", "\r\n\n"};
+    for (int giro = 0; giro < 300; ++giro) {
+        std::string bytes;
+        for (int i = 0; i < 40; ++i) {
+            bytes += pezzi[caso() % std::size(pezzi)];
+            bytes += fini[caso() % std::size(fini)];
+        }
+        bytes = lontano(bytes);
+        struct Gruppo {
+            std::uint32_t codice;
+            double valore;
+            int fine, numero, fermato;
+            bool operator==(const Gruppo&) const = default;
+        };
+        const auto leggi = [&bytes](bool insieme) {
+            const FileProva f(bytes);
+            std::vector<Gruppo> gruppi;
+            AzzeraReadlnDisco();
+            EndFile = 0;
+            RigheDxf r;
+            while (!EndFile) {
+                double v = 7;
+                const std::uint32_t codice = insieme ? r.codice() : CodiceGruppo(r.riga());
+                if (!insieme || !r.reale(v)) RealeDaRiga(r.riga(), v);
+                gruppi.push_back({codice, v, EndFile, numriga, uscita});
+                uscita = 0;
+            }
+            return gruppi;
+        };
+        ASSERT_EQ(leggi(true), leggi(false));
+    }
+}
+
+TEST(RigheElenco, AnyBytesGiveTheLinesOfThePlainReader) {
+    std::mt19937 caso(9);
+    const std::string lettere = std::string("\r\n\t!0a\0", 7);
+    struct Riga {
+        std::string testo;
+        int fine;
+        std::int32_t numero;
+        bool operator==(const Riga&) const = default;
+    };
+    const auto tutte = [](const std::string& bytes, auto leggi) {
+        const FileProva f(bytes);
+        std::vector<Riga> righe;
+        std::int32_t n = 0;
+        EndFile = 0;
+        auto lettore = leggi();
+        while (!EndFile) {
+            std::string s = lettore(n);
+            righe.push_back({std::move(s), EndFile, n});
+        }
+        return righe;
+    };
+    const auto piano = [] {
+        return [](std::int32_t& n) {
+            PStr255 s;
+            LeggiRiga(s, n);
+            return s.str();
+        };
+    };
+    const auto veloce = [] { return [r = RigheElenco()](std::int32_t& n) mutable { return std::string(r.riga(n)); }; };
+    for (int giro = 0; giro < 400; ++giro) {
+        std::string s(caso() % 60, ' ');
+        for (char& c : s) c = lettere[caso() % lettere.size()];
+        if (giro % 4 == 0) s.insert(caso() % (s.size() + 1), std::string(250 + caso() % 300, 'x'));
+        ASSERT_EQ(tutte(s, veloce), tutte(s, piano));
+        ASSERT_EQ(tutte(lontano(s), veloce), tutte(lontano(s), piano));
+    }
+    for (std::size_t prima = 256 * 1024 - 3; prima <= 256 * 1024 + 1; ++prima) {
+        std::string s(prima, 'a');
+        for (std::size_t i = 99; i < prima; i += 100) s[i] = '\r';
+        ASSERT_EQ(tutte(s + "\n!b\r\n\nfine", veloce), tutte(s + "\n!b\r\n\nfine", piano));
     }
 }
 

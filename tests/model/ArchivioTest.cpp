@@ -5,6 +5,7 @@
 
 #include "model/Annulla.h"
 #include "model/Lucidi.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "support/Foglio.h"
 
@@ -81,6 +82,31 @@ TEST(Archivio, TheLastSideSetsTheSlopeOfTheConstraints) {
         polilinea({{100, 100}, {100 + c.x2, 100 + c.y2}});
         EXPECT_DOUBLE_EQ(statoCursore.pendenza, c.m);
     }
+}
+
+// An import works the last side out once: what is left behind is as if each had been.
+TEST(Archivio, APutOffSideLeavesTheSameDirection) {
+    const auto lati = [] {
+        fogliovuoto();
+        segmento(0, 0, 3, 4);
+        polilinea({{10, 10}, {20, 15}, {20, 40}});
+        segmento(5, 5, 5, 9);   // upright: the slope of the one before stays
+        return std::array{statoCursore.pendenza,  statoCursore.pendenza2,
+                          statoCursore.kPendenza, static_cast<double>(statoCursore.verticale),
+                          distprecedente,         angoloprecedente};
+    };
+    const auto attesi = lati();
+    AzzeraStato();
+    {
+        const LatoRimandato rimanda;
+        EXPECT_NE(lati(), attesi);
+    }
+    const auto rimandati = std::array{statoCursore.pendenza,  statoCursore.pendenza2,
+                                      statoCursore.kPendenza, static_cast<double>(statoCursore.verticale),
+                                      distprecedente,         angoloprecedente};
+    EXPECT_EQ(rimandati, attesi);
+    segmento(0, 0, 6, 8);
+    EXPECT_DOUBLE_EQ(distprecedente, 10);
 }
 
 TEST(Archivio, RoundingGoesAwayFromZeroAndNamesWhatNaNGives) {

@@ -219,6 +219,8 @@ private:
             w = scelta(c);
         else if (c.tipo == "list")
             w = elenco(c);
+        else if (c.tipo == "table")
+            w = tabella(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -330,6 +332,19 @@ private:
             ultimaEtichetta = nullptr;
         }
         return registra(v, w);
+    }
+
+    // chars= the width of each column, with commas.
+    QWidget* tabella(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::tabella);
+        if (quadro == nullptr) return nullptr;
+        std::vector<int> colonne;
+        for (std::string_view s = c.riga->opzione("chars"); !s.empty();) {
+            const auto fine = std::min(s.find(','), s.size());
+            colonne.push_back(numeroDi(s.substr(0, fine), 10));
+            s.remove_prefix(std::min(fine + 1, s.size()));
+        }
+        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
     }
 
     QWidget* cursore(const Cella& c) {

@@ -59,6 +59,8 @@ void mostraTesto(const VoceDialogo& v, const QString& testoVisto) {
     } else if (auto* bottone = qobject_cast<QAbstractButton*>(v.widget);
                bottone != nullptr && v.tipo != TipoVoce::colore) {
         bottone->setText(QString(testoVisto).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    } else if (v.tipo == TipoVoce::tabella) {
+        mostraTestata(v, testoVisto);
     }
 }
 
@@ -203,6 +205,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::cursore: static_cast<QSlider*>(v.widget)->setValue(v.valore); break;
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:
+    case TipoVoce::tabella:
     case TipoVoce::campo: break;
     }
 }
