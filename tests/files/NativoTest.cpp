@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
@@ -196,6 +197,37 @@ TEST(Nativo, WhatIsWrittenComesBack) {
     EXPECT_EQ(Scaladis, 500);
     EXPECT_EQ(meshDestinazione.y[2][1], -905.0);
     EXPECT_TRUE(attaccoAttivo.GetModificato());
+}
+
+// Reading prepares the live transformation anew: what it prepares is what was saved.
+TEST(Nativo, ADrawingWithALiveTransformationIsSavedAgainByteForByte) {
+    constexpr double punti[4][2] = {{500, 2500}, {900, 700}, {2600, 400}, {3300, 2800}};
+    for (std::int32_t tipo = 0; tipo <= 2; ++tipo) {
+        AzzeraStato();
+        fogliovuoto();
+        for (std::int16_t n = 1; n <= 4; ++n) AssegnaAttacco(n, punti[n - 1][0], punti[n - 1][1]);
+        AttacchiCambiati();
+        xAttacco5 = 1700;
+        yAttacco5 = 1500;
+        OKAttacco5 = 1;
+        attaccoAttivo.tipo = tipo;
+        attaccoAttivo.radioTipo = static_cast<std::int16_t>(tipo + 27);
+        attaccoAttivo.SetModificato(1);
+        attaccoAttivo.PreparaAttacco();
+        double x = 1234, y = 987;
+        attaccoAttivo.Traf4Pt(x, y);
+        segmento(1, 2, 3, 4);
+        const std::string primo = scriviByte();
+
+        AzzeraStato();
+        fogliovuoto();
+        leggiByte(primo);
+        EXPECT_EQ(scriviByte(), primo) << tipo;
+        double u = 1234, v = 987;   // the coefficients, which no file holds, are there again
+        attaccoAttivo.Traf4Pt(u, v);
+        EXPECT_EQ(u, x) << tipo;
+        EXPECT_EQ(v, y) << tipo;
+    }
 }
 
 TEST(Nativo, AnEmptyDrawingIsTwoRecords) {
