@@ -1,7 +1,10 @@
 // Failures as alerts. The texts are resources; here is only which code takes which.
 #include "dialogs/Errori.h"
 
+#include <array>
 #include <cerrno>
+#include <charconv>
+#include <cmath>
 
 #include "platform/Dialogs.h"
 #include "platform/Resources.h"
@@ -48,6 +51,20 @@ struct RigaSbaglio {
 };
 constexpr RigaSbaglio sbagli[] = {{0, 1012}, {-3, 1008}, {-1, 1009}, {-2, 1010}};
 constexpr std::int16_t altroSbaglio = 1005;
+
+std::int16_t avvisoDi(std::int16_t codice) {
+    for (const RigaSbaglio& r : sbagli)
+        if (r.codice == codice) return r.avviso;
+    return altroSbaglio;
+}
+
+// A bound as a person writes it: 2000000, 0.02.
+std::string cifre(const double& limite) {
+    std::array<char, 32> s{};
+    const auto forma = std::fabs(limite) < 1e15 ? std::chars_format::fixed : std::chars_format::general;
+    const auto r = std::to_chars(s.data(), s.data() + s.size(), limite, forma);
+    return {s.data(), r.ptr};
+}
 
 // A stream tells only that it failed; errno tells how.
 std::int16_t erroreDi(std::FILE* f) {
@@ -100,11 +117,16 @@ void ioerrtext(std::FILE* f) {
 
 void Sbaglio(std::int16_t code, std::uint8_t& flag) {
     if (code >= 1) return;
-    std::int16_t avviso = altroSbaglio;
-    for (const RigaSbaglio& r : sbagli)
-        if (r.codice == code) avviso = r.avviso;
-    StopAlert(avviso);
+    StopAlertParam(avvisoDi(code), "");
     flag = 1;
+}
+
+void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
+    if (code >= 1) return;
+    constexpr std::int16_t troppoGrande = -1, troppoPiccolo = -2;
+    const std::string limite = code == troppoGrande ? cifre(max) : code == troppoPiccolo ? cifre(min) : std::string();
+    StopAlertParam(avvisoDi(code), limite);
+    uscita = 1;
 }
 
 }   // namespace tessaro

@@ -16,6 +16,9 @@ void ErroreAlert(std::int16_t code);
 // file's name (`fileInLavoro`).
 void Messaggio(std::int16_t code);
 
+// The message of a field's code; alerts 1009 and 1010 tell the bound that was passed. Sets `uscita`.
+void SbaglioCampo(std::int16_t code, const double& min, const double& max);
+
 // A standard stream that failed is closed (and forgotten, if it is `out` or `inst`), its message shown, `uscita` set.
 // IOERR3 looks at `out`.
 void IOERR3();

@@ -1,6 +1,7 @@
 // The base of the settings dialogs, fields with bounds, the filter that keeps windows painted, the thermometer.
 #include "dialogs/Parametri.h"
 
+#include "dialogs/Errori.h"
 #include "model/Attributi.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
@@ -25,8 +26,9 @@ constexpr std::uint8_t tastoEnter = 3;
 
 PStr255 testoCampo(std::int16_t item) { return PStr255(std::string_view(GetDialogItemText(theDialog, item))); }
 
-// Shows and selects a refused field; gives the code back.
-std::int16_t rifiuta(std::int16_t item, std::int16_t code) {
+// Says what is wrong with a refused field and selects it; gives the code back.
+std::int16_t rifiuta(std::int16_t item, std::int16_t code, const double& min, const double& max) {
+    SbaglioCampo(code, min, max);
     SelezionaErrore(item, code, inx);
     return code;
 }
@@ -35,21 +37,18 @@ std::int16_t rifiuta(std::int16_t item, std::int16_t code) {
 // the field are tested here.
 std::int16_t leggiReale(std::int16_t item, const double& min, const double& max, double& value) {
     double letto = 0;
-    const std::int16_t code = STRtoFP(min, max, testoCampo(item), letto, inx, 1);
-    if (code < 1) return rifiuta(item, code);
-    if (letto < min || letto > max) {
-        const std::int16_t fuori = letto > max ? std::int16_t{-1} : std::int16_t{-2};
-        Sbaglio(fuori, uscita);
-        return rifiuta(item, fuori);
-    }
+    const std::int16_t code = STRtoFP(min, max, testoCampo(item), letto, inx, 0);
+    if (code < 1) return rifiuta(item, code, min, max);
+    if (letto > max) return rifiuta(item, -1, min, max);
+    if (letto < min) return rifiuta(item, -2, min, max);
     value = letto;
     return code;
 }
 
 std::int16_t leggiIntero(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value) {
     std::int16_t letto = 0;
-    const std::int16_t code = STRtoINT(min, max, testoCampo(item), letto, inx, 1);
-    if (code < 1) return rifiuta(item, code);
+    const std::int16_t code = STRtoINT(min, max, testoCampo(item), letto, inx, 0);
+    if (code < 1) return rifiuta(item, code, min, max);
     value = letto;
     return code;
 }
@@ -81,18 +80,42 @@ void TParametri::CambiaCheck(std::int16_t item) {
 
 bool TParametri::LeggiCampo(std::int16_t item, const double& min, const double& max, double& value) {
     esito = leggiReale(item, min, max, value);
+    if (esito <= 0) rifiutato = {item, false, min, max};
     return esito > 0;
 }
 
 bool TParametri::LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value) {
     esito = leggiIntero(item, min, max, value);
+    if (esito <= 0) rifiutato = {item, true, static_cast<double>(min), static_cast<double>(max)};
     return esito > 0;
 }
 
-void TParametri::OscuraAnnulla() { HiliteDialogItem(theDialog, annullaItem, esito <= 0 ? 255 : 0); }
+// Whether the refused field would pass now; nothing is shown or stored.
+bool TParametri::rimediato() const {
+    if (rifiutato.item == 0 || itemCorrente != rifiutato.item) return false;
+    const std::uint8_t prima = uscita;
+    std::int16_t posto = 0, numero = 0;
+    double letto = 0;
+    const std::int16_t code =
+        rifiutato.intero ? STRtoINT(static_cast<std::int16_t>(rifiutato.min), static_cast<std::int16_t>(rifiutato.max),
+                                    testoCampo(rifiutato.item), numero, posto, 0)
+                         : STRtoFP(rifiutato.min, rifiutato.max, testoCampo(rifiutato.item), letto, posto, 0);
+    uscita = prima;
+    return code > 0 && (rifiutato.intero || (letto >= rifiutato.min && letto <= rifiutato.max));
+}
+
+void TParametri::OscuraAnnulla() {
+    if (esito <= 0 && rimediato()) esito = 1;
+    HiliteDialogItem(theDialog, annullaItem, esito <= 0 ? 255 : 0);
+}
 
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value) {
     err_ = leggiReale(item, min, max, value);
+    return err_ > 0;
+}
+
+bool LeggiCampoIntero(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value) {
+    err_ = leggiIntero(item, min, max, value);
     return err_ > 0;
 }
 

@@ -38,13 +38,23 @@ protected:
     // or the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
     bool LeggiCampo(std::int16_t item, const double& min, const double& max, double& value);
     bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
-    // Dims Cancel while a value is refused.
+    // Dims Cancel while a value is refused: until the field holds a good one again, or the dialog is reverted.
     void OscuraAnnulla();
+
+private:
+    // The field that LeggiCampo refused last, and the bounds it has.
+    struct Rifiutato {
+        std::int16_t item = 0;   // 0: none
+        bool intero = false;
+        double min = 0, max = 0;
+    } rifiutato;
+    [[nodiscard]] bool rimediato() const;
 };
 
-// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. Out of bounds shows alert 1009
-// or 1010 and selects the field.
+// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. What is
+// refused is said and selected.
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value);
+bool LeggiCampoIntero(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
 void ScriviCampoReale(std::int16_t item, const double& value, std::int16_t decimals);
 // Which part of a refused field is selected: all of it in general, one character at inx for 0 and -3.
 void SelezionaErrore(std::int16_t item, std::int16_t code, std::int16_t pos);

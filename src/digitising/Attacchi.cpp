@@ -109,13 +109,20 @@ void segnaPunto(std::int16_t n) {
     }
 }
 
-void invalidaAttorno(std::int16_t n) {
+void invalidaAttorno(const Coppia& c) {
     constexpr std::int32_t bordo = 4;   // pixels
-    const Coppia c = LeggiAttacco(n);
     const std::int32_t h = XVid(c.x), v = YVid(c.y);
     InvalWindowRect(theWindow, SetRect(h - bordo, v - bordo, h + bordo, v + bordo));
 }
 
+}   // namespace
+
+namespace {
+Coppia destinazione(std::int16_t n) {
+    Coppia c;
+    attaccoAttivo.GetAttacco(n, c.x, c.y);
+    return c;
+}
 }   // namespace
 
 void AttacchiCambiati() {
@@ -143,7 +150,7 @@ void Attacco(std::int16_t n) {
         prendiPunto(n);
     }
     segnaPunto(n);
-    invalidaAttorno(n == 4 ? std::int16_t{3} : n);   // Kept: point 4 repaints around point 3
+    invalidaAttorno(LeggiAttacco(n == 4 ? std::int16_t{3} : n));   // Kept: point 4 repaints around point 3
     PenMode(patCopy);
     marche[n - 1]();
     PenSize(spessore, spessore);
@@ -158,6 +165,7 @@ void AttaccoDin(std::int16_t n) {
     const bool digitato = IntroDigitale != 0;
     if (!digitato) Croce();   // the mark comes under the cross
     pennaMarca();
+    const Coppia prima = destinazione(n);
     if (digitato) {
         zcurs = ZDigit;
     } else {
@@ -171,6 +179,7 @@ void AttaccoDin(std::int16_t n) {
     attaccoAttivo.DisAttacco(n);
     PenSize(spessore, spessore);
     if (!digitato) Croce();
+    for (const Coppia& c : {prima, destinazione(n)}) invalidaAttorno(c);   // black in xor leaves a stain of a blue mark
     if (attaccoAttivo.GetModificato()) {
         attaccoAttivo.PreparaAttacco();
         InvalWind();

@@ -63,6 +63,7 @@ public:
             if (quitPending()) break;
         } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
         DisposeDialog(theDialog);
+        theDialog = nullptr;
     }
 
     void Param() {

@@ -59,6 +59,7 @@ public:
             if (quitPending()) break;
         } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
         DisposeDialog(theDialog);
+        theDialog = nullptr;
     }
 
     void Param(bool grafico) {

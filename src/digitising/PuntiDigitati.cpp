@@ -5,6 +5,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "display/Zoom.h"
+#include "editing/Domanda.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -97,6 +98,7 @@ bool chiediPunto(const PStr255& richiesta, bool (*accetta)()) {
     SelectDialogItemText(theDialog, campoX, 0, 100);
     do { ModalDialog(MyMovableFilter, Noitem); } while (Noitem != annulla && !(Noitem == ok && accetta()));
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     IntroDigitale = Noitem == ok;
     return IntroDigitale != 0;
 }
@@ -170,6 +172,7 @@ void IngressoVertici() {
     SetDialogItemValue(theDialog, radio, 1);
     proponiVertice();
     SelectDialogItemText(theDialog, campoX, 0, 100);
+    const std::uint8_t relativoPrima = inserimentoRelativo;
     bool accettato = false;
     do {
         ModalDialog(MyMovableFilter, Noitem);
@@ -181,6 +184,8 @@ void IngressoVertici() {
     } while (Noitem != annulla && !accettato);
     const std::int16_t item = Noitem;
     DisposeDialog(theDialog);
+    theDialog = nullptr;
+    if (!accettato) inserimentoRelativo = relativoPrima;
     if (accettato) traccia(item);
 }
 
@@ -218,6 +223,7 @@ void partiDallaSelezione() {
 
 void IngressoPolare() {
     constexpr std::int16_t dialogo = 148;
+    ParamText(NomeAngoli(), "", "", "");
     theDialog = GetNewDialog(dialogo);
     proponiPolare();
     partiDallaSelezione();
@@ -229,6 +235,7 @@ void IngressoPolare() {
     } while (Noitem != annulla && !accettato);
     const std::int16_t item = Noitem;
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     if (accettato) traccia(item);
 }
 

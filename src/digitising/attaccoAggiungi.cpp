@@ -64,6 +64,7 @@ std::int16_t ActiveAttach::PoniLucido() {
         }
     } while (itemCorrente != annulla && !(itemCorrente == ok && LeggiCampo(campo, std::int16_t{0}, massimo, layer)));
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     return itemCorrente == ok && qualcosaSelezionato() ? layer : nessuno;
 }
 

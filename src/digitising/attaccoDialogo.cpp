@@ -78,6 +78,7 @@ void ActiveAttach::giroDialogo(ModalFilter filtro) {
     } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
     riprendi();
     DisposeDialog(theDialog);
+    theDialog = nullptr;
 }
 
 void ActiveAttach::Dialogo() {

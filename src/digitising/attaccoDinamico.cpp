@@ -9,6 +9,7 @@
 #include "digitising/PuntiSelezione.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
+#include "model/Attributi.h"
 #include "model/TabellaStato.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"
@@ -109,9 +110,21 @@ constexpr ErroriPrep erroriDiretti{25, 26, 25, 25, 26, 26}, erroriInversi{26, 25
 }   // namespace
 
 void ActiveAttach::CalcolaCoefficienti() { (void)RisolviOmografia(lavoro.src, lavoro.dst, coef); }
-void ActiveAttach::PrepAtt4pt() { PreparaQuattro(lavoro, erroriDiretti); }
-void ActiveAttach::PrepAtt5pt() { PreparaCinque(lavoro, erroriDiretti); }
-void ActiveAttach::PrepAtt4ptInverso() { PreparaQuattro(lavoro, erroriInversi); }
+
+void ActiveAttach::PrepAtt4pt() {
+    PreparaQuattro(lavoro, erroriDiretti);
+    fuga = MappaFuga(lavoro);
+}
+
+void ActiveAttach::PrepAtt5pt() {
+    PreparaCinque(lavoro, erroriDiretti);
+    fuga = MappaFuga(lavoro);
+}
+
+void ActiveAttach::PrepAtt4ptInverso() {
+    PreparaQuattro(lavoro, erroriInversi);
+    fuga = MappaFuga(lavoro);
+}
 
 // The similarity that takes s1, s2 to d1, d2, turning about s1.
 void ActiveAttach::similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2) {
@@ -135,7 +148,10 @@ void ActiveAttach::PreparaAttacco() {
     lavoro.dstC = {xAtt[4], yAtt[4]};
     lavoro.srcC = {xAttacco5, yAttacco5};
     preparato = puntiDati(lavoro.src) >= 2;
-    if (!preparato) return;
+    if (!preparato) {
+        fuga = MappaFuga(lavoro);
+        return;
+    }
     if (tipo == quattroPt) {
         CalcolaCoefficienti();
         PrepAtt4pt();
@@ -164,6 +180,11 @@ void ActiveAttach::PreparaAttaccoInverso() {
     }
 }
 
+void ActiveAttach::mappaPerFuga(bool curva, double& x, double& y) {
+    if (fuga.orientamento() != orientCorrente) fuga = MappaFuga(lavoro);
+    fuga(curva, x, y);
+}
+
 void ActiveAttach::Traf4Pt(double& x, double& y) {
     const std::int32_t modo = attaccoAttivo.tipo;   // the global object's, whichever object maps
     if (modo == quattroPt && deformProspettica) {
@@ -171,13 +192,13 @@ void ActiveAttach::Traf4Pt(double& x, double& y) {
     } else if (!conRisolutore(modo)) {
         Tracoord(transf, x, y, x, y);
     } else {
-        TrasformaFuga(lavoro, deformProspettica != 0, x, y);
+        mappaPerFuga(deformProspettica != 0, x, y);
     }
 }
 
 void ActiveAttach::Traf4PtInverso(double& x, double& y) {
     if (conRisolutore(attaccoAttivo.tipo)) {
-        TrasformaFuga(lavoro, true, x, y);
+        mappaPerFuga(true, x, y);
     } else {
         Tracoord(transf, x, y, x, y);
     }

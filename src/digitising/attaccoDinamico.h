@@ -70,6 +70,9 @@ private:
     void giroDialogo(ModalFilter filtro);
     void mostraScelte();
 
+    void mappaPerFuga(bool curva, double& x, double& y);
+
+    MappaFuga fuga;           // of `lavoro`, made anew with it
     bool preparato = false;   // the last preparation had the points it takes
 };
 extern ActiveAttach attaccoAttivo;

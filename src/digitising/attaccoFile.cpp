@@ -76,7 +76,9 @@ void ActiveAttach::WriteAttacco() {
 void ActiveAttach::ReadAttacco() {
     ActiveAttach letto = *this;
     percorri(letto, Leggi{});
-    if (!uscita) *this = letto;
+    if (uscita) return;
+    *this = letto;
+    fuga = MappaFuga(lavoro);
 }
 
 }   // namespace tessaro

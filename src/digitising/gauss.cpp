@@ -10,13 +10,13 @@
 
 namespace tessaro {
 
-// --- the trace
+// --- the trace: `f` is the console, null when nobody reads it, and then no line is even made
 
 namespace {
 
-void scrivi(const std::string& riga) {
-    if (std::FILE* f = ConsoleOut()) std::fputs(riga.c_str(), f);
-}
+constinit int zitti = 0;   // SenzaTraccia that live
+
+std::FILE* traccia() { return zitti > 0 ? nullptr : ConsoleOut(); }
 
 std::string treCifre(double v) {
     char b[32];
@@ -33,23 +33,24 @@ std::string righe(double a[][colonneGauss], int n) {
     return s;
 }
 
-void mostraPasso(int n, int k, double a[][colonneGauss]) {
+void mostraPasso(std::FILE* f, int n, int k, double a[][colonneGauss]) {
+    if (!f) return;
     ConsoleClear();
-    if (std::FILE* f = ConsoleOut()) {
-        std::fputs((" Pivoting: passo (" + std::to_string(k) + ")\n").c_str(), f);
-        std::fputs(righe(a, n).c_str(), f);
-    }
+    std::fprintf(f, " Pivoting: passo (%d)\n%s", k, righe(a, n).c_str());
     ConsolePause();
 }
 
 }   // namespace
 
+SenzaTraccia::SenzaTraccia() { ++zitti; }
+SenzaTraccia::~SenzaTraccia() { --zitti; }
+
 void stampa(double a[][colonneGauss], int n) {
-    if (std::FILE* f = ConsoleOut()) std::fputs(righe(a, n).c_str(), f);
+    if (std::FILE* f = traccia()) std::fputs(righe(a, n).c_str(), f);
 }
 
 void stampa_sol(const double* x, int n) {
-    std::FILE* f = ConsoleOut();
+    std::FILE* f = traccia();
     if (!f) return;
     std::string s = "Vettore soluzioni\n";
     for (int i = 0; i < n; ++i) s += "\tx(" + std::to_string(i) + ")=" + treCifre(x[i]) + "\n";
@@ -62,9 +63,24 @@ void stampa_sol(const double* x, int n) {
 namespace {
 
 void scambiaRighe(int n, int k, int j, double a[][colonneGauss], double* b) {
-    scrivi("Scambio Riga " + std::to_string(k) + " con " + std::to_string(j) + "\n");
     std::swap_ranges(a[k] + k, a[k] + n, a[j] + k);
     std::swap(b[k], b[j]);
+}
+
+// Kept: the first row that is not 0 serves, however small; a NaN is not 0.
+int perno(std::FILE* f, int n, int k, double a[][colonneGauss], double* b) {
+    mostraPasso(f, n, k, a);
+    int j = k;
+    while (j < n && a[j][k] == 0) ++j;
+    if (j == n) {
+        if (f) std::fputs("Pivot NULLO !!\n\n", f);
+        return -1;
+    }
+    if (f) std::fprintf(f, "matr[j][j] non nullo per j=%d\n", j + 1);
+    if (j == k) return 0;
+    if (f) std::fprintf(f, "Scambio Riga %d con %d\n", k, j);
+    scambiaRighe(n, k, j, a, b);
+    return 0;
 }
 
 void eliminaSotto(int n, int k, double a[][colonneGauss], double* b) {
@@ -85,27 +101,16 @@ void risali(int n, double a[][colonneGauss], const double* b, double* x) {
 
 }   // namespace
 
-// Kept: the first row that is not 0 serves, however small; a NaN is not 0.
-int pivot(int n, int k, double a[][colonneGauss], double* b) {
-    mostraPasso(n, k, a);
-    int j = k;
-    while (j < n && a[j][k] == 0) ++j;
-    if (j == n) {
-        scrivi("Pivot NULLO !!\n\n");
-        return -1;
-    }
-    scrivi("matr[j][j] non nullo per j=" + std::to_string(j + 1) + "\n");
-    if (j != k) scambiaRighe(n, k, j, a, b);
-    return 0;
-}
+int pivot(int n, int k, double a[][colonneGauss], double* b) { return perno(traccia(), n, k, a, b); }
 
 int gauss(double a[][colonneGauss], double* b, double* x, int n) {
+    std::FILE* const f = traccia();   // asked once: a mesh solves by the thousand
     for (int k = 0; k < n - 1; ++k) {
-        if (pivot(n, k, a, b) != 0) return -1;
+        if (perno(f, n, k, a, b) != 0) return -1;
         eliminaSotto(n, k, a, b);
     }
     if (a[n - 1][n - 1] == 0) {
-        scrivi("Righe linearmente dipendenti. Soluzioni infinite\n\n");
+        if (f) std::fputs("Righe linearmente dipendenti. Soluzioni infinite\n\n", f);
         return 1;
     }
     x[n] = b[n] / a[n][n];

@@ -15,6 +15,14 @@ int gauss(double a[][colonneGauss], double* b, double* x, int n);
 // Brings the first row from k on with a column k that is not 0 to place k: no comparison of magnitudes. -1 without one.
 int pivot(int n, int k, double a[][colonneGauss], double* b);
 
+// While one lives nothing is traced: for whoever solves over and over, or only to look.
+struct SenzaTraccia {
+    SenzaTraccia();
+    ~SenzaTraccia();
+    SenzaTraccia(const SenzaTraccia&) = delete;
+    SenzaTraccia& operator=(const SenzaTraccia&) = delete;
+};
+
 void stampa(double a[][colonneGauss], int n);   // the matrix, on the console
 void stampa_sol(const double* x, int n);        // the unknowns, three digits each
 

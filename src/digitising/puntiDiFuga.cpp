@@ -24,10 +24,13 @@ bool incrocio(const Retta& r, const Retta& s, Coppia& p) {
 }
 
 void incrocioOErrore(const Retta& r, const Retta& s, Coppia& p, std::int16_t errore) {
-    if (incrocio(r, s, p)) ErroreAlert(errore);
+    if (incrocio(r, s, p) && errore != 0) ErroreAlert(errore);
 }
 
-double lontananza(const Coppia& a, const Coppia& b) { return Distanza(a.x, a.y, b.x, b.y); }
+double lontananza(const Coppia& a, const Coppia& b) {
+    const double dx = b.x - a.x, dy = b.y - a.y;
+    return std::sqrt(dx * dx + dy * dy);
+}
 
 double attraverso(const Coppia& base, double angolo, const Coppia& p) {
     return DistRetta(base.x, base.y, angolo, p.x, p.y);
@@ -157,67 +160,99 @@ void PreparaCinque(Att4Pt& r, const ErroriPrep& errori) {
 
 namespace {
 
+using Due = MappaFuga::Due;
+using Scelta = MappaFuga::Scelta;
+
+Scelta quali(bool primo, bool secondo) { return Scelta{primo ? -1 : 0, secondo ? -1 : 0}; }
+
+Due assoluto(Due v) { return v < 0 ? -v : v; }
+
 // Two parabolas through 0, the centre and the length, joined at the centre with the slope K of the plain scale.
-double curvaDuePezzi(double p, double L, double M, double K, double R, double T, double S) {
-    if (L > 0) {
-        if (M > p) return K * p + R * p + R * (M - p) / M * p;
-        return (K * p + S - (p - M) * T) + (L - p) * T * (p - M) / (L - M);
-    }
-    if (p > M) return R * p + K * p;
-    return K * p + S - (p - M) * T;
+Due curvaDuePezzi(const MappaFuga::Assi& a, Due p) {
+    const auto [L, M, K, R, T, S] = a;
+    const Due piana = K * p + R * p, oltre = K * p + S - (p - M) * T;
+    const Due prima = piana + R * (M - p) / M * p;
+    const Due dopo = oltre + (L - p) * T * (p - M) / (L - M);
+    if (L[0] > 0 && L[1] > 0) return M > p ? prima : dopo;   // both lengths, as a rule
+    return L > 0 ? (M > p ? prima : dopo) : (p > M ? piana : oltre);
 }
 
-double posizione1(const Att4Pt& r, const Coppia& p) {
-    if (r.par1) return attraverso(r.src[1], r.ang1, p);
-    Coppia m;
-    incrocio({p, r.fuga1}, {r.src[0], r.src[3]}, m);
-    const double d = lontananza(r.src[0], m);
-    return m.x - r.src[0].x < 0 ? -d : d;
-}
+// The lines a-b, as IntersRette asks for them.
+MappaFuga::Rette rettePer(Due ax, Due ay, Due bx, Due by) { return {ay - by, bx - ax, ax * by - bx * ay}; }
 
-double posizione2(const Att4Pt& r, const Coppia& p) {
-    if (r.par2) return -attraverso(r.src[1], r.ang2, p);   // Kept: from P2, though the length was measured from P4
-    Coppia m;
-    incrocio({p, r.fuga2}, {r.src[2], r.src[3]}, m);
-    const double d = lontananza(r.src[2], m);
-    return m.y - r.src[2].y < 0 ? -d : d;
-}
+constexpr double parallele = 1e-6;   // lines whose determinant is below do not cross, and their crossing is (0, 0)
 
-// A line long enough to be one, from a point in a direction.
-Retta rettaDa(const Coppia& da, double angolo) {
+// The far point of a line along parallel sides.
+Coppia passoLungo(double angolo) {
     constexpr double lontano = 1000000;
-    Retta s{da, {}};
-    PolarCart(da.x, da.y, angolo, lontano, s.b.x, s.b.y, orientCorrente);
-    return s;
-}
-
-Coppia lungoLato(const Coppia& da, const Coppia& a, double lunghezza, double e) {
-    return {da.x + (a.x - da.x) / lunghezza * e, da.y + (a.y - da.y) / lunghezza * e};
-}
-
-Retta rettaTarget1(const Att4Pt& r, double e) {
-    const auto& q = r.dst;
-    if (!r.par1d) return {r.fuga1d, lungoLato(q[0], q[3], r.len1d, e)};
-    return rettaDa({q[1].x + std::cos(r.ang1d) * e, q[1].y + std::sin(r.ang1d) * e}, r.ang1d);
-}
-
-Retta rettaTarget2(const Att4Pt& r, double e) {
-    const auto& q = r.dst;
-    if (!r.par2d) return {r.fuga2d, lungoLato(q[2], q[3], r.len2d, e)};
-    // Kept: Q4 gives X and Q2 gives Y.
-    return rettaDa({q[3].x + std::cos(r.ang2d) * e, q[1].y + std::sin(r.ang2d) * e}, r.ang2d);
+    Coppia p;
+    PolarCart(0, 0, angolo, lontano, p.x, p.y, orientCorrente);
+    return p;
 }
 
 }   // namespace
 
+MappaFuga::MappaFuga(const Att4Pt& r)
+    : orient(orientCorrente), assi{{r.len1, r.len2}, {r.mid1, r.mid2}, {r.k1, r.k2},
+                                   {r.r1, r.r2},     {r.t1, r.t2},     {r.d1, r.d2}} {
+    const auto &p = r.src, &q = r.dst;
+    par = quali(r.par1, r.par2);
+    fugaX = Due{r.fuga1.x, r.fuga2.x};
+    fugaY = Due{r.fuga1.y, r.fuga2.y};
+    inizioX = Due{p[0].x, p[2].x};
+    inizioY = Due{p[0].y, p[2].y};
+    lati = rettePer(inizioX, inizioY, Due{p[3].x, p[3].x}, Due{p[3].y, p[3].y});
+    base = p[1];
+    cosP = Due{std::cos(r.ang1), -std::cos(r.ang2)};   // Kept: both from P2, though axis 2 was measured from P4
+    senP = Due{std::sin(r.ang1), -std::sin(r.ang2)};
+    destinazione(r, q);
+}
+
+void MappaFuga::destinazione(const Att4Pt& r, const std::array<Coppia, 4>& q) {
+    pard = quali(r.par1d, r.par2d);
+    fugadX = Due{r.fuga1d.x, r.fuga2d.x};
+    fugadY = Due{r.fuga1d.y, r.fuga2d.y};
+    const Coppia lungo1 = passoLungo(r.ang1d), lungo2 = passoLungo(r.ang2d);
+    lungoX = Due{lungo1.x, lungo2.x};
+    lungoY = Due{lungo1.y, lungo2.y};
+    const Due lati1X{q[0].x, q[2].x}, lati1Y{q[0].y, q[2].y}, lend{r.len1d, r.len2d};
+    iniziodX = pard ? Due{q[1].x, q[3].x} : lati1X;   // Kept: Q4 gives X and Q2 gives Y
+    iniziodY = pard ? Due{q[1].y, q[1].y} : lati1Y;
+    passodX = pard ? Due{std::cos(r.ang1d), std::cos(r.ang2d)} : (q[3].x - lati1X) / lend;
+    passodY = pard ? Due{std::sin(r.ang1d), std::sin(r.ang2d)} : (q[3].y - lati1Y) / lend;
+}
+
+Due MappaFuga::posizioni(double x, double y) const {
+    const Rette r = rettePer(Due{x, x}, Due{y, y}, fugaX, fugaY);
+    const Due D = lati.dy * r.dx - r.dy * lati.dx;
+    const Scelta cadute = assoluto(D) < parallele;
+    const Due mX = cadute ? Due{} : (lati.dx * r.k - lati.k * r.dx) / D;
+    const Due mY = cadute ? Due{} : (lati.k * r.dy - lati.dy * r.k) / D;
+    const Due dx = mX - inizioX, dy = mY - inizioY, quadrato = dx * dx + dy * dy;
+    const Due d{std::sqrt(quadrato[0]), std::sqrt(quadrato[1])}, verso{dx[0], dy[1]};
+    const Due lungoLati = verso < 0 ? -d : d;
+    const Due attraverso = (x - base.x) * cosP - (y - base.y) * senP;
+    return par ? attraverso : lungoLati;
+}
+
+void MappaFuga::operator()(bool curva, double& x, double& y) const {
+    const Due p = posizioni(x, y), e = curva ? curvaDuePezzi(assi, p) : p * assi.k;
+    const Due sulLatoX = iniziodX + passodX * e, sulLatoY = iniziodY + passodY * e;
+    const Rette r = rettePer(pard ? sulLatoX : fugadX, pard ? sulLatoY : fugadY, pard ? sulLatoX + lungoX : sulLatoX,
+                             pard ? sulLatoY + lungoY : sulLatoY);
+    const double D = r.dy[1] * r.dx[0] - r.dy[0] * r.dx[1];
+    if (std::fabs(D) < parallele) {
+        x = y = 0;
+        return;
+    }
+    const Due incrocio = Due{r.dx[1] * r.k[0] - r.k[1] * r.dx[0], r.k[1] * r.dy[0] - r.dy[1] * r.k[0]} / D;
+    x = incrocio[0];
+    y = incrocio[1];
+}
+
 void TrasformaFuga(const Att4Pt& r, bool curva, double& x, double& y) {
-    const double p1 = posizione1(r, {x, y}), p2 = posizione2(r, {x, y});
-    const double e1 = curva ? curvaDuePezzi(p1, r.len1, r.mid1, r.k1, r.r1, r.t1, r.d1) : p1 * r.k1;
-    const double e2 = curva ? curvaDuePezzi(p2, r.len2, r.mid2, r.k2, r.r2, r.t2, r.d2) : p2 * r.k2;
-    Coppia dove;
-    incrocio(rettaTarget1(r, e1), rettaTarget2(r, e2), dove);
-    x = dove.x;
-    y = dove.y;
+    const MappaFuga mappa(r);
+    mappa(curva, x, y);
 }
 
 // --- the free solver

@@ -25,15 +25,51 @@ bool RisolviOmografia(const std::array<Coppia, 4>& src, const std::array<Coppia,
 void TrasformaOmografia(const Coefficienti& coef, double& x, double& y);   // D may be 0: the point goes to infinity
 
 // --- vanishing points
-// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on.
+// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on. A 0 is
+// not shown.
 struct ErroriPrep {
-    std::int16_t diagonaliSrc, diagonaliDst, asse1, asse2, asse1d, asse2d;
+    std::int16_t diagonaliSrc = 0, diagonaliDst = 0, asse1 = 0, asse2 = 0, asse1d = 0, asse2d = 0;
 };
 void PreparaQuattro(Att4Pt& r, const ErroriPrep& errori);   // the centres are the crossings of the diagonals
 // The centres are given: the source's by srcC. Kept: the target's by dstC across parallel sides, which an axis before it
 // may have overwritten, and by control point 5 of the globals elsewhere.
 void PreparaCinque(Att4Pt& r, const ErroriPrep& errori);
-// Maps a point in place: by the two-piece curve, or by the plain scale. Parallel lines of the target give (0, 0).
+// A prepared record, ready to map many points: what they all share is computed once, and the two axes are worked on at
+// once, to the same digits as one after the other. Stale when the record or orientCorrente has changed since.
+class MappaFuga {
+public:
+    using Due = double __attribute__((vector_size(16)));            // a number of axis 1 and one of axis 2
+    using Scelta = std::int64_t __attribute__((vector_size(16)));   // -1 yes, 0 no, for each
+
+    MappaFuga() = default;
+    explicit MappaFuga(const Att4Pt& r);
+    // Maps a point in place: by the two-piece curve, or by the plain scale. Parallel lines of the target give (0, 0).
+    void operator()(bool curva, double& x, double& y) const;
+    [[nodiscard]] std::int32_t orientamento() const { return orient; }
+
+    struct Assi {   // of the source, with what carries their positions over to the target
+        Due len{}, mid{}, k{}, r{}, t{}, d{};
+    };
+    struct Rette {   // through a and b: a.y - b.y, b.x - a.x, a.x b.y - b.x a.y
+        Due dy{}, dx{}, k{};
+    };
+
+private:
+    void destinazione(const Att4Pt& r, const std::array<Coppia, 4>& q);
+    [[nodiscard]] Due posizioni(double x, double y) const;   // along the axes of the source
+
+    std::int32_t orient = 0;
+    Assi assi;
+    Scelta par{}, pard{};                         // across parallel sides, of source and target
+    Due fugaX{}, fugaY{}, inizioX{}, inizioY{};   // vanishing points; P1 and P3, where the axes begin
+    Rette lati;                                   // P1 P4 and P3 P4
+    Coppia base;                                  // P2
+    Due cosP{}, senP{};                           // of the directions across
+    Due fugadX{}, fugadY{}, lungoX{}, lungoY{};
+    Due iniziodX{}, iniziodY{}, passodX{},
+        passodY{};   // positions on the target: where they begin, the step of one unit
+};
+// The same for a single point.
 void TrasformaFuga(const Att4Pt& r, bool curva, double& x, double& y);
 
 // --- the free solver over att4Pt, which merges use

@@ -11,11 +11,13 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/Coordinate.h"
 #include "display/Pixel.h"
 #include "display/Testi.h"
 #include "editing/Tratteggi.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
+#include "model/Percorso.h"
 #include "model/Registrazione.h"
 
 namespace tessaro {
@@ -244,6 +246,25 @@ void pennaNera(std::int16_t mode) {
     ForeColor(blackColor);
 }
 
+// The sides that the calculator's path has so far: no record holds them, and a repaint would lose them.
+void percorsoMisurato() {
+    constexpr std::int32_t inPercorso = 5;
+    if (!CalcWindow || Azione != inPercorso) return;
+    pennaNera(patCopy);
+    ColoreDaTabella(colorCorrente);
+    PenPat(PatternVista(PatCorrente));
+    PenSize(spessore, spessore);
+    spess = static_cast<std::int16_t>(spessore / 2);
+    Coppia da;
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(RisCalc.numPunti) && i < Xspezz.size(); ++i) {
+        Coppia a;
+        RealToDigi(Xspezz[i], Yspezz[i], a.x, a.y);
+        if (i > 1) LineaFoglio(da.x, da.y, a.x, a.y);
+        da = a;
+    }
+    spess = 0;
+}
+
 void puntiDiControllo() {
     const auto& p = Elem(1).att;
     pennaNera(patCopy);
@@ -276,6 +297,7 @@ void Disegna() {
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {
         DisegnaMesh();
+        percorsoMisurato();
         DisegnaSelezione();
         puntiDiControllo();
     }

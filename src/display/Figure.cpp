@@ -167,25 +167,28 @@ void faiGen(std::int16_t tipo, const double& a, const double& b, const double& c
     }
 }
 
+namespace {
+
+// The ends are mapped before anything is drawn: the processor draws the one line while it still divides for the other.
+void segmentoConAnteprima(std::int16_t tipo, double x1, double y1, double x2, double y2) {
+    const Coppia p = trasformato(x1, y1), q = trasformato(x2, y2);
+    faiGen(tipo, x1, y1, x2, y2, 0);
+    faiGen(tipo, p.x, p.y, q.x, q.y, 0);
+}
+
+}   // namespace
+
 void fai(std::int16_t tipo, const double& a, const double& b, const double& c, const double& d, const double& e) {
+    const bool doppia = anteprima();
+    if (doppia && (tipo == tSegmento || tipo == tElastico)) return segmentoConAnteprima(tipo, a, b, c, d);
     faiGen(tipo, a, b, c, d, e);
-    if (!anteprima()) return;
-    const Coppia p = trasformato(a, b);
-    switch (tipo) {
-    case tSegmento:
-    case tElastico: {
-        const Coppia q = trasformato(c, d);
-        faiGen(tipo, p.x, p.y, q.x, q.y, e);
-        break;
-    }
-    case tMarker: faiGen(tipo, p.x, p.y, c, d, e); break;
-    case tCerchio:
-    case tArco: {
+    if (!doppia) return;
+    if (tipo == tMarker) {
+        const Coppia p = trasformato(a, b);
+        faiGen(tipo, p.x, p.y, c, d, e);
+    } else if (tipo == tCerchio || tipo == tArco) {
         const Curva t = curvaTrasformata({a, b, c, d, e});
         faiGen(tipo, t.cx, t.cy, t.raggio, t.inizio, t.ampiezza);
-        break;
-    }
-    default: break;
     }
 }
 

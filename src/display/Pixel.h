@@ -22,12 +22,16 @@ struct RettD {
 // Pixels beyond this are not given to a port: stored pictures hold 16 bits, rasters must not overflow.
 inline std::int64_t LimitePixel() { return DisegnaPict ? 30000 : std::int64_t{1} << 28; }
 
+// The nearest whole number, half away from zero.
+inline std::int64_t PixelVicino(double t) {
+    constexpr double quasiMezzo = 0.49999999999999994;   // with 0.5 itself the value just below a half would round up
+    return static_cast<std::int64_t>(t + std::copysign(quasiMezzo, t));
+}
 // round(scalavid * sheet) - orig, half away from zero. False when it is no number or passes the limit.
 inline bool PixelIntero(double foglio, std::int32_t orig, std::int32_t& out) {
-    constexpr double quasiMezzo = 0.49999999999999994;   // with 0.5 itself the value just below a half would round up
     const double t = scalavid * foglio;
     if (!(std::fabs(t) < 4e15)) return false;
-    const std::int64_t p = static_cast<std::int64_t>(t + std::copysign(quasiMezzo, t)) - orig;
+    const std::int64_t p = PixelVicino(t) - orig;
     out = static_cast<std::int32_t>(p);
     const std::int64_t limite = LimitePixel();
     return p > -limite && p < limite;

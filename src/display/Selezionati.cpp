@@ -1,6 +1,7 @@
 // The highlight of what is selected: grey xor, two pixels wide, so that a second call takes it off.
 #include <algorithm>
 
+#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
@@ -51,6 +52,11 @@ void rettangoloFoglio(double x1, double y1, double x2, double y2) {
     LineaFoglio(x2, y1, x2, y2);
     LineaFoglio(x2, y2, x1, y2);
     LineaFoglio(x1, y2, x1, y1);
+}
+
+void riquadroTesto(const elemento& e) {
+    const auto angoli = AngoliTesto(e);
+    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
 }
 
 void selezioneMultipla() {
@@ -128,10 +134,14 @@ void DisegnaArcoSel(std::int32_t i) {
     fai(tArco, a.cx, a.cy, a.raggio, a.angoloInizio, a.ampiezza);
 }
 
+// Its box, and under the live transformation's preview the box that a click finds there too.
 void DisegnaTestoSel(std::int32_t i) {
     const Evidenza penna;
-    const auto angoli = AngoliTesto(Elem(i));
-    for (std::size_t k = 0; k < angoli.size(); ++k) LineaD(angoli[k], angoli[(k + 1) % angoli.size()]);
+    riquadroTesto(Elem(i));
+    if (!AnteprimaAttiva()) return;
+    elemento copia = Elem(i);
+    attaccoAttivo.TrasformaCopia(copia);
+    riquadroTesto(copia);
 }
 
 void DisPictSel(std::int32_t i) {

@@ -169,13 +169,16 @@ struct Copia {
     std::int16_t angolo;
 };
 
+// Angles lose their fraction, as those of the copies that are added do.
+std::int16_t intero(double angolo) { return arrotonda16(std::trunc(angolo)); }
+
 Copia trasformata(const elemento& e) {
     Copia c{e.test.x, e.test.y, 1, e.test.angolo};
     const double x = c.x, y = c.y;
     attaccoAttivo.Traf4Pt(c.x, c.y);
     constexpr std::int32_t rigida = 0;
     if (attaccoAttivo.GetTipo() == rigida) {
-        c.angolo = arrotonda16(e.test.angolo + RadToAng(attaccoAttivo.rotazione, gradCorrente));
+        c.angolo = intero(e.test.angolo + RadToAng(attaccoAttivo.rotazione, gradCorrente));
         c.fattore = attaccoAttivo.transf.ingr;
         return c;
     }
@@ -187,7 +190,7 @@ Copia trasformata(const elemento& e) {
     CartPolar(c.x, c.y, fx, fy, dist, ang, orientCorrente);
     ang = static_cast<double>(Pig) - ang;
     if (ang < 0) ang += static_cast<double>(DuePig);
-    c.angolo = arrotonda16(RadToAng(ang, gradCorrente));
+    c.angolo = intero(RadToAng(ang, gradCorrente));
     if (lungo > 0) c.fattore = dist / lungo;
     return c;
 }

@@ -113,6 +113,19 @@ void disegnaCelle() {
     numeroLucido();
 }
 
+void scriviOperazione() {
+    const Rect r = SetRect(0, myViewRect.bottom + 1, sinistraRiga, GetPortBounds(theWindow).bottom);
+    RGBForeColor(ColoreFisso(blackColor));
+    BackColor(whiteColor);
+    EraseRect(r);
+    TextFont(4);
+    TextSize(9);
+    TextFace(0);
+    TextMode(srcOr);
+    MoveTo(4, r.bottom - 3);
+    DrawString(StrOperCorr.view());
+}
+
 // The foot of the window: rule, coordinate line and the operation now running.
 void disegnaPiede() {
     linea(0, myViewRect.bottom, destraRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
@@ -122,14 +135,7 @@ void disegnaPiede() {
         RidisegnaLettura();   // nothing may have moved, so nobody else would
         return;
     }
-    const Rect r = SetRect(0, myViewRect.bottom + 1, sinistraRiga, GetPortBounds(theWindow).bottom);
-    EraseRect(r);
-    TextFont(4);
-    TextSize(9);
-    TextFace(0);
-    TextMode(srcOr);
-    MoveTo(4, r.bottom - 3);
-    DrawString(StrOperCorr.view());
+    scriviOperazione();
 }
 
 // --- tags
@@ -200,6 +206,16 @@ void DrawPallette() {
     AggiornaValori();
     BackColor(whiteColor);
     ClipRect(myViewRect);
+}
+
+void DrawOperazCorr() {
+    if (noWindow || !theWindow) return;
+    {
+        const Stato stato;
+        ClipRect(GetPortBounds(theWindow));
+        scriviOperazione();
+    }
+    FlushWindow(theWindow);
 }
 
 void DrawTopBar() {

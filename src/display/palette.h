@@ -11,6 +11,7 @@ void DrawPallette();
 void DrawIcona(const Rect& r, std::int32_t id);
 // Follows the pointer until release, the icon lit while it is inside; true when released inside.
 bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId);
+void DrawOperazCorr();   // StrOperCorr at the foot, on the screen at once; port and drawing state are kept
 void DrawTopBar();
 void MoveToolbar();
 void inizializzaMainToolbar();

@@ -7,6 +7,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "tools/Costruzione.h"
 
 namespace tessaro {
 
@@ -33,6 +34,7 @@ void AnnullaUltima() {
     passoIndietro();
     InvalWind();
     SospendiAz();
+    if (Azione == 5 && percorsoMisurato.indietro) percorsoMisurato.indietro();   // takes its own rubber off and on
 }
 
 }   // namespace tessaro

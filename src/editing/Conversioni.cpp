@@ -60,7 +60,7 @@ void aggiungi(Quanti quanti) {
     SetCursor(ClockCursor);
     PoniAnnulla(aNiente);
     inizioAggiunta = indElem;
-    if (quanti() == 0) {
+    if (quanti() == 0) {   // Kept: a question that was cancelled converts nothing either
         SysBeep(30);
     } else {
         InvalWind();
@@ -80,12 +80,7 @@ bool NumeroLatiPol() {
     };
     mostra();
     std::int16_t lati = NumLatiPoligono;
-    const auto accettato = [&] {
-        if (Noitem != ok) return false;
-        err_ = STRtoINT(minimo, massimo, PStr255(std::string_view(GetDialogItemText(theDialog, campo))), lati, inx, 1);
-        if (err_ < 1) SelezionaErrore(campo, err_, inx);
-        return err_ > 0;
-    };
+    const auto accettato = [&] { return Noitem == ok && LeggiCampoIntero(campo, minimo, massimo, lati); };
     do {
         ModalDialog(MyMovableFilter, Noitem);
         if (Noitem == ripristina) mostra();

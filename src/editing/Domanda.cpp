@@ -1,9 +1,11 @@
 // One question at a time: the loop of its dialog, and the words that say what it is about.
 #include "editing/Domanda.h"
 
+#include <algorithm>
 #include <array>
 
 #include "dialogs/Parametri.h"
+#include "model/Attributi.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
@@ -14,7 +16,7 @@ namespace {
 
 constexpr std::int16_t ok = 1, annulla = 2, ripristina = 5;
 constexpr std::int16_t listaTesti = 129, stringaSelezionati = 22, stringaNuovi = 23;
-constexpr std::int16_t listaMia = 9130, stringaImmagine = 1;
+constexpr std::int16_t listaMia = 9130, stringaImmagine = 1, primaStringaAngoli = 2;
 
 struct NomeOggetto {
     std::int16_t lista, stringa;
@@ -51,16 +53,7 @@ bool Domanda(std::int16_t dialogo, std::string_view iniziale, const std::functio
 }
 
 bool DomandaIntero(std::int16_t dialogo, bool vuoto, std::int16_t min, std::int16_t max, std::int16_t& valore) {
-    const auto accetta = [&] {
-        std::int16_t letto = 0;
-        err_ = STRtoINT(min, max, PStr255(std::string_view(GetDialogItemText(theDialog, campoDomanda))), letto, inx, 1);
-        if (err_ < 1) {
-            SelezionaErrore(campoDomanda, err_, inx);
-            return false;
-        }
-        valore = letto;
-        return true;
-    };
+    const auto accetta = [&] { return LeggiCampoIntero(campoDomanda, min, max, valore); };
     return Domanda(dialogo, vuoto ? std::string() : NumToString(valore).str(), accetta);
 }
 
@@ -72,6 +65,10 @@ std::string NomeSelezione(std::int16_t piu) {
     if (Puntosel.multipla) return GetIndString(listaTesti, piu);
     const auto i = static_cast<std::size_t>(Puntosel.oggetto);
     return i < nomi.size() ? GetIndString(nomi[i].lista, nomi[i].stringa) : std::string();
+}
+
+std::string NomeAngoli() {
+    return GetIndString(listaMia, static_cast<std::int16_t>(primaStringaAngoli + std::clamp(gradCorrente, 0, 2)));
 }
 
 }   // namespace tessaro

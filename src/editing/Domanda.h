@@ -21,4 +21,7 @@ std::string Invito(bool selezionato, std::string_view nome);
 // What is selected: "segment" ... for one element, string `piu` of list 129 for several.
 std::string NomeSelezione(std::int16_t piu = 32);
 
+// The name of the angle system in force (`gradCorrente`), to stand behind a field.
+std::string NomeAngoli();
+
 }   // namespace tessaro

@@ -3,6 +3,7 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/Coordinate.h"
+#include "editing/Domanda.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -145,6 +146,7 @@ bool ModificaCoord(double& x, double& y, double& z) {
 
 bool ModificaCurva(std::int32_t index, bool cerchio) {
     const GrafPtr prima = GetPort();
+    ParamText(NomeAngoli(), "", "", "");
     const bool cambiata = cerchio ? modificaCerchio(Elem(index)) : modificaArco(Elem(index));
     SetPort(prima);
     return cambiata;

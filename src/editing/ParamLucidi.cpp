@@ -63,6 +63,7 @@ void TParamLucidi::Display() {
         SetDialogItemValue(theDialog, itemDi(i), acceso != 0);
     }
     SetDialogItemText(theDialog, campoLucido, NumToString(vista.lucidoCorrente).view());
+    ShowDialogItem(theDialog, static_cast<std::int16_t>(primoLucido + vista.lucidoCorrente));
     SelectDialogItemText(theDialog, campoLucido, 0, 100);
 }
 

@@ -171,7 +171,10 @@ void TSceltaColori::colpito() {
         AggPopItem();
         break;
     }
-    case campoNome: AggPopItem(); break;
+    case campoNome:
+        AggPopItem();
+        if (GetDialogItemText(theDialog, campoNome).size() <= maxNomeColore) esito = 1;
+        break;
     case elencoPenne: corrente().penna = static_cast<std::int16_t>(GetDialogItemValue(theDialog, elencoPenne)); break;
     case campione: scegliRGB(); break;
     case aggiungi:

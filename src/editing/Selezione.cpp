@@ -109,6 +109,13 @@ bool daRettangolo() {
     return SelRect(r) && SelezionaRect(r);
 }
 
+// At once, before the summary and the box are made: they tell of the text as it is edited. A text that Shift has just
+// taken off is edited too, for `attiva` falls later. A repaint behind the dialog may have shown the highlight.
+void apriTesto() {
+    PoniTesti(1);
+    InvalWind();
+}
+
 void passaASpostare() {
     if (Modalita != 2 && Puntosel.multipla) DisegnaRettSel();
     Modalita = 2;
@@ -122,16 +129,14 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (Puntosel.attiva) DisegnaSelezione();
     if (!shift && !opzione) TogliSelezione();
     const std::int32_t i = primoColpito(point);
-    const bool apriTesto = i != 0 && Elem(i).tipo == tTesto && event.when - Tempo < GetDblTime();
     bool preso = i != 0;
     if (preso) {
         prendi(i, shift);
+        if (Elem(i).tipo == tTesto && event.when - Tempo < GetDblTime()) apriTesto();
+    }
+    if (preso || !Button()) {
         Tempo = event.when;
-    } else if (!Button()) {
-        Tempo = event.when;
-    } else if (opzione) {
-        SysBeep(30);   // dragging the selection out is not built yet
-    } else {
+    } else if (!opzione) {   // Option held beside everything is for dragging out, which a window does not offer yet
         preso = daRettangolo();
     }
     if (preso && Puntosel.oggetto < oMeshOrigine) {
@@ -142,7 +147,6 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!Puntosel.attiva) return;
     DisegnaSelezione();
     if (opzione) passaASpostare();
-    if (apriTesto) PoniTesti(1);
 }
 
 void TogliSelezione() {

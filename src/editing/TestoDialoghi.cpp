@@ -59,12 +59,7 @@ bool leggi(Voluto& v) {
         return false;
     }
     std::int16_t mostrato = 0;
-    const PStr255 angolo(std::string_view(GetDialogItemText(theDialog, campoAngolo)));
-    err_ = STRtoINT(-400, 400, angolo, mostrato, inx, 1);
-    if (err_ < 1) {
-        SelezionaErrore(campoAngolo, err_, inx);
-        return false;
-    }
+    if (!LeggiCampoIntero(campoAngolo, -400, 400, mostrato)) return false;
     v.angolo = arrotonda16(AttualeToAng(mostrato));
     return true;
 }
@@ -81,6 +76,7 @@ bool chiedi(bool modifica, Voluto& v) {
         if (Noitem == okItem) bene = leggi(v);
     } while (!bene && Noitem != annullaItem);
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     return bene;
 }
 
@@ -108,11 +104,10 @@ std::int16_t ScegliDimFMac(std::int16_t massimo, std::int16_t minimo, std::int16
     do {
         ModalDialog(MyMovableFilter, Noitem);
         if (Noitem != okItem) continue;
-        const PStr255 testo(std::string_view(GetDialogItemText(theDialog, campo)));
-        err_ = STRtoINT(minimo, massimo, testo, corpo, inx, 1);
-        if (err_ < 1) SelezionaErrore(campo, err_, inx);
+        LeggiCampoIntero(campo, minimo, massimo, corpo);
     } while (Noitem != annullaItem && !(Noitem == okItem && err_ > 0));
     DisposeDialog(theDialog);
+    theDialog = nullptr;
     return Noitem == okItem ? corpo : std::int16_t{0};
 }
 

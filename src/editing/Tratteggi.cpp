@@ -13,6 +13,7 @@
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
 #include "platform/Dialogs.h"
+#include "platform/paint/RasterPort.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -165,14 +166,74 @@ void incroci(const Linee& l, std::int64_t n) {
     attivi.swap(fusi);
 }
 
+// Strokes on their way to the port. On a raster, a plain pen may paint a pixel twice without harm: strokes of one row or
+// column that touch go out as one, and one already painted is dropped, so a hatch finer than the pixels costs little.
+class Tratti {
+    Point da, a;
+    bool aperto = false;
+    const bool unisce;
+
+    [[nodiscard]] bool unito(Point p, Point q) {
+        if ((p == da && q == a) || (p == q && (p == da || p == a))) return true;
+        if (p.v == q.v && da.v == a.v && p.v == da.v) return allunga(p.h, q.h, da.h, a.h);
+        if (p.h == q.h && da.h == a.h && p.h == da.h) return allunga(p.v, q.v, da.v, a.v);
+        return false;
+    }
+    static bool allunga(std::int32_t p, std::int32_t q, std::int32_t& inizio, std::int32_t& fine) {
+        const auto [basso, alto] = std::minmax(p, q);
+        const auto [giu, su] = std::minmax(inizio, fine);
+        if (basso > su + 1 || alto < giu - 1) return false;
+        const std::int32_t min = std::min(basso, giu), max = std::max(alto, su);
+        inizio = min;
+        fine = max;
+        return true;
+    }
+
+public:
+    Tratti()
+        : unisce(!DisegnaPict && GetPort()->pen.pnMode == patCopy && dynamic_cast<RasterPort*>(GetPort()) != nullptr) {}
+
+    void linea(Point p, Point q) {
+        if (aperto && unito(p, q)) return;
+        chiudi();
+        da = p;
+        a = q;
+        aperto = true;
+        if (!unisce) chiudi();
+    }
+    void chiudi() {
+        if (!aperto) return;
+        aperto = false;
+        MoveTo(da.h, da.v);
+        LineTo(a.h, a.v);
+    }
+};
+
 // Crossings in pairs, by the even-odd rule; an odd last one has no partner.
-void disegnaLinea(const Riferimento& r, double s, const Estremi& visti) {
+void disegnaLinea(const Riferimento& r, double s, const Estremi& visti, Tratti& tratti) {
+    if (attivi.size() < 2) return;
+    // All crossings lie between the first and the last: what these can be in pixels, all can.
+    const Coppia inizio = r.fuori(attivi.front().p, s), fine = r.fuori(attivi.back().p, s);
+    Point tenuto;
+    const bool vicini = PuntoIntero(inizio.x, inizio.y, tenuto) && PuntoIntero(fine.x, fine.y, tenuto);
+    const double sx = -(s * r.s), sy = s * r.c;
+    const std::int32_t oh = OrigX, ov = OrigY;
+    const double scala = scalavid;
+    const auto intero = [](double t, std::int32_t orig) { return static_cast<std::int32_t>(PixelVicino(t) - orig); };
+    const auto pixel = [&](double p) {
+        return Point{intero(scala * (p * r.s + sy), ov), intero(scala * (p * r.c + sx), oh)};
+    };
     for (std::size_t i = 1; i < attivi.size(); i += 2) {
         const double alto = attivi[i - 1].p, basso = attivi[i].p;
         if (basso > visti.max || alto < visti.min) continue;
+        if (vicini) [[likely]] {
+            tratti.linea(pixel(alto), pixel(basso));
+            continue;
+        }
         const Coppia a = r.fuori(alto, s), b = r.fuori(basso, s);
         LineaFoglio(a.x, a.y, b.x, b.y);
     }
+    tratti.chiudi();
 }
 
 void direzione(std::int32_t testa, std::int32_t ultimo, double angolo, double passo) {
@@ -187,9 +248,10 @@ void direzione(std::int32_t testa, std::int32_t ultimo, double angolo, double pa
     faiLati(testa, ultimo, r, l);
     ordina(l);
     attivi.clear();
+    Tratti tratti;
     for (std::int64_t n = l.prima; n <= l.ultima; ++n) {
         incroci(l, n);
-        disegnaLinea(r, l.livello(n), vista.p);
+        disegnaLinea(r, l.livello(n), vista.p, tratti);
     }
 }
 

@@ -1,13 +1,10 @@
 // The dialog of the hatch: angle, spacing, on or off, crossed.
-#include <algorithm>
-
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "editing/Tratteggi.h"
 #include "model/Attributi.h"
-#include "platform/Resources.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -15,9 +12,8 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t dialogo = 9130, campoAngolo = 4, campoPasso = 6, spuntaTratteggio = 9, spuntaIncrociato = 13;
-constexpr std::int16_t listaUnita = 9130, primaUnita = 2;   // names of the angle systems
-constexpr double maxAngolo = 401.0;                         // in the angle system in force
-constexpr double minPasso = 0.02, maxPasso = 5.0;           // hundreds of sheet units
+constexpr double maxAngolo = 401.0;                 // in the angle system in force
+constexpr double minPasso = 0.02, maxPasso = 5.0;   // hundreds of sheet units
 
 void copiaTratteggio(elemento& a, const elemento& da) {
     a.poli.passoTratt = da.poli.passoTratt;
@@ -79,9 +75,7 @@ void TPoniTratteggi::Dialogo() {
 }
 
 void TPoniTratteggi::Tratt() {
-    const auto unita = static_cast<std::int16_t>(primaUnita + std::clamp<std::int32_t>(gradCorrente, 0, 2));
-    ParamText(Invito(Puntosel.attiva != 0, Puntosel.attiva ? NomeSelezione() : std::string()),
-              GetIndString(listaUnita, unita), "", "");
+    ParamText(Invito(Puntosel.attiva != 0, Puntosel.attiva ? NomeSelezione() : std::string()), NomeAngoli(), "", "");
     Dialogo();
     if (itemCorrente != okItem || quitPending()) return;
     if (Puntosel.attiva) {

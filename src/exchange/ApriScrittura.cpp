@@ -22,9 +22,11 @@ std::string nomeOfferto(std::string_view suffisso) {
 
 }   // namespace
 
-bool ApriScrittura(std::int16_t invito, std::string_view prima, std::string_view suffisso, FSSpec& file) {
+namespace {
+
+bool apri(std::string_view invito, std::string_view suffisso, FSSpec& file) {
     uscita = 0;
-    if (!NavPutFile(std::string(prima) + GetIndString(listaNomi, invito), nomeOfferto(suffisso), file)) {
+    if (!NavPutFile(invito, nomeOfferto(suffisso), file)) {
         uscita = 1;
         return false;
     }
@@ -32,6 +34,17 @@ bool ApriScrittura(std::int16_t invito, std::string_view prima, std::string_view
     IOERR2(FSpOpenReplacing(file, creatoreTtxt, tipoTEXT, RefNum));
     if (uscita) fileInLavoro.clear();
     return !uscita;
+}
+
+}   // namespace
+
+bool ApriScrittura(std::int16_t invito, std::string_view prima, std::string_view suffisso, FSSpec& file) {
+    return apri(std::string(prima) + GetIndString(listaNomi, invito), suffisso, file);
+}
+
+bool ApriTesto(std::string_view invito, std::string_view suffisso) {
+    FSSpec file;
+    return apri(invito, suffisso, file);
 }
 
 void ChiudiScrittura() {

@@ -12,6 +12,8 @@ namespace tessaro {
 // Asks with string `invito` of list 129 behind `prima`, offers the document's name with `suffisso` (the suffix alone
 // while it has none) and opens the answer as RefNum. False, with uscita set: cancelled, or told by IOERR2.
 bool ApriScrittura(std::int16_t invito, std::string_view prima, std::string_view suffisso, FSSpec& file);
+// The same with a prompt of one's own.
+bool ApriTesto(std::string_view invito, std::string_view suffisso);
 void ChiudiScrittura();   // drops the new file when uscita is set
 
 }   // namespace tessaro

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "exchange/Codifica.h"
+#include "exchange/Operazione.h"
 #include "model/Elemento.h"
 #include "text/PascalString.h"
 
@@ -12,7 +13,7 @@ namespace tessaro {
 
 class TLeggiEntitaCXF {
 public:
-    void Leggi();   // the open file, from its present position to its end or to the line "EOF"
+    void Leggi();   // the open file, from its present position to its end or to the line "EOF"; ends with the report
 
 private:
     struct Coppia2 {
@@ -27,7 +28,7 @@ private:
     void CXFTesto();
 
     bool eParola(const char* parola) const;   // the line begins so
-    bool continua() const;                    // neither failed nor full
+    bool continua();                          // neither failed nor full, and the person lets it go on
     double reale();                           // the next line as a number; 0 once uscita is set
     std::int16_t intero(std::int16_t min, std::int16_t max);
     Coppia2 punto();   // two lines
@@ -45,6 +46,9 @@ private:
     elemento prova{};   // scratch: only its type is used
     PStr255 linea = "";
     Codifica codifica = Codifica::macRoman;
+    LetturaLunga lunga{TestoScambio::avanzaMappa};
+    Resoconto resoconto;
+    std::int64_t contate = 0;    // lines
     bool pieno = false;          // an element found no room
     std::uint8_t charprec = 0;   // last byte read
 };

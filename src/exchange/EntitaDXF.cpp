@@ -7,6 +7,7 @@
 #include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/GruppiDXF.h"
+#include "exchange/Operazione.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Colori.h"
@@ -63,7 +64,7 @@ void TLeggiEntitaDXF::Leggi() {
 void TLeggiEntitaDXF::entita(std::string_view nome) {
     for (const Operazione& o : operazioni) {
         if (!StessaParola(nome, o.nome)) continue;
-        if (StrOperCorr.view() != o.nome) StrOperCorr = o.nome.data();
+        MostraOperazione(o.nome);
         fineEntita = false;
         (this->*o.leggi)();
         return;

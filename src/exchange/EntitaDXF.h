@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "exchange/ResocontoDXF.h"
+#include "exchange/Resoconto.h"
 #include "exchange/RigheDxf.h"
 #include "exchange/TestoDxf.h"
 #include "model/Elemento.h"
@@ -18,7 +18,7 @@ namespace tessaro {
 struct LetturaDXF {
     RigheDxf righe;
     AlfabetoDxf alfabeto;
-    ResocontoDXF resoconto;
+    Resoconto resoconto;
 };
 
 // --- layers and blocks of the file in hand

@@ -114,6 +114,7 @@ void TFormatoXYZ::colpito() {
     } else if (itemCorrente == ripristinaItem) {
         leggipar();
         Display();
+        esito = 1;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "digitising/Coordinate.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
+#include "exchange/RigheDxf.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
@@ -19,7 +20,6 @@ namespace {
 constexpr std::int16_t lucidoParticelle = 0, lucidoFabbricati = 1, lucidoNomiFabbricati = 2, lucidoTesti = 5,
                        lucidoLinee = 6;
 constexpr std::int16_t coloreComune = 1, coloreNomiFabbricati = 4;
-constexpr std::int32_t righeTraDomande = 512;   // lines between two looks at the keyboard
 
 void suLucido(std::int16_t l) { VisioneGraf.lucidoCorrente = l; }
 
@@ -40,6 +40,7 @@ TipoLinea tipoDiLinea(std::int16_t codice) {
 void TLeggiEntitaCXF::ReadlnDisco(PStr255& s) {
     if (!RigaDisco(s, charprec, true)) return;
     numriga = i16(numriga + 1);
+    ++contate;
     if (s[0] > 0 && s[1] == ' ') s = s.Copy(2, 255);
     // Values are padded to the width of their column: a name is its characters.
     while (s[0] > 0 && s[s[0]] == ' ') --s[0];
@@ -51,15 +52,13 @@ bool TLeggiEntitaCXF::eParola(const char* parola) const {
     return linea.Copy(1, p[0]) == p;
 }
 
-bool TLeggiEntitaCXF::continua() const { return !uscita && !pieno; }
+bool TLeggiEntitaCXF::continua() { return !uscita && !pieno && lunga.continua(); }
 
 // One fault, one message: what follows in the entity is not looked at any more.
 double TLeggiEntitaCXF::reale() {
     ReadlnDisco(linea);
     double v = 0;
-    std::int16_t pos = 0;
-    if (uscita || STRtoFP(-1e99, 1e99, linea, v, pos, 1) < 1) uscita = 1;
-    return uscita ? 0 : v;
+    return !uscita && RealeDaRiga(linea.view(), v) ? v : 0;
 }
 
 std::int16_t TLeggiEntitaCXF::intero(std::int16_t min, std::int16_t max) {
@@ -91,6 +90,7 @@ std::int16_t TLeggiEntitaCXF::angolo() {
 void TLeggiEntitaCXF::metti(Tipoelem tipo, const Coppia2& p, double z, const Coppia2& q, std::int16_t penna,
                             std::int16_t colore, std::int16_t pattern, const PStr255& testo) {
     pieno = indElem >= maxElementi;   // the store beeps once, and nothing more is read
+    if (pieno) resoconto.pieno();
     const bool segmento = tipo == tSegmento;
     Memorizza(tipo, p.x, p.y, z, segmento ? q.x : 0, segmento ? q.y : 0, 0, penna, colore, pattern, testo);
 }
@@ -101,12 +101,14 @@ void TLeggiEntitaCXF::scritta(const PStr255& testo, const Coppia2& dove, std::in
 
 // Recognised on purpose, and nothing more: their values go by as lines that begin no entity.
 void TLeggiEntitaCXF::Simbolo() {
-    StrOperCorr = "SIMBOLO";
+    MostraOperazione("SIMBOLO");
+    resoconto.tralascia("SIMBOLO");
     prova.tipo = tMarker;
 }
 
 void TLeggiEntitaCXF::Fiduciale() {
-    StrOperCorr = "FIDUCIALE";
+    MostraOperazione("FIDUCIALE");
+    resoconto.tralascia("FIDUCIALE");
     prova.tipo = tCerchio;
 }
 
@@ -125,11 +127,14 @@ void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int1
 // Kept: the loop asks the counter that the ring before it has left, so the islands are read only when that ring has no
 // more points than there are islands; else their lines go by unread.
 void TLeggiEntitaCXF::isole(const std::array<std::int16_t, 50>& vertici, std::int32_t quante, std::int32_t contatore) {
-    for (std::int32_t isola = 0; isola < quante && contatore < quante && continua(); ++isola)
+    std::int32_t isola = 0;
+    for (; isola < quante && contatore < quante && continua(); ++isola)
         anello(vertici[static_cast<std::size_t>(isola)], 1, coloreComune, 1, contatore);
+    if (continua()) resoconto.parti.aggiungi(cIsole, quante - isola);
 }
 
 void TLeggiEntitaCXF::Poligono() {
+    MostraOperazione("BORDO");
     PStr255 nome;
     ReadlnDisco(nome);
     dimensione();
@@ -164,6 +169,7 @@ void TLeggiEntitaCXF::Poligono() {
 }
 
 void TLeggiEntitaCXF::Linea() {
+    MostraOperazione("LINEA");
     suLucido(lucidoLinee);
     const TipoLinea tipo = tipoDiLinea(intero(0, 10000));
     const std::int16_t punti = intero(0, 10000);
@@ -178,6 +184,7 @@ void TLeggiEntitaCXF::Linea() {
 }
 
 void TLeggiEntitaCXF::CXFTesto() {
+    MostraOperazione("TESTO");
     suLucido(lucidoTesti);
     gFontSize = 12;
     PStr255 testo;
@@ -203,8 +210,8 @@ void TLeggiEntitaCXF::Leggi() {
     EndFile = 0;
     charprec = 0;
     codifica = RiconosciCodifica();
-    for (std::int32_t righe = 1; continua() && !EndFile; ++righe) {
-        if (righe % righeTraDomande == 0 && escapePressed()) break;
+    const std::int32_t primo = indElem + 1;
+    while (continua() && !EndFile) {
         ReadlnDisco(linea);
         const auto* e =
             std::find_if(std::begin(entita), std::end(entita), [this](const Entita& x) { return eParola(x.parola); });
@@ -214,6 +221,9 @@ void TLeggiEntitaCXF::Leggi() {
             EndFile = 1;
     }
     NessunaSelezione();
+    ElementiContati entrati;
+    entrati.contaRecord(primo);
+    resoconto.mostra(entrati, uscita || pieno || lunga.fermata() ? contate : 0, lunga.fermata());
 }
 
 void EntitaCXF() {

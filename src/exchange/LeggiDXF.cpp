@@ -6,6 +6,7 @@
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "exchange/GruppiDXF.h"
+#include "exchange/Operazione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -47,7 +48,7 @@ bool unLucido(LetturaDXF& l) {
 }
 
 void Lucidi(LetturaDXF& l) {
-    StrOperCorr = "LAYER";
+    MostraOperazione("LAYER");
     if (!l.righe.cerca(zero)) return;
     while (!l.righe.finite()) {
         const std::string_view nome = l.righe.riga();
@@ -62,12 +63,12 @@ void Lucidi(LetturaDXF& l) {
 }
 
 void TipiLinea(LetturaDXF& l) {
-    StrOperCorr = "LTYPE";
+    MostraOperazione("LTYPE");
     l.righe.salta("ENDTAB");
 }
 
 void Stile(LetturaDXF& l) {
-    StrOperCorr = "STYLE";
+    MostraOperazione("STYLE");
     l.righe.salta("ENDTAB");
 }
 
@@ -134,7 +135,7 @@ void blocchi(LetturaDXF& l) {
             l.righe.cerca(zero);
             continue;
         }
-        StrOperCorr = "BLOCK";
+        MostraOperazione("BLOCK");
         BlocchiDXF.emplace_back();
         const auto numero = static_cast<std::int32_t>(BlocchiDXF.size());
         BlocchiDXF.back().primo = indElem;
@@ -193,7 +194,7 @@ void guardaIntestazione(AlfabetoDxf& alfabeto) {
 
 bool ApriDXF(FSSpec& file) {
     constexpr std::int16_t tipiTesti = 302;
-    return NavGetFile(TestoDi(TestoDxf::invitoLettura), tipiTesti, file);
+    return NavGetFile(TestoDi(TestoScambio::invitoLettura), tipiTesti, file);
 }
 
 void LeggiDXF() {
@@ -204,7 +205,7 @@ void LeggiDXF() {
     InizioTabelleDXF();
     AlfabetoDxf alfabeto;
     guardaIntestazione(alfabeto);
-    ProgressOpen(TestoDi(TestoDxf::avanzaLettura));
+    ProgressOpen(TestoDi(TestoScambio::avanzaLettura));
     LetturaDXF lettura{RigheDxf(), alfabeto, {}};
     {
         const LatoRimandato rimanda;
@@ -216,10 +217,12 @@ void LeggiDXF() {
     SpostaXY();
     PoniAnnulla(aNiente);
     gFontSize = corpo;
-    StrOperCorr = "";
+    FineOperazione();
     InvalFinestra();
     const bool fermata = lettura.righe.fermata();
-    lettura.resoconto.mostra(primo, interrotta || fermata ? lettura.righe.lette() : 0, fermata);
+    ElementiContati entrati;
+    entrati.contaRecord(primo);
+    lettura.resoconto.mostra(entrati, interrotta || fermata ? lettura.righe.lette() : 0, fermata);
 }
 
 }   // namespace tessaro

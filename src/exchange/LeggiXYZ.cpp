@@ -10,6 +10,7 @@
 #include "display/Zoom.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
+#include "exchange/Operazione.h"
 #include "exchange/RigheElenco.h"
 #include "exchange/XYZ.h"
 #include "files/Risanamento.h"
@@ -30,7 +31,6 @@ namespace {
 constexpr std::int16_t avvisoRiga = 3007, risponde2Ferma = 2;
 constexpr std::int16_t senzaRiga = -5;   // the file ended instead of a row
 constexpr char tab = 9;
-constexpr std::int32_t righeTraDomande = 256;   // rows between two looks at the keyboard
 
 // A tag holds 13 characters; what is longer is cut.
 Aref arefDa(std::string_view campo) {
@@ -56,6 +56,10 @@ class LettoreXYZ {
     std::int32_t numeroRiga = 0;
     std::int32_t posto = 0;   // record of this round
     std::int16_t codice = senzaRiga;
+    bool rigaLetta = false;   // this round began a row
+    bool stop = false;        // the person stopped the list
+    ElementiContati entrati;
+    Resoconto resoconto;
     // Kept: not cleared between rows, so a column that the layout leaves out stays at zero.
     double x = 0, y = 0, z = 0;
     std::vector<double*> numeriDellaRiga = soloNumeri();
@@ -70,7 +74,9 @@ class LettoreXYZ {
         return campi;
     }
 
-    std::string_view rigaLetta() { return InMacRoman(righe.riga(numeroRiga), codifica, convertita); }
+    std::string_view prossima() { return InMacRoman(righe.riga(numeroRiga), codifica, convertita); }
+
+    [[nodiscard]] bool restaDaLeggere() const { return EndFile == 0 && righe.resta(); }
 
     double& coordinata(std::int16_t colonna) { return colonna == colonnaX ? x : colonna == colonnaY ? y : z; }
 
@@ -92,21 +98,21 @@ class LettoreXYZ {
 
     // Each column a line of its own. A row that the file's end cuts short is a fault, its plain end is none.
     void rigaPerRiga() {
-        bool iniziata = false;
+        rigaLetta = false;
         for (const std::int16_t colonna : DatoP) {
             if (colonna == colonnaNessuna) continue;
             double* const campo[] = {&coordinata(colonna)};
             if (colonna != colonnaAref && presi(campo)) {
-                iniziata = true;
+                rigaLetta = true;
                 continue;
             }
-            const std::string_view riga = rigaLetta();
+            const std::string_view riga = prossima();
             if (uscita || (EndFile && riga.empty())) {
                 codice = senzaRiga;
-                if (iniziata && !uscita) ContrErr(codice, numeroRiga);
+                if (rigaLetta && !uscita) ContrErr(codice, numeroRiga);
                 return;
             }
-            iniziata = true;
+            rigaLetta = true;
             analizza(colonna, riga);
             ContrErr(codice, numeroRiga);
             if (uscita) return;
@@ -115,9 +121,11 @@ class LettoreXYZ {
 
     // The whole row in one line, its fields between tabs; fields that are missing are empty.
     void rigaIntera() {
-        if (presi(numeriDellaRiga)) return;
-        std::string_view resto = rigaLetta();
-        if (uscita || (EndFile && resto.empty())) {
+        rigaLetta = presi(numeriDellaRiga);
+        if (rigaLetta) return;
+        std::string_view resto = prossima();
+        rigaLetta = !uscita && !(EndFile && resto.empty());
+        if (!rigaLetta) {
             codice = senzaRiga;
             return;
         }
@@ -167,19 +175,31 @@ class LettoreXYZ {
         else
             rigaPerRiga();
         // Kept: the row's last field decides alone; a fault in an earlier one was the user's to judge.
-        if (codice > 0) memorizza();
+        if (codice > 0) {
+            memorizza();
+            entrati.aggiungi(tMarker);
+        } else if (rigaLetta) {
+            resoconto.parti.aggiungi(cRigheGuaste);
+        }
         conta();
     }
 
 public:
     void leggi() {
-        std::int32_t lette = 0;
+        LetturaLunga lunga(TestoScambio::avanzaPunti);
+        MostraOperazione("XYZ");
         posto = std::max(indElem, 2);
-        while (!EndFile && !uscita && posto < maxElementi) {
-            if (++lette % righeTraDomande == 0 && escapePressed()) return;
+        while (!EndFile && !uscita && posto < maxElementi && lunga.continua()) {
             ++posto;
             riga();
         }
+        stop = lunga.fermata() || RefNum == 0;   // Escape, or the button of a bad row
+    }
+
+    void mostra() {
+        const bool pieno = !uscita && !stop && posto >= maxElementi && restaDaLeggere();
+        if (pieno) resoconto.pieno();
+        resoconto.mostra(entrati, uscita || stop || pieno ? numeroRiga : 0, stop);
     }
 };
 
@@ -202,10 +222,12 @@ void LeggiXYZ() {
     uscita = 0;
     EndFile = 0;
     if (ColonneXYZ() == 0) return;
-    LettoreXYZ().leggi();
+    LettoreXYZ lettore;
+    lettore.leggi();
     SpostaXY();
     PoniAnnulla(aNiente);
     InvalFinestra();
+    lettore.mostra();
 }
 
 }   // namespace tessaro

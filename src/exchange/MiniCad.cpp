@@ -105,15 +105,22 @@ void ApriMiniCad(tipo_D d) {
     ApriScrittura(invitoMiniCad, forma, forma + ".mcad", file);
 }
 
-void ScriviObjectCreationCode(tipo_D d) { TScriviObjectMiniCad().Scrivi(d); }
+Scritti ScriviObjectCreationCode(tipo_D d) {
+    TScriviObjectMiniCad elementi;
+    elementi.Scrivi(d);
+    return elementi.conti;
+}
 
 void FaiMiniCad(tipo_D d) {
     ApriMiniCad(d);
     SetCursor(ClockCursor);
     if (!uscita) {
         ScriviGlobalCharacteristics();
-        if (!uscita) ScriviObjectCreationCode(d);
+        Scritti conti;
+        if (!uscita) conti = ScriviObjectCreationCode(d);
         ChiudiScrittura();
+        SetCursor(arrowCursor);
+        if (!uscita) MostraScritti(conti, TestoScambio::nonNegliScript);
     }
     SetCursor(arrowCursor);
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 
+#include "exchange/Resoconto.h"
 #include "model/Elemento.h"
 #include "text/PascalString.h"
 
@@ -18,7 +19,7 @@ extern const std::array<std::int16_t, 38> Retini_MC;   // pen pattern of the scr
 void FaiMiniCad(tipo_D d);
 void ApriMiniCad(tipo_D d);   // asks where to write and opens it as RefNum; cancelling sets uscita
 void ScriviGlobalCharacteristics();
-void ScriviObjectCreationCode(tipo_D d);
+Scritti ScriviObjectCreationCode(tipo_D d);
 
 // --- single commands
 void MCPenSize(std::int16_t n);
@@ -38,16 +39,18 @@ public:
     virtual ~TScriviObjectMiniCad() = default;
     void Scrivi(tipo_D d);
 
+    Scritti conti;
+
 protected:
     virtual void MCFaiT(std::int32_t i);
     virtual void ScriviLineaMiniCad(const elemento& e, tipo_D d);
     virtual void MCFaiPoly(std::int32_t& i, tipo_D d);   // i moves onto the last vertex
-    virtual void ScriviMarkerMiniCad(const elemento& e, tipo_D d);
+    virtual bool ScriviMarkerMiniCad(const elemento& e, tipo_D d);
     virtual void AsteriscoMiniCad(tipo_D d);
     virtual void TriangoloMiniCad(tipo_D d);
 
 private:
-    void elementoVisibile(std::int32_t& i, tipo_D d);
+    bool elementoVisibile(std::int32_t& i, tipo_D d);
     void colore(std::int16_t c);
     void penna(std::int16_t c, std::int16_t pattern, std::int16_t size);
     void chiudiLinea();

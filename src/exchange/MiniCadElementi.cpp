@@ -158,38 +158,50 @@ void TScriviObjectMiniCad::cerchiettoMiniCad(tipo_D d) {
     figura(punti, d);
 }
 
-void TScriviObjectMiniCad::ScriviMarkerMiniCad(const elemento& e, tipo_D d) {
+// False for a shape without lines: only its pen is written.
+bool TScriviObjectMiniCad::ScriviMarkerMiniCad(const elemento& e, tipo_D d) {
     penna(e.mark.colore, e.mark.pattern, e.mark.spessore);
     switch (e.mark.forma) {
-    case 1: AsteriscoMiniCad(d); break;
-    case 2: TriangoloMiniCad(d); break;
-    case 3: quadratoMiniCad(d); break;
-    case 4: croceMiniCad(d); break;
-    case 5: cerchiettoMiniCad(d); break;
-    default: break;
+    case 1: AsteriscoMiniCad(d); return true;
+    case 2: TriangoloMiniCad(d); return true;
+    case 3: quadratoMiniCad(d); return true;
+    case 4: croceMiniCad(d); return true;
+    case 5: cerchiettoMiniCad(d); return true;
+    default: return false;
     }
 }
 
-void TScriviObjectMiniCad::elementoVisibile(std::int32_t& i, tipo_D d) {
+// False when the script has nothing for the element.
+bool TScriviObjectMiniCad::elementoVisibile(std::int32_t& i, tipo_D d) {
     const elemento& e = Elem(i);
     if (e.tipo != tSegmento) chiudiLinea();
     switch (e.tipo) {
-    case tMarker:
-        corrente = reale(e.mark.x, e.mark.y, e.mark.z);
-        ScriviMarkerMiniCad(e, d);
-        break;
-    case tPoligono: MCFaiPoly(i, d); break;
-    case tTesto:
-        if (VisioneGraf.mostraTesti) MCFaiT(i);
-        break;
-    case tSegmento: ScriviLineaMiniCad(e, d); break;
-    default: break;
+    case tMarker: corrente = reale(e.mark.x, e.mark.y, e.mark.z); return ScriviMarkerMiniCad(e, d);
+    case tPoligono: MCFaiPoly(i, d); return true;
+    case tTesto: MCFaiT(i); return true;
+    case tSegmento: ScriviLineaMiniCad(e, d); return true;
+    default: return false;
     }
 }
 
 void TScriviObjectMiniCad::Scrivi(tipo_D d) {
-    for (std::int32_t i = 3; i <= indElem && !uscita; ++i)
-        if (LucidoVisibile(Elem(i).lucido)) elementoVisibile(i, d);
+    for (std::int32_t i = 3; i <= indElem && !uscita; ++i) {
+        const std::uint8_t tipo = Elem(i).tipo;
+        if (!LucidoVisibile(Elem(i).lucido)) {
+            if (tipo != tVertice) conti.perduti.aggiungi(cCoperti);
+            continue;
+        }
+        if (tipo == tTesto && !VisioneGraf.mostraTesti) {
+            chiudiLinea();
+            conti.perduti.aggiungi(cCoperti);
+        } else if (elementoVisibile(i, d)) {
+            conti.scritti.aggiungi(tipo);
+        } else if (tipo == tMarker) {
+            conti.perduti.aggiungi(cMarkerIgnoti);
+        } else {
+            conti.perduti.aggiungi(tipo);
+        }
+    }
     chiudiLinea();
 }
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/Dialogs.h"
+#include "exchange/Operazione.h"
 #include "platform/Files.h"
 
 namespace tessaro {
@@ -12,7 +12,7 @@ namespace tessaro {
 RigheDxf::RigheDxf() { GetEOF(RefNum, dimensione); }
 
 bool RigheDxf::blocco() {
-    if (dimensione > 0 && !ProgressStep(static_cast<double>(posizione) / static_cast<double>(dimensione))) {
+    if (posizione > 0 && !AvanzaLettura(static_cast<double>(posizione) / static_cast<double>(dimensione))) {
         qui = fine = nullptr;
         fermataDaTastiera = true;
         EndFile = 1;

@@ -1,7 +1,14 @@
 // The lines of a point list where a block of the file ends.
 #include "exchange/RigheElenco.h"
 
+#include "platform/Files.h"
+
 namespace tessaro {
+
+bool RigheElenco::resta() const {
+    std::int64_t dimensione = 0;
+    return qui != fine || (GetEOF(RefNum, dimensione) == noErr && posizione < dimensione);
+}
 
 // Byte by byte.
 std::string_view RigheElenco::rigaLenta(std::int32_t& n) {

@@ -36,8 +36,8 @@ public:
         return rigaLenta(n);
     }
 
-    // The next line when it is just plain numbers, one for each of `campi` (at most four), with tabs between them. Else it is still to
-    // be read, and they are as they were.
+    // The next line when it is just plain numbers, one for each of `campi` (at most four), with tabs between them. Else
+    // it is still to be read, and they are as they were.
     bool numeri(std::span<double* const> campi, std::int32_t& n) {
         if (cifreEstese == 0 || uscita != 0) return false;
         while (largo() && *qui == lf) ++qui;
@@ -55,6 +55,7 @@ public:
         ++n;
         return true;
     }
+    [[nodiscard]] bool resta() const;   // there are bytes that no line took
 
 private:
     std::string_view rigaLenta(std::int32_t& n);

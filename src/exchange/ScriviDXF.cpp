@@ -142,15 +142,8 @@ void ScriviTableStyleDXF(ScritturaDXF& s) {
 
 namespace {
 
-constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1, invito = 36, avvisoScritto = 9111;
+constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1, invito = 36;
 constexpr OSType tipoTesto = tipoDi("TEXT"), creatoreTesto = tipoDi("ttxt");
-
-void mostraScritti(const ScritturaDXF& s) {
-    const std::string perduti = s.perduti.vuoti() ? "" : TestoDi(TestoDxf::tralasciati, s.perduti.testo());
-    const std::string maiScritto = s.scritti.vuoti() ? "" : TestoDi(TestoDxf::nonNelFormato);
-    ParamText(s.scritti.testo(), perduti, maiScritto, {});
-    NoteAlert(avvisoScritto);
-}
 
 }   // namespace
 
@@ -186,7 +179,7 @@ void FaiDXF() {
         else
             IOERR2(FSClose(RefNum));
         SetCursor(arrowCursor);
-        if (uscita == 0) mostraScritti(s);
+        if (uscita == 0) MostraScritti(s, TestoScambio::nonNelFormato);
     }
     fileInLavoro.clear();
     fType = tipoTS3D;

@@ -4,13 +4,12 @@
 #include <cstdint>
 
 #include "exchange/BufferDXF.h"
-#include "exchange/ResocontoDXF.h"
+#include "exchange/Resoconto.h"
 
 namespace tessaro {
 
-struct ScritturaDXF {
+struct ScritturaDXF : Scritti {
     BufferDXF b;
-    ElementiContati scritti, perduti;
 };
 
 void ScriviHeader(ScritturaDXF& s);

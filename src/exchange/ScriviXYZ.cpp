@@ -76,7 +76,11 @@ class ScrittoreXYZ {
     }
 
 public:
+    Scritti conti;
+
     void scrivi(const elemento& e) {
+        const bool conPunti = e.tipo == tSegmento || e.tipo == tMarker || e.tipo == tPoligono || e.tipo == tVertice;
+        (conPunti ? conti.scritti : conti.perduti).aggiungi(e.tipo);
         switch (e.tipo) {
         case tTesto: return;
         case tSegmento: segmento(e); return;
@@ -91,10 +95,11 @@ public:
 
 }   // namespace
 
-void ScriviXYZ() {
+Scritti ScriviXYZ() {
     SetCursor(ClockCursor);
     ScrittoreXYZ scrittore;
     for (std::int32_t n = 3; n <= indElem && !uscita; ++n) scrittore.scrivi(Elem(n));
+    return scrittore.conti;
 }
 
 void ApriXYZScr() {
@@ -107,8 +112,10 @@ void ApriXYZScr() {
 void FaiXYZAsci() {
     ApriXYZScr();
     if (!uscita) {
-        ScriviXYZ();
+        const Scritti conti = ScriviXYZ();
         ChiudiScrittura();
+        SetCursor(arrowCursor);
+        if (!uscita) MostraScritti(conti, TestoScambio::nonNegliElenchi);
     }
     SetCursor(arrowCursor);
 }

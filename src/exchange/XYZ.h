@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "exchange/Resoconto.h"
 #include "text/PascalString.h"
 
 namespace tessaro {
@@ -11,9 +12,10 @@ namespace tessaro {
 extern PStr255 filexyz;       // name of the last list written; FaiXYZAsci
 extern std::string vrefrel;   // its folder, UTF-8
 
-void LeggiXYZ();     // the open file into markers behind the last record; the caller closes it, unless RefNum is 0
-void ScriviXYZ();    // all points of the drawing into the open file
-void ApriXYZScr();   // asks where to write and opens it as RefNum; cancelling sets uscita
+// The open file into markers behind the last record, and the report; the caller closes it, unless RefNum is 0.
+void LeggiXYZ();
+Scritti ScriviXYZ();   // all points of the drawing into the open file
+void ApriXYZScr();     // asks where to write and opens it as RefNum; cancelling sets uscita
 void FaiXYZAsci();
 
 // A field's code: above 0 it is good. Otherwise alert 3007 with the line number: button 1 goes on (uscita is taken

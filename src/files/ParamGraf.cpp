@@ -184,6 +184,7 @@ void TParamGraf::Dialogo() {
         ModalDialog(MyMovableFilter, itemCorrente);
         colpito();
     } while (!chiude() && !(itemCorrente == annullaItem && quitPending()));
+    if (itemCorrente == annullaItem) ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);
     DisposeDialog(theDialog);
     theDialog = nullptr;
 }

@@ -41,9 +41,10 @@ void PoniAnnulla(std::int32_t kind) {
     if (annullamento == aCancella) rilasciaParcheggiati();
     annullamento = kind;
     if (kind == aSposta) {
-        XDeltaSpost = -XDeltaSpost;
-        YDeltaSpost = -YDeltaSpost;
-        ZDeltaSpost = -ZDeltaSpost;
+        // From zero, so that a zero gets no sign: the dialog of the move shows these.
+        XDeltaSpost = 0 - XDeltaSpost;
+        YDeltaSpost = 0 - YDeltaSpost;
+        ZDeltaSpost = 0 - ZDeltaSpost;
     }
     if (kind >= 0 && kind <= aScalaPict) TestoAnnulla(stringaDelTipo[kind]);
 }

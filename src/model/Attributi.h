@@ -45,7 +45,7 @@ extern std::int16_t TheOldDimFIt;   // ticked size item, 2
 // --- units, sheet and scales
 extern std::int32_t gradCorrente;                 // TipoGrad, 0 centesimal
 extern std::int32_t orientCorrente;               // TipoOrient, 1 azimuth
-extern std::int16_t tipoAngolo;                   // 1: angles shown in gradCorrente, 0: in sexagesimal degrees
+extern std::int16_t tipoAngolo;                   // 1: shown and typed in sexagesimal degrees; else in gradCorrente
 extern std::int16_t UnitaMCorrente;               // 0 mm 1 cm 2 m 3 km 4 inch 5 foot 6 free
 extern double Scaladis;                           // scale denominator
 extern double decimiUnita;                        // tenths of a millimetre per real unit at scale 1

@@ -31,11 +31,12 @@ void SetDialogItemValue(DialogPtr d, std::int16_t item,
                         std::int32_t value);   // radio, check box: 0 or 1; pop-up, slider: the value
 std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
 void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
-void ShowDialogItem(DialogPtr d, std::int16_t item);
+void ShowDialogItem(DialogPtr d, std::int16_t item);   // a list that scrolls is scrolled to it
 void HideDialogItem(DialogPtr d, std::int16_t item);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
                        std::int16_t menu);   // pop-up items take their texts from a menu
-// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen.
+// A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen. A table's rows have
+// cells parted by tabs and no colour; its heading is the item's text. Without rows a table is not shown.
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
@@ -46,6 +47,8 @@ void ParamText(std::string_view p0, std::string_view p1, std::string_view p2, st
 
 // Alerts give the button hit. Without a window system (fuzzing, benches) they give the default at once.
 std::int16_t StopAlert(std::int16_t id);
+// With a ^0 of its own and no other parameter; those of ParamText hold again behind it, for the dialog that is open.
+std::int16_t StopAlertParam(std::int16_t id, std::string_view macRoman0);
 std::int16_t NoteAlert(std::int16_t id);
 std::int16_t CautionAlert(std::int16_t id);
 std::int16_t Alert(std::int16_t id);

@@ -16,7 +16,17 @@ namespace tessaro {
 
 namespace {
 
-enum : std::uint32_t { bTaglia = 3, bFoglio = 13, bRidisegna = 14, bColore = 23, bSpessore, bPenna, bArea, bAiuto, bPolare = 29 };
+enum : std::uint32_t {
+    bTaglia = 3,
+    bFoglio = 13,
+    bRidisegna = 14,
+    bColore = 23,
+    bSpessore,
+    bPenna,
+    bArea,
+    bAiuto,
+    bPolare = 29
+};
 constexpr std::int16_t menuPenna = 20, menuSpessore = 24, menuColore = 104, menuArea = 105;
 constexpr std::int16_t spento = 255;
 
@@ -65,7 +75,9 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     case bSpessore: MenuSpessori(); break;
     case bPenna: MenuPatternPenna(); break;
     case bArea: MenuPatternArea(); break;
-    case bAiuto: AHGotoPage(GetIndString(129, 67)); break;
+    case bAiuto:
+        if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // no browser to show it
+        break;
     case bPolare: IngressoPolare(); break;
     default: {
         const ComandoMenu c = ComandoDelBottone(indice);

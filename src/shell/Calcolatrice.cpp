@@ -10,8 +10,10 @@
 #include "model/Attributi.h"
 #include "model/Percorso.h"
 #include "model/TabellaStato.h"
+#include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
 #include "tools/Penna.h"
@@ -154,11 +156,20 @@ void apri() {
         return;
     }
     ModifCalc = 0;
-    percorsoMisurato = {iniziato, aggiunto, Calcolo};
+    percorsoMisurato = {iniziato, aggiunto, Calcolo, IndietroPercorso};
     MettiDisplay(RisCalc.valore, vDisplay);
     MettiDisplay(RisCalc.fattore, vFattore);
     SelectDialogItemText(calcDialog, vDisplay, 0, 255);
     CheckMenuItem(menuStrumenti, voceCalcolatrice, true);
+}
+
+void ridisegna() {
+    SetPortWindowPort(theWindow);
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    PennaElastico();
+    SospendiAz();
 }
 
 }   // namespace
@@ -209,6 +220,7 @@ void ChiusaCalcolatrice() {
 void DealwithDialogs(const EventRecord& event) {
     const auto dialogo = static_cast<std::int16_t>(event.message >> 16);
     const auto item = static_cast<std::int16_t>(event.message & 0xFFFF);
+    if (dialogo == dialogoRapporto) return ColpoRapporto(item);
     if (dialogo != dialogoCalcolatrice || !calcDialog) return;   // a click that was still queued when it closed
     if (item == vChiudi) {
         ChiusaCalcolatrice();
@@ -221,7 +233,6 @@ void DealwithDialogs(const EventRecord& event) {
 
 void IndietroPercorso() {
     if (noWindow || RisCalc.numPunti <= 1) return;
-    SospendiAz();
     Azione = 5;
     --RisCalc.numPunti;
     const auto n = static_cast<std::size_t>(RisCalc.numPunti);
@@ -233,8 +244,7 @@ void IndietroPercorso() {
     lastY = Yini;
     Xfine = xcurs;
     Yfine = ycurs;
-    PennaElastico();
-    SospendiAz();
+    ridisegna();   // without the side that went
 }
 
 namespace {

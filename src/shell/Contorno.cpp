@@ -2,6 +2,7 @@
 #include "shell/Contorno.h"
 
 #include "display/Disegno.h"
+#include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
@@ -26,6 +27,14 @@ void rettangolo(double x1, double y1, double x2, double y2) {
 
 void quadratoDi(double cx, double cy, double r) { rettangolo(cx - r, cy - r, cx + r, cy + r); }
 
+void CreaPolyText(const elemento& e) {
+    const auto angoli = AngoliTesto(e);
+    const auto punto = [](const PuntoD& p) { return Point{arrotonda32(p.v), arrotonda32(p.h)}; };
+    const Point inizio = punto(angoli.back());
+    MoveTo(inizio.h, inizio.v);
+    for (const PuntoD& q : angoli) LineTo(punto(q).h, punto(q).v);
+}
+
 void contornoSingolo() {
     const elemento& e = Elem(Puntosel.indice);
     switch (e.tipo) {
@@ -41,6 +50,7 @@ void contornoSingolo() {
             LineTo(h(w.vert.x), v(w.vert.y));
         }
         break;
+    case tTesto: CreaPolyText(e); break;
     case tPict: rettangolo(e.pict.x, e.pict.y, e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza); break;
     case tCerchio: quadratoDi(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
     case tArco: quadratoDi(e.arco.cx, e.arco.cy, e.arco.raggio); break;

@@ -54,7 +54,8 @@ double AngToRad(const double& a, std::int32_t t);
 double RadToAng(const double& a, std::int32_t t);
 double AngToSessad(const double& a, std::int32_t t);
 double SessadToAng(const double& a, std::int32_t t);
-// Through a caller's system: AngToAttuale of the shell passes gradCorrente and tipoAngolo.
+// From an angle as it is kept, in gradCorrente, to the one that is shown or typed, and back: sexagesimal degrees while
+// tipoAngolo is 1, else the same number.
 double AngToAttuale(const double& a);
 double AttualeToAng(const double& a);
 extern const std::int32_t* gradInUso;         // set by the model: &gradCorrente

@@ -17,6 +17,7 @@ void InitSegm();                       // first point
 void FineSegm();                       // second point, by tabButton
 void FineArcoRaggio();                 // third point of a circle or arc
 void FaiElemento(std::int16_t tipo);   // moves the rubber: 11 circle, 12 arc, else segment
+void MuoviElastico();                  // the same for the figure in progress; nothing without one
 void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio);
 void ArcoTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio, std::int16_t& inizio,
              std::int16_t& ampiezza);
@@ -25,11 +26,12 @@ void CalcAngolo(const puntot& p1, const puntot& p2, const puntot& p3, const punt
 void grafcerchio2(const puntot& centro, const double& raggio);
 
 // What the calculator does with a path that is measured, not stored (Azione 5): points in real coordinates. It sets
-// the three when it opens; while they are null a path goes nowhere.
+// them when it opens; while they are null a path goes nowhere.
 struct PercorsoMisurato {
     void (*inizia)(const puntot& reale) = nullptr;     // a new path with this first point
     void (*aggiungi)(const puntot& reale) = nullptr;   // one more point; past its limit it stays silent
     void (*misura)() = nullptr;                        // the path is complete
+    void (*indietro)() = nullptr;                      // one point back; with a single one it stays
 };
 extern PercorsoMisurato percorsoMisurato;
 

@@ -23,6 +23,7 @@ void PoniZeta() {
     } while (Noitem != annulla && !(Noitem == ok && LeggiCampoReale(campo, -limite, limite, quota)));
     if (Noitem == ok) ZetaCorrente = quota;
     DisposeDialog(theDialog);
+    theDialog = nullptr;
 }
 
 namespace {
@@ -88,6 +89,7 @@ public:
             if (quitPending()) break;
         } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
         DisposeDialog(theDialog);
+        theDialog = nullptr;
     }
 };
 

@@ -76,6 +76,7 @@ void ScegliMarker() {
         }
     }
     DisposeDialog(theDialog);
+    theDialog = nullptr;
 }
 
 }   // namespace tessaro

@@ -16,8 +16,7 @@ void FaiTesto(const PStr255& testo, std::int16_t angolo) {
     inizioAggiunta = indElem;
     const Stato stato;
     Croce();
-    double z = zcurs;   // a text has no elevation
-    AttaccaCursore(xcurs, ycurs, z);
+    AttaccaCursore(xcurs, ycurs, zcurs);   // the elevation is dropped: a text has none
     PennaDefinitiva();
     Memorizza(tTesto, xcurs, ycurs, 0, 0, 0, 0, 0, colorCorrente, angolo, testo);
     // Kept: with a full store the last record is drawn again, if it is a text.

@@ -4,6 +4,8 @@
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "digitising/Coordinate.h"
+#include "display/Zoom.h"
+#include "files/Archivia.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
 #include "model/Vincoli.h"
@@ -156,6 +158,36 @@ TEST(Attacchi, AClickSnapsToAPointInReach) {
     EXPECT_EQ(xcurs, 1000);
     AttaccoDin(2);
     EXPECT_EQ(attaccoAttivo.xAtt[1], 1003);
+}
+
+TEST(Attacchi, AMarkRepaintsItsPlaceAndThatOfPoint4ThePlaceOf3) {
+    ASSERT_TRUE(AllocaElementi(100));
+    SetUpWindow();
+    const auto ridipinge = [](std::int16_t n, double x3, double x4) {
+        AssegnaAttacco(3, x3, 500);
+        AssegnaAttacco(4, x4, 900);
+        FlushEvents();
+        BeginUpdate(theWindow);
+        XDigit = n == 3 ? x3 : x4;
+        YDigit = n == 3 ? 500 : 900;
+        IntroDigitale = 1;
+        Attacco(n);
+        return !AutoQueueEmpty();
+    };
+    constexpr double inVista = 600, fuori = 20000;
+    EXPECT_FALSE(ridipinge(4, fuori, inVista));
+    EXPECT_TRUE(ridipinge(4, inVista, fuori));
+    EXPECT_TRUE(ridipinge(3, inVista, fuori));
+    attaccoAttivo.SetXYAtt(1, 700, 700);   // a destination point: where its mark was, and where it is
+    FlushEvents();
+    BeginUpdate(theWindow);
+    XDigit = fuori;
+    IntroDigitale = 1;
+    AttaccoDin(2);
+    EXPECT_FALSE(AutoQueueEmpty());
+    indElem = 2;
+    FlushEvents();
+    TuttoChiuso();
 }
 
 TEST(Attacchi, TheCheckRefusesCoincidenceFirstAndThenOrder) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
@@ -108,6 +109,23 @@ TEST(AttaccoDinamico, ABlockReadIsTheBlockWritten) {
     f.metti("");
     f.apri(fsRdWrPerm, [&] { a.WriteAttacco(); });
     EXPECT_EQ(f.contenuto(), prima);
+}
+
+TEST(AttaccoDinamico, AnyBlockIsWrittenBackAsItWasRead) {
+    const FileDiProva f;
+    std::mt19937 caso(627);
+    std::uniform_int_distribution<int> byte(0, 255);
+    for (int giro = 0; giro < 20; ++giro) {
+        std::string blocco(grandezza, '\0');
+        for (char& c : blocco) c = static_cast<char>(byte(caso));
+        f.metti(blocco);
+        ActiveAttach a;
+        f.apri(fsRdPerm, [&] { a.ReadAttacco(); });
+        EXPECT_EQ(a.GetTipo(), static_cast<std::uint8_t>(blocco[8]));
+        f.metti("");
+        f.apri(fsRdWrPerm, [&] { a.WriteAttacco(); });
+        EXPECT_EQ(f.contenuto(), blocco);
+    }
 }
 
 TEST(AttaccoDinamico, ABlockThatEndsEarlyChangesNothing) {
@@ -277,6 +295,65 @@ TEST(AttaccoDinamico, ATextTurnsAndGrowsWithItsCopyAndItsAngleIsTruncated) {
         EXPECT_EQ(t.dimensione, 18);
         const int giro = (t.angolo - c.angolo + 400) % 400;   // a quarter is 100 of the 400
         EXPECT_TRUE(giro == 100 || giro == 99 || giro == 300 || giro == 299) << c.tipo << " " << t.angolo;
+    }
+}
+
+TEST(AttaccoDinamico, AnAngleLosesWhatFollowsThePoint) {
+    constexpr double gon = 3.14159265358979323846 / 200;
+    struct Caso {
+        std::int32_t tipo;
+        std::int16_t angolo;
+        double giro;   // gon
+        std::int16_t voluto;
+    };
+    constexpr Caso casi[] = {
+        {0, 100, 30.7, 130}, {0, 10, -10.7, 0}, {0, 0, -1.7, -1},    {0, 250, 0.99, 250},
+        {1, 100, 30.7, 130}, {1, 10, 0.9, 10},  {1, 10, -10.7, 399},   // the perspective modes measure from 0 to a full turn
+    };
+    for (const Caso& c : casi) {
+        std::array<Coppia, 4> src = quadrato;
+        if (c.tipo == 0) std::swap(src[1], src[3]);   // a level baseline: directions just above and below 0
+        std::array<Coppia, 4> dst = src;
+        const double seno = std::sin(c.giro * gon), coseno = std::cos(c.giro * gon);
+        for (Coppia& p : dst) {
+            const double x = p.x - 1000, y = p.y - 1000;
+            p = {2000 + coseno * x - seno * y, 1000 + seno * x + coseno * y};
+        }
+        prepara(c.tipo, src, dst);
+        const std::int32_t n = testo(1000, 1000, "Sasso", c.angolo);
+        Elem(n).test.altezza = 9;
+        Puntosel = {1, 0, 1, oTesto, n};
+        attaccoAttivo.AggiungiElemento(0);
+        EXPECT_EQ(Elem(indElem).test.angolo, c.voluto) << c.tipo << ", " << c.angolo << " turned by " << c.giro;
+    }
+}
+
+TEST(AttaccoDinamico, EveryChangeOfAPointPreparesWhileThePreviewIsOn) {
+    const auto metti = [](void (*lavoro)(std::int16_t), std::int16_t n, double x, double y) {
+        XDigit = x;
+        YDigit = y;
+        IntroDigitale = 1;
+        lavoro(n);
+    };
+    for (const bool anteprima : {false, true}) {
+        prepara(1, trapezio, quadrato);
+        attaccoAttivo.SetModificato(anteprima ? 1 : 0);
+        const auto& l = attaccoAttivo.lavoro;
+        metti(Attacco, 3, 2700, 450);
+        EXPECT_EQ(l.src[2].x, anteprima ? 2700 : trapezio[2].x);
+        metti(AttaccoDin, 2, 1010, 990);
+        EXPECT_EQ(l.dst[1].y, anteprima ? 990 : quadrato[1].y);
+        const std::int32_t p = polilinea({{400, 2400}, {800, 600}, {2500, 300}, {3200, 2700}});
+        Puntosel = {1, 0, 1, oPoligono, p};
+        TrasformaPuntiOrigine();
+        EXPECT_EQ(l.src[0].x, anteprima ? 400 : trapezio[0].x);
+        attaccoAttivo.TrasformaPuntiDestinazione();
+        EXPECT_EQ(l.dst[3].x, anteprima ? 3200 : quadrato[3].x);
+        Puntosel = {};
+        if (!anteprima) continue;
+        const Coppia q = mappato(800, 600);   // the mapping follows, not the record alone
+        EXPECT_NEAR(q.x, 800, 1e-6);
+        EXPECT_NEAR(q.y, 600, 1e-6);
     }
 }
 

@@ -1,8 +1,11 @@
 // The perspective solvers against geometry: photographs of a plane by cameras that are known, the construction by
 // vanishing points against crossings worked out in homogeneous coordinates, and quadrilaterals that are none.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
+#include <cstdio>
 #include <random>
 
 #include "digitising/Attacchi.h"
@@ -132,6 +135,53 @@ TEST(Gauss, TheTraceTellsEveryStep) {
     EXPECT_EQ(x[1], 3);
 }
 
+TEST(Omografia, ARectangleOntoItselfIsSolvedOutLoud) {
+    Coefficienti coef{};
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(RisolviOmografia(piano, piano, coef));
+    const std::string traccia = testing::internal::GetCapturedStderr();
+    for (double x = -1500; x <= 1500; x += 500) {
+        Coppia p{x, 0.7 * x};
+        TrasformaOmografia(coef, p.x, p.y);
+        vicini(p, {x, 0.7 * x}, 1e-9);
+    }
+    for (int k = 0; k < 7; ++k)
+        EXPECT_NE(traccia.find(" Pivoting: passo (" + std::to_string(k) + ")\nMatrice\n\t"), std::string::npos) << k;
+    const std::size_t dopo = traccia.rfind("Matrice\n");   // the worked-out one, behind all steps
+    EXPECT_GT(dopo, traccia.rfind("matr[j][j] non nullo per j="));
+    EXPECT_GT(traccia.find("Vettore soluzioni\n\tx(0)=1\n\tx(1)="), dopo);
+    EXPECT_NE(traccia.find("\tx(7)="), std::string::npos);
+}
+
+#if defined(__SANITIZE_ADDRESS__)
+// The sanitizer's run-time library tells of every allocation.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*malloc)(const volatile void*, std::size_t),
+                                                         void (*free)(const volatile void*));
+
+namespace {
+int allocazioni = 0;
+void contaAllocazione(const volatile void*, std::size_t) { ++allocazioni; }
+void nonContare(const volatile void*) {}
+}   // namespace
+
+TEST(Gauss, ATraceThatNobodyReadsMakesNoText) {
+    const int prima = ::dup(STDERR_FILENO), nulla = ::open("/dev/null", O_WRONLY);
+    ASSERT_GE(prima, 0);
+    ::dup2(nulla, STDERR_FILENO);
+    Coefficienti coef{};
+    static const bool ascolta = __sanitizer_install_malloc_and_free_hooks(contaAllocazione, nonContare) != 0;
+    allocazioni = 0;
+    const bool risolto = RisolviOmografia(trapezio, piano, coef);
+    const int quante = allocazioni;
+    ::dup2(prima, STDERR_FILENO);
+    ::close(prima);
+    ::close(nulla);
+    ASSERT_TRUE(ascolta);
+    EXPECT_TRUE(risolto);
+    EXPECT_EQ(quante, 0);
+}
+#endif
+
 TEST(Gauss, SystemsWithoutOneSolutionAreTold) {
     double dipendenti[3][colonneGauss] = {{1, 2}, {2, 4}}, senza[3][colonneGauss] = {{0, 1}, {0, 2}};
     double b[3] = {1, 2}, x[3] = {7, 8, 9};
@@ -183,6 +233,34 @@ TEST(PuntiDiFuga, TheCurveTakesCornersAndCentreToTheirs) {
         for (std::size_t i = 0; i < 4; ++i) vicini(mappa(r, true, src[i]), dst[i], tolleranzaAngoli);
         vicini(mappa(r, true, centro(src)), centro(dst), tolleranzaAngoli);
     }
+}
+
+// The construction is no perspective: how far it goes off inside the quadrilateral, in hundredths of the plane's side.
+TEST(PuntiDiFuga, TheErrorOnATruePerspectiveIsKnown) {
+    constexpr double lato = 2000;
+    std::printf("error on a true perspective, %% of the plane's side: camera, two-piece curve, plain scale\n");
+    int viste = 0;
+    for (const Camera& c : camere) {
+        if (GuastoAttacchi(immagine(c)) != 0) continue;
+        const Att4Pt r = preparato(immagine(c), piano);
+        double errore[2] = {};
+        for (double x = -1000; x <= 1000; x += 50) {
+            for (double y = -800; y <= 800; y += 50) {
+                for (const bool curva : {false, true}) {
+                    const Coppia p = mappa(r, curva, c.fotografa({x, y}));
+                    errore[curva] = std::max(errore[curva], std::hypot(p.x - x, p.y - y));
+                }
+            }
+        }
+        std::printf("  pitch %5.2f roll %5.2f yaw %4.2f   %7.4f   %7.4f\n", c.beccheggio, c.rollio, c.deriva,
+                    100 * errore[1] / lato, 100 * errore[0] / lato);
+        // The curve halves what a plain scale misses, and is exact where there is nothing to miss.
+        EXPECT_LT(errore[1], errore[0] / 2 + 1e-3);
+        EXPECT_LT(errore[1], 0.03 * lato);
+        ++viste;
+    }
+    EXPECT_GE(viste, 3);
+    EXPECT_TRUE(avvisi.empty());
 }
 
 TEST(PuntiDiFuga, ARectangleOntoARectangleIsLinear) {

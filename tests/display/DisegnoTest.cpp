@@ -290,3 +290,29 @@ TEST(DisegnoSelezione, TheRubberAndTheCrossComeOffAtTheSecondCall) {
         }
     noWindow = 1;
 }
+
+TEST(Disegno, ATagStandsAtItsSidesMiddleAndTheLastVertexLooksAtTheNextElement) {
+    Scena s(400, 300);
+    const std::int32_t testa = polilinea({{20, 20}, {120, 20}, {120, 100}});
+    segmento(320, 260, 380, 290);
+    VisioneGraf.mostraAref = 1;
+    const auto etichettato = [&](std::int32_t n, std::int32_t h, std::int32_t v) {
+        const Aref prima = Elem(n).testa.aref;
+        const auto vuoto = s.immagine();
+        Elem(n).testa.aref = Aref{3, 'a', 'b', 'c'};
+        DisegnaAref();
+        Elem(n).testa.aref = prima;
+        int vicini = 0, altri = 0;   // ink in the tag's box, and elsewhere
+        const auto dopo = s.immagine();
+        for (std::size_t i = 0; i < dopo.size(); ++i) {
+            if (dopo[i] == vuoto[i]) continue;
+            const auto x = static_cast<std::int32_t>(i % 400), y = static_cast<std::int32_t>(i / 400);
+            (x >= h - 11 && x < h + 25 && y >= v - 8 && y <= v + 8 ? vicini : altri)++;
+        }
+        s.pulisci();
+        return vicini > 8 && altri == 0;
+    };
+    EXPECT_TRUE(etichettato(testa + 1, 120, 60));    // the side to the last vertex
+    EXPECT_TRUE(etichettato(testa + 2, 220, 180));   // from the last vertex to the segment's beginning
+    EXPECT_TRUE(etichettato(testa + 3, 350, 275));
+}

@@ -3,15 +3,19 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
 
+#include "digitising/Attacchi.h"
+#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
 #include "editing/Selezione.h"
 #include "model/Lucidi.h"
+#include "model/Selezione.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
 #include "raster/BitMap.h"
@@ -117,6 +121,86 @@ TEST(Testi, TheVeilOfOtherSheetsPalesAText) {
         FaiT(indElem);
         EXPECT_LT(tutto(s), pieno * 0.6) << angolo;
         EXPECT_GT(tutto(s), pieno * 0.05) << angolo;
+    }
+}
+
+// Where the ink lies in the frame of an anchor and a turn: how far along, and the middle across.
+struct Inchiostro {
+    double lungo = 0, traverso = 0, quanto = 0;
+};
+Inchiostro lungo(const Scena& s, double h, double v, std::int16_t angolo) {
+    const double t = (angolo - 100) * M_PI / 200;
+    Inchiostro i;
+    for (int y = 0; y < lato; ++y)
+        for (int x = 0; x < lato; ++x) {
+            const double n = inchiostro(s, x, y);
+            if (n < 0.3) continue;
+            i.quanto += n;
+            i.lungo += n * ((x - h) * std::cos(t) + (y - v) * std::sin(t));
+            i.traverso += n * ((y - v) * std::cos(t) - (x - h) * std::sin(t));
+        }
+    i.lungo /= i.quanto;
+    i.traverso /= i.quanto;
+    return i;
+}
+
+TEST(Testi, ThePreviewDrawsTheTextOnceMoreWhereItsCopyWouldBe) {
+    constexpr std::array<Coppia, 4> da{{{100, 100}, {100, 0}, {200, 0}, {200, 100}}};
+    constexpr std::array<Coppia, 4> girato{{{300, 300}, {400, 300}, {400, 400}, {300, 400}}};   // a quarter turn
+    constexpr std::array<Coppia, 4> doppio{{{200, 400}, {200, 200}, {400, 200}, {400, 400}}};
+    struct Caso {
+        std::int32_t tipo;
+        const std::array<Coppia, 4>& a;
+        std::int16_t angolo, voluto;
+    };
+    for (const Caso& c : {Caso{0, girato, 100, 200},
+                          {1, girato, 100, 200},
+                          {1, girato, 130, 230},
+                          {1, doppio, 100, 100},
+                          {0, doppio, 120, 120}}) {
+        SCOPED_TRACE("mode " + std::to_string(c.tipo) + " angle " + std::to_string(c.angolo));
+        Scena s(lato, lato);
+        for (std::int16_t n = 1; n <= 4; ++n) {
+            const auto i = static_cast<std::size_t>(n - 1);
+            AssegnaAttacco(n, da[i].x, da[i].y);
+            attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), c.a[i].x, c.a[i].y);
+        }
+        AttacchiCambiati();
+        attaccoAttivo.tipo = c.tipo;
+        attaccoAttivo.PreparaAttacco();
+        attaccoAttivo.SetModificato(0);
+        const std::int32_t n = prova::testo(110, 60, "strada", c.angolo);
+        s.pulisci();
+        FaiT(n);
+        const Inchiostro solo = lungo(s, 110, 60, c.angolo);
+        attaccoAttivo.SetModificato(1);
+        FaiT(n);
+        ForeColor(whiteColor);   // what is left without the text itself
+        PenNormal();
+        PenMode(patCopy);
+        elemento copia = Elem(n);
+        attaccoAttivo.TrasformaCopia(copia);
+        EXPECT_NEAR(copia.test.angolo, c.voluto, 1);
+        const double scala = static_cast<double>(copia.test.dimensione) / Elem(n).test.dimensione;
+        PaintRect(Rect{0, 0, 170, 200});
+        const Inchiostro i = lungo(s, copia.test.x, copia.test.y, c.voluto);
+        EXPECT_NEAR(i.lungo, solo.lungo * scala, 3);
+        EXPECT_NEAR(i.traverso, solo.traverso * scala, 1.5);
+        EXPECT_NEAR(i.quanto / solo.quanto, scala * scala, 0.35 * scala * scala);
+
+        // The highlight frames both, and takes both off again.
+        Puntosel = {1, 0, 1, oTesto, n};
+        s.pulisci();
+        const auto vuoto = s.immagine();
+        DisegnaTestoSel(n);
+        int dentro = 0;
+        for (const PuntoD& p : AngoliTesto(copia))
+            for (int dy = -2; dy <= 2; ++dy)
+                for (int dx = -2; dx <= 2; ++dx)
+                    dentro += inchiostro(s, static_cast<int>(p.h) + dx, static_cast<int>(p.v) + dy) > 0.5;
+        EXPECT_GT(dentro, 8);
+        DisegnaTestoSel(n);
+        EXPECT_EQ(s.immagine(), vuoto);
     }
 }
 

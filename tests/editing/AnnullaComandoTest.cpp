@@ -2,8 +2,13 @@
 #include "editing/AnnullaComando.h"
 
 #include "../display/Scena.h"
+#include "editing/Cancella.h"
+#include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "platform/Menus.h"
+#include "platform/Resources.h"
+#include "tools/Costruzione.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -58,4 +63,61 @@ TEST(AnnullaComando, APolylineInProgressIsNotTakenApart) {
     AnnullaUltima();
     EXPECT_EQ(indElem, ultimo);
     EXPECT_EQ(Xini, 20);
+}
+
+TEST(AnnullaComando, AMeasuredPathLosesAPointBehindTheKindsOwnAction) {
+    const Scena s;
+    segmento(1, 2, 11, 12);
+    PoniAnnulla(aAggiunta);
+    static std::int32_t visti = 0, passi = 0;
+    visti = passi = 0;
+    percorsoMisurato.indietro = [] {
+        visti = indElem;
+        ++passi;
+    };
+    AnnullaUltima();
+    EXPECT_EQ(passi, 0);
+    Azione = 5;
+    AnnullaUltima();
+    EXPECT_EQ(passi, 1);
+    EXPECT_EQ(visti, indElem);
+    Azione = 0;
+}
+
+TEST(AnnullaComando, TheMenuSaysWhatComesBack) {
+    const Scena s;
+    CreateMenus();
+    const auto dice = [](std::int16_t stringa) { return GetMenuItemText(3, 1) == GetIndString(128, stringa); };
+    struct Caso {
+        std::int32_t tipo;
+        std::int16_t stringa;
+    };
+    for (const Caso& c : {Caso{aNiente, 6},
+                          {aCancella, 1},
+                          {2, 2},
+                          {3, 3},
+                          {4, 4},
+                          {aSposta, 5},
+                          {aAggiunta, 7},
+                          {aElemento, 4},
+                          {aMeshOrigine, 9},
+                          {aMeshDestinazione, 10},
+                          {aScalaPict, 11}}) {
+        PoniAnnulla(c.tipo);
+        EXPECT_TRUE(dice(c.stringa)) << c.tipo;
+    }
+    PoniAnnulla(aNiente);
+    segmento(1, 2, 11, 12);
+    SelezionaTutto();
+    Puntosel.oggetto = oSegmento;
+    Puntosel.indice = 3;
+    CancellaSelezione();
+    EXPECT_TRUE(dice(1));
+    AnnullaUltima();
+    EXPECT_TRUE(dice(8));   // not "addition": it puts the deletion back
+    AnnullaUltima();
+    EXPECT_TRUE(dice(1));
+    segmento(1, 2, 11, 12);   // takes the offer off, but leaves the menu to who ends the figure
+    EXPECT_EQ(annullamento, aNiente);
+    EXPECT_TRUE(dice(1));
 }

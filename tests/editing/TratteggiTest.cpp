@@ -7,6 +7,7 @@
 
 #include "../display/Scena.h"
 #include "model/Registrazione.h"
+#include "platform/paint/RasterPort.h"
 #include "text/Conversione.h"
 
 using namespace tessaro;
@@ -141,6 +142,30 @@ TEST(Tratteggi, CrossedAddsTheOtherDirectionAndOpenFiguresAreClosed) {
     p.porta.pezzi.clear();
     Hatch_Poligon(testa);
     EXPECT_EQ(p.porta.pezzi.size(), 18U);
+}
+
+TEST(Tratteggi, FinerThanThePixelsPaintsWhatEveryPieceByItselfPaints) {
+    for (const std::int32_t ratio : {1, 2})
+        for (const double angolo : {-1.5707963267948966, 0.0, 0.4, -0.9}) {
+            Prova p;
+            std::vector<std::pair<double, double>> pettine;   // teeth a fraction of a pixel wide
+            for (int i = 0; i < 700; ++i) pettine.emplace_back(20 + i * 0.3, i % 3 ? 30 : 200 - i % 7 * 11.3);
+            const std::int32_t testa = figura(pettine, 2.5, angolo);
+            Elem(testa).poli.incrociato = 1;
+            Hatch_Poligon(testa);   // every piece is kept
+            RasterPort unito(300, 300, ratio), pezzi(300, 300, ratio);
+            SetPort(&pezzi);
+            for (const Pezzo& z : p.porta.pezzi) {
+                MoveTo(z.a.h, z.a.v);
+                LineTo(z.b.h, z.b.v);
+            }
+            SetPort(&unito);
+            Hatch_Poligon(testa);
+            const auto quanti = static_cast<std::ptrdiff_t>(unito.rowPixels()) * unito.deviceHeight();
+            EXPECT_TRUE(std::equal(unito.pixels(), unito.pixels() + quanti, pezzi.pixels()))
+                << angolo << " at " << ratio;
+            SetPort(&p.porta);
+        }
 }
 
 TEST(Tratteggi, DamagedNumbersDrawNothingAndFarFiguresOnlyWhatIsSeen) {

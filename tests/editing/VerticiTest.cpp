@@ -6,7 +6,6 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
-#include "text/Conversione.h"
 #include "support/Ascolto.h"
 #include "text/Conversione.h"
 
@@ -143,4 +142,18 @@ TEST(Conversioni, AnArcEndsWhereItEndsAndAPolylineGivesItsSides) {
     EXPECT_EQ(indElem, a + 9);
     EXPECT_EQ(annullamento, aNiente);
     EXPECT_EQ(ascolto.suoni, 1);
+}
+
+// The button is up again at once: neither point moves.
+TEST(Trascinamento, AShortPressLeavesTheRubberOfAnEndAndTakesThatOfAVertexOff) {
+    Scena s;
+    myViewRect = s.porta.portRect;
+    s.pulisci();
+    double x = 50, y = 40;
+    SpostaVertice(10, 40, 50, 70, x, y);
+    EXPECT_EQ(s.quanti(nero), 0);
+    SpostaLinea(10, 40, x, y);
+    EXPECT_GT(s.quanti(nero), 35);
+    EXPECT_EQ(x, 50);
+    EXPECT_EQ(y, 40);
 }

@@ -10,6 +10,7 @@
 #include "support/Avvisi.h"
 #include "support/FileProva.h"
 #include "support/Foglio.h"
+#include "support/Tasti.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -26,6 +27,8 @@ void leggi(std::string testo, std::int32_t capacita = 2000) {
     const FileProva file(testo);
     LeggiCXF();
 }
+
+std::string resoconto() { return avvisi.empty() ? std::string() : avvisi.back().testo; }
 
 std::string scritta(std::int32_t n) {
     const auto& t = Elem(n).test.testo;
@@ -55,7 +58,7 @@ TEST(CXF, ParticelleEFabbricati) {
     EXPECT_EQ(scritta(12), "STRADA");   // a parcel like any other
     EXPECT_EQ(Elem(13).lucido, 0);
     EXPECT_EQ(VisioneGraf.lucidoCorrente, 9);
-    EXPECT_TRUE(avvisi.empty());
+    EXPECT_EQ(resoconto(), "Imported: 3 polylines, 3 texts.");
 }
 
 TEST(CXF, LineeSimboliETesti) {
@@ -72,13 +75,14 @@ TEST(CXF, LineeSimboliETesti) {
     EXPECT_EQ(Elem(7).lucido, 5);
     EXPECT_EQ(Elem(7).test.angolo, 0);
     EXPECT_EQ(Elem(8).poli.pattern, 2);   // the empty text took its four lines
-    EXPECT_TRUE(avvisi.empty());
+    EXPECT_EQ(resoconto(), "Imported: 1 segment, 2 polylines, 1 text.\nLeft out: 1 FIDUCIALE, 1 SIMBOLO.");
 }
 
 TEST(CXF, LeIsoleSiLeggonoSoloSeLAnelloEPiccolo) {
     // 3 points and 2 islands: passed over
     leggi("BORDO 1 18 0 0 0 0 0 2 9 3 3 0 0 1 0 1 1 5 5 6 5 6 6 7 7 8 7 8 8");
     EXPECT_EQ(indElem, 6);
+    EXPECT_EQ(resoconto(), "Imported: 1 polyline, 1 text.\nLeft out: 2 island rings.");
     // 2 points and 2 islands: the counter stands at 1; behind the first island of 3 at 2, which ends the loop
     leggi("BORDO 1 18 0 0 0 0 0 2 8 3 3 0 0 1 0 5 5 6 5 6 6 7 7 8 7 8 8");
     EXPECT_EQ(indElem, 8);
@@ -86,21 +90,45 @@ TEST(CXF, LeIsoleSiLeggonoSoloSeLAnelloEPiccolo) {
     EXPECT_EQ(Elem(6).poli.numVertici, 2);
     // more vertices in the islands than in all: neither ring nor islands out of them
     leggi("BORDO 1 18 0 0 0 0 0 1 3 9 1 1 LINEA 1 2 0 0 1 1");
-    EXPECT_TRUE(avvisi.empty());
+    EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{9110, 9110, 9110}));
     EXPECT_LE(indElem, maxElementi);
 }
 
 TEST(CXF, UnNumeroGuastoFermaConUnSoloAvviso) {
     leggi("LINEA 1 2 0 0 1 1 LINEA 1 4 0 0 1 x 2 2 3 3 LINEA 1 2 0 0 1 1");
-    EXPECT_EQ(avvisi.size(), 1U);
+    EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{1008, 9110}));
+    EXPECT_NE(resoconto().find("broke off at line 14"), std::string::npos) << resoconto();
     EXPECT_EQ(indElem, 4);   // what was read stays
     EXPECT_EQ(Elem(4).poli.numVertici, 0);
     for (const char* conto : {"-1", "10001", "99999999"}) {
         avvisi.clear();
         leggi(std::string("LINEA 1 ") + conto + " 0 0");
-        EXPECT_EQ(avvisi.size(), 1U) << conto;
+        EXPECT_EQ(avvisi.size(), 2U) << conto;
         EXPECT_EQ(indElem, 2);
     }
+}
+
+// A number beyond all range is a number.
+TEST(CXF, UnNumeroTroppoGrandeNonFerma) {
+    leggi("LINEA 1 2 0 0 1e99 1 LINEA 1 2 0 0 1 1");
+    EXPECT_EQ(indElem, 4);
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9110});
+}
+
+TEST(CXF, EscFermaLaLetturaEQuantoLettoResta) {
+    std::string mappa;
+    for (int i = 0; i < 400; ++i) mappa += "LINEA 1 3 0 0 1 1 2 2 ";
+    StrOperCorr = "";
+    premiEsc();
+    leggi(mappa);
+    EXPECT_GT(indElem, 100);
+    EXPECT_LT(indElem, 300);
+    EXPECT_NE(resoconto().find("Reading was stopped at line "), std::string::npos) << resoconto();
+    // The figure that was being read has the vertices that were.
+    std::int32_t atteso = 3;
+    while (atteso <= indElem) atteso += 1 + Elem(atteso).poli.numVertici;
+    EXPECT_EQ(atteso, indElem + 1);
+    EXPECT_TRUE(StrOperCorr.view().empty());
 }
 
 TEST(CXF, NomiLunghiERiempitiDiBianchi) {
@@ -122,14 +150,12 @@ TEST(CXF, ArchivioPieno) {
     leggi("LINEA 1 9 0 0 1 1 2 2 3 3 4 4 5 5 6 6 7 7 8 8 LINEA 1 2 0 0 1 1", 5);
     EXPECT_EQ(indElem, 5);
     EXPECT_EQ(Elem(3).poli.numVertici, 2);
+    EXPECT_NE(resoconto().find("The drawing is full."), std::string::npos) << resoconto();
 }
 
 TEST(CXF, FileVeri) {
     const char* dati = std::getenv("TESSARO_DATA");
-    if (dati == nullptr) {
-        std::puts("TESSARO_DATA is not set: no real files");
-        return;
-    }
+    if (dati == nullptr) GTEST_SKIP() << "no real files: TESSARO_DATA is not set";
     for (const auto& f : std::filesystem::directory_iterator(std::filesystem::path(dati) / "cxf")) {
         fogliovuoto();
         rappvid = 1;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "digitising/Coordinate.h"
+#include "support/Tasti.h"
 
 using namespace prova;
 
@@ -168,6 +169,20 @@ TEST(LeggiDXF, ABadNumberEndsTheReadingWithAMessageAndWhatWasReadStays) {
     EXPECT_EQ(indElem, 3);
     EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{1008, 9110}));
     EXPECT_NE(resoconto().find("broke off at line 12"), std::string::npos) << resoconto();
+}
+
+TEST(LeggiDXF, EscapeEndsTheReadingAndWhatWasReadStays) {
+    foglioDxf(100000);
+    std::string s;
+    for (int i = 0; i < 40000; ++i) s += "0\nLINE\n8\n0\n10\n1.5\n20\n2.5\n";
+    premiEsc();
+    leggiDxf(sezione("ENTITIES", s));
+    EXPECT_GT(indElem, 1000);
+    EXPECT_LT(indElem, 39000);
+    EXPECT_EQ(uscita, 0);
+    EXPECT_TRUE(StrOperCorr.view().empty());
+    EXPECT_NE(resoconto().find("Reading was stopped at line "), std::string::npos) << resoconto();
+    controllaRecord();
 }
 
 TEST(LeggiDXF, APolylineGetsOverABadColour) {

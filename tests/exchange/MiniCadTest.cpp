@@ -7,6 +7,7 @@
 #include "exchange/Versa.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
+#include "support/Avvisi.h"
 #include "support/FileProva.h"
 #include "support/Foglio.h"
 
@@ -118,6 +119,25 @@ TEST(MiniCad, FormeDeiMarker) {
     prepara();
     marker(10, 990, 7, 3);
     EXPECT_EQ(due(), std::string(penna) + "Rect(\n8.0000m,12.0000m,\n12.0000m,8.0000m\n);\n");
+}
+
+TEST(MiniCad, IlRendicontoDiceCheCosaManca) {
+    prepara();
+    polilinea({{0, 1000}, {1, 1000}});
+    cerchio(5, 5, 5);
+    marker(1, 1, 0, 9);
+    testo(1, 1, "a");
+    VisioneGraf.lucidoCorrente = 5;
+    VisioneGraf.visibile[5] = 0;
+    polilinea({{0, 1000}, {1, 1000}, {2, 2}});
+    Scritti conti;
+    FileProva file("", fsRdWrPerm);
+    conti = ScriviObjectCreationCode(due_D);
+    MostraScritti(conti, TestoScambio::nonNegliScript);
+    EXPECT_EQ(avvisi.back().testo, "Exported: 1 polyline, 1 text.\n"
+                                   "Left out: 1 circle, 1 marker of a shape that the format has no lines for, "
+                                   "1 element that is not shown.\n"
+                                   "Layers, tags, classes and hatching are not part of this format.");
 }
 
 TEST(Versa, ScriveIlBloccoDiInformazioni) {

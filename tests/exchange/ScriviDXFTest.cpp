@@ -127,12 +127,13 @@ TEST(ScriviDXF, WhatIsWrittenReadsBack) {
 }
 
 TEST(ScriviDXF, SomeoneElsesReaderFindsTheSame) {
-    if (std::system("python3 -c 'import ezdxf' >/dev/null 2>&1") != 0) GTEST_SKIP() << "python3-ezdxf is not installed";
+    if (std::system("/usr/bin/python3 -c 'import ezdxf' >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "python3-ezdxf is not installed";
     disegnoDiOgniTipo();
     const auto base = std::filesystem::temp_directory_path() / ("tessaro-dxf-" + std::to_string(getpid()));
     const std::string dxf = base.string() + ".dxf", esito = base.string() + ".txt";
     std::ofstream(dxf, std::ios::binary) << scritto();
-    const std::string comando = "python3 -c \"import ezdxf,sys\n"
+    const std::string comando = "/usr/bin/python3 -c \"import ezdxf,sys\n"
                                 "for e in ezdxf.readfile(sys.argv[1]).modelspace():\n"
                                 "  print(e.dxftype(), e.dxf.layer, e.dxf.color)\" '"
                                 + dxf + "' > '" + esito + "' 2>&1";

@@ -7,7 +7,9 @@
 #include "digitising/attaccoDinamico.h"
 #include "digitising/Coordinate.h"
 #include "model/Annulla.h"
+#include "model/Colori.h"
 #include "model/Lucidi.h"
+#include "model/Mesh.h"
 #include "model/Registrazione.h"
 #include "support/Avvisi.h"
 
@@ -150,6 +152,13 @@ TEST(Fusione, FourPointsCarryFiguresByTheirPointsAndBringTheFilesView) {
         EXPECT_EQ(Elem(5).cerc.raggio, 20.0);
         EXPECT_EQ(Elem(6).pict.x, 0.0);   // by a similarity that nobody has built
         EXPECT_EQ(VisioneGraf.lucidoCorrente, 3);
+        EXPECT_EQ(coloriPresenti, 2);
+        EXPECT_EQ(arrColori[1].rgb, (RGBColor{40000, 2, 1}));
+        EXPECT_EQ(Scaladis, 500);
+        EXPECT_EQ(rappvid, 5);   // 500 over 100 tenths a unit
+        EXPECT_EQ(XFDecimi, 8410);
+        EXPECT_EQ(meshOrigine.nx, 2);
+        EXPECT_EQ(LeggiAttacco(3).x, 2000);   // the open drawing's own control points stay
     }
 }
 

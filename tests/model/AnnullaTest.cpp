@@ -1,6 +1,8 @@
 // Undo and redo of each kind, and when a deleted picture's data are really given up.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "model/Annulla.h"
 #include "model/Mesh.h"
 #include "support/Foglio.h"
@@ -82,6 +84,9 @@ TEST(Annulla, AMoveKeepsTheInverseDeltas) {
     EXPECT_EQ(XDeltaSpost, -3);
     EXPECT_EQ(YDeltaSpost, 4);
     EXPECT_EQ(ZDeltaSpost, -5);
+    ZDeltaSpost = 0;
+    PoniAnnulla(aSposta);
+    EXPECT_FALSE(std::signbit(ZDeltaSpost));   // "-0.000" would stand in the dialog
 }
 
 TEST(Annulla, AScaledPictureGoesBackOnce) {

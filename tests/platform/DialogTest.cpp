@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -92,11 +93,11 @@ TEST_F(DialogTest, ARadioOrCheckMarkIsTheProgramsToMove) {
     passi = {[](DialogPtr q) { return AutoDialogClick(q, 11); }};
     EXPECT_EQ(corri(), 11);
     EXPECT_EQ(GetDialogItemValue(d, 11), 0);
-    EXPECT_EQ(descrivi(10), "\"Degrees (360 to a full turn)\" checked");
-    EXPECT_EQ(descrivi(11), "\"Gons (400 to a full turn)\"");
+    EXPECT_EQ(descrivi(10), "\"Gons (400 to a full turn)\" checked");
+    EXPECT_EQ(descrivi(11), "\"Degrees (360 to a full turn)\"");
     SetDialogItemValue(d, 10, 0);
     SetDialogItemValue(d, 11, 1);
-    EXPECT_EQ(descrivi(11), "\"Gons (400 to a full turn)\" checked");
+    EXPECT_EQ(descrivi(11), "\"Degrees (360 to a full turn)\" checked");
 }
 
 TEST_F(DialogTest, ReturnGivesTheDefaultEscapeTheCancelAndTheFilterComesFirst) {
@@ -170,6 +171,17 @@ TEST_F(DialogTest, ParametersFillTitlesTextsAndAlertsAndEmptyLinesGo) {
     EXPECT_EQ(NoteAlert(3011), 1);
 }
 
+TEST_F(DialogTest, ARefusalTellsItsBoundAndLeavesTheParametersOfTheOpenDialog) {
+    ParamText("segment", "Category:", "", "");
+    d = GetNewDialog(132);
+    EXPECT_EQ(StopAlertParam(1009, "255"), 1);
+    EXPECT_EQ(detto.back(), "1009 The value is too large.\nThe largest is 255.");
+    StopAlertParam(1010, "");
+    EXPECT_EQ(detto.back(), "1010 The value is too small.");
+    DrawDialog(d);
+    EXPECT_EQ(descrivi(3), "\"Category:\"");
+}
+
 TEST_F(DialogTest, APopUpGivesOnlyWhatCanBeChosen) {
     CreateMenus();
     rispostaPopup = 3;
@@ -186,9 +198,12 @@ TEST_F(DialogTest, NoTextOfADialogIsCutOffInEitherLanguage) {
     ParamText("V.9.0.3", "1499998", "1499998", "");
     for (const char* lingua : {"en", "it"}) {
         ScegliLingua(lingua);
-        for (const std::int16_t id : std::initializer_list<std::int16_t>{1033, 2013, 150, 2007, 2005, 2024, 2006}) {
+        for (const std::string& file : FileRisorse("dialogs")) {
+            const auto id = static_cast<std::int16_t>(numeroDi(std::filesystem::path(file).stem().string(), 0));
             const DialogPtr q = GetNewDialog(id);
             mostra(*q);
+            EXPECT_LE(q->quadro->width(), 1000) << lingua << " " << id;
+            EXPECT_LE(q->quadro->height(), 640) << lingua << " " << id;
             for (const QWidget* w : q->quadro->findChildren<QWidget*>()) {
                 const auto* scritta = qobject_cast<const QLabel*>(w);
                 const bool conta = w->isVisible() && (scritta != nullptr || qobject_cast<const QAbstractButton*>(w));

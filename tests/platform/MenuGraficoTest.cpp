@@ -62,6 +62,18 @@ TEST_F(MenuConFigure, ACellOfThePatternGridChoosesItsItem) {
     for (const auto& c : casi) EXPECT_EQ(sceltaA(c.menu, c.dove), c.voce) << c.menu << " at " << c.dove.x();
 }
 
+TEST_F(MenuConFigure, TheDoubleCellSaysWhatTheGridIs) {
+    NumPat = 4;
+    NumAreaPat = 5;
+    for (const std::int16_t menu : {std::int16_t{20}, std::int16_t{105}}) {
+        const QImage i = figuraDi(menu)->grab().toImage();
+        int scritti = 0;
+        for (int y = 2; y < 18; ++y)
+            for (int x = 2; x < 38; ++x) scritti += i.pixelColor(x, y).lightness() < 128;
+        EXPECT_GT(scritti, 15) << menu;
+    }
+}
+
 TEST_F(MenuConFigure, TheCellInForceHasABlueFrame) {
     NumPat = 4;
     NumAreaPat = 0;

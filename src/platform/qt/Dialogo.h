@@ -14,7 +14,7 @@
 
 namespace tessaro {
 
-enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore, elenco };
+enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore, elenco, tabella };
 
 // What the program set stands here and holds without widgets too; typing and clicks come from the widget.
 struct VoceDialogo {
@@ -35,6 +35,7 @@ struct FinestraDialogo {
     bool nonModale = false;
     std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
+    std::int16_t inVista = 0;   // item that its scrolling list shows at the opening; 0 when none
     std::string titolo;   // UTF-8, parameters filled in
     std::map<std::int16_t, VoceDialogo> voci;
     std::deque<std::int16_t> colpi;    // items hit and not yet given to ModalDialog
@@ -72,5 +73,12 @@ QWidget* creaElenco(FinestraDialogo& d, std::int16_t item, int righe, int caratt
 void scegliRiga(const VoceDialogo& v);          // the row chosen is the one of the value
 int righeElenco(const VoceDialogo& v);          // how many there are
 std::string rigaScelta(const VoceDialogo& v);   // its text, UTF-8
+
+// --- tables: heading and rows as UTF-16 text, cells parted by tabs; rows from 0
+QWidget* creaTabella(FinestraDialogo& d, int righe, const std::vector<int>& caratteri);   // width of each column
+void mostraTestata(const VoceDialogo& v, const QString& testo);
+void righeTabella(const VoceDialogo& v, int quante);
+void rigaTabella(const VoceDialogo& v, int n, const QString& testo);
+std::string testoTabella(const VoceDialogo& v);   // UTF-8, a line a row, cells parted by " | "
 
 }   // namespace tessaro

@@ -1,7 +1,9 @@
 // Alerts: a message with its buttons, from resources. The first line of the text is the message, the others explain it.
+#include <QGridLayout>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 #include <map>
 
@@ -13,6 +15,8 @@
 namespace tessaro {
 
 namespace {
+
+constexpr int larghezza = 400;   // of an alert at least, logical pixels
 
 enum class Segno : std::uint8_t { nessuno, stop, nota, cautela };
 
@@ -65,13 +69,27 @@ const Avviso& avvisoDi(std::int16_t id) {
     return i == tutti.end() ? semplice : i->second;
 }
 
-// Lines that a missing parameter left empty go.
-std::string senzaRigheVuote(std::string_view s) {
+// Whether a line lives by its parameters, and none of them was given.
+bool senzaParametri(std::string_view riga) {
+    bool neHa = false;
+    for (std::size_t i = riga.find('^'); i + 1 < riga.size() && i != std::string_view::npos;
+         i = riga.find('^', i + 1)) {
+        const char c = riga[i + 1];
+        if (c < '0' || c > '3') continue;
+        if (!parametriTesto[static_cast<std::size_t>(c - '0')].empty()) return false;
+        neHa = true;
+    }
+    return neHa;
+}
+
+// The text with its parameters. Lines that they leave empty go, and behind the first those that have none of theirs.
+std::string completo(std::string_view s) {
     std::string esito;
     while (!s.empty()) {
         const auto fine = s.find('\n');
-        const auto riga = s.substr(0, fine);
-        if (riga.find_first_not_of(' ') != std::string_view::npos) {
+        const bool muta = !esito.empty() && senzaParametri(s.substr(0, fine));
+        const std::string riga = muta ? std::string() : conParametri(s.substr(0, fine));
+        if (riga.find_first_not_of(' ') != std::string::npos) {
             if (!esito.empty()) esito += '\n';
             esito += riga;
         }
@@ -115,6 +133,9 @@ std::int16_t chiedi(const Avviso& a, const std::string& detto, Segno come) {
         if (numero == (a.fuga == 0 ? a.predefinito : a.fuga)) scatola.setEscapeButton(bottone);
         QObject::connect(bottone, &QPushButton::clicked, &scatola, [&premuto, numero] { premuto = numero; });
     }
+    // The box goes by its buttons alone otherwise, and folds the text into a narrow column.
+    if (auto* griglia = qobject_cast<QGridLayout*>(scatola.layout()); griglia != nullptr)
+        griglia->addItem(new QSpacerItem(larghezza, 0), griglia->rowCount(), 0, 1, griglia->columnCount());
     const Annidato annidato;
     scatola.setWindowModality(Qt::ApplicationModal);
     scatola.show();
@@ -129,7 +150,7 @@ std::int16_t chiedi(const Avviso& a, const std::string& detto, Segno come) {
 
 std::int16_t avverti(std::int16_t id, Segno come) {
     const Avviso& a = avvisoDi(id);
-    const std::string detto = senzaRigheVuote(conParametri(testo("alert." + std::to_string(id))));
+    const std::string detto = completo(testo("alert." + std::to_string(id)));
     if (copione() != nullptr) return copione()->avviso(id, detto, a.predefinito);
     if (!conFinestre()) return a.predefinito;
     return chiedi(a, detto, come == Segno::nessuno ? a.segno : come);
@@ -138,6 +159,13 @@ std::int16_t avverti(std::int16_t id, Segno come) {
 }   // namespace
 
 std::int16_t StopAlert(std::int16_t id) { return avverti(id, Segno::stop); }
+std::int16_t StopAlertParam(std::int16_t id, std::string_view macRoman0) {
+    const auto prima = parametriTesto;
+    ParamText(macRoman0, "", "", "");
+    const std::int16_t premuto = StopAlert(id);
+    parametriTesto = prima;
+    return premuto;
+}
 std::int16_t NoteAlert(std::int16_t id) { return avverti(id, Segno::nota); }
 std::int16_t CautionAlert(std::int16_t id) { return avverti(id, Segno::cautela); }
 std::int16_t Alert(std::int16_t id) { return avverti(id, Segno::nessuno); }

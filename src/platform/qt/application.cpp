@@ -22,6 +22,7 @@
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
+#include "platform/Tablet.h"
 
 namespace tessaro {
 
@@ -109,7 +110,6 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     preparaAmbiente(a);
     applicazione = new QApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tessaro3d"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tessaro 3D"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaro3d"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Scanned sheets are large; sizes are checked before anything is decoded.
@@ -129,6 +129,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
 
 void StopToolbox() {
     smettiSegnali();
+    SerialClose();
     if (applicazione != nullptr) {
         distruggiTelaio();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -18,6 +18,7 @@ QString testoVisto(const VoceDialogo& v) {
     if (const auto* fisso = qobject_cast<const QLabel*>(v.widget)) return fisso->text();
     if (const auto* scelta = qobject_cast<const QComboBox*>(v.widget)) return scelta->currentText();
     if (v.tipo == TipoVoce::elenco) return daUtf8(rigaScelta(v));
+    if (v.tipo == TipoVoce::tabella) return daUtf8(testoTabella(v));
     if (v.tipo == TipoVoce::cursore || v.tipo == TipoVoce::colore) return QString::number(v.valore);
     if (const auto* bottone = qobject_cast<const QAbstractButton*>(v.widget))
         return bottone->text().replace(QStringLiteral("&&"), QStringLiteral("&"));

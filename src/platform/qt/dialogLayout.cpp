@@ -16,6 +16,8 @@
 #include <QSvgRenderer>
 #include <QToolButton>
 
+#include <algorithm>
+
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Testi.h"
@@ -29,6 +31,8 @@ constexpr int margine = 16;          // round the whole, logical pixels
 constexpr int maxCampo = 255;        // characters of a field
 constexpr int larghezzaTesto = 60;   // characters at which running text is folded
 constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
+constexpr int ariaTitolo = 96;       // of a window's title bar beside the title, logical pixels
+constexpr int ariaBottone = 14;      // on each side of a button's text, logical pixels
 
 struct Cella {
     std::string tipo;
@@ -63,6 +67,7 @@ public:
         auto* radice = new QVBoxLayout(quadro);
         radice->setSizeConstraint(QLayout::SetFixedSize);
         radice->setContentsMargins(margine, margine, margine, margine);
+        radice->addStrut(quadro->fontMetrics().horizontalAdvance(quadro->windowTitle()) + ariaTitolo);
         pila.push_back({radice});
     }
 
@@ -99,12 +104,12 @@ private:
         auto* area = new QScrollArea(quadro);
         auto* foglio = new QWidget(area);
         auto* dentro = new QVBoxLayout(foglio);
-        const QStyle* stile = quadro->style();
-        const int riga = std::max(quadro->fontMetrics().height(), stile->pixelMetric(QStyle::PM_IndicatorHeight))
-                         + stile->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
+        const int spazio = quadro->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
+        const int riga = QCheckBox(QStringLiteral("0"), quadro).sizeHint().height() + spazio;
+        dentro->setContentsMargins(spazio, spazio / 2, spazio, spazio / 2);
         area->setWidgetResizable(true);
         area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        area->setFixedHeight(riga * r.numero("rows", 10));
+        area->setFixedHeight(riga * r.numero("rows", 10) + 2 * area->frameWidth());
         area->setMinimumWidth(quadro->fontMetrics().averageCharWidth() * r.numero("chars", 20));
         area->viewport()->setBackgroundRole(QPalette::Base);
         foglio->setBackgroundRole(QPalette::Base);
@@ -170,6 +175,7 @@ private:
             for (const Cella& cella : c) crea(cella);
             return;
         }
+        if (std::all_of(c.begin(), c.end(), eBottone)) return affianca(c);
         Blocco& b = pila.back();
         if (b.griglia == nullptr) {
             b.griglia = new QGridLayout;
@@ -181,10 +187,21 @@ private:
         for (const Cella& cella : c) {
             QWidget* w = crea(cella);
             if (w == nullptr) continue;
-            const int larga = c.size() == 1 ? colonneGriglia : 1;
-            b.griglia->addWidget(w, b.riga, colonna++, 1, larga);
+            const bool finoInFondo = c.size() == 1 || (cella.posto + 1 == c.size() && r.ha("wide"));
+            b.griglia->addWidget(w, b.riga, colonna, 1, finoInFondo ? colonneGriglia - colonna : 1);
+            ++colonna;
         }
         ++b.riga;
+    }
+
+    static bool eBottone(const Cella& c) { return c.tipo == "button" || c.tipo == "default"; }
+
+    // A row of nothing but buttons: equally wide, over the whole width of its block.
+    void affianca(const std::vector<Cella>& celle) {
+        auto* fila = new QHBoxLayout;
+        pila.back().layout->addLayout(fila);
+        pila.back().griglia = nullptr;
+        for (const Cella& c : celle) fila->addWidget(crea(c), 1);
     }
 
     // Makes the item, and its widget when there is a window.
@@ -202,6 +219,8 @@ private:
             w = scelta(c);
         else if (c.tipo == "list")
             w = elenco(c);
+        else if (c.tipo == "table")
+            w = tabella(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -233,8 +252,7 @@ private:
             ultimaEtichetta = w;
         }
         if (c.tipo == "note" || c.tipo == "static") {
-            w->setWordWrap(w->fontMetrics().horizontalAdvance(w->text())
-                           > w->fontMetrics().averageCharWidth() * larghezzaTesto);
+            w->setWordWrap(w->sizeHint().width() > w->fontMetrics().averageCharWidth() * larghezzaTesto);
             if (w->wordWrap()) w->setMinimumWidth(w->fontMetrics().averageCharWidth() * larghezzaTesto);
         }
         if (c.tipo == "note") w->setForegroundRole(QPalette::PlaceholderText);
@@ -253,7 +271,12 @@ private:
         auto* w = new QLineEdit(quadro);
         w->setMaxLength(maxCampo);
         const int caratteri = c.riga->numero("chars", 14);
-        w->setFixedWidth(w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caratteri + 2));
+        const int largo = w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caratteri + 2);
+        if (c.riga->ha("wide")) {
+            w->setMinimumWidth(largo);
+        } else {
+            w->setFixedWidth(largo);
+        }
         if (!c.riga->ha("text")) w->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         if (ultimaEtichetta != nullptr && !v.nascosta) {
             ultimaEtichetta->setBuddy(w);
@@ -311,6 +334,19 @@ private:
         return registra(v, w);
     }
 
+    // chars= the width of each column, with commas.
+    QWidget* tabella(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::tabella);
+        if (quadro == nullptr) return nullptr;
+        std::vector<int> colonne;
+        for (std::string_view s = c.riga->opzione("chars"); !s.empty();) {
+            const auto fine = std::min(s.find(','), s.size());
+            colonne.push_back(numeroDi(s.substr(0, fine), 10));
+            s.remove_prefix(std::min(fine + 1, s.size()));
+        }
+        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
+    }
+
     QWidget* cursore(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::cursore);
         v.valore = c.riga->numero("min", 0);
@@ -359,6 +395,7 @@ private:
         w->setDefault(c.tipo == "default");
         QObject::connect(w, &QPushButton::clicked, quadro, [this_ = &d, n] { colpisci(*this_, n); });
         registra(v, w);
+        w->setMinimumWidth(w->fontMetrics().horizontalAdvance(w->text()) + 2 * ariaBottone);
         return w;
     }
 

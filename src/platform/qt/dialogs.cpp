@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QScrollArea>
 #include <QSlider>
 #include <QTimer>
 
@@ -58,6 +59,8 @@ void mostraTesto(const VoceDialogo& v, const QString& testoVisto) {
     } else if (auto* bottone = qobject_cast<QAbstractButton*>(v.widget);
                bottone != nullptr && v.tipo != TipoVoce::colore) {
         bottone->setText(QString(testoVisto).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    } else if (v.tipo == TipoVoce::tabella) {
+        mostraTestata(v, testoVisto);
     }
 }
 
@@ -103,6 +106,15 @@ bool daCoda(FinestraDialogo& d, ModalFilter filter, Rimandati& rimandati, std::i
         if (!preso && e.what != EventKind::nullEvent) rimandati.righe.push_back(std::move(e));
     }
     return false;
+}
+
+// A list that scrolls is scrolled so that the item is seen.
+void scorriFino(const FinestraDialogo& d) {
+    const auto v = d.voci.find(d.inVista);
+    if (v == d.voci.end() || v->second.widget == nullptr) return;
+    for (QWidget* w = v->second.widget->parentWidget(); w != nullptr; w = w->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(w))
+            area->ensureWidgetVisible(v->second.widget, 0, area->height() / 2);
 }
 
 // A modeless dialog stands at the frame's right, so that the drawing beside it stays in reach.
@@ -193,6 +205,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::cursore: static_cast<QSlider*>(v.widget)->setValue(v.valore); break;
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:
+    case TipoVoce::tabella:
     case TipoVoce::campo: break;
     }
 }
@@ -204,6 +217,7 @@ void mostra(FinestraDialogo& d) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
         if (d.nonModale) accanto(*d.quadro);
         d.quadro->show();
+        scorriFino(d);
         d.quadro->activateWindow();
     }
     if (copione() != nullptr) copione()->dialogoAperto(d.id, d.titolo);
@@ -321,6 +335,8 @@ void ShowDialogItem(DialogPtr d, std::int16_t item) {
     if (VoceDialogo* v = voceDi(d, item); v != nullptr) {
         v->nascosta = false;
         if (v->widget != nullptr) v->widget->show();
+        d->inVista = item;
+        if (d->mostrata) scorriFino(*d);
     }
 }
 

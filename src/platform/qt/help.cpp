@@ -10,10 +10,15 @@ namespace tessaro {
 
 namespace {
 
-// Where an installed program keeps it, seen from the executable; empty when the page is not there.
+// The page in the language in use: beside the executable in a build folder, below share/doc where the program is
+// installed. Empty when it is in neither.
 QString pagina(std::string_view page) {
-    const QFileInfo f(daUtf8(AppFolder()) + QStringLiteral("/../share/doc/tessaro3d/") + daMac(page));
-    return f.isFile() ? f.canonicalFilePath() : QString();
+    const QString nome = QString::fromStdString(linguaInUso()) + QLatin1Char('/') + daMac(page);
+    for (const char* cartella : {"/guide/", "/../share/doc/tessaro3d/"}) {
+        const QFileInfo f(daUtf8(AppFolder()) + QLatin1String(cartella) + nome);
+        if (f.isFile()) return f.canonicalFilePath();
+    }
+    return {};
 }
 
 }   // namespace

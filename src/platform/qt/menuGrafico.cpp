@@ -16,6 +16,7 @@
 #include "model/Colori.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
+#include "platform/Resources.h"
 
 namespace tessaro {
 
@@ -25,6 +26,7 @@ constexpr int latoCella = 20, celleRiga = 5;         // of the pattern grid, log
 constexpr int rigaColore = 14, largoCampione = 35;   // of a colour row, at least
 constexpr std::int16_t retiniInTutto = 38;
 constexpr std::int16_t menuArea = 105;
+constexpr std::int16_t listaTitoli = 9140, titoloPenna = 3;
 
 struct CellaMenu {
     QRect dove;
@@ -111,7 +113,7 @@ private:
             const auto v = voci.voci.find(voce);
             return v == voci.voci.end() ? QString() : daUtf8(v->second.testo);
         };
-        const QString titolo = conNessuno ? nome(1) : QString();
+        const QString titolo = conNessuno ? nome(1) : daMac(GetIndString(listaTitoli, titoloPenna));
         celle.push_back({QRect(0, 0, 2 * latoCella, latoCella), static_cast<std::int16_t>(conNessuno), 0, titolo});
         for (std::int16_t n = 1; n <= retiniInTutto; ++n) {
             const int posto = n + 1;   // the double cell takes two places
@@ -168,13 +170,21 @@ private:
             if (!aperto->close()) break;
     }
 
+    // As large as the label's cell lets it be.
+    QFont caratterePer(const CellaMenu& c) const {
+        QFont f = font();
+        int alto = 11;
+        do {
+            f.setPixelSize(alto);
+        } while (QFontMetrics(f).horizontalAdvance(c.testo) > c.dove.width() - 4 && --alto > 7);
+        return f;
+    }
+
     void disegnaRetino(QPainter& p, int i) const {
         const CellaMenu& c = cella(i);
         const QRect dentro = c.dove.adjusted(1, 1, -1, -1);
         if (c.numero == 0) {
-            QFont piccolo = font();
-            piccolo.setPixelSize(11);
-            p.setFont(piccolo);
+            p.setFont(caratterePer(c));
             p.setPen(palette().color(QPalette::WindowText));
             p.drawText(c.dove, Qt::AlignCenter, c.testo);
         } else {

@@ -18,6 +18,25 @@ namespace {
 constexpr int latoIcona = 22;   // logical pixels
 constexpr std::int16_t parteSpenta = 255, parteAccesa = 7;
 
+// The colour of what is lit, that of the palette's lit icons, and of the drawing on it.
+const QColor luce(0x2f, 0x6f, 0xd0), sullaLuce(Qt::white);
+
+// An icon's drawing in one colour, at the densities that screens have.
+void aggiungiFigure(QIcon& a, const QByteArray& svg, const QColor& colore, QIcon::Mode modo, QIcon::State stato) {
+    QByteArray colorato = svg;
+    colorato.replace("currentColor", colore.name().toLatin1());
+    QSvgRenderer disegno(colorato);
+    for (const int fittezza : {1, 2, 3}) {
+        QPixmap p(latoIcona * fittezza, latoIcona * fittezza);
+        p.fill(Qt::transparent);
+        QPainter pittore(&p);
+        disegno.render(&pittore, QRectF(0, 0, p.width(), p.height()));
+        pittore.end();
+        p.setDevicePixelRatio(fittezza);
+        a.addPixmap(p, modo, stato);
+    }
+}
+
 class BottoneBarra : public QToolButton {
 public:
     BottoneBarra(std::int32_t disegno, QWidget* padre) : QToolButton(padre), icona(disegno) { rifai(); }
@@ -29,26 +48,35 @@ protected:
     }
     // A lit button that is clicked stays lit until the core says otherwise.
     void nextCheckState() override {}
+    // Styles show a checked button by a shade that is lost on a dark desktop; here it is lit like the palette's cells.
+    void paintEvent(QPaintEvent* e) override {
+        if (!isChecked()) return QToolButton::paintEvent(e);
+        QPainter p(this);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(Qt::NoPen);
+        p.setBrush(isDown() ? luce.darker(120) : luce);
+        p.drawRoundedRect(rect(), 4, 4);
+        const QRect dove(QPoint((width() - iconSize().width()) / 2, (height() - iconSize().height()) / 2), iconSize());
+        icon().paint(&p, dove, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled, QIcon::On);
+    }
 
 private:
     std::int32_t icona;   // 0: none
 
-    // The drawing in the desktop's text colour, at the densities that screens have.
+    // In the desktop's text colour; pale where it cannot be used, since a style's own paling hardly shows on dark.
     void rifai() {
         if (icona == 0) return;
-        QByteArray svg = QByteArray::fromStdString(ResourceFile("icons/" + std::to_string(icona) + ".svg"));
-        svg.replace("currentColor", palette().color(QPalette::WindowText).name().toLatin1());
-        QSvgRenderer disegno(svg);
+        const QByteArray svg = QByteArray::fromStdString(ResourceFile("icons/" + std::to_string(icona) + ".svg"));
+        const QColor testo = palette().color(QPalette::Active, QPalette::WindowText);
+        const QColor fondo = palette().color(QPalette::Active, QPalette::Window);
+        const auto spento = [](int t, int f) { return (2 * t + 3 * f) / 5; };
+        const QColor pallido(spento(testo.red(), fondo.red()), spento(testo.green(), fondo.green()),
+                             spento(testo.blue(), fondo.blue()));
         QIcon tutte;
-        for (const int fittezza : {1, 2, 3}) {
-            QPixmap p(latoIcona * fittezza, latoIcona * fittezza);
-            p.fill(Qt::transparent);
-            QPainter pittore(&p);
-            disegno.render(&pittore, QRectF(0, 0, p.width(), p.height()));
-            pittore.end();
-            p.setDevicePixelRatio(fittezza);
-            tutte.addPixmap(p);
-        }
+        aggiungiFigure(tutte, svg, testo, QIcon::Normal, QIcon::Off);
+        aggiungiFigure(tutte, svg, sullaLuce, QIcon::Normal, QIcon::On);
+        aggiungiFigure(tutte, svg, pallido, QIcon::Disabled, QIcon::Off);
+        aggiungiFigure(tutte, svg, pallido, QIcon::Disabled, QIcon::On);
         setIcon(tutte);
     }
 };
@@ -132,7 +160,11 @@ void SetControlPicture(ControlHandle c, const GrafPort& figura) {
     if (b == nullptr || porta == nullptr || porta->pixels() == nullptr) return;
     const QImage vista(reinterpret_cast<const uchar*>(porta->pixels()), porta->deviceWidth(), porta->deviceHeight(),
                        static_cast<qsizetype>(porta->rowPixels()) * 4, QImage::Format_RGB32);
-    QPixmap p = QPixmap::fromImage(vista.copy());
+    // Black needs an edge on a dark desktop, and on a light one it does no harm.
+    const int orlo = porta->ratio;
+    QPixmap p(vista.width() + 2 * orlo, vista.height() + 2 * orlo);
+    p.fill(QColor(128, 128, 128, 160));
+    QPainter(&p).drawImage(orlo, orlo, vista);
     p.setDevicePixelRatio(porta->ratio);
     b->setIconSize(p.deviceIndependentSize().toSize());
     b->setIcon(QIcon(p));

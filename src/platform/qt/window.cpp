@@ -66,6 +66,12 @@ QSize contenuto() {
     return {cornice->width(), cornice->height() - barra()->sizeHint().height()};
 }
 
+// The program's name stands behind the drawing's. Dialogs do without it, their title bars are short.
+void intitola(const QString& disegno) {
+    const QString programma = QStringLiteral("Tessaro 3D");
+    cornice->setWindowTitle(disegno.isEmpty() ? programma : disegno + QStringLiteral(" — ") + programma);
+}
+
 }   // namespace
 
 QMainWindow* telaio() { return cornice; }
@@ -81,6 +87,7 @@ void creaTelaio() {
         return;
     }
     cornice->setWindowIcon(iconaDelProgramma());
+    intitola({});
     const QByteArray geometria = QSettings(fileDelTelaio(), QSettings::IniFormat).value("geometry").toByteArray();
     misuraDellaPersona = !geometria.isEmpty() && cornice->restoreGeometry(geometria);
 }
@@ -161,7 +168,7 @@ void DisposeWindow(WindowPtr w) {
     delete w->foglio;   // with its controls
     aperta.reset();
     if (cornice == nullptr) return;
-    cornice->setWindowTitle({});
+    intitola({});
     cornice->centralWidget()->update();
     cornice->setFocus();
 }
@@ -183,7 +190,7 @@ WindowPtr FrontWindow() { return aperta.get(); }
 void SetWTitle(WindowPtr w, std::string_view macRoman) {
     if (w == nullptr) return;
     w->titolo = macRoman;
-    if (cornice != nullptr) cornice->setWindowTitle(daMac(macRoman));
+    if (cornice != nullptr) intitola(daMac(macRoman));
 }
 
 std::string GetWTitle(WindowPtr w) { return w == nullptr ? std::string{} : w->titolo; }

@@ -1,5 +1,5 @@
 // The sentences of the loss reports.
-#include "exchange/ResocontoDXF.h"
+#include "exchange/Resoconto.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,12 +13,12 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t listaDxf = 9151, avvisoLetto = 9110;
+constexpr std::int16_t listaScambio = 9151, avvisoLetto = 9110, avvisoScritto = 9111;
 constexpr std::size_t nomiTenuti = 200;   // a hostile file may hold a million names
 constexpr std::size_t nomiMostrati = 8;
 constexpr std::size_t nomeLungo = 24;
 
-std::string stringa(std::int16_t n) { return GetIndString(listaDxf, n); }
+std::string stringa(std::int16_t n) { return GetIndString(listaScambio, n); }
 
 std::string con(std::string s, std::string_view p0) {
     if (const auto dove = s.find("^0"); dove != std::string::npos) s.replace(dove, 2, p0);
@@ -42,11 +42,11 @@ void elenca(std::string& s, std::string_view voce) {
 
 }   // namespace
 
-std::string TestoDi(TestoDxf t, std::string_view p0) { return con(stringa(static_cast<std::int16_t>(t)), p0); }
+std::string TestoDi(TestoScambio t, std::string_view p0) { return con(stringa(static_cast<std::int16_t>(t)), p0); }
 
 std::string ConMigliaia(std::int64_t n) {
     std::string s = std::to_string(n);
-    const std::string separatore = TestoDi(TestoDxf::migliaia);
+    const std::string separatore = TestoDi(TestoScambio::migliaia);
     for (std::size_t i = s.size(); i > 3; i -= 3) s.insert(i - 3, separatore);
     return s;
 }
@@ -64,6 +64,10 @@ void ElementiContati::aggiungi(std::uint8_t tipo) {
     }
 }
 
+void ElementiContati::contaRecord(std::int32_t primo) {
+    for (std::int32_t i = primo; i <= indElem; ++i) aggiungi(Elem(i).tipo);
+}
+
 bool ElementiContati::vuoti() const {
     return std::all_of(quanti.begin(), quanti.end(), [](std::int64_t n) { return n == 0; });
 }
@@ -72,14 +76,14 @@ std::string ElementiContati::testo() const {
     std::string s;
     for (std::size_t i = 0; i < nConteggi; ++i) {
         if (quanti[i] == 0) continue;
-        const auto uno = static_cast<std::int16_t>(static_cast<std::size_t>(TestoDxf::primoConteggio) + 2 * i);
+        const auto uno = static_cast<std::int16_t>(static_cast<std::size_t>(TestoScambio::primoConteggio) + 2 * i);
         const auto numero = static_cast<std::int16_t>(quanti[i] == 1 ? uno : uno + 1);
         elenca(s, con(stringa(numero), ConMigliaia(quanti[i])));
     }
-    return s.empty() ? TestoDi(TestoDxf::nulla) : s;
+    return s.empty() ? TestoDi(TestoScambio::nulla) : s;
 }
 
-void ResocontoDXF::tralascia(std::string_view entita) {
+void Resoconto::tralascia(std::string_view entita) {
     const auto i = tralasciati.find(entita);
     if (i != tralasciati.end())
         ++i->second;
@@ -89,7 +93,7 @@ void ResocontoDXF::tralascia(std::string_view entita) {
         ++oltre;
 }
 
-std::string ResocontoDXF::testoTralasciati() const {
+std::string Resoconto::testoTralasciati() const {
     std::map<std::string, std::int64_t> perNome;
     for (const auto& [nome, n] : tralasciati) perNome[mostrabile(nome)] += n;
     std::vector<std::pair<std::string, std::int64_t>> voci(perNome.begin(), perNome.end());
@@ -102,21 +106,30 @@ std::string ResocontoDXF::testoTralasciati() const {
         else
             resto += voci[i].second;
     }
-    if (resto > 0) elenca(s, TestoDi(TestoDxf::altri, ConMigliaia(resto)));
-    return s.empty() ? s : TestoDi(TestoDxf::tralasciati, s);
+    if (resto > 0) elenca(s, TestoDi(TestoScambio::altri, ConMigliaia(resto)));
+    if (!parti.vuoti()) elenca(s, parti.testo());
+    return s.empty() ? s : TestoDi(TestoScambio::tralasciati, s);
 }
 
-void ResocontoDXF::mostra(std::int32_t primo, std::int64_t righe, bool fermata) const {
-    ElementiContati entrati;
-    for (std::int32_t i = primo; i <= indElem; ++i) entrati.aggiungi(Elem(i).tipo);
+void Resoconto::mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const {
     std::string note;
-    const auto nota = [&note](const std::string& s) { note += (note.empty() ? "" : " ") + s; };
-    if (colori > 0) nota(TestoDi(TestoDxf::colori, ConMigliaia(colori)));
-    if (perduti > 0) nota(TestoDi(TestoDxf::senzaPosto, ConMigliaia(perduti)));
+    const auto nota = [&note](TestoScambio t, std::int64_t n) {
+        if (n > 0) note += (note.empty() ? "" : " ") + TestoDi(t, ConMigliaia(n));
+    };
+    nota(TestoScambio::colori, colori);
+    nota(TestoScambio::senzaPosto, perduti);
+    nota(TestoScambio::pieno, archivioPieno);
     std::string arresto;
-    if (righe > 0) arresto = TestoDi(fermata ? TestoDxf::fermata : TestoDxf::interrotta, ConMigliaia(righe));
+    if (righe > 0) arresto = TestoDi(fermata ? TestoScambio::fermata : TestoScambio::interrotta, ConMigliaia(righe));
     ParamText(entrati.testo(), testoTralasciati(), note, arresto);
     NoteAlert(avvisoLetto);
+}
+
+void MostraScritti(const Scritti& s, TestoScambio formato) {
+    const std::string lasciati =
+        s.perduti.vuoti() ? std::string() : TestoDi(TestoScambio::tralasciati, s.perduti.testo());
+    ParamText(s.scritti.testo(), lasciati, s.scritti.vuoti() ? std::string() : TestoDi(formato), {});
+    NoteAlert(avvisoScritto);
 }
 
 }   // namespace tessaro

@@ -12,7 +12,7 @@
 namespace tessaro {
 
 // Words of the reports, list 9151. Counted things come in pairs, one and many, in the order of this table.
-enum class TestoDxf : std::int16_t {
+enum class TestoScambio : std::int16_t {
     nulla = 1,
     tralasciati,   // ^0 what
     altri,         // ^0 how many other kinds
@@ -23,7 +23,12 @@ enum class TestoDxf : std::int16_t {
     nonNelFormato,
     migliaia,   // separator of thousands
     invitoLettura,
-    avanzaLettura,
+    avanzaLettura,   // of the three kinds of files
+    avanzaPunti,
+    avanzaMappa,
+    nonNegliElenchi,   // what point lists do not hold
+    nonNegliScript,
+    pieno,
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
@@ -35,16 +40,20 @@ enum Conteggio : std::size_t {
     cCerchi,
     cArchi,
     cMarkerIgnoti,
+    cIsole,   // rings of islands
+    cRigheGuaste,
+    cCoperti,   // elements that are not shown
     nConteggi
 };
 
-std::string TestoDi(TestoDxf t, std::string_view p0 = {});
+std::string TestoDi(TestoScambio t, std::string_view p0 = {});
 std::string ConMigliaia(std::int64_t n);
 
 class ElementiContati {
 public:
     void aggiungi(std::uint8_t tipo);   // a Tipoelem; vertices belong to their polylines
-    void aggiungi(Conteggio c) { ++quanti[c]; }
+    void aggiungi(Conteggio c, std::int64_t n = 1) { quanti[c] += n; }
+    void contaRecord(std::int32_t primo);      // those of the drawing from `primo` on
     [[nodiscard]] std::string testo() const;   // "1,204 segments, 12 circles"
     [[nodiscard]] bool vuoti() const;
 
@@ -52,13 +61,15 @@ private:
     std::array<std::int64_t, nConteggi> quanti{};
 };
 
-class ResocontoDXF {
+class Resoconto {
 public:
     void tralascia(std::string_view entita);
     void coloreFuori() { ++colori; }
     void senzaPosto() { ++perduti; }
-    // Counts the records from `primo` on and shows alert 9110. righe: where a reading that did not end stopped, else 0.
-    void mostra(std::int32_t primo, std::int64_t righe, bool fermata) const;
+    void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
+    ElementiContati parti;                   // left out, beside the entities of a name
+    // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
+    void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
 
 private:
     [[nodiscard]] std::string testoTralasciati() const;
@@ -67,6 +78,14 @@ private:
     std::int64_t oltre = 0;   // entities of further names
     std::int64_t colori = 0;
     std::int64_t perduti = 0;
+    bool archivioPieno = false;
 };
+
+// What an export wrote and what it left out.
+struct Scritti {
+    ElementiContati scritti, perduti;
+};
+// Alert 9111. `formato` says what no file of the kind holds.
+void MostraScritti(const Scritti& s, TestoScambio formato);
 
 }   // namespace tessaro

@@ -1,0 +1,126 @@
+// Opens, fills, saves and closes the report.
+#include "shell/Rapporto.h"
+
+#include <string>
+#include <vector>
+
+#include "digitising/RapportoTesti.h"
+#include "exchange/ApriScrittura.h"
+#include "model/Attributi.h"
+#include "model/TabellaStato.h"
+#include "platform/Menus.h"
+#include "platform/Resources.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+constinit DialogPtr rapportoDialog = nullptr;
+
+namespace {
+
+constexpr std::int16_t menuTrasforma = 5, voceRapporto = 18;
+enum : std::int16_t {   // items
+    vChiusura = 0,
+    vSalva = 1,
+    vChiudi = 2,
+    vPunti = 3,
+    vResidui = 4,
+    vScala = 5,
+    vRotazione = 6,
+    vModo = 7,
+    vMassimo = 8,
+    vMedio = 9,
+    vAvvisi = 10,
+};
+
+// What stands in the window was made from these.
+struct Mostrato {
+    DatiRapporto dati;
+    std::int32_t gradi = 0;
+    std::int16_t tipoAngolo = 0;
+    bool operator==(const Mostrato&) const = default;
+};
+Mostrato mostrato;
+
+Mostrato adesso() { return {DatiDelMomento(), gradCorrente, tipoAngolo}; }
+
+void tabella(std::int16_t item, const std::vector<std::string>& righe) {
+    SetDialogItemRows(rapportoDialog, item, static_cast<std::int16_t>(righe.size()));
+    for (std::size_t i = 0; i < righe.size(); ++i)
+        SetDialogItemRow(rapportoDialog, item, static_cast<std::int16_t>(i + 1), righe[i], {});
+}
+
+void mostra(const TestiRapporto& t) {
+    SetDialogItemText(rapportoDialog, vPunti, t.testataPunti);
+    tabella(vPunti, t.punti);
+    SetDialogItemText(rapportoDialog, vResidui, t.testataResidui);
+    tabella(vResidui, t.residui);
+    SetDialogItemText(rapportoDialog, vScala, t.scala);
+    SetDialogItemText(rapportoDialog, vRotazione, t.rotazione);
+    SetDialogItemText(rapportoDialog, vModo, t.modo);
+    SetDialogItemText(rapportoDialog, vMassimo, t.massimo);
+    SetDialogItemText(rapportoDialog, vMedio, t.medio);
+    SetDialogItemText(rapportoDialog, vAvvisi, t.testataAvvisi);
+    tabella(vAvvisi, t.avvisi);
+}
+
+void rifai() {
+    mostrato = adesso();
+    mostra(TestiDi(CalcolaRapportoAttacchi(mostrato.dati)));
+}
+
+void salva() {
+    constexpr std::string_view suffisso = ".txt";
+    const std::string testo = TestoRapporto(TestiDi(CalcolaRapportoAttacchi(DatiDelMomento())), NomeD.view());
+    if (!ApriTesto(InvitoRapporto(), suffisso)) return;
+    scriviBlocco(testo.data(), static_cast<std::int32_t>(testo.size()));
+    ChiudiScrittura();
+}
+
+}   // namespace
+
+void ApriRapporto() {
+    if (rapportoDialog) {
+        SelectDialogWindow(rapportoDialog);
+        return;
+    }
+    rapportoDialog = GetNewDialog(dialogoRapporto);
+    if (!rapportoDialog) return;
+    rifai();
+    CheckMenuItem(menuTrasforma, voceRapporto, true);
+}
+
+void AggiornaRapporto() {
+    if (!rapportoDialog) return;
+    if (noWindow) return ChiudiRapporto();
+    if (!(adesso() == mostrato)) rifai();
+}
+
+void ChiudiRapporto() {
+    if (!rapportoDialog) return;
+    DisposeDialog(rapportoDialog);
+    rapportoDialog = nullptr;
+    CheckMenuItem(menuTrasforma, voceRapporto, false);
+}
+
+void ColpoRapporto(std::int16_t item) {
+    if (!rapportoDialog) return;   // a click that was still queued when it closed
+    if (item == vSalva) salva();
+    if (item == vChiudi || item == vChiusura) ChiudiRapporto();
+}
+
+namespace {
+
+const VoceStato righe[] = {
+    {"rapportoDialog", VoceStato::speciale, nullptr, 0,
+     [] {
+         if (rapportoDialog) DisposeDialog(rapportoDialog);
+         rapportoDialog = nullptr;
+     },
+     nullptr},
+};
+const TabellaStato tabellaStato(righe);
+
+}   // namespace
+
+}   // namespace tessaro
