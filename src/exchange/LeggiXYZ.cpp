@@ -1,7 +1,9 @@
 // The point list's reader: each row becomes a marker.
 #include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
@@ -60,10 +62,30 @@ class LettoreXYZ {
     Resoconto resoconto;
     // Kept: not cleared between rows, so a column that the layout leaves out stays at zero.
     double x = 0, y = 0, z = 0;
+    std::vector<double*> numeriDellaRiga = soloNumeri();
+
+    // Where a row's fields go when they are all coordinates; else empty.
+    std::vector<double*> soloNumeri() {
+        std::vector<double*> campi;
+        for (const std::int16_t colonna : DatoP) {
+            if (colonna == colonnaAref) return {};
+            if (colonna != colonnaNessuna) campi.push_back(&coordinata(colonna));
+        }
+        return campi;
+    }
 
     std::string_view prossima() { return InMacRoman(righe.riga(numeroRiga), codifica, convertita); }
 
     [[nodiscard]] bool restaDaLeggere() const { return EndFile == 0 && righe.resta(); }
+
+    double& coordinata(std::int16_t colonna) { return colonna == colonnaX ? x : colonna == colonnaY ? y : z; }
+
+    // A line that holds only good numbers needs no further look: true, and the columns have them.
+    bool presi(std::span<double* const> campi) {
+        if (!righe.numeri(campi, numeroRiga)) return false;
+        codice = 1;
+        return true;
+    }
 
     void analizza(std::int16_t colonna, std::string_view campo) {
         if (colonna == colonnaAref) {
@@ -71,7 +93,7 @@ class LettoreXYZ {
             codice = 1;
             return;
         }
-        codice = numeroDa(campo, colonna == colonnaX ? x : colonna == colonnaY ? y : z);
+        codice = numeroDa(campo, coordinata(colonna));
     }
 
     // Each column a line of its own. A row that the file's end cuts short is a fault, its plain end is none.
@@ -79,6 +101,11 @@ class LettoreXYZ {
         rigaLetta = false;
         for (const std::int16_t colonna : DatoP) {
             if (colonna == colonnaNessuna) continue;
+            double* const campo[] = {&coordinata(colonna)};
+            if (colonna != colonnaAref && presi(campo)) {
+                rigaLetta = true;
+                continue;
+            }
             const std::string_view riga = prossima();
             if (uscita || (EndFile && riga.empty())) {
                 codice = senzaRiga;
@@ -94,6 +121,8 @@ class LettoreXYZ {
 
     // The whole row in one line, its fields between tabs; fields that are missing are empty.
     void rigaIntera() {
+        rigaLetta = presi(numeriDellaRiga);
+        if (rigaLetta) return;
         std::string_view resto = prossima();
         rigaLetta = !uscita && !(EndFile && resto.empty());
         if (!rigaLetta) {

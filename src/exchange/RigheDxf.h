@@ -57,8 +57,9 @@ public:
     bool reale(double& v) {
         if (cifreEstese == 0 || !pronta()) return false;
         double letto = 0;
-        const char* const p = RealeEsatto(qui, fine, letto);
-        if (p == nullptr || p - qui >= massima || !fineRiga(*p)) return false;
+        const char* const limite = qui + massima;
+        const char* const p = RealeEsatto(qui, limite, letto);
+        if (p == nullptr || p == limite || !fineRiga(*p)) return false;
         v = letto;
         conta();
         oltre(p);

@@ -3,8 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
+#include "text/Conversione.h"
+#include "text/Decimale.h"
 #include "text/FileABlocchi.h"
 #include "text/FileDati.h"
 
@@ -33,6 +36,25 @@ public:
         return rigaLenta(n);
     }
 
+    // The next line when it is just plain numbers, one for each of `campi` (at most four), with tabs between them. Else
+    // it is still to be read, and they are as they were.
+    bool numeri(std::span<double* const> campi, std::int32_t& n) {
+        if (cifreEstese == 0 || uscita != 0) return false;
+        while (largo() && *qui == lf) ++qui;
+        if (!largo() || campi.empty()) return false;
+        std::array<double, 4> letti;
+        const char* const limite = qui + massima;
+        const char* p = qui;
+        for (std::size_t i = 0; i < campi.size(); ++i) {
+            p = RealeEsatto(i == 0 ? p : p + 1, limite, letti[i]);
+            if (p == nullptr || p == limite) return false;
+            if (i + 1 < campi.size() ? *p != tab : !fineRiga(*p)) return false;
+        }
+        for (std::size_t i = 0; i < campi.size(); ++i) *campi[i] = letti[i];
+        qui = p + 1;
+        ++n;
+        return true;
+    }
     [[nodiscard]] bool resta() const;   // there are bytes that no line took
 
 private:

@@ -124,13 +124,17 @@ std::string_view senzaCoda(std::string_view s) {
 bool RealePiano(std::string_view testo, double& v) {
     constexpr std::uint64_t mantissaEsatta = std::uint64_t{1} << 53;
     constexpr int cifreMantissa = 19;   // fit 64 bits
-    const std::string_view s = senzaCoda(testo);
-    if (s.empty()) return false;
-    const char* const fine = s.data() + s.size();
-    if (double esatto = 0; RealeEsatto(s.data(), fine, esatto) == fine) {
-        v = esatto;
+    if (testo.empty()) return false;
+    const auto esatto = [&v](std::string_view s) {
+        const char* const fine = s.data() + s.size();
+        double x = 0;
+        if (RealeEsatto(s.data(), fine, x) != fine) return false;
+        v = x;
         return true;
-    }
+    };
+    if (esatto(testo)) return true;
+    const std::string_view s = senzaCoda(testo);
+    if (s.size() != testo.size() && !s.empty() && esatto(s)) return true;
     Piano n;
     if (!leggiPiano(s, n)) return false;
     if (n.mantissa == 0 && n.cifre == 0) {
