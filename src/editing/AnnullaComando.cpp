@@ -1,8 +1,6 @@
 // The undo command: the kind's own action, then one step back in the figure in progress.
 #include "editing/AnnullaComando.h"
 
-#include <algorithm>
-
 #include "display/Disegno.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
@@ -23,7 +21,6 @@ void passoIndietro() {
     Yini = s.y1;
     Zinizio = s.z1;
     --indElem;
-    inizioAggiunta = std::min(inizioAggiunta, indElem);   // what is being drawn begins behind what is left
 }
 
 }   // namespace

@@ -95,8 +95,9 @@ bool TestoInRect(std::int32_t index, const Rect& rect) {
 
 bool SelezionaRect(const Rect& rect) {
     SetCursor(ClockCursor);
-    VidToReal(Point{rect.top, rect.left}, xyzLT);
-    VidToReal(Point{rect.bottom, rect.right}, xyzRB);
+    const Point pLT{rect.top, rect.left}, pRB{rect.bottom, rect.right};
+    VidToReal(pLT, xyzLT);
+    VidToReal(pRB, xyzRB);
     bool qualcosa = false;
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
@@ -120,8 +121,9 @@ void SelezionaTutto() {
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
         if (!LucidoVisibile(e.lucido) || (e.tipo == tTesto && !VisioneGraf.mostraTesti)) continue;
-        // Kept: with something selected before, the highlight toggles once a record.
-        if (Puntosel.attiva) DisegnaSelezione();
+        // Kept: with a thing selected before, its highlight toggles once a record. Of several it does not: each toggle
+        // would go through the whole drawing again, and the repaint behind the command shows none of them.
+        if (Puntosel.attiva && !Puntosel.multipla) DisegnaSelezione();
         if (e.selezionato) continue;
         e.selezionato = 1;   // vertex records count one by one
         ++Puntosel.numSel;

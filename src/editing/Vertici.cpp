@@ -87,9 +87,10 @@ void rinumera(std::int32_t testa, std::int32_t da) {
     for (std::int32_t i = da; i <= UltimoRecord(testa); ++i) Elem(i).vert.distanzaTesta = i - testa;
 }
 
-// Records behind a polyline have moved: the one in progress goes with them.
+// Records behind a polyline have moved: the one in progress goes with them, and so does its undo.
 void figuraCorrenteScala(std::int32_t testa, std::int32_t passo) {
     if (IndicePolCorrente > testa) IndicePolCorrente += passo;
+    if (ContinuaPoligono && inizioAggiunta > testa) inizioAggiunta += passo;
 }
 
 void togliVertice(std::int32_t testa, std::int32_t n) {

@@ -17,7 +17,8 @@
 namespace tessaro {
 
 PStr255 strTav("");
-constinit std::int16_t databit = 8, bitstop = 1, parity = 1;
+constinit std::int16_t databit = 8, bitstop = 1, parity = 1, velbaud = 1;
+PStr255 PortaTavIn(""), PortaTavOut("");
 constinit std::int16_t NeroVers = 1, RossoVers = 2, VerdeVers = 3, BluVers = 4, CianoVers = 5, MagentaVers = 6,
                        GialloVers = 7;
 
@@ -128,6 +129,7 @@ void leggiparam() {
     } else {
         std::int16_t tipo = 0;
         LeggiTipo(tipo);
+        if (tipo != 0) velbaud = tipo;   // 0: the file ended before its second line
         FSClose(RefNum);
     }
     fileInLavoro.clear();
@@ -137,12 +139,13 @@ void leggiparam() {
 
 namespace {
 const VoceStato righe[] = {
-    {"strTav", VoceStato::str255, &strTav},         {"databit", VoceStato::i16, &databit, 8},
-    {"bitstop", VoceStato::i16, &bitstop, 1},       {"parity", VoceStato::i16, &parity, 1},
-    {"NeroVers", VoceStato::i16, &NeroVers, 1},     {"RossoVers", VoceStato::i16, &RossoVers, 2},
-    {"VerdeVers", VoceStato::i16, &VerdeVers, 3},   {"BluVers", VoceStato::i16, &BluVers, 4},
-    {"CianoVers", VoceStato::i16, &CianoVers, 5},   {"MagentaVers", VoceStato::i16, &MagentaVers, 6},
-    {"GialloVers", VoceStato::i16, &GialloVers, 7},
+    {"strTav", VoceStato::str255, &strTav},           {"databit", VoceStato::i16, &databit, 8},
+    {"bitstop", VoceStato::i16, &bitstop, 1},         {"parity", VoceStato::i16, &parity, 1},
+    {"velbaud", VoceStato::i16, &velbaud, 1},         {"PortaTavIn", VoceStato::str255, &PortaTavIn},
+    {"PortaTavOut", VoceStato::str255, &PortaTavOut}, {"NeroVers", VoceStato::i16, &NeroVers, 1},
+    {"RossoVers", VoceStato::i16, &RossoVers, 2},     {"VerdeVers", VoceStato::i16, &VerdeVers, 3},
+    {"BluVers", VoceStato::i16, &BluVers, 4},         {"CianoVers", VoceStato::i16, &CianoVers, 5},
+    {"MagentaVers", VoceStato::i16, &MagentaVers, 6}, {"GialloVers", VoceStato::i16, &GialloVers, 7},
 };
 const TabellaStato tabella(righe);
 }   // namespace

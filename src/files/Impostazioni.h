@@ -10,7 +10,10 @@ namespace tessaro {
 void leggiparam();   // "TESSCONT"
 void LeggiTipo(std::int16_t& velocita);
 extern PStr255 strTav;   // tablet name
+// The serial line of a digitiser: bits of a word; 1 one, 2 one and a half, 3 two stop bits; 1 none, 2 odd, 3 even parity.
 extern std::int16_t databit, bitstop, parity;
+extern std::int16_t velbaud;              // speed: 1 to 5 are 1200, 2400, 4800, 9600, 19200 bits a second; 1
+extern PStr255 PortaTavIn, PortaTavOut;   // device that the digitiser is read from, and written to; empty
 extern std::int16_t NeroVers, RossoVers, VerdeVers, BluVers, CianoVers, MagentaVers, GialloVers;   // plotter pens
 
 bool ParamGraf();   // dialog 2013; at start-up loads "PGraf56". False: cancelled

@@ -30,6 +30,7 @@ enum class EventKind : std::uint8_t {
     highLevel,     // an event of the desktop: `classe` "quit", "oapp", "odoc", "pdoc" with `percorsi`
     drop,          // files dropped at where: `percorsi`
     tablet,        // one sample: where.h, where.v raw counts, message the button
+    pen,           // a pen of the desktop: where and its fraction, message the button pressed now, 0 for none
     dialogItem,    // a modeless dialog: message = dialog << 16 | item
     button,        // a toolbar button was released inside: message = its index
 };
@@ -44,8 +45,9 @@ struct EventRecord {
     Point where;                 // window-local pixel of `window`
     std::uint16_t modifiers = 0;
     WindowPtr window = nullptr;
-    std::string classe;                  // highLevel
-    std::vector<std::string> percorsi;   // paths, UTF-8
+    double frazioneH = 0, frazioneV = 0;   // pen: the part of a pixel beyond where, 0 up to 1
+    std::string classe;                    // highLevel
+    std::vector<std::string> percorsi;     // paths, UTF-8
 };
 
 // Waits for the next event, at most `sleep` ticks; below 0 without end. False for nullEvent, which callers use for

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "digitising/Coordinate.h"
+#include "digitising/TavolettaLettori.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
@@ -125,7 +126,7 @@ void rotella(const Riga& r) {
 void aspetta(const Riga& r) { AutoAdvance(static_cast<std::uint32_t>(Intero(r[0], 0, 1'000'000'000))); }
 
 void tavoletta(const Riga& r) {
-    TabAbilit = 1;
+    if (!TabAbilit) AccendiTavoletta(Lettore::copione);
     EventRecord e;
     e.what = EventKind::tablet;
     e.where = Point{Intero(r[1]), Intero(r[0])};

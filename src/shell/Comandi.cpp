@@ -7,6 +7,8 @@
 #include "digitising/attaccoDinamico.h"
 #include "digitising/GeoRiferimento.h"
 #include "digitising/PuntiDigitati.h"
+#include "digitising/Tavoletta.h"
+#include "digitising/TavolettaLettori.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -196,14 +198,6 @@ void menuTrasforma() {
     if (theItem == 18) ApriRapporto();
 }
 
-// The tablet's origin on the sheet's corner, or on the view's.
-void riferimentoTablet(bool foglio) {
-    XtabFin = foglio ? std::int16_t{0} : arrotonda16(OrigX / scalavid);
-    YtabFin = foglio ? std::int16_t{0} : arrotonda16(OrigY / scalavid);
-    RifTablet = foglio;
-    ChkOnOffItem(6, foglio ? 14 : 15, 14, 15);
-}
-
 void menuStrumenti() {
     switch (theItem) {
     case 1: ApriCalcolatrice(); break;
@@ -215,8 +209,10 @@ void menuStrumenti() {
     case 9: PoniCateg_Insieme(2); break;
     case 11: ParAttacco(); break;
     case 12: ParGeoRefer(0); break;
-    case 14: riferimentoTablet(true); break;
-    case 15: riferimentoTablet(false); break;
+    case 14: RiferimentoFoglio(); break;
+    case 15: RiferimentoVista(); break;
+    case 20: CambiaLettura(); break;
+    case 21: ParTavoletta(); break;
     case 17:
     case 18:
         CurvePerPunti = theItem == 18;

@@ -1,5 +1,6 @@
 // One event and one idle step: the loop's body, with updates, activation and what the desktop asks.
 #include "dialogs/Parametri.h"
+#include "digitising/TavolettaLettori.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -85,10 +86,16 @@ void tasto(const EventRecord& e) {
     PenPat(PatAttuale);
 }
 
+void seguiPuntatore() {
+    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+}
+
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
-        if (!(TabAbilit && tabButton == 1)) DoMouseAction(e);
+        if (TabAbilit && tabButton == 1) break;
+        if (TabAbilit) seguiPuntatore();   // the tablet may have taken the cursor elsewhere
+        DoMouseAction(e);
         break;
     case EventKind::keyDown:
     case EventKind::autoKey: tasto(e); break;
@@ -113,6 +120,10 @@ void consuma(EventRecord& e) {
     case EventKind::highLevel: dalDesktop(e); break;
     case EventKind::button: isButtonToolbarPressed(e.message); break;
     case EventKind::dialogItem: DealwithDialogs(e); break;
+    case EventKind::tablet: CampioneTavoletta(e.where.h, e.where.v, static_cast<std::int16_t>(e.message)); break;
+    case EventKind::pen:
+        PennaTavoletta(e.where.h + e.frazioneH, e.where.v + e.frazioneV, static_cast<std::int16_t>(e.message));
+        break;
     default: break;
     }
 }
@@ -121,8 +132,10 @@ void consuma(EventRecord& e) {
 
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
+    static Point ultimo{-1, -1};      // where the pointer was followed to
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
+    LeggiTavoletta();
     AggiustaStatoBottoni();
     AggiornaRapporto();
     if (noWindow) {
@@ -130,7 +143,11 @@ void CheckEvents() {
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+    // A pointer at rest leaves the cursor where the tablet has put it.
+    const Point puntatore = GetMouse();
+    if (TabAbilit && puntatore.h == ultimo.h && puntatore.v == ultimo.v) return;
+    ultimo = puntatore;
+    seguiPuntatore();
 }
 
 namespace {

@@ -10,6 +10,7 @@
 
 #include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
+#include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "editing/SceltaColori.h"
@@ -121,6 +122,7 @@ void Initialize() {
     AzzeraStato();
     ripetiSpostamento = SpostaSelezione;
     leggiparam();
+    LeggiParTavoletta();
     allocaArchivio();
     predisponiMenu();
     predisponiTesto();

@@ -201,21 +201,6 @@ void bloccaSuAsse(double& x, double& y) {
     }
 }
 
-void muoviElastico() {
-    if (Azione == 5) {
-        FaiElemento(1);
-    } else if (Azione == 8) {
-        if (operazCorrente == 5) FaiElemento(11);
-        if (operazCorrente == 6) FaiElemento(12);
-    } else if (Azione == 1) {
-        if (operazCorrente == 0 || operazCorrente == 1) {
-            FaiElemento(1);
-        } else if (operazCorrente == 5 || operazCorrente == 6) {
-            FaiElemento(CurvePerPunti ? 1 : 11);
-        }
-    }
-}
-
 }   // namespace
 
 void CercaSelezione(EventRecord& e, puntot& point) {
@@ -277,7 +262,7 @@ void CheckMouse(bool shift) {
     Croce();
     xcurs = x;
     ycurs = y;
-    if (Modalita == 1) muoviElastico();
+    if (Modalita == 1) MuoviElastico();
     if (Modalita == 2 && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
     Croce();
     if (Modalita != 2) tabButton = 0;

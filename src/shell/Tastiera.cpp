@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
+#include "digitising/Tavoletta.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
@@ -20,11 +21,11 @@ namespace tessaro {
 namespace {
 
 void riferimento() {
-    const bool fissa = RifTablet == 1;
-    XtabFin = fissa ? arrotonda16(OrigX / scalavid) : std::int16_t{0};
-    YtabFin = fissa ? arrotonda16(OrigY / scalavid) : std::int16_t{0};
-    RifTablet = fissa ? 0 : 1;
-    ChkOnOffItem(6, fissa ? 15 : 14, 14, 15);
+    if (RifTablet == 1) {
+        RiferimentoVista();
+    } else {
+        RiferimentoFoglio();
+    }
 }
 
 template <std::int16_t forma>

@@ -184,13 +184,21 @@ void finisciPercorso() {
     if (tabButton == termina) misura();
 }
 
+// The undo of what is stored next begins here, whatever was deleted or put in since the figure's first point.
+void cominciaAggiunta() {
+    PoniAnnulla(aNiente);
+    inizioAggiunta = indElem;
+}
+
 void finisciSegmento() {
+    cominciaAggiunta();
     Memorizza(tSegmento, Xini, Yini, Zinizio, Xfine, Yfine, zcurs, spessore, colorCorrente, NumPat, "");
     PoniAnnulla(aAggiunta);
     fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
 }
 
 void finisciCerchio() {
+    cominciaAggiunta();
     const std::int32_t prima = indElem;
     Memorizza(tCerchio, Xini, Yini, RaggioCorrente, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
     if (indElem > prima) FillCerchio(indElem, Xini, Yini, RaggioCorrente, 0, 0);
@@ -201,8 +209,10 @@ void finisciCerchio() {
 // Undo is armed when the polyline ends: it takes all sides.
 void finisciLato() {
     std::int32_t prima = indElem;
-    if (!ContinuaPoligono)
+    if (!ContinuaPoligono) {
+        cominciaAggiunta();
         Memorizza(tPoligono, Xini, Yini, Zinizio, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
+    }
     if (indElem > prima) TratteggiaNuovo(indElem);
     prima = indElem;
     Memorizza(tVertice, Xfine, Yfine, zcurs, 0, 0, 0, spessore, colorCorrente, NumPat, "");
@@ -300,6 +310,7 @@ void curvaAlTerzoPunto() {
 }
 
 void memorizzaCurva() {
+    cominciaAggiunta();
     const puntot& c = CentroCorrente;
     const std::int32_t prima = indElem;
     if (operazCorrente == oArc) {
@@ -354,6 +365,21 @@ void FaiElemento(std::int16_t tipo) {
         ampiezzaFino(fineElastico);
     }
     Elastico();
+}
+
+void MuoviElastico() {
+    if (Azione == 5) {
+        FaiElemento(1);
+    } else if (Azione == 8) {
+        if (operazCorrente == 5) FaiElemento(11);
+        if (operazCorrente == 6) FaiElemento(12);
+    } else if (Azione == 1) {
+        if (operazCorrente == 0 || operazCorrente == 1) {
+            FaiElemento(1);
+        } else if (operazCorrente == 5 || operazCorrente == 6) {
+            FaiElemento(CurvePerPunti ? 1 : 11);
+        }
+    }
 }
 
 namespace {

@@ -65,23 +65,6 @@ TEST(AnnullaComando, APolylineInProgressIsNotTakenApart) {
     EXPECT_EQ(Xini, 20);
 }
 
-TEST(AnnullaComando, WhatIsDrawnAfterAStepBackIsWhatGoes) {
-    const Scena s;
-    segmento(1, 2, 11, 12);
-    segmento(11, 12, 40, 50);
-    inizioAggiunta = indElem;   // a third one is begun
-    Azione = 1;
-    AnnullaUltima();
-    Azione = 0;
-    segmento(11, 12, 60, 60);
-    PoniAnnulla(aAggiunta);
-    AnnullaUltima();
-    EXPECT_EQ(indElem, 3);
-    AnnullaUltima();
-    EXPECT_EQ(indElem, 4);
-    EXPECT_EQ(Elem(4).segm.x2, 60);
-}
-
 TEST(AnnullaComando, AMeasuredPathLosesAPointBehindTheKindsOwnAction) {
     const Scena s;
     segmento(1, 2, 11, 12);

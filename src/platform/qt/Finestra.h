@@ -34,6 +34,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* e) override;
     void leaveEvent(QEvent* e) override;
     void wheelEvent(QWheelEvent* e) override;
+    void tabletEvent(QTabletEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dragMoveEvent(QDragMoveEvent* e) override;
     void dropEvent(QDropEvent* e) override;
@@ -45,6 +46,7 @@ private:
     void premi(QMouseEvent* e);
     Finestra& finestra;
     Qt::MouseButton premuto = Qt::NoButton;
+    enum class Premuti : std::uint8_t { nessuno, penna, comeTopo } premuti = Premuti::nessuno;   // a pen's buttons
     QPoint restoRotella;   // angle of the wheel that makes no whole step yet, eighths of a degree
 };
 

@@ -22,6 +22,7 @@
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
+#include "platform/Tablet.h"
 
 namespace tessaro {
 
@@ -128,6 +129,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
 
 void StopToolbox() {
     smettiSegnali();
+    SerialClose();
     if (applicazione != nullptr) {
         distruggiTelaio();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

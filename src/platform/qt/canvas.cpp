@@ -24,6 +24,7 @@ constexpr int angoloPasso = 120;   // eighths of a degree in a step of the wheel
 Foglio::Foglio(QWidget* parent, Finestra& f) : QWidget(parent), finestra(f) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    setTabletTracking(true);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::PreventContextMenu);

@@ -137,7 +137,9 @@ void accoda(EventRecord e) {
     if (!righe.empty()) {
         EventRecord& ultima = righe.back();
         // A run of moves or of sizes is its last one; a repaint is asked for once.
-        const bool fondi = (e.what == EventKind::nullEvent || e.what == EventKind::grow) && ultima.what == e.what;
+        const bool moto = e.what == EventKind::nullEvent || e.what == EventKind::grow
+                          || (e.what == EventKind::pen && e.message == 0 && ultima.message == 0);
+        const bool fondi = moto && ultima.what == e.what;
         if (fondi) {
             ultima = std::move(e);
             return;

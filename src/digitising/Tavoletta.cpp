@@ -1,0 +1,135 @@
+// Tablet samples: from counts to the cursor, and the sixteen buttons.
+#include "digitising/Tavoletta.h"
+
+#include "digitising/Attacchi.h"
+#include "display/Disegno.h"
+#include "display/Lettura.h"
+#include "editing/Testi.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Percorso.h"
+#include "model/TabellaStato.h"
+#include "model/Vincoli.h"
+#include "model/Vista.h"
+#include "platform/Menus.h"
+#include "platform/Resources.h"
+#include "tools/Costruzione.h"
+#include "tools/CursoreVincolato.h"
+#include "tools/Marker.h"
+
+namespace tessaro {
+
+constinit std::int32_t xtab = 0, ytab = 0;
+constinit double frazioneXt = 0, frazioneYt = 0;
+
+namespace {
+
+constexpr std::int16_t menuStrumenti = 6, voceFoglio = 14, voceVista = 15;
+constexpr std::int16_t nomiMisure = 131;   // string list: what stands in the calculator's display
+
+bool elastico() { return Azione == 1 || Azione == 5; }
+
+void puntoDiLinea() {
+    if (Azione == 0) {
+        InitSegm();
+    } else if (elastico()) {
+        FineSegm();
+    }
+}
+
+void puntoDiCurva() {
+    if (Azione == 0) {
+        InitSegm();
+    } else if (Azione == 1) {
+        FineSegm();
+    } else if (Azione == 8) {
+        FineArcoRaggio();
+    }
+}
+
+void punto() {
+    switch (operazCorrente) {
+    case 0:
+    case 1:
+    case 4: puntoDiLinea(); break;
+    case 2: PoniTesti(0); break;
+    case 3: FaiMarker(); break;
+    case 5:
+    case 6: puntoDiCurva(); break;
+    default: break;
+    }
+}
+
+void termina() {
+    if (elastico()) FineSegm();
+}
+
+template <double Risultati::*misura, std::int16_t nome>
+void mostra() {
+    if (CalcWindow) ponidisp(RisCalc.*misura * RisCalc.fattore, GetIndString(nomiMisure, nome));
+}
+
+constexpr void (*bottoni[])() = {
+    [] {},
+    punto,
+    termina,
+    FaiMarker,
+    [] { Attacco(1); },
+    [] { Attacco(2); },
+    ApriCalcolatrice,
+    mostra<&Risultati::area, 18>,
+    mostra<&Risultati::perimetro, 2>,
+    mostra<&Risultati::sviluppo, 3>,
+    mostra<&Risultati::baricentroX, 4>,
+    mostra<&Risultati::baricentroY, 5>,
+    mostra<&Risultati::momentoX, 6>,
+    mostra<&Risultati::momentoY, 7>,
+    RiferimentoVista,
+    RiferimentoFoglio,
+};
+static_assert(std::size(bottoni) == 16);
+
+void riferimento(bool foglio, std::int16_t x, std::int16_t y) {
+    XtabFin = x;
+    YtabFin = y;
+    RifTablet = foglio;
+    CheckMenuItem(menuStrumenti, voceFoglio, foglio);
+    CheckMenuItem(menuStrumenti, voceVista, !foglio);
+}
+
+}   // namespace
+
+void RiferimentoVista() { riferimento(false, arrotonda16(OrigX / scalavid), arrotonda16(OrigY / scalavid)); }
+void RiferimentoFoglio() { riferimento(true, 0, 0); }
+
+void Agg_cursore(std::int32_t xt, std::int32_t yt) {
+    double x = statoCursore.bloccaX ? xcurs : XtabFin + (xt + frazioneXt) * scalaXt;
+    // The tablet's Y runs up, the sheet's down; the turn is made against the tablet's height.
+    double y = statoCursore.bloccaY ? ycurs : YtabFin + (htav1 - scalaYt * (yt + frazioneYt));
+    if (griglia.attiva) AttaccaGriglia(x, y);
+    if (x == xcurs && y == ycurs) return;
+    Croce();
+    xcurs = x;
+    ycurs = y;
+    MuoviElastico();
+    Croce();
+}
+
+void CheckTablet() {
+    Agg_cursore(xtab, ytab);
+    scriviSempreCoord = 0;
+    SetDrawCoordCorr();
+    if (tabButton >= 0 && static_cast<std::size_t>(tabButton) < std::size(bottoni)) bottoni[tabButton]();
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"xtab", VoceStato::i32, &xtab},
+    {"ytab", VoceStato::i32, &ytab},
+    {"frazioneXt", VoceStato::f64, &frazioneXt},
+    {"frazioneYt", VoceStato::f64, &frazioneYt},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro
