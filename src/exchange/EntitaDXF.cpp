@@ -64,7 +64,7 @@ void TLeggiEntitaDXF::Leggi() {
 void TLeggiEntitaDXF::entita(std::string_view nome) {
     for (const Operazione& o : operazioni) {
         if (!StessaParola(nome, o.nome)) continue;
-        MostraOperazione(o.nome);
+        MostraOperazione(o.nome.data());
         fineEntita = false;
         (this->*o.leggi)();
         return;

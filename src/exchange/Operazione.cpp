@@ -13,24 +13,27 @@ namespace tessaro {
 namespace {
 
 constexpr std::uint32_t righeTraDomande = 512;   // lines between two looks at the keyboard
-constexpr std::uint32_t ticksTraPitture = 6;     // a keyword may change a million times a second
-std::uint32_t ultimaPittura = 0;
+constexpr std::uint32_t ticksTraPitture = 6;
+constinit std::uint32_t ultimaPittura = 0;
+
+void dipingi() {
+    ultimaPittura = TickCount();
+    DrawOperazCorr();
+}
 
 }   // namespace
 
-void MostraOperazione(std::string_view parola) {
+void MostraOperazione(const char* parola) {
     if (StrOperCorr.view() == parola) return;
     const bool prima = StrOperCorr.view().empty();
-    StrOperCorr = PStr255(parola);
-    const std::uint32_t ora = TickCount();
-    if (!prima && ora - ultimaPittura < ticksTraPitture) return;
-    ultimaPittura = ora;
-    DrawOperazCorr();
+    StrOperCorr = parola;
+    if (prima) dipingi();
 }
 
 void FineOperazione() { StrOperCorr = ""; }
 
 bool AvanzaLettura(double frazione) {
+    if (!StrOperCorr.view().empty() && TickCount() - ultimaPittura >= ticksTraPitture) dipingi();
     const bool avanti = ProgressStep(frazione);
     return !escapePressed() && avanti;
 }

@@ -2,14 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 #include "exchange/Resoconto.h"
 
 namespace tessaro {
 
-// The keyword into StrOperCorr; painted when the last painting is a moment old.
-void MostraOperazione(std::string_view parola);
+// The keyword into StrOperCorr. The first is painted at once, the others as the reading advances: they may change a
+// million times a second.
+void MostraOperazione(const char* parola);
 void FineOperazione();                 // no operation any more; the next repaint shows the coordinates again
 bool AvanzaLettura(double frazione);   // 0 to 1; false when the person asked to stop
 

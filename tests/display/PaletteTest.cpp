@@ -1,6 +1,7 @@
 // When a tag wants to come out.
 #include "display/palette.h"
 
+#include "model/Attributi.h"
 #include "Scena.h"
 
 using namespace tessaro;
@@ -20,4 +21,27 @@ TEST(Palette, ATagComesOutAfterAHundredTicksOfRestAndIsNotAskedForInBetween) {
     EXPECT_EQ(HelpTagControl(riga, 600, 1), 101);
     EXPECT_EQ(HelpTagControl(riga, 600, 0), -1);
     EXPECT_EQ(HelpTagControl(Point{417, 10}, 700, 1), -1);   // below the last cell
+}
+
+TEST(Palette, TheKeywordOfALongReadingStandsAtTheFootAndLeavesThePortAsItWas) {
+    const FinestraProva finestra;
+    const auto scuri = [] {
+        const auto& porta = dynamic_cast<const RasterPort&>(*GetPort());
+        int n = 0;
+        for (std::int32_t y = myViewRect.bottom + 1; y < porta.portRect.bottom; ++y)
+            for (std::int32_t x = 0; x < 140; ++x) n += porta.pixel(x, y) != bianco;
+        return n;
+    };
+    StrOperCorr = "";
+    DrawOperazCorr();
+    ASSERT_EQ(scuri(), 0);
+    PenMode(patXor);
+    PenSize(3, 3);
+    StrOperCorr = "POLYLINE";
+    DrawOperazCorr();
+    EXPECT_GT(scuri(), 60);
+    EXPECT_EQ(GetPort()->pen.pnMode, patXor);
+    StrOperCorr = "";
+    DrawOperazCorr();
+    EXPECT_EQ(scuri(), 0);
 }
