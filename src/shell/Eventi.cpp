@@ -15,6 +15,7 @@
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
+#include "shell/Trascinamento.h"
 
 namespace tessaro {
 
@@ -124,6 +125,7 @@ void consuma(EventRecord& e) {
                               static_cast<std::int16_t>(e.message & 0xFFFF));
         break;
     case EventKind::highLevel: dalDesktop(e); break;
+    case EventKind::drop: MyReceiveHandler(e); break;
     case EventKind::button: isButtonToolbarPressed(e.message); break;
     case EventKind::dialogItem: DealwithDialogs(e); break;
     case EventKind::tablet: CampioneTavoletta(e.where.h, e.where.v, static_cast<std::int16_t>(e.message)); break;
