@@ -7,6 +7,7 @@
 #include "digitising/Coordinate.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
+#include "display/Zoom.h"
 #include "model/Attributi.h"
 #include "model/Percorso.h"
 #include "model/TabellaStato.h"
@@ -203,6 +204,7 @@ void ChiudiCalcolatrice() {
     if (calcDialog) DisposeDialog(calcDialog);
     calcDialog = nullptr;
     CheckMenuItem(menuStrumenti, voceCalcolatrice, false);
+    if (RisCalc.numPunti > 1 && !noWindow) InvalFinestra();   // the traced path is no part of the drawing
 }
 
 void LasciaCalcolatrice() {
