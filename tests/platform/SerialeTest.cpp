@@ -6,7 +6,9 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <string>
 
 #include "digitising/Tavoletta.h"
@@ -37,7 +39,8 @@ struct Seriale : testing::Test {
         ScalaTavoletta();
         int altro = -1;
         char nome[128];
-        ASSERT_EQ(openpty(&cavo, &altro, nome, nullptr, nullptr), 0);
+        if (openpty(&cavo, &altro, nome, nullptr, nullptr) != 0)
+            GTEST_SKIP() << "no pseudo-terminals here: " << std::strerror(errno);
         PortaTavIn = nome;
         velbaud = 4;
         lettoreScelto = static_cast<std::int16_t>(Lettore::seriale);
