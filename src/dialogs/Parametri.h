@@ -60,8 +60,8 @@ private:
     [[nodiscard]] bool rimediato() const;
 };
 
-// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. What is
-// refused is said and selected.
+// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. What is refused is said and
+// selected.
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value);
 bool LeggiCampoIntero(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
 void ScriviCampoReale(std::int16_t item, const double& value, std::int16_t decimals);
