@@ -10,6 +10,7 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "digitising/gauss.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
@@ -82,6 +83,7 @@ void registra(std::int32_t modo, bool rettangolo = false) {
                                d.y + (rettangolo ? 0 : 0.00002 * s.x * (s.y - 500)));
     }
     Elem(2).att.quattroPunti = OKAttacco5 = 1;
+    const SenzaTraccia muto;
     attaccoAttivo.tipo = modo;
     AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();

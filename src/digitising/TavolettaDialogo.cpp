@@ -83,8 +83,7 @@ public:
         // The first byte of a binary packet is known by its eighth bit.
         if (scelto(itemFormato) != static_cast<std::int32_t>(FormatoPacchetti::binario) || scelto(itemBit) == 8) return;
         esito = 0;
-        ParamText(GetIndString(testi, binarioCorto), "", "", "");
-        StopAlert(avvisoTavoletta);
+        StopAlertParam(avvisoTavoletta, GetIndString(testi, binarioCorto));
     }
 
     void Dialogo() override {

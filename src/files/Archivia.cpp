@@ -210,6 +210,15 @@ void concludi() {
     InvalFinestra();
 }
 
+// What a dropped file brings is an addition to the drawing, whatever was asked for last.
+void lasciato(const Richiesta& r, const FSSpec& file) {
+    uscita = 0;
+    LF = 10;
+    inizioAggiunta = std::max(indElem, 2);
+    esegui(r, file);
+    concludi();
+}
+
 }   // namespace
 
 void archivia() {
@@ -233,13 +242,23 @@ void archivia() {
     concludi();
 }
 
-void LeggiDropTS3D(const FSSpec& spec) {
+void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti) {
+    theItem = (tasti & optionKey) ? rUnisciDatoOpz : (tasti & cmdKey) ? rUnisciDatoCmd : rUnisciDato;
     const FSSpec documento = myFSS;
     myFSS = spec;
     archivia();
     // What is merged into a drawing does not become the file that a save replaces.
     if (const Richiesta* r = richiestaDi(theItem); !r || !r->delDocumento) myFSS = documento;
 }
+
+void LeggiDropText(const FSSpec& spec) {
+    const auto nomina = [&](const char* suffisso) { return spec.nome.find(suffisso) != std::string::npos; };
+    // Kept: the suffix may stand anywhere in the name.
+    const std::int16_t numero = nomina(".DXF") || nomina(".dxf") ? rDxf : nomina(".XYZ") || nomina(".xyz") ? rXYZ : 0;
+    if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
+}
+
+void LeggiDropPict(const FSSpec& spec) { lasciato(*richiestaDi(rImmagine), spec); }
 
 namespace {
 const VoceStato righe[] = {

@@ -7,8 +7,12 @@
 
 namespace tessaro {
 
-void archivia();                          // by theItem
-void LeggiDropTS3D(const FSSpec& spec);   // the same for a dropped file; a merge leaves the document's own file alone
+void archivia();   // by theItem
+// Files dropped on the sheet. A drawing is merged, by real coordinates, with Command or Option in `tasti` (modifier bits
+// of an event) by four points; it does not become the file that a save replaces.
+void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti);
+void LeggiDropText(const FSSpec& spec);   // DXF or point list, by name; any other is left alone
+void LeggiDropPict(const FSSpec& spec);   // at the cursor
 extern std::uint8_t OKArchivioFss;        // myFSS names a file that was chosen
 extern bool ultimoSalvataggioRiuscito;    // what the last save came to: closing after a failed one is refused
 void SetUpWindow();                       // opens an empty drawing

@@ -158,8 +158,8 @@ TEST_F(Aperto, ADropThatIsMergedDoesNotBecomeTheDocument) {
     metti(cartella / "altro.ts3d", disegno(12, {record(tMarker)}));
     myFSS = FSMakeFSSpec(cartella / "mio.ts3d");
     NomeD = NomeLavoro = "mio.ts3d";
-    theItem = 32;
-    LeggiDropTS3D(FSMakeFSSpec(cartella / "altro.ts3d"));
+    LeggiDropTS3D(FSMakeFSSpec(cartella / "altro.ts3d"), 0);
+    EXPECT_EQ(theItem, 32);
     EXPECT_EQ(indElem, 4);
     EXPECT_EQ(NomeD.str(), "mio.ts3d");
     EXPECT_EQ(myFSS.nome, "mio.ts3d");

@@ -130,14 +130,16 @@ void AutoGoAway() {
 
 bool AutoQueueEmpty() { return codaVuota(); }
 
-// The frame with every other window of ours laid over it at its place.
+// The frame with every other window of ours laid over it at its place; a modal one lies over the others.
 bool AutoScreenshot(std::string_view path) {
     if (!conFinestre()) return false;
     mostraDisegnato();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     QPixmap figura = telaio()->grab();
     QPainter p(&figura);
-    for (QWidget* w : QApplication::topLevelWidgets()) {
+    QWidgetList finestre = QApplication::topLevelWidgets();
+    std::stable_partition(finestre.begin(), finestre.end(), [](const QWidget* w) { return !w->isModal(); });
+    for (QWidget* w : finestre) {
         if (w == telaio() || !w->isVisible() || w->windowType() == Qt::ToolTip) continue;
         p.drawPixmap(w->geometry().topLeft() - telaio()->geometry().topLeft(), w->grab());
     }
