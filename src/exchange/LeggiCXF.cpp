@@ -122,6 +122,8 @@ void TLeggiEntitaCXF::Fiduciale() {
 
 void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int16_t colore, std::int16_t pattern,
                              std::int32_t& contatore) {
+    constexpr std::int32_t massimi = 32768;   // a head and what it can count; the points behind go by as lines
+    vertici = std::min(vertici, massimi);
     contatore = 0;
     const auto vertice = [&](Tipoelem tipo) {
         const Coppia2 p = punto();

@@ -118,6 +118,11 @@ TEST(CXF, UnNumeroTroppoGrandeNonFerma) {
     EXPECT_EQ(scritta(3), "ACQUA");
     EXPECT_EQ(Elem(4).poli.numVertici, 2);
     EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{9110, 1008, 9110}));   // the lines give out in an island
+    std::string lungo = "BORDO 1 18 0 0 0 0 0 1 32767 -100 ";
+    for (int i = 0; i < 32867; ++i) lungo += "5 6 ";
+    leggi(lungo + "LINEA 1 2 0 0 1 1", 40000);
+    EXPECT_EQ(Elem(4).poli.numVertici, 32767);
+    EXPECT_EQ(indElem, 4 + 32767 + 1);
 }
 
 TEST(CXF, EscFermaLaLetturaEQuantoLettoResta) {
