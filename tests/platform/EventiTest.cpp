@@ -2,6 +2,11 @@
 // takes out is looked at.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenu>
+
 #include <deque>
 #include <functional>
 #include <vector>
@@ -133,6 +138,21 @@ TEST_F(EventiTest, RepaintsMergeAndAreAllThatAFlushDrops) {
     EXPECT_EQ(e.what, EventKind::keyDown);
     EXPECT_EQ(e.message, std::uint32_t{'a'});
     EXPECT_EQ(prossimo().what, EventKind::nullEvent);
+}
+
+TEST_F(EventiTest, ALetterThatAnOpenMenuHasNoUseForIsNoCommand) {
+    const auto lettera = [] {
+        QKeyEvent e(QEvent::KeyPress, Qt::Key_G, Qt::NoModifier, "g");
+        QCoreApplication::sendEvent(telaio(), &e);
+    };
+    QMenu menu(telaio());
+    menu.addAction("Layers");
+    menu.popup(QPoint(20, 20));
+    lettera();
+    EXPECT_NE(prossimo().what, EventKind::keyDown);
+    menu.close();
+    lettera();
+    EXPECT_EQ(prossimo().what, EventKind::keyDown);
 }
 
 TEST_F(EventiTest, AQuitUnwindsTheNestedLoopAndWaitsForTheMainOne) {

@@ -195,6 +195,7 @@ TEST(PaintFonts, FamiliesAndNumbersFindEachOther) {
     ASSERT_FALSE(families.empty());
     std::set<std::int16_t> numbers;
     for (const std::string& name : families) {
+        EXPECT_EQ(name.find(" ["), std::string::npos) << "the maker is no part of a name";
         const std::int16_t number = GetFNum(name);
         EXPECT_TRUE(number >= 1024 && number <= 16383) << name;
         EXPECT_TRUE(numbers.insert(number).second) << name << " shares its number";

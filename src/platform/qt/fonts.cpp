@@ -59,8 +59,10 @@ struct Famiglie {
 
     Famiglie() {
         std::map<std::string, QString> names;
+        // The toolkit adds the maker, "Nimbus Sans [urw]", where two of them share a name: one of them serves, and the
+        // plain name is the same on every machine.
         for (const QString& family : QFontDatabase::families())
-            names.emplace(Utf8ToMac(family.toUtf8().toStdString()), family);
+            names.emplace(Utf8ToMac(family.section(" [", 0, 0).toUtf8().toStdString()), family);
         for (const auto& [name, family] : names) {
             std::int16_t number = numberOf(name);
             while (byNumber.contains(number)) number = static_cast<std::int16_t>(number == 16383 ? 1024 : number + 1);

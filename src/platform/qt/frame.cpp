@@ -74,7 +74,10 @@ void Telaio::accodaTasto(QKeyEvent* e) {
     accoda(std::move(r));   // a bare modifier wakes the loop with a null event
 }
 
-void Telaio::keyPressEvent(QKeyEvent* e) { accodaTasto(e); }
+// A key that an open menu, or the bar that the keyboard walks, has no use for comes up to here; it is no command.
+void Telaio::keyPressEvent(QKeyEvent* e) {
+    if (QApplication::activePopupWidget() == nullptr && !menuBar()->hasFocus()) accodaTasto(e);
+}
 
 void Telaio::keyReleaseEvent(QKeyEvent* e) {
     if (e->isAutoRepeat()) return;
