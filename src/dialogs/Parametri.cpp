@@ -109,6 +109,26 @@ void TParametri::OscuraAnnulla() {
     HiliteDialogItem(theDialog, annullaItem, esito <= 0 ? 255 : 0);
 }
 
+void TParametri::Giro(std::int16_t primoCampo, ModalFilter filtro) {
+    Riprendi();
+    Display();
+    SelectDialogItemText(theDialog, primoCampo, 0, 100);
+    do {
+        ModalDialog(filtro, itemCorrente);
+        ItemColpito();
+        if (itemCorrente == okItem) IngGene(0);
+        if (itemCorrente == ripristinaItem) {
+            Riprendi();
+            IngGene(1);
+            Display();
+        }
+        OscuraAnnulla();
+        if (quitPending()) break;
+    } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
+    DisposeDialog(theDialog);
+    theDialog = nullptr;
+}
+
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value) {
     err_ = leggiReale(item, min, max, value);
     return err_ > 0;

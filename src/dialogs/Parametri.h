@@ -15,6 +15,9 @@ extern std::int16_t Noitem;              // item hit, for plain dialogs
 extern std::int16_t inx;                 // position of the bad character
 extern std::int16_t err_;                // validity in plain dialogs: above 0 is good
 
+// Keys Return and Enter press item 1; windows behind are repainted.
+bool MyMovableFilter(DialogPtr d, EventRecord& e, std::int16_t& item);
+
 class TParametri {
 public:
     virtual ~TParametri() = default;
@@ -28,6 +31,7 @@ public:
     RadioBoxItem(std::int16_t& gruppo);   // off at the item in gruppo, on at itemCorrente, which gruppo becomes
     virtual void CambiaCheck(std::int16_t item);   // flips the check box itemCorrente
     virtual void Dialogo() {}
+    [[nodiscard]] bool Accettato() const { return itemCorrente == okItem && esito > 0; }
 
 protected:
     std::int16_t okItem = 1, annullaItem = 2, salvaItem = 0, ripristinaItem = 0, dialogoId = 0;
@@ -38,6 +42,11 @@ protected:
     // or the bad character for the codes 0 and -3), says why, and sets esito to the code. False on a fault.
     bool LeggiCampo(std::int16_t item, const double& min, const double& max, double& value);
     bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
+    virtual void Riprendi() {}      // what Display shows, as it was before the dialog
+    virtual void ItemColpito() {}   // what a hit of itemCorrente changes at once, before the rest is done about it
+    // The loop of a dialog with OK, Cancel and, where there is one, Revert, from the open theDialog to its disposal. A
+    // value that IngGene refuses keeps it open; a quit ends it.
+    void Giro(std::int16_t primoCampo, ModalFilter filtro = MyMovableFilter);
     // Dims Cancel while a value is refused: until the field holds a good one again, or the dialog is reverted.
     void OscuraAnnulla();
 
@@ -51,8 +60,8 @@ private:
     [[nodiscard]] bool rimediato() const;
 };
 
-// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. What is
-// refused is said and selected.
+// The same for plain dialogs: reads `item` of theDialog into value; sets err_ and inx. What is refused is said and
+// selected.
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value);
 bool LeggiCampoIntero(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
 void ScriviCampoReale(std::int16_t item, const double& value, std::int16_t decimals);
@@ -60,8 +69,6 @@ void ScriviCampoReale(std::int16_t item, const double& value, std::int16_t decim
 void SelezionaErrore(std::int16_t item, std::int16_t code, std::int16_t pos);
 void RadioBoxItem(std::int16_t& item);   // moves the radio mark of theDialog from item to Noitem, stores Noitem
 
-// Keys Return and Enter press item 1; windows behind are repainted.
-bool MyMovableFilter(DialogPtr d, EventRecord& e, std::int16_t& item);
 // Repaints theWindow for the filters; set by the shell's update code.
 extern void (*ridipingiFinestra)();
 

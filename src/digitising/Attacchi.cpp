@@ -115,14 +115,12 @@ void invalidaAttorno(const Coppia& c) {
     InvalWindowRect(theWindow, SetRect(h - bordo, v - bordo, h + bordo, v + bordo));
 }
 
-}   // namespace
-
-namespace {
 Coppia destinazione(std::int16_t n) {
     Coppia c;
     attaccoAttivo.GetAttacco(n, c.x, c.y);
     return c;
 }
+
 }   // namespace
 
 void AttacchiCambiati() {

@@ -15,9 +15,13 @@ class TParAttacco : public TParametri {
     elemento copia{};   // of record 2, until OK
     std::int16_t radio = senzaReali;
 
-    void riprendi() {
+    void Riprendi() override {
         copia = Elem(2);
         radio = copia.att.coordReali ? conReali : senzaReali;
+    }
+
+    void ItemColpito() override {
+        if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
     }
 
 public:
@@ -47,28 +51,12 @@ public:
 
     void Dialogo() override {
         theDialog = GetNewDialog(dialogoId);
-        riprendi();
-        Display();
-        SelectDialogItemText(theDialog, campoX1, 0, 100);
-        do {
-            ModalDialog(MyMovableFilter, itemCorrente);
-            if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
-            if (itemCorrente == okItem) IngGene(0);
-            if (itemCorrente == ripristinaItem) {
-                riprendi();
-                IngGene(1);
-                Display();
-            }
-            OscuraAnnulla();
-            if (quitPending()) break;
-        } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
+        Giro(campoX1);
     }
 
     void Param() {
         Dialogo();
-        if (itemCorrente != okItem || esito <= 0) return;
+        if (!Accettato()) return;
         Elem(2) = copia;
         if (copia.att.coordReali) CalcTransfC();
         CalcolaRapporti();

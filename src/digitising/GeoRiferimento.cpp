@@ -19,6 +19,10 @@ class TParGeoRefer : public TParametri {
     elemento copia = Elem(2);   // until OK
     std::int16_t radio = copia.att.coordReali ? conReali : senzaReali;
 
+    void ItemColpito() override {
+        if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
+    }
+
     void poniPunti(double X, double Y, bool reali) {
         copia.att.coordReali = reali;
         copia.att.x1 = X;
@@ -48,18 +52,8 @@ public:
 
     void Dialogo() override {
         theDialog = GetNewDialog(dialogoId);
-        Display();
         HiliteDialogItem(theDialog, ripristinaItem, 255);
-        SelectDialogItemText(theDialog, campoX, 0, 100);
-        do {
-            ModalDialog(MyMovableFilter, itemCorrente);
-            if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
-            if (itemCorrente == okItem) IngGene(0);
-            OscuraAnnulla();
-            if (quitPending()) break;
-        } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
+        Giro(campoX);
     }
 
     void Param(bool grafico) {
@@ -67,7 +61,7 @@ public:
             ingModoGrafico();
         } else {
             Dialogo();
-            if (itemCorrente != okItem || esito <= 0) return;
+            if (!Accettato()) return;
         }
         Elem(2) = copia;
         const double basso = 100 * yfoglio;   // the sheet's foot

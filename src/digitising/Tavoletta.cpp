@@ -27,41 +27,21 @@ namespace {
 constexpr std::int16_t menuStrumenti = 6, voceFoglio = 14, voceVista = 15;
 constexpr std::int16_t nomiMisure = 131;   // string list: what stands in the calculator's display
 
-bool elastico() { return Azione == 1 || Azione == 5; }
-
-void puntoDiLinea() {
-    if (Azione == 0) {
-        InitSegm();
-    } else if (elastico()) {
-        FineSegm();
-    }
-}
-
-void puntoDiCurva() {
-    if (Azione == 0) {
-        InitSegm();
-    } else if (Azione == 1) {
-        FineSegm();
-    } else if (Azione == 8) {
-        FineArcoRaggio();
-    }
-}
-
 void punto() {
     switch (operazCorrente) {
     case 0:
     case 1:
-    case 4: puntoDiLinea(); break;
+    case 4: PuntoDiLinea(); break;
     case 2: PoniTesti(0); break;
     case 3: FaiMarker(); break;
     case 5:
-    case 6: puntoDiCurva(); break;
+    case 6: PuntoDiCurva(); break;
     default: break;
     }
 }
 
 void termina() {
-    if (elastico()) FineSegm();
+    if (Azione == 1 || Azione == 5) FineSegm();
 }
 
 template <double Risultati::*misura, std::int16_t nome>

@@ -83,8 +83,7 @@ public:
         // The first byte of a binary packet is known by its eighth bit.
         if (scelto(itemFormato) != static_cast<std::int32_t>(FormatoPacchetti::binario) || scelto(itemBit) == 8) return;
         esito = 0;
-        ParamText(GetIndString(testi, binarioCorto), "", "", "");
-        StopAlert(avvisoTavoletta);
+        StopAlertParam(avvisoTavoletta, GetIndString(testi, binarioCorto));
     }
 
     void Dialogo() override {
@@ -98,13 +97,11 @@ public:
             esito = 1;
             if (itemCorrente == okItem) IngGene(0);
             if (quitPending()) break;
-        } while (!((itemCorrente == okItem && esito > 0) || itemCorrente == annullaItem));
-        if (itemCorrente == okItem && esito > 0) accetta();
+        } while (!Accettato() && itemCorrente != annullaItem);
+        if (Accettato()) accetta();
         DisposeDialog(theDialog);
         theDialog = nullptr;
     }
-
-    [[nodiscard]] bool accettato() const { return itemCorrente == okItem && esito > 0; }
 
 private:
     void accetta() {
@@ -123,7 +120,7 @@ void ParTavoletta() {
     d.Poni(1, 2, 0, 0, dialogoTavoletta);
     d.Dialogo();
     SetPort(prima);
-    if (!d.accettato()) return;
+    if (!d.Accettato()) return;
     ScriviParTavoletta();
     if (TabAbilit) AccendiTavoletta(static_cast<Lettore>(lettoreScelto));
 }

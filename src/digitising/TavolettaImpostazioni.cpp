@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -107,7 +108,8 @@ LineaSeriale LineaTavoletta() {
 
 void ScalaTavoletta() {
     constexpr double unitaPerMillimetro = 10;
-    corrXt = corrYt = unitaPerMillimetro / puntimm;
+    constexpr double usuali = 40;   // counts a millimetre, where the start settings say none or what cannot be
+    corrXt = corrYt = unitaPerMillimetro / (puntimm > 0 && std::isfinite(puntimm) ? puntimm : usuali);
     scalaXt = corrXt * scalaX;
     scalaYt = corrYt * scalaY;
 }

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <optional>
+#include <string>
 
 #include "digitising/Tavoletta.h"
 #include "digitising/TavolettaPacchetti.h"
@@ -145,7 +146,15 @@ bool PennaDigita(double h, double v) {
 }
 
 namespace {
-const VoceStato righe[] = {{"lettoreVivo", VoceStato::i16, &lettoreVivo}};
+const VoceStato righe[] = {
+    {"lettoreVivo", VoceStato::speciale, &lettoreVivo, 0,
+     [] {
+         SerialClose();
+         PenListen(nullptr);
+         lettoreVivo = 0;
+     },
+     [] { return std::to_string(lettoreVivo); }},
+};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -54,31 +54,19 @@ void ActiveAttach::IngGene(std::uint8_t ripristino) {
     InvalWind();
 }
 
+void ActiveAttach::Riprendi() { radioTipo = static_cast<std::int16_t>(tipo + radioDue); }
+
+void ActiveAttach::ItemColpito() {
+    if (itemCorrente == casellaOpzione || itemCorrente == casellaModificato) CambiaCheck(itemCorrente);
+    if (!eRadio(itemCorrente)) return;
+    radioTipo = itemCorrente;
+    mostraScelte();
+}
+
 void ActiveAttach::giroDialogo(ModalFilter filtro) {
-    const auto riprendi = [this] { radioTipo = static_cast<std::int16_t>(tipo + radioDue); };
     esito = 1;
-    riprendi();
-    Display();
-    SelectDialogItemText(theDialog, primoCampo, 0, 100);
-    do {
-        ModalDialog(filtro, itemCorrente);
-        if (itemCorrente == casellaOpzione || itemCorrente == casellaModificato) CambiaCheck(itemCorrente);
-        if (eRadio(itemCorrente)) {
-            radioTipo = itemCorrente;
-            mostraScelte();
-        }
-        if (itemCorrente == okItem) IngGene(0);
-        if (itemCorrente == ripristinaItem) {
-            riprendi();
-            IngGene(1);
-            Display();
-        }
-        OscuraAnnulla();
-        if (quitPending()) break;
-    } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-    riprendi();
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
+    Giro(primoCampo, filtro);
+    Riprendi();
 }
 
 void ActiveAttach::Dialogo() {

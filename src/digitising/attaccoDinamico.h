@@ -67,6 +67,8 @@ public:
 private:
     void similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2);
     void trasformaTesto(elemento& e);
+    void Riprendi() override;
+    void ItemColpito() override;
     void giroDialogo(ModalFilter filtro);
     void mostraScelte();
 

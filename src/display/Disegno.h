@@ -20,7 +20,6 @@ void FillCerchio(std::int32_t index, const double& cx, const double& cy, const d
 void FillArco(std::int32_t index, const double& cx, const double& cy, const double& r, const double& inizio,
               const double& ampiezza);
 void DisPict(std::int32_t index);   // stands in raster/
-void DimenticaPict();               // decoded copies of pictures that are no longer stored; raster/
 void faiFoglio();
 void DisegnaMesh();
 struct Mesh;

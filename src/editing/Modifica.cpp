@@ -17,30 +17,7 @@ namespace {
 constexpr double limite = 2000000;   // the user's unit
 constexpr double limiteAngolo = 400;
 
-// The loop that both dialogs share.
-class TModifica : public TParametri {
-public:
-    void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
-        Display();
-        SelectDialogItemText(theDialog, 4, 0, 100);
-        do {
-            ModalDialog(MyMovableFilter, itemCorrente);
-            if (itemCorrente == okItem) IngGene(0);
-            if (itemCorrente == ripristinaItem) {
-                IngGene(1);
-                Display();
-            }
-            OscuraAnnulla();
-            if (quitPending()) break;
-        } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
-    }
-    [[nodiscard]] bool accettato() const { return itemCorrente == okItem && esito > 0; }
-};
-
-class TModificaCoord : public TModifica {
+class TModificaCoord : public TParametri {
     double xMostrata = 0, yMostrata = 0, zMostrata = 0;   // real
     double &x, &y, &z;                                    // sheet units, Z as it is
 
@@ -65,13 +42,18 @@ public:
         z = zMostrata;
         PoniAnnulla(aElemento);
     }
+
+    void Dialogo() override {
+        theDialog = GetNewDialog(dialogoId);
+        Giro(4);
+    }
 };
 
 struct Curva {
     double x = 0, y = 0, raggio = 0, inizio = 0, ampiezza = 0;
 };
 
-class TModificaCurva : public TModifica {
+class TModificaCurva : public TParametri {
     Curva mostrata;   // real units, angles in the system in force
     Curva& curva;     // sheet units, angles in the system in force
     bool cerchio;
@@ -107,13 +89,18 @@ public:
         curva.raggio = mostrata.raggio / rappvid;   // Kept: a negative radius is not refused
         PoniAnnulla(aElemento);
     }
+
+    void Dialogo() override {
+        theDialog = GetNewDialog(dialogoId);
+        Giro(4);
+    }
 };
 
 bool modificaCerchio(elemento& e) {
     Curva c{e.cerc.cx, e.cerc.cy, e.cerc.raggio, 0, 0};
     TModificaCurva d(c, true);
     d.Dialogo();
-    if (!d.accettato()) return false;
+    if (!d.Accettato()) return false;
     e.cerc.cx = c.x;
     e.cerc.cy = c.y;
     e.cerc.raggio = c.raggio;
@@ -125,7 +112,7 @@ bool modificaArco(elemento& e) {
             SessadToAng(e.arco.ampiezza, gradCorrente)};
     TModificaCurva d(c, false);
     d.Dialogo();
-    if (!d.accettato()) return false;
+    if (!d.Accettato()) return false;
     e.arco.cx = c.x;
     e.arco.cy = c.y;
     e.arco.raggio = c.raggio;
@@ -141,7 +128,7 @@ bool ModificaCoord(double& x, double& y, double& z) {
     TModificaCoord d(x, y, z);
     d.Dialogo();
     SetPort(prima);
-    return d.accettato();
+    return d.Accettato();
 }
 
 bool ModificaCurva(std::int32_t index, bool cerchio) {

@@ -1,8 +1,8 @@
 // The reader of cadastral maps in CXF: one value a line, in a fixed order behind a keyword line, onto fixed sheets.
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 #include "exchange/Codifica.h"
 #include "exchange/Operazione.h"
@@ -30,14 +30,14 @@ private:
     bool eParola(const char* parola) const;   // the line begins so
     bool continua();                          // neither failed nor full, and the person lets it go on
     double reale();                           // the next line as a number; 0 once uscita is set
-    std::int16_t intero(std::int16_t min, std::int16_t max);
-    Coppia2 punto();   // two lines
+    std::int16_t intero();                    // the same, whole
+    Coppia2 punto();                          // two lines
     void dimensione();
     std::int16_t angolo();
     // A head and its vertices; `contatore` is left as the loop over the vertices leaves it.
     void anello(std::int32_t vertici, std::int16_t penna, std::int16_t colore, std::int16_t pattern,
                 std::int32_t& contatore);
-    void isole(const std::array<std::int16_t, 50>& vertici, std::int32_t quante, std::int32_t contatore);
+    void isole(const std::vector<std::int16_t>& vertici, std::int32_t contatore);
     // One element: its point, elevation, a segment's other end.
     void metti(Tipoelem tipo, const Coppia2& p, double z, const Coppia2& q, std::int16_t penna, std::int16_t colore,
                std::int16_t pattern, const PStr255& testo);

@@ -302,10 +302,10 @@ std::int16_t corpo(double altezza) {
 
 void TLeggiEntitaDXF::DXFTesto() {
     auto& t = scratch.test;
-    std::int16_t angolo = 100;
     double v = 0;
     t.testo[0] = 0;
     t.dimensione = 12;
+    t.angolo = 100;
     while (prossimo()) {
         switch (gruppo) {
         case g10: reale(t.x); break;
@@ -314,7 +314,7 @@ void TLeggiEntitaDXF::DXFTesto() {
             if (reale(v)) t.dimensione = gFontSize = corpo(v);
             break;
         case g50:
-            if (reale(v)) angolo = arrotonda16(SessadToAng(90 - v, gradCorrente));
+            if (reale(v)) t.angolo = arrotonda16(SessadToAng(90 - v, gradCorrente));
             break;
         case g1: {
             const std::string s = lettura.alfabeto.testo(lettura.righe.riga()).substr(0, testoMassimo);
@@ -346,7 +346,7 @@ void TLeggiEntitaDXF::DXFTesto() {
     std::int16_t col = scratch.segm.colore, pat = NumPat;
     ammessi(col, pat);
     const std::string_view scritta(reinterpret_cast<const char*>(t.testo.data()) + 1, t.testo[0]);
-    Memorizza(tTesto, x, y, 0, 0, 0, 0, 0, col, angolo, PStr255(scritta));
+    Memorizza(tTesto, x, y, 0, 0, 0, 0, 0, col, t.angolo, PStr255(scritta));
 }
 
 }   // namespace tessaro

@@ -1,5 +1,4 @@
 // Entities that become many records: polylines, and the copies of blocks that INSERT makes.
-#include <cmath>
 #include <limits>
 
 #include "digitising/Coordinate.h"
@@ -61,8 +60,9 @@ void TLeggiEntitaDXF::testaPoligono(Figura& f) {
             f.chiusa = (v & 1) != 0;
         } else if (!attributi(pat, col)) {
             saltaValore();
-        } else if (gruppo == g62 && !EndFile) {
-            uscita = 0;   // Kept: of all entities this one gets over a bad colour
+        } else if (gruppo == g62 && uscita != 0) {
+            uscita = 0;   // Kept: of all entities this one gets over a bad colour, and then has none
+            col = colorCorrente;
         }
     }
     if (f.testa == 0) return;
@@ -174,7 +174,8 @@ void TLeggiEntitaDXF::trasforma(std::int32_t blocco, const Inserimento& ins, ele
         if (ins.conColore) col = ins.colore;
         if (ins.conPattern && pat) *pat = ins.pattern;
     };
-    const auto scala = [&](f64& r) { r = raggio(std::fabs(r * ((scalaX + scalaY) / 2))); };
+    // Kept: by the mean of both scales, sign included; a copy mirrored in one direction alone has no radius.
+    const auto scala = [&](f64& r) { r = raggio(r * ((scalaX + scalaY) / 2)); };
     e.selezionato = 0;
     if (ins.lucido >= 0) e.lucido = ins.lucido;
     switch (e.tipo) {

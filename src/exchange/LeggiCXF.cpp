@@ -1,5 +1,6 @@
 // Parcels, lines and texts of a cadastral map as elements.
 #include <algorithm>
+#include <limits>
 #include <string_view>
 
 #include "digitising/Coordinate.h"
@@ -61,11 +62,18 @@ double TLeggiEntitaCXF::reale() {
     return !uscita && RealeDaRiga(linea.view(), v) ? v : 0;
 }
 
-std::int16_t TLeggiEntitaCXF::intero(std::int16_t min, std::int16_t max) {
+// A count may be any that a head can hold; what is larger is as much as that.
+std::int16_t TLeggiEntitaCXF::intero() {
+    constexpr std::int16_t malformato = 0, massimo = std::numeric_limits<std::int16_t>::max();
     ReadlnDisco(linea);
-    std::int16_t v = 0, pos = 0;
-    if (uscita || STRtoINT(min, max, linea, v, pos, 1) < 1) uscita = 1;
-    return uscita ? std::int16_t{0} : v;
+    std::int16_t v = 0;
+    if (uscita) return 0;
+    switch (InteroDaRiga(linea.view(), -massimo, massimo, v)) {
+    case Intero::buono: return v;
+    case Intero::fuoriLimiti: return linea.view().find('-') == std::string_view::npos ? massimo : std::int16_t{-1};
+    case Intero::malformato: Sbaglio(malformato, uscita);
+    }
+    return 0;
 }
 
 TLeggiEntitaCXF::Coppia2 TLeggiEntitaCXF::punto() {
@@ -114,6 +122,8 @@ void TLeggiEntitaCXF::Fiduciale() {
 
 void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int16_t colore, std::int16_t pattern,
                              std::int32_t& contatore) {
+    constexpr std::int32_t massimi = 32768;   // a head and what it can count; the points behind go by as lines
+    vertici = std::min(vertici, massimi);
     contatore = 0;
     const auto vertice = [&](Tipoelem tipo) {
         const Coppia2 p = punto();
@@ -126,7 +136,8 @@ void TLeggiEntitaCXF::anello(std::int32_t vertici, std::int16_t penna, std::int1
 
 // Kept: the loop asks the counter that the ring before it has left, so the islands are read only when that ring has no
 // more points than there are islands; else their lines go by unread.
-void TLeggiEntitaCXF::isole(const std::array<std::int16_t, 50>& vertici, std::int32_t quante, std::int32_t contatore) {
+void TLeggiEntitaCXF::isole(const std::vector<std::int16_t>& vertici, std::int32_t contatore) {
+    const auto quante = static_cast<std::int32_t>(vertici.size());
     std::int32_t isola = 0;
     for (; isola < quante && contatore < quante && continua(); ++isola)
         anello(vertici[static_cast<std::size_t>(isola)], 1, coloreComune, 1, contatore);
@@ -142,12 +153,12 @@ void TLeggiEntitaCXF::Poligono() {
     const Coppia2 dove = punto();
     ReadlnDisco(linea);   // the inner point, for nothing
     ReadlnDisco(linea);
-    std::array<std::int16_t, 50> verticiIsola{};
-    const std::int16_t quante = intero(0, static_cast<std::int16_t>(verticiIsola.size()));
-    std::int32_t esterni = intero(0, 10000);
+    std::vector<std::int16_t> verticiIsola;
+    const std::int16_t quante = intero();
+    std::int32_t esterni = intero();
     for (std::int16_t i = 0; i < quante && !uscita; ++i) {
-        verticiIsola[static_cast<std::size_t>(i)] = intero(-100, 1000);
-        esterni -= verticiIsola[static_cast<std::size_t>(i)];
+        verticiIsola.push_back(intero());
+        esterni -= verticiIsola.back();
     }
     if (uscita) return;
 
@@ -165,14 +176,14 @@ void TLeggiEntitaCXF::Poligono() {
     if (esterni < 1) return;   // counts that do not agree: the points go by as lines of no entity
     std::int32_t contatore = 0;
     anello(esterni, fabbricato ? 2 : 1, coloreComune, 1, contatore);
-    isole(verticiIsola, quante, contatore);
+    isole(verticiIsola, contatore);
 }
 
 void TLeggiEntitaCXF::Linea() {
     MostraOperazione("LINEA");
     suLucido(lucidoLinee);
-    const TipoLinea tipo = tipoDiLinea(intero(0, 10000));
-    const std::int16_t punti = intero(0, 10000);
+    const TipoLinea tipo = tipoDiLinea(intero());
+    const std::int16_t punti = intero();
     if (uscita) return;
     if (punti != 2) {
         std::int32_t contatore = 0;

@@ -35,7 +35,11 @@ bool unLucido(LetturaDXF& l) {
         case g0: return true;
         case g62: {
             std::int16_t v = 0;
-            if (InteroDaRiga(l.righe.riga(), -255, 255, v) == Intero::malformato) Sbaglio(interoMalformato, uscita);
+            const std::string_view s = l.righe.riga();
+            if (s.empty() && l.righe.finite()) break;
+            const Intero esito = InteroDaRiga(s, -255, 255, v);
+            if (esito == Intero::malformato) Sbaglio(interoMalformato, uscita);
+            if (esito == Intero::fuoriLimiti) l.resoconto.coloreFuori();
             if (v != 0) layer.colore = static_cast<std::int16_t>(std::abs(v));   // negative: the layer is off
             break;
         }

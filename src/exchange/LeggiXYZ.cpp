@@ -41,12 +41,15 @@ Aref arefDa(std::string_view campo) {
     return a;
 }
 
-// The codes of STRtoFP, messages included.
+// The codes of STRtoFP, messages included; beyond the range of numbers it is 0 or 1e38, and no fault.
 std::int16_t numeroDa(std::string_view campo, double& valore) {
+    constexpr std::int16_t buono = 1, malformato = -3;
     constexpr std::size_t pieno = 255;   // a full string loses its last character there
-    if (cifreEstese != 0 && campo.size() < pieno && RealePiano(campo, valore)) return 1;
+    if (cifreEstese != 0 && campo.size() < pieno && RealePiano(campo, valore)) return buono;
     std::int16_t pos = 0;
-    return STRtoFP(-1e30, 1e30, PStr255(campo), valore, pos, 1);
+    if (STRtoFP(-1e30, 1e30, PStr255(campo), valore, pos, 0) != malformato) return buono;
+    Sbaglio(malformato, uscita);
+    return malformato;
 }
 
 class LettoreXYZ {

@@ -19,7 +19,7 @@ struct Avvio {
     std::int32_t height = 800;
     std::int32_t ratio = 1;   // --ratio
     std::string settings;     // --settings; empty: the person's own, under a script a fresh temporary folder
-    std::string language;                 // --language: "en" or "it"; empty: the desktop's, under a script "en"
+    std::string language;     // --language: "en" or "it"; empty: the desktop's, under a script "en"
 };
 
 void StartToolbox(int& argc, char** argv, const Avvio& avvio);   // once, before Initialize
@@ -62,7 +62,6 @@ void AutoWheel(std::int32_t axis, std::int32_t steps, std::uint16_t modifiers);
 void AutoKey(std::uint8_t macRoman, std::uint16_t modifiers);
 // False when the item does not exist or is disabled.
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);
-bool AutoMenuBuilt(std::int16_t menu, std::int16_t item);   // false for an item that stands for what is not built yet
 void AutoPost(const EventRecord& e);                        // drop, highLevel, tablet: records the toolkit would queue
 void AutoResize(std::int32_t width, std::int32_t height);   // of the content
 void AutoActivate(bool active);

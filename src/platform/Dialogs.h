@@ -31,8 +31,7 @@ void SetDialogItemValue(DialogPtr d, std::int16_t item,
                         std::int32_t value);   // radio, check box: 0 or 1; pop-up, slider: the value
 std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
 void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
-void ShowDialogItem(DialogPtr d, std::int16_t item);   // a list that scrolls is scrolled to it
-void HideDialogItem(DialogPtr d, std::int16_t item);
+void ShowDialogItem(DialogPtr d, std::int16_t item);                        // a list that scrolls is scrolled to it
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
                        std::int16_t menu);   // pop-up items take their texts from a menu
 // A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen. A table's rows have

@@ -30,15 +30,12 @@ struct RicevitoreRighe {
     virtual void riga(const std::uint32_t* pixels) = 0;   // from the top, 0xFFRRGGBB
 };
 
-// What a file holds without decoding it: size and resolution. False with a reason (Mac Roman) when it is no picture.
-bool ImageInfo(const FSSpec& spec, Immagine& info, std::string& reason);
-// With jpegBytes given the image is not unpacked: indices and pixels stay empty. With a receiver, pixels of depth 32 go
-// to it and `out.pixels` stays empty.
+// False with a reason (Mac Roman) when the file is no picture that can be read. With jpegBytes given the image is not
+// unpacked: indices and pixels stay empty. With a receiver, pixels of depth 32 go to it and `out.pixels` stays empty.
 bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe = nullptr);
 // An upright image from bytes in any format that the toolkit reads (a picture's compressed part). 32-bit pixels.
 // `reduce` 1, 2, 4 or 8: the decoder may deliver the image that much smaller, which is much faster for JPEG.
 // `compact`: a grey image may come as depth 8 with its palette instead, a quarter of the memory.
 bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out, bool compact = false);
-bool EncodePng(std::string_view path, const std::uint32_t* pixels, std::int32_t width, std::int32_t height);
 
 }   // namespace tessaro

@@ -39,7 +39,6 @@ ControlHandle NewScrollBar(WindowPtr w, bool vertical);
 ControlHandle NewPanel(WindowPtr w);
 void MoveSizeControl(ControlHandle c, const Rect& r);
 void ShowControl(ControlHandle c);
-void HideControl(ControlHandle c);
 void SetControlValue(ControlHandle c, std::int32_t value);   // held to minimum..maximum
 std::int32_t GetControlValue(ControlHandle c);
 void SetControlMinimum(ControlHandle c, std::int32_t value);

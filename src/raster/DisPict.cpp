@@ -209,8 +209,4 @@ void DisPict(std::int32_t index) {
     PenMode(patCopy);
 }
 
-void DimenticaPict() {
-    for (auto i = copie.begin(); i != copie.end();) i = PictBytes(i->first).empty() ? copie.erase(i) : std::next(i);
-}
-
 }   // namespace tessaro

@@ -7,6 +7,7 @@
 #include "display/Zoom.h"
 #include "files/Archivia.h"
 #include "model/Attributi.h"
+#include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Barra.h"
@@ -87,6 +88,9 @@ void tasto(const EventRecord& e) {
     PenPat(PatAttuale);
 }
 
+constexpr Point daNessunaParte{-1, -1};
+constinit Point seguito = daNessunaParte;   // where the pointer was followed to
+
 void seguiPuntatore() {
     if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
 }
@@ -140,7 +144,6 @@ void consuma(EventRecord& e) {
 
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
-    static Point ultimo{-1, -1};      // where the pointer was followed to
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
@@ -152,15 +155,20 @@ void CheckEvents() {
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
     const Point puntatore = GetMouse();
-    if (TabAbilit && puntatore.h == ultimo.h && puntatore.v == ultimo.v) {
+    if (TabAbilit && puntatore == seguito) {
         riposo(campione);
         return;
     }
-    ultimo = puntatore;
+    seguito = puntatore;
     seguiPuntatore();
 }
 
 namespace {
+const VoceStato righe[] = {
+    {"seguito", VoceStato::speciale, nullptr, 0, [] { seguito = daNessunaParte; }, nullptr},
+};
+const TabellaStato tabella(righe);
+
 // The filters of modal dialogs keep the window behind painted through this.
 [[maybe_unused]] const bool agganciato = [] {
     ridipingiFinestra = ridipingi;

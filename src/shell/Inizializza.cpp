@@ -99,9 +99,7 @@ void predisponiTesto() {
 void predisponiScale() {
     scalaX = scalaY = 1;
     ZetaCorrente = 1;
-    corrXt = corrYt = 10 / puntimm;
-    scalaXt = corrXt * scalaX;
-    scalaYt = corrYt * scalaY;
+    ScalaTavoletta();
     htav1 = scalaY * htav;
     btav1 = scalaX * btav;
     rappvid = Scaladis / decimiUnita;

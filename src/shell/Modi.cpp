@@ -73,24 +73,14 @@ void clickLinea(const EventRecord& e) {
         if (Azione == 1 || Azione == 5) FineSegm();
     } else {
         tabButton = 1;
-        if (Azione == 0) {
-            InitSegm();
-        } else if (Azione == 1 || Azione == 5) {
-            FineSegm();
-        }
+        PuntoDiLinea();
     }
     Tempo = e.when;
 }
 
 void clickCurva(const EventRecord& e) {
     tabButton = 1;
-    if (Azione == 0) {
-        InitSegm();
-    } else if (Azione == 1) {
-        FineSegm();
-    } else if (Azione == 8) {
-        FineArcoRaggio();
-    }
+    PuntoDiCurva();
     Tempo = e.when;
 }
 

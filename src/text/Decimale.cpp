@@ -75,7 +75,7 @@ const char* saltaBianchi(const char* p, const char* fine) {
 const char* prendiCifre(const char* p, const char* fine, Piano& n) {
     for (; p != fine && cifra(*p); ++p) {
         n.mantissa = n.mantissa * 10 + static_cast<unsigned>(*p - '0');
-        if (n.mantissa != 0) ++n.cifre;
+        if (n.mantissa != 0 || n.cifre != 0) ++n.cifre;   // 2^64 and its multiples wrap to 0 on the way
     }
     return p;
 }

@@ -1,6 +1,7 @@
 // The open file in the large blocks of its buffer, for readers that walk the bytes themselves.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tessaro {

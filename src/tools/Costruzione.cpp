@@ -367,6 +367,24 @@ void FaiElemento(std::int16_t tipo) {
     Elastico();
 }
 
+void PuntoDiLinea() {
+    if (Azione == 0) {
+        InitSegm();
+    } else if (Azione == 1 || Azione == 5) {
+        FineSegm();
+    }
+}
+
+void PuntoDiCurva() {
+    if (Azione == 0) {
+        InitSegm();
+    } else if (Azione == 1) {
+        FineSegm();
+    } else if (Azione == 8) {
+        FineArcoRaggio();
+    }
+}
+
 void MuoviElastico() {
     if (Azione == 5) {
         FaiElemento(1);

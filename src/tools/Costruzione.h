@@ -16,6 +16,8 @@ extern std::int16_t AngInizio, AmpiezzaAngCorrente;   // start and sweep, whole 
 void InitSegm();                       // first point
 void FineSegm();                       // second point, by tabButton
 void FineArcoRaggio();                 // third point of a circle or arc
+void PuntoDiLinea();                   // the next point of a segment, polyline or measured path
+void PuntoDiCurva();                   // of a circle or arc
 void FaiElemento(std::int16_t tipo);   // moves the rubber: 11 circle, 12 arc, else segment
 void MuoviElastico();                  // the same for the figure in progress; nothing without one
 void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio);

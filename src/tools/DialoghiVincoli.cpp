@@ -76,20 +76,7 @@ public:
 
     void Dialogo() override {
         theDialog = GetNewDialog(dialogoId);
-        Display();
-        SelectDialogItemText(theDialog, campoX, 0, 100);
-        do {
-            ModalDialog(MyMovableFilter, itemCorrente);
-            if (itemCorrente == okItem) IngGene(0);
-            if (itemCorrente == ripristinaItem) {
-                IngGene(1);
-                Display();
-            }
-            OscuraAnnulla();
-            if (quitPending()) break;
-        } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
+        Giro(campoX);
     }
 };
 

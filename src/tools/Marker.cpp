@@ -63,10 +63,14 @@ bool filtroForme(DialogPtr d, EventRecord& e, std::int16_t& item) {
 }   // namespace
 
 // A shape closes the dialog as the button does. Shape 6 cannot be chosen here.
+void DisplayScegliMark() {
+    if (markerCorrente >= 1 && markerCorrente <= ultimaForma) SetDialogItemValue(theDialog, markerCorrente, 1);
+}
+
 void ScegliMarker() {
     constexpr std::int16_t dialogo = 2005;
     theDialog = GetNewDialog(dialogo);
-    if (markerCorrente >= 1 && markerCorrente <= ultimaForma) SetDialogItemValue(theDialog, markerCorrente, 1);
+    DisplayScegliMark();
     do { ModalDialog(filtroForme, Noitem); } while (Noitem < 1 || Noitem > chiudi);
     if (Noitem <= ultimaForma && !quitPending()) {
         if (Puntosel.attiva && Azione == 0) {

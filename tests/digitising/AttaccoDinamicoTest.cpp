@@ -12,6 +12,7 @@
 #include "digitising/attaccoDinamico.h"
 #include "model/Selezione.h"
 #include "platform/Files.h"
+#include "support/Attacco.h"
 #include "support/Foglio.h"
 #include "text/FileDati.h"
 
@@ -181,14 +182,7 @@ namespace {
 // Source and destination points 1 to 4 (and the source's centre), prepared in this mode.
 void prepara(std::int32_t tipo, const std::array<Coppia, 4>& src, const std::array<Coppia, 4>& dst) {
     fogliovuoto();
-    for (std::int16_t n = 1; n <= 4; ++n) {
-        const auto i = static_cast<std::size_t>(n - 1);
-        AssegnaAttacco(n, src[i].x, src[i].y);
-        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
-    }
-    AttacchiCambiati();
-    attaccoAttivo.tipo = tipo;
-    attaccoAttivo.PreparaAttacco();
+    preparaAttacco(tipo, src, dst);
 }
 
 constexpr std::array<Coppia, 4> quadrato{{{1000, 2000}, {1000, 1000}, {2000, 1000}, {2000, 2000}}};

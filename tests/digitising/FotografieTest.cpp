@@ -8,17 +8,14 @@
 #include <filesystem>
 #include <vector>
 
-#include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "platform/Images.h"
+#include "support/Attacco.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;
 using namespace prova;
 
 namespace {
-
-using Quad = std::array<Coppia, 4>;
 
 struct Foto {
     const char* nome;
@@ -62,16 +59,6 @@ Coppia incrocioVicino(const Grigi& g, Coppia p) {
         if (fermo) break;
     }
     return p;
-}
-
-void prepara(const Quad& src, const Quad& dst) {
-    for (std::int16_t n = 1; n <= 4; ++n) {
-        const auto i = static_cast<std::size_t>(n - 1);
-        AssegnaAttacco(n, src[i].x, src[i].y);
-        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
-    }
-    AttacchiCambiati();
-    attaccoAttivo.PreparaAttacco();
 }
 
 Coppia mappa(Coppia p) {
@@ -121,14 +108,14 @@ TEST(Fotografie, FourCrossingsOfABoardReadBackTheOthers) {
         const Quad tavola{{{0, h}, {0, 0}, {w, 0}, {w, h}}};
         testing::internal::CaptureStderr();
         std::vector<Coppia> sulla, vista;   // a crossing on the board, and where it is seen: looked for near its place
-        prepara(tavola, angoli);
+        preparaAttacco(tavola, angoli);
         for (int r = 0; r <= f.righe; ++r) {
             for (int c = 0; c <= f.colonne; ++c) {
                 sulla.push_back({c * lato, r * lato});
                 vista.push_back(incrocioVicino(g, mappa(sulla.back())));
             }
         }
-        prepara(angoli, tavola);
+        preparaAttacco(angoli, tavola);
         (void)testing::internal::GetCapturedStderr();
         const Errore omografia = errore(sulla, vista, lato, mappa);
         const Errore curva = errore(sulla, vista, lato, [](Coppia p) {

@@ -233,6 +233,16 @@ TEST_F(Tavoletta, APenKeepsItsPartsOfAPixel) {
     EXPECT_FALSE(PennaDigita(300, 300));
 }
 
+TEST_F(Tavoletta, AResolutionThatCannotBeDoesNotThrowTheCursorOffThePlane) {
+    for (const double conteggi : {0.0, -40.0, double{INFINITY}, double{NAN}}) {
+        puntimm = conteggi;
+        ScalaTavoletta();
+        PennaTavoletta(300, 200, 0);
+        EXPECT_NEAR(xcurs, (300 + OrigX) / scalavid, 1e-9) << conteggi;
+        EXPECT_NEAR(ycurs, (200 + OrigY) / scalavid, 1e-9) << conteggi;
+    }
+}
+
 TEST_F(Tavoletta, SettingsComeBackAndBadLinesAreNamed) {
     lettoreScelto = 2;
     formatoTavoletta = 3;

@@ -1,30 +1,15 @@
 // The preview of the live transformation: what it shows is what its copies would be, and the marks of its points.
 #include "display/Scena.h"
 
-#include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "model/Selezione.h"
+#include "support/Attacco.h"
 
 using namespace tessaro;
 using namespace prova;
 
 namespace {
-
-using Quad = std::array<Coppia, 4>;
-
-// Source and destination points in this mode, prepared.
-void prepara(std::int32_t tipo, const Quad& src, const Quad& dst) {
-    for (std::int16_t n = 1; n <= 4; ++n) {
-        const auto i = static_cast<std::size_t>(n - 1);
-        AssegnaAttacco(n, src[i].x, src[i].y);
-        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
-    }
-    AttacchiCambiati();
-    attaccoAttivo.tipo = tipo;
-    attaccoAttivo.PreparaAttacco();
-}
 
 constexpr Quad casa{{{20, 90}, {20, 20}, {110, 20}, {110, 90}}};
 constexpr Quad spostata{{{220, 290}, {220, 220}, {310, 220}, {310, 290}}};
@@ -86,7 +71,7 @@ TEST(Anteprima, ItShowsWhatTheCopiesWouldBe) {
             Scena scena(420, 420);
             xAttacco5 = 60;
             yAttacco5 = 50;
-            prepara(m.tipo, casa, m.dst);
+            preparaAttacco(m.tipo, casa, m.dst);
             const std::int32_t n = f.fai();
             if (m.tipo == 2) togliArea(Elem(n));
             Disegna();
@@ -108,7 +93,7 @@ TEST(Anteprima, ItShowsWhatTheCopiesWouldBe) {
 
 TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
     Scena scena(420, 420);
-    prepara(0, casa, spostata);
+    preparaAttacco(0, casa, spostata);
     attaccoAttivo.SetModificato(1);
     const std::int32_t figure[] = {segmento(30, 30, 90, 70), polilinea({{30, 30}, {100, 40}}),
                                    cerchio(60, 55, 20),      arco(60, 55, 25, 30, 100),

@@ -100,19 +100,29 @@ TEST(CXF, UnNumeroGuastoFermaConUnSoloAvviso) {
     EXPECT_NE(resoconto().find("broke off at line 14"), std::string::npos) << resoconto();
     EXPECT_EQ(indElem, 4);   // what was read stays
     EXPECT_EQ(Elem(4).poli.numVertici, 0);
-    for (const char* conto : {"-1", "10001", "99999999"}) {
-        avvisi.clear();
-        leggi(std::string("LINEA 1 ") + conto + " 0 0");
-        EXPECT_EQ(avvisi.size(), 2U) << conto;
-        EXPECT_EQ(indElem, 2);
-    }
+    leggi("LINEA 1 x 0 0");
+    EXPECT_EQ(indElem, 2);
+    EXPECT_EQ(numeriAvvisi().at(2), 1012);
+    leggi("LINEA 1 99999999999 0 0");   // ends with the file
+    EXPECT_EQ(indElem, 3);
 }
 
-// A number beyond all range is a number.
+// A number beyond all range is a number, and a parcel may have more islands and vertices than is usual.
 TEST(CXF, UnNumeroTroppoGrandeNonFerma) {
-    leggi("LINEA 1 2 0 0 1e99 1 LINEA 1 2 0 0 1 1");
+    leggi("LINEA 99999 2 0 0 1e99 1 LINEA 1 -99999999 0 0 LINEA 1 2 0 0 1 1");
     EXPECT_EQ(indElem, 4);
-    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9110});
+    EXPECT_EQ(Elem(3).segm.pattern, 2);
+    std::string strada = "BORDO ACQUA 18 0 0 0 0 0 60 12003 ";
+    for (int i = 0; i < 60; ++i) strada += "200 ";
+    leggi(strada + "0 0 1 0 1 1 LINEA 1 2 0 0 1 1");
+    EXPECT_EQ(scritta(3), "ACQUA");
+    EXPECT_EQ(Elem(4).poli.numVertici, 2);
+    EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{9110, 1008, 9110}));   // the lines give out in an island
+    std::string lungo = "BORDO 1 18 0 0 0 0 0 1 32767 -100 ";
+    for (int i = 0; i < 32867; ++i) lungo += "5 6 ";
+    leggi(lungo + "LINEA 1 2 0 0 1 1", 40000);
+    EXPECT_EQ(Elem(4).poli.numVertici, 32767);
+    EXPECT_EQ(indElem, 4 + 32767 + 1);
 }
 
 TEST(CXF, EscFermaLaLetturaEQuantoLettoResta) {

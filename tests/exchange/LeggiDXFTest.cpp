@@ -2,6 +2,7 @@
 #include "exchange/Dxf.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 
 #include "digitising/Coordinate.h"
@@ -71,12 +72,49 @@ TEST(LeggiDXF, WhatAnEntityDoesNotSayIsWhatTheLastOneLeft) {
     EXPECT_EQ(Elem(8).cerc.colore, 6);
 }
 
+// A text's angle lies where a segment has its pattern, and its characters where a segment has its first end.
+TEST(LeggiDXF, ATextLeavesItsAngleAndCharactersToTheNextLine) {
+    foglioDxf();
+    leggiDxf(entita("0 LINE,6 DASHED,30 7,0 TEXT,50 72,1 " + std::string(30, 'x')
+                    + ",0 LINE,10 1,20 2,11 3,21 4,"
+                      "0 TEXT,1 ab,0 LINE,30 1"));
+    ASSERT_EQ(indElem, 7);
+    EXPECT_EQ(Elem(4).test.angolo, 20);
+    EXPECT_EQ(Elem(5).segm.pattern, 20);
+    double lettere = 0;
+    std::memcpy(&lettere, "xxxxxxxx", sizeof lettere);
+    EXPECT_EQ(Elem(5).segm.z1, lettere);
+    EXPECT_EQ(Elem(6).test.angolo, 100);
+    EXPECT_EQ(Elem(7).segm.pattern, NumPat);   // 100 is no pattern
+}
+
+TEST(LeggiDXF, UnderARegistrationATextLiesWhereItsCharactersSay) {
+    foglioDxf();
+    Elem(1).att.y1 = Elem(1).att.y2 = 500;
+    Elem(1).att.x2 = Elem(2).att.x2 = 100;
+    Elem(2).att.y1 = Elem(2).att.y2 = 0;
+    Elem(2).att.coordReali = 1;
+    CalcTransfC();
+    double lettere[2] = {};
+    std::memcpy(lettere, "\x0F@@@@@@@@@@@@@@@", sizeof lettere);   // length and characters: two numbers near 32
+    double x = 0, y = 0;
+    Tracoord(TransfInvert, lettere[0], lettere[1], x, y);
+    leggiDxf(entita("0 TEXT,10 70,20 80,1 @@@@@@@@@@@@@@@"));
+    ASSERT_EQ(indElem, 3);
+    EXPECT_NEAR(y, 467.5, 0.5);
+    EXPECT_EQ(Elem(3).test.x, x);
+    EXPECT_EQ(Elem(3).test.y, y);
+}
+
 TEST(LeggiDXF, ColoursByBlockAndByLayerAreNoneAndOthersAreCounted) {
     foglioDxf();
-    leggiDxf(entita("0 LINE,62 5,10 1,0 LINE,62 0,10 1,0 LINE,62 256,10 1,0 LINE,62 257,10 1,0 LINE,62 -3,10 1"));
-    ASSERT_EQ(indElem, 7);
+    leggiDxf(layer({{"A", 300}, {"B", 1}})
+             + entita("0 LINE,62 5,10 1,0 LINE,62 0,10 1,0 LINE,62 256,10 1,0 LINE,62 257,10 1,0 LINE,62 -3,10 1,"
+                      "0 LINE,8 B"));
+    ASSERT_EQ(indElem, 8);
     for (std::int32_t i = 3; i <= 7; ++i) EXPECT_EQ(Elem(i).segm.colore, 5);
-    EXPECT_NE(resoconto().find("2 colour numbers"), std::string::npos) << resoconto();
+    EXPECT_EQ(Elem(8).segm.colore, 2);   // the layer's default
+    EXPECT_NE(resoconto().find("3 colour numbers"), std::string::npos) << resoconto();
 }
 
 TEST(LeggiDXF, APolylineClosesWithACopyOfItsHead) {
@@ -139,6 +177,47 @@ TEST(LeggiDXF, BlocksLeaveOnlyTheCopiesThatInsertMade) {
     controllaRecord();
 }
 
+TEST(LeggiDXF, AnInsertTakesItsScalesWithTheirSigns) {
+    const struct {
+        const char* scale;
+        double x2, y2, z2, raggio;
+    } casi[] = {
+        {"41 -1,42 1", 90, 798, 3, 0},   // mirrored: the mean of both is nothing
+        {"41 -2,42 -2,43 -1", 80, 804, -3, -10},
+        {"41 3,42 1,43 2,50 90,70 2,71 2,44 5,45 5", 130, 798, 6, 10},   // neither turned nor repeated
+    };
+    const std::string blocco = sezione("BLOCKS", gruppi("0 BLOCK,2 B,10 1,20 1,0 LINE,10 1,20 1,11 11,21 3,31 3,"
+                                                        "0 CIRCLE,10 1,20 1,40 5,0 ARC,40 5,50 10,51 20,"
+                                                        "0 TEXT,10 11,20 3,40 1e9,1 t,0 ENDBLK"));
+    for (const auto& c : casi) {
+        foglioDxf();
+        leggiDxf(blocco + entita(std::string("0 INSERT,2 b,10 100,20 200,") + c.scale));
+        ASSERT_EQ(indElem, 6) << c.scale;
+        EXPECT_EQ(Elem(3).segm.x1, 100);
+        EXPECT_EQ(Elem(3).segm.x2, c.x2) << c.scale;
+        EXPECT_EQ(Elem(3).segm.y2, c.y2) << c.scale;
+        EXPECT_EQ(Elem(3).segm.z2, c.z2) << c.scale;
+        EXPECT_EQ(Elem(4).cerc.raggio, c.raggio) << c.scale;
+        EXPECT_EQ(Elem(5).arco.raggio, c.raggio) << c.scale;
+        EXPECT_EQ(Elem(5).arco.angoloInizio, 80);
+        EXPECT_EQ(Elem(5).arco.ampiezza, 350);
+        EXPECT_EQ(Elem(6).test.x, c.x2) << c.scale;
+        EXPECT_EQ(Elem(6).test.dimensione, 127);
+    }
+}
+
+TEST(LeggiDXF, WhatCameAfterABlockMovesDownWhenItGoes) {
+    foglioDxf();
+    leggiDxf(sezione("ENTITIES", gruppi("0 LINE,10 1")) + sezione("BLOCKS", gruppi("0 BLOCK,2 A,0 LINE,0 ENDBLK"))
+             + entita("0 POLYLINE,0 VERTEX,10 5,20 1,0 VERTEX,10 6,0 SEQEND,0 LINE,10 2"));
+    ASSERT_EQ(indElem, 6);
+    EXPECT_EQ(Elem(3).segm.x1, 1);
+    EXPECT_EQ(Elem(4).poli.x, 5);
+    EXPECT_EQ(Elem(5).vert.x, 6);
+    EXPECT_EQ(Elem(6).segm.x1, 2);
+    controllaRecord();
+}
+
 TEST(LeggiDXF, BlocksThatHoldEachOtherEnd) {
     foglioDxf(3000);
     std::string s = gruppi("0 BLOCK,2 A0,0 INSERT,2 A0,0 POLYLINE,0 VERTEX,10 1,0 VERTEX,10 2,0 VERTEX,10 3,0 SEQEND,"
@@ -174,6 +253,16 @@ TEST(LeggiDXF, TextsAreCutAndSizedAndTheUsersSizeComesBack) {
     EXPECT_EQ(gFontSize, 9);
 }
 
+TEST(LeggiDXF, ACoordinateKeepsItsDigitsAndOneBeyondAllNumbersEndsNothing) {
+    foglioDxf();
+    leggiDxf(entita("0 LINE,10 4994321.123456,20 1e-80,30 1e99,11 3"));
+    ASSERT_EQ(indElem, 3);
+    EXPECT_EQ(Elem(3).segm.x1, 4994321.123456);
+    EXPECT_EQ(Elem(3).segm.y1, YFDecimi);
+    EXPECT_EQ(Elem(3).segm.z1, 1e38);
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9110});
+}
+
 TEST(LeggiDXF, ABadNumberEndsTheReadingWithAMessageAndWhatWasReadStays) {
     foglioDxf();
     leggiDxf(entita("0 LINE,10 1,0 LINE,10 here,0 LINE,10 3"));
@@ -201,6 +290,7 @@ TEST(LeggiDXF, APolylineGetsOverABadColour) {
     leggiDxf(entita("0 POLYLINE,62 red,0 VERTEX,10 1,0 VERTEX,10 2,0 SEQEND,0 LINE,10 3"));
     EXPECT_EQ(indElem, 5);
     EXPECT_EQ(Elem(3).poli.colore, colorCorrente);
+    EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{1012, 9110}));
 }
 
 TEST(LeggiDXF, WhatIsNotReadIsTold) {

@@ -1,6 +1,7 @@
 // What an export writes, to the line, and whether others read it.
 #include "exchange/Dxf.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -58,6 +59,65 @@ TEST(ScriviDXF, AnEmptyDrawingHasItsTablesAndNoLayer) {
     EXPECT_EQ(entitaScritte(), "");
 }
 
+// Lines parted by bars.
+std::string aBarre(std::string t) {
+    std::replace(t.begin(), t.end(), '\n', '|');
+    return t;
+}
+
+TEST(ScriviDXF, TheHeaderAndTheTablesAreToldToTheByte) {
+    foglioDxf();
+    Xfoglio = 4;
+    yfoglio = 3;
+    rappvid = 0.5;
+    NumPat = 2;
+    segmento(0, 0, 1, 1);
+    const std::string t = aBarre(scritto()), entita = "  0|SECTION|  2|ENTITIES|";
+    const std::string basso = " 10|0.00000000| 20|350.00000000|", alto = " 10|200.00000000| 20|500.00000000|";
+    EXPECT_EQ(t.substr(0, t.find("  0|LTYPE")),
+              "  0|SECTION|  2|HEADER|  9|$LTSCALE| 40|10|  9|$LIMMIN|" + basso + "  9|$LIMMAX|" + alto + "  9|$EXTMIN|"
+                  + basso + "  9|$EXTMAX|" + alto
+                  + "  9|$CLAYER|  8|1|  9|$CECOLOR| 62|7|  9|$CELTYPE|  6|CONTINUOUS|  0|ENDSEC|"
+                    "  0|SECTION|  2|TABLES|  0|TABLE|  2|LTYPE| 70|     5|");
+    EXPECT_EQ(t.substr(t.find("  0|LTYPE"), t.find(entita) - t.find("  0|LTYPE")),
+              "  0|LTYPE|  2|CONTINUOUS| 70|    64|  3|Solid line| 72|    65| 73|     0| 40|0.0000000000000|"
+              "  0|LTYPE|  2|HIDDEN| 70|    64|  3|_ _ _ _ _ _ _ _ _ _ _ _ _ _ _ _ _ _ _ _ | 72|    65| 73|     2|"
+              " 40|0.3750000000000| 49|0.2500000000000| 49|-0.1250000000000|"
+              "  0|LTYPE|  2|DASHED| 70|    64|  3|__ __ __ __ __ __ __ __ __ __ __ __ __  | 72|    65| 73|     2|"
+              " 40|0.7500000000000| 49|0.5000000000000| 49|-0.2500000000000|"
+              "  0|LTYPE|  2|PHANTOM| 70|    64|  3|_____ _ _ _____ _ _ _____ _ _ _____ _ _ | 72|    65| 73|     6|"
+              " 40|2.5000000000000| 49|1.2500000000000| 49|-0.2500000000000| 49|0.2500000000000| 49|-0.2500000000000|"
+              " 49|0.2500000000000| 49|-0.2500000000000|"
+              "  0|LTYPE|  2|DASHDOT| 70|    64|  3|__ . __ . __ . __ . __ . __ . __ . __ . | 72|    65| 73|     4|"
+              " 40|1.0000000000000| 49|0.5000000000000| 49|-0.2500000000000| 49|0.0000000000000| 49|-0.2500000000000|"
+              "  0|ENDTAB|  0|TABLE|  2|LAYER| 70|     1|  0|LAYER|  2|0| 70|     0| 62|     7|  6|CONTINUOUS|"
+              "  0|ENDTAB|  0|TABLE|  2|STYLE| 70|     1|  0|STYLE|  2|STANDARD| 70|     0| 40|0.0| 41|1.0| 50|0.0|"
+              " 71|     0| 42|0.2|  3|txt|  4||  0|ENDTAB|  0|ENDSEC|");
+    EXPECT_NE(t.find(entita + "  0|LINE|  8|0|  6|PHANTOM|"), std::string::npos);
+}
+
+TEST(ScriviDXF, CurvesTextsAndVerticesAreToldToTheByte) {
+    foglioDxf();
+    rappvid = 0.5;
+    NumPat = 23;
+    cerchio(20, 40, 6);
+    arco(20, 40, 6, 90, 270);
+    NumPat = 3;
+    polilinea({{2, 4}, {6, 4}});
+    gFontSize = 10;
+    testo(2, 4, "a\x88", 20);
+    const std::string centro = " 10|10.0000000000000| 20|480.0000000000000| 30|0.0000000000000| 40|3.0000000000000|";
+    const std::string vertice = " 20|498.0000000000000| 30|0.0000000000000| 42|0| 70|     0|";
+    EXPECT_EQ(aBarre(entitaScritte()),
+              "  0|CIRCLE|  8|0|  6|HIDDEN| 62|1|" + centro + "  0|ARC|  8|0|  6|HIDDEN| 62|1|" + centro
+                  + " 50|-270.0000000000000| 51|0.0000000000000|"
+                    "  0|POLYLINE|  8|0|  6|DASHDOT| 62|1| 66|     1| 70|     0|"
+                    "  0|VERTEX|  8|0| 62|1| 10|1.0000000000000|"
+                  + vertice + "  0|VERTEX|  8|0| 62|1| 10|3.0000000000000|" + vertice
+                  + "  0|SEQEND|  0|TEXT|  8|0|  6|CONTINUOUS| 62|1| 10|1.0000000000000| 20|498.0000000000000|"
+                    " 30|0.0000000000000| 40|14.1111108000000| 50|72.0000000000000|  1|a\\U+00E0|");
+}
+
 TEST(ScriviDXF, ASegmentHasThirteenDecimalsAndItsRealPlace) {
     foglioDxf();
     rappvid = 0.5;
@@ -67,6 +127,18 @@ TEST(ScriviDXF, ASegmentHasThirteenDecimalsAndItsRealPlace) {
     EXPECT_EQ(entitaScritte(),
               "  0\nLINE\n  8\n0\n  6\nDASHED\n 62\n6\n 10\n0.5000000000000\n 20\n495.0000000000000\n"
               " 30\n7.0000000000000\n 11\n1.5000000000000\n 21\n0.0000000000000\n 31\n8.0000000000000\n");
+}
+
+// "x y z, x y z; " of lines, "x y z r; " of circles; whole numbers.
+std::string soloCoordinate(const std::string& t) {
+    std::string s, codice, valore;
+    for (std::istringstream righe(t); std::getline(righe, codice) && std::getline(righe, valore);) {
+        if (codice == "  0" && !s.empty()) s += "; ";
+        if (codice == " 11") s += ", ";
+        if (codice == " 20" || codice == " 30" || codice == " 21" || codice == " 31" || codice == " 40") s += ' ';
+        if (codice[0] == ' ' && codice[1] >= '1' && codice[1] <= '4') s += valore.substr(0, valore.find('.'));
+    }
+    return s + "; ";
 }
 
 TEST(ScriviDXF, MarkersBecomeLinesAndOthersAreLost) {
@@ -79,6 +151,17 @@ TEST(ScriviDXF, MarkersBecomeLinesAndOthersAreLost) {
         const std::string t = entitaScritte();
         EXPECT_EQ(quante(t, "\nLINE\n"), linee[forma]) << forma;
         EXPECT_EQ(quante(t, "\nCIRCLE\n"), forma == 5 ? 1U : 0U) << forma;
+    }
+    // The strokes of the triangle, and the circle, stand at the marker's elevation.
+    for (const auto& [forma, atteso] : {std::pair{2, "10 994 5, 13 988 5; 13 988 5, 7 988 5; 7 988 5, 10 994 5; "},
+                                        {3, "8 988 5, 8 992 5; 8 992 5, 12 992 5; 12 992 5, 12 988 5; "
+                                            "12 988 5, 8 988 5; "},
+                                        {1, "8 990 5, 12 990 5; 8 988 5, 12 992 5; 10 988 5, 10 992 5; "
+                                            "12 988 5, 8 992 5; "},
+                                        {5, "10 990 5 2; "}}) {
+        AzzeraArchivio();
+        marker(10, 10, 5, forma);
+        EXPECT_EQ(soloCoordinate(entitaScritte()), atteso) << forma;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "exchange/FormatoXYZ.h"
 #include "exchange/XYZ.h"
 #include "model/Lucidi.h"
+#include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "support/Avvisi.h"
 #include "support/FileProva.h"
@@ -98,6 +99,16 @@ TEST(XYZ, SoloLUltimoCampoDecide) {
     EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{1008, 3007, 1008, 3007, 9110}));
     EXPECT_EQ(resoconto(), "Imported: 2 markers.\nLeft out: 1 row that cannot be read.");
     EXPECT_NE(avvisi[3].testo.find('2'), std::string::npos);   // the line's number
+}
+
+// A number beyond all range is a number.
+TEST(XYZ, SoloUnTestoENumeroGuasto) {
+    prepara(rigaPerPunto, {colonnaX, colonnaY, colonnaZ, colonnaNessuna});
+    leggi("1\t2\t1e-60\n1\t2\t1e60");
+    ASSERT_EQ(indElem, 4);
+    EXPECT_EQ(Elem(3).mark.z, 0);
+    EXPECT_EQ(Elem(4).mark.z, 1e38);
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9110});
 }
 
 TEST(XYZ, FermareChiudeLElenco) {
@@ -223,6 +234,9 @@ TEST(FormatoXYZ, LeImpostazioniTornanoUguali) {
     formato(rigaPerPunto, {colonnaAref, colonnaX, colonnaNessuna, colonnaZ});
     TFormatoXYZ f;
     f.scrivipar();
+    std::ostringstream byte;
+    byte << std::ifstream(SettingsFolder() + "/FormParD", std::ios::binary).rdbuf();
+    EXPECT_EQ(byte.str(), std::string("\0\x0D\0\4\0\1\0\5\0\3", 10));
     formato(rigaPerValore, {1, 2, 3, 5});
     f.leggipar();
     f.inggene(1);

@@ -6,7 +6,6 @@
 #include "files/ParamGraf.h"
 #include "model/Colori.h"
 #include "platform/Automation.h"
-#include "editing/SceltaColori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

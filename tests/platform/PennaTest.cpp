@@ -87,6 +87,22 @@ TEST_F(Penna, SideButtonsAndTheEraserHaveTheirOwnNumbers) {
     EXPECT_EQ(premi(Qt::LeftButton, T::Eraser), 2u);
 }
 
+TEST_F(Penna, UnderADialogItDigitisesNothing) {
+    {
+        const Annidato dialogo;
+        EXPECT_FALSE(manda(QEvent::TabletMove, {200, 150}, Qt::NoButton, Qt::NoButton));
+        EXPECT_FALSE(manda(QEvent::TabletPress, {200, 150}, Qt::LeftButton, Qt::LeftButton));
+        EXPECT_FALSE(manda(QEvent::TabletRelease, {200, 150}, Qt::LeftButton, Qt::NoButton));
+    }
+    EXPECT_TRUE(manda(QEvent::TabletPress, {200, 150}, Qt::LeftButton, Qt::LeftButton));
+    {
+        const Annidato dialogo;   // which that press opened
+        EXPECT_TRUE(manda(QEvent::TabletRelease, {200, 150}, Qt::LeftButton, Qt::NoButton));
+    }
+    EXPECT_EQ(penne().size(), 1u);
+    EXPECT_TRUE(manda(QEvent::TabletMove, {200, 150}, Qt::NoButton, Qt::NoButton));
+}
+
 TEST_F(Penna, APressThatBeganAsAMouseStaysOne) {
     EXPECT_FALSE(manda(QEvent::TabletPress, {50, 50}, Qt::LeftButton, Qt::LeftButton));
     EXPECT_FALSE(manda(QEvent::TabletMove, {200, 50}, Qt::NoButton, Qt::LeftButton));

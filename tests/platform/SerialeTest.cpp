@@ -15,8 +15,10 @@
 #include "digitising/TavolettaLettori.h"
 #include "display/Scena.h"
 #include "files/Impostazioni.h"
+#include "model/TabellaStato.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
+#include "platform/Tablet.h"
 #include "shell/Comandi.h"
 #include "support/Avvisi.h"
 
@@ -70,8 +72,8 @@ struct Seriale : testing::Test {
             EventRecord e;
             WaitNextEvent(e, 0);
             LeggiTavoletta();
-            if (fatto()) return true;
             usleep(2000);
+            if (fatto()) return true;
         }
         return false;
     }
@@ -125,6 +127,16 @@ TEST_F(Seriale, APulledCableEndsReadingWithOneMessage) {
     EXPECT_EQ(GetMenuItemText(6, 20), "Tablet Reading");
     attendi([] { return false; });   // nothing more comes of it
     EXPECT_EQ(avvisi.size(), 1u);
+}
+
+TEST_F(Seriale, AResetGivesTheLineBack) {
+    ASSERT_EQ(lettoreVivo, static_cast<std::int16_t>(Lettore::seriale));
+    AzzeraStato();
+    strappa();   // a line that were still open would tell of it
+    for (int i = 0; i < 30; ++i) attendi([] { return true; });
+    EXPECT_EQ(SerialFault(), GuastoSeriale::nessuno);
+    std::uint8_t byte = 0;
+    EXPECT_EQ(SerialRead(&byte, 1), 0u);
 }
 
 TEST_F(Seriale, WhatArrivesUnderADialogIsDropped) {

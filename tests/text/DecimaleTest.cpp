@@ -88,6 +88,14 @@ TEST(Decimale, ReadNumbersAreTheNearest) {
     }
 }
 
+TEST(Decimale, ANumberWhoseDigitsAreAMultipleOf2To64IsNotZero) {
+    for (const std::string s : {"184467440737095.51616", "-36893488147419103.232", "1844674407370.9551616"}) {
+        double v = 0;
+        ASSERT_TRUE(RealePiano(s, v)) << s;
+        EXPECT_EQ(v, std::stod(s)) << s;
+    }
+}
+
 TEST(Decimale, ZeroHasNoSignAndOtherTextIsNoPlainNumber) {
     double v = 7;
     ASSERT_TRUE(RealePiano("-0.000", v));

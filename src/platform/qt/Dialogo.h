@@ -14,7 +14,18 @@
 
 namespace tessaro {
 
-enum class TipoVoce : std::uint8_t { bottone, testoFisso, campo, spunta, radio, scelta, cursore, colore, elenco, tabella };
+enum class TipoVoce : std::uint8_t {
+    bottone,
+    testoFisso,
+    campo,
+    spunta,
+    radio,
+    scelta,
+    cursore,
+    colore,
+    elenco,
+    tabella
+};
 
 // What the program set stands here and holds without widgets too; typing and clicks come from the widget.
 struct VoceDialogo {
@@ -36,7 +47,7 @@ struct FinestraDialogo {
     std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
     std::int16_t inVista = 0;   // item that its scrolling list shows at the opening; 0 when none
-    std::string titolo;   // UTF-8, parameters filled in
+    std::string titolo;         // UTF-8, parameters filled in
     std::map<std::int16_t, VoceDialogo> voci;
     std::deque<std::int16_t> colpi;    // items hit and not yet given to ModalDialog
     std::deque<std::uint8_t> tasti;    // Return, Enter, Escape on their way to the filter

@@ -75,9 +75,6 @@ void MoveSizeControl(ControlHandle c, const Rect& r) {
 void ShowControl(ControlHandle c) {
     if (c != nullptr && c->widget != nullptr) c->widget->show();
 }
-void HideControl(ControlHandle c) {
-    if (c != nullptr && c->widget != nullptr) c->widget->hide();
-}
 
 void SetControlValue(ControlHandle c, std::int32_t value) {
     if (c == nullptr) return;

@@ -92,7 +92,10 @@ std::string testoTabella(const VoceDialogo& v) {
     QStringList righe;
     for (int n = 0; w != nullptr && n < w->rowCount(); ++n) {
         QStringList celle;
-        for (int i = 0; i < w->columnCount(); ++i) celle << w->item(n, i)->text();
+        for (int i = 0; i < w->columnCount(); ++i) {
+            const QTableWidgetItem* c = w->item(n, i);   // none in a row that was never filled
+            celle << (c == nullptr ? QString() : c->text());
+        }
         righe << celle.join(QStringLiteral(" | "));
     }
     return righe.join(QLatin1Char('\n')).toStdString();

@@ -340,13 +340,6 @@ void ShowDialogItem(DialogPtr d, std::int16_t item) {
     }
 }
 
-void HideDialogItem(DialogPtr d, std::int16_t item) {
-    if (VoceDialogo* v = voceDi(d, item); v != nullptr) {
-        v->nascosta = true;
-        if (v->widget != nullptr) v->widget->hide();
-    }
-}
-
 void SetDialogItemMenu(DialogPtr d, std::int16_t item, std::int16_t menu) {
     VoceDialogo* v = voceDi(d, item);
     auto* scelta = v == nullptr ? nullptr : qobject_cast<QComboBox*>(v->widget);

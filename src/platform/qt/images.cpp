@@ -324,17 +324,6 @@ bool decodificaBytes(std::string_view bytes, std::int32_t reduce, Immagine& out,
 
 }   // namespace
 
-bool ImageInfo(const FSSpec& spec, Immagine& info, std::string& reason) {
-    info = Immagine{};
-    QFile file;
-    if (!apri(spec, file, reason)) return false;
-    QImageReader lettore;
-    QSize size;
-    if (!informa(file, lettore, info, size, reason)) return false;
-    if (size.isValid()) return true;
-    return DecodeImageFile(spec, info, reason);
-}
-
 bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
     out = Immagine{};
     try {
@@ -354,11 +343,6 @@ bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out
     }
     out = Immagine{};
     return false;
-}
-
-bool EncodePng(std::string_view path, const std::uint32_t* pixels, std::int32_t width, std::int32_t height) {
-    const QImage img(reinterpret_cast<const uchar*>(pixels), width, height, width * 4, QImage::Format_RGB32);
-    return img.save(QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size())), "PNG");
 }
 
 }   // namespace tessaro

@@ -33,9 +33,11 @@ void PenListen(bool (*vuole)(double h, double v)) { vuolePenna = vuole; }
 void Foglio::tabletEvent(QTabletEvent* e) {
     const QPointF p = e->position();
     const bool pressione = e->type() == QEvent::TabletPress, rilascio = e->type() == QEvent::TabletRelease;
+    // Under a dialog or a drag a pen digitises nothing, as a serial line does not; the toolkit keeps only mice from it.
+    const bool libera = annidamento() == 0;
     // A press belongs to whoever took it, wherever it is released.
-    const bool nostra =
-        premuti == Premuti::penna || (premuti == Premuti::nessuno && vuolePenna != nullptr && vuolePenna(p.x(), p.y()));
+    const bool nostra = premuti == Premuti::penna
+                        || (libera && premuti == Premuti::nessuno && vuolePenna != nullptr && vuolePenna(p.x(), p.y()));
     if (pressione && premuti == Premuti::nessuno) premuti = nostra ? Premuti::penna : Premuti::comeTopo;
     if (rilascio && e->buttons() == Qt::NoButton) premuti = Premuti::nessuno;
     if (!nostra) {
@@ -43,6 +45,7 @@ void Foglio::tabletEvent(QTabletEvent* e) {
         return;
     }
     e->accept();
+    if (!libera) return;
     EventRecord r;
     r.what = EventKind::pen;
     r.where = Point{static_cast<std::int32_t>(std::floor(p.y())), static_cast<std::int32_t>(std::floor(p.x()))};

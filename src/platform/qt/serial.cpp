@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "platform/Events.h"
 #include "platform/qt/Interno.h"
@@ -101,6 +102,10 @@ std::size_t SerialRead(std::uint8_t* data, std::size_t room) {
 
 bool SerialCut() { return linea != nullptr && std::exchange(linea->tagliata, false); }
 GuastoSeriale SerialFault() { return linea == nullptr ? GuastoSeriale::nessuno : linea->guasto; }
-void SerialClose() { linea.reset(); }
+
+void SerialClose() {
+    if (linea != nullptr) linea->porta.disconnect();   // what it tells while it goes would find no line any more
+    linea.reset();
+}
 
 }   // namespace tessaro
