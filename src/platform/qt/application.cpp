@@ -4,12 +4,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <array>
 #include <clocale>
@@ -97,6 +99,14 @@ void parificaCopione() {
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
 }
 
+// The toolkit's own requests, for files and colours, speak the program's language where its translations are installed.
+void traduciRichieste() {
+    auto* testi = new QTranslator(applicazione);
+    if (testi->load(QStringLiteral("qtbase_") + QString::fromStdString(linguaInUso()),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(testi);
+}
+
 }   // namespace
 
 const Avvio& avvio() { return questoAvvio; }
@@ -112,6 +122,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     QCoreApplication::setApplicationName(QStringLiteral("tessaro3d"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaro3d"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    traduciRichieste();
     // Scanned sheets are large; sizes are checked before anything is decoded.
     QImageReader::setAllocationLimit(0);
     // Numbers in files and scripts have a point whatever the desktop says.
