@@ -5,6 +5,7 @@
 
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/PuntiElemento.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -117,27 +118,11 @@ double rotazioneGradi(const TransfRec& t) {
 }   // namespace
 
 void TrasformaElemento(elemento& e, const TransfRec& t) {
-    switch (e.tipo) {
-    case tSegmento:
-        trasformaPunto(t, e.segm.x1, e.segm.y1);
-        trasformaPunto(t, e.segm.x2, e.segm.y2);
-        break;
-    case tMarker: trasformaPunto(t, e.mark.x, e.mark.y); break;
-    case tPoligono: trasformaPunto(t, e.poli.x, e.poli.y); break;
-    case tVertice: trasformaPunto(t, e.vert.x, e.vert.y); break;
-    case tTesto: trasformaPunto(t, e.test.x, e.test.y); break;
-    case tPict: trasformaPunto(t, e.pict.x, e.pict.y); break;
-    case tCerchio:
-        trasformaPunto(t, e.cerc.cx, e.cerc.cy);
-        e.cerc.raggio = e.cerc.raggio * t.ingr;
-        break;
-    case tArco:
-        trasformaPunto(t, e.arco.cx, e.arco.cy);
-        e.arco.raggio = e.arco.raggio * t.ingr;
-        e.arco.angoloInizio += rotazioneGradi(t);
-        break;
-    default: break;
-    }
+    PerPunti(e, [&t](f64& x, f64& y) { trasformaPunto(t, x, y); });
+    if (e.tipo == tCerchio) e.cerc.raggio = e.cerc.raggio * t.ingr;
+    if (e.tipo != tArco) return;
+    e.arco.raggio = e.arco.raggio * t.ingr;
+    e.arco.angoloInizio += rotazioneGradi(t);
 }
 
 }   // namespace tessaro

@@ -7,6 +7,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
@@ -129,20 +130,14 @@ void ActiveAttach::trasformaTesto(elemento& e) {
 
 void ActiveAttach::TrasformaCopia(elemento& e) {
     switch (e.tipo) {
-    case tSegmento:
-        mappa(e.segm.x1, e.segm.y1);
-        mappa(e.segm.x2, e.segm.y2);
-        break;
-    case tMarker: mappa(e.mark.x, e.mark.y); break;
-    case tVertice: mappa(e.vert.x, e.vert.y); break;
-    case tPoligono: mappa(e.poli.x, e.poli.y); break;
+    case tPict: break;   // its corner stays
     case tTesto: trasformaTesto(e); break;
     case tCerchio: mappaCerchio(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
     case tArco:
         mappaCerchio(e.arco.cx, e.arco.cy, e.arco.raggio);
         if (tipo == due) e.arco.angoloInizio += RadToAng(rotazione, gradSessadecimali);
         break;
-    default: break;
+    default: PerPunti(e, mappa); break;
     }
 }
 

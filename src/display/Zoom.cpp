@@ -10,6 +10,7 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Automation.h"
@@ -110,34 +111,12 @@ void estendi(double x, double y) {
     if (std::isfinite(x) && std::isfinite(y)) AggRettSel(x, y);
 }
 
-void estendiQuadrato(double cx, double cy, double r) {
-    estendi(cx - r, cy - r);
-    estendi(cx + r, cy + r);
-}
-
 void estendiElemento(std::int32_t n) {
     const elemento& e = Elem(n);
-    switch (e.tipo) {
-    case tSegmento:
-        estendi(e.segm.x1, e.segm.y1);
-        estendi(e.segm.x2, e.segm.y2);
-        break;
-    case tMarker: estendi(e.mark.x, e.mark.y); break;
-    case tPoligono: {
-        const std::int32_t ultimo = std::min(n + std::max<std::int32_t>(e.poli.numVertici, 0), indElem);
-        for (std::int32_t i = n; i <= ultimo; ++i) estendi(Elem(i).poli.x, Elem(i).poli.y);
-        break;
-    }
-    case tTesto:
-        if (VisioneGraf.mostraTesti && std::isfinite(e.test.x) && std::isfinite(e.test.y)) AggRetSelTesto(e);
-        break;
-    case tPict:
-        estendi(e.pict.x, e.pict.y);
-        estendi(e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
-        break;
-    case tCerchio: estendiQuadrato(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
-    case tArco: estendiQuadrato(e.arco.cx, e.arco.cy, e.arco.raggio); break;
-    default: break;
+    if (e.tipo != tTesto) {
+        PerEstremi(n, estendi);
+    } else if (VisioneGraf.mostraTesti && std::isfinite(e.test.x) && std::isfinite(e.test.y)) {
+        AggRetSelTesto(e);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
 
 namespace tessaro {
@@ -15,30 +16,11 @@ constinit puntot xyzLT{}, xyzRB{};
 
 namespace {
 
-void allargaQuadrato(double cx, double cy, double r) {
-    AggRettSel(cx - r, cy - r);
-    AggRettSel(cx + r, cy + r);
-}
-
 void allargaElemento(std::int32_t n) {
-    const elemento& e = Elem(n);
-    switch (e.tipo) {
-    case tSegmento:
-        AggRettSel(e.segm.x1, e.segm.y1);
-        AggRettSel(e.segm.x2, e.segm.y2);
-        break;
-    case tMarker: AggRettSel(e.mark.x, e.mark.y); break;
-    case tPoligono:
-        for (std::int32_t i = n; i <= UltimoRecord(n); ++i) AggRettSel(Elem(i).poli.x, Elem(i).poli.y);
-        break;
-    case tTesto: AggRetSelTesto(e); break;
-    case tPict:
-        AggRettSel(e.pict.x, e.pict.y);
-        AggRettSel(e.pict.x + e.pict.larghezza, e.pict.y + e.pict.altezza);
-        break;
-    case tCerchio: allargaQuadrato(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
-    case tArco: allargaQuadrato(e.arco.cx, e.arco.cy, e.arco.raggio); break;
-    default: break;
+    if (Elem(n).tipo == tTesto) {
+        AggRetSelTesto(Elem(n));
+    } else {
+        PerEstremi(n, AggRettSel);
     }
 }
 

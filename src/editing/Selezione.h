@@ -1,20 +1,14 @@
 // Picking: the hit test under a click, the tests by shape, selection by rectangle and as a whole, and clearing it.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 
 #include "model/Archivio.h"
+#include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Events.h"
 
 namespace tessaro {
-
-// The last record of the thing that begins at n: a polyline's last vertex, else n itself.
-inline std::int32_t UltimoRecord(std::int32_t n) {
-    if (Elem(n).tipo != tPoligono) return n;
-    return std::min(n + std::max<std::int32_t>(Elem(n).poli.numVertici, 0), indElem);
-}
 
 // A click in pointer mode 0, `point` in sheet units. The caller has tried the grips of the selection.
 void ScegliElemento(const EventRecord& event, const puntot& point);

@@ -258,7 +258,10 @@ void LeggiDropText(const FSSpec& spec) {
     if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
 }
 
-void LeggiDropPict(const FSSpec& spec) { lasciato(*richiestaDi(rImmagine), spec); }
+void LeggiDropPict(const FSSpec& spec) {
+    if (indElem < maxElementi) lasciato(*richiestaDi(rImmagine), spec);
+    InvalFinestra();   // all that a full drawing shows of it
+}
 
 namespace {
 const VoceStato righe[] = {

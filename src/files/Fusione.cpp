@@ -5,6 +5,7 @@
 #include "digitising/Coordinate.h"
 #include "digitising/solutori.h"
 #include "model/Archivio.h"
+#include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 
@@ -46,19 +47,10 @@ void mappa(f64& x, f64& y) {
 
 // By its points alone: radii and angles stay as they are.
 void adattaQuattro(elemento& e) {
-    switch (e.tipo) {
-    case tSegmento:
-        mappa(e.segm.x1, e.segm.y1);
-        mappa(e.segm.x2, e.segm.y2);
-        break;
-    case tMarker: mappa(e.mark.x, e.mark.y); break;
-    case tPoligono: mappa(e.poli.x, e.poli.y); break;
-    case tVertice: mappa(e.vert.x, e.vert.y); break;
-    case tTesto: mappa(e.test.x, e.test.y); break;
-    case tCerchio: mappa(e.cerc.cx, e.cerc.cy); break;
-    case tArco: mappa(e.arco.cx, e.arco.cy); break;
-    case tPict: TrasformaElemento(e, TransfAgg); break;   // Kept: a picture's corner goes by the last real similarity
-    default: break;
+    if (e.tipo == tPict) {
+        TrasformaElemento(e, TransfAgg);   // Kept: a picture's corner goes by the last real similarity
+    } else {
+        PerPunti(e, mappa);
     }
 }
 

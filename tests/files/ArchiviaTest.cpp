@@ -165,6 +165,15 @@ TEST_F(Aperto, ADropThatIsMergedDoesNotBecomeTheDocument) {
     EXPECT_EQ(myFSS.nome, "mio.ts3d");
 }
 
+TEST_F(Aperto, APictureDroppedOnAFullDrawingIsSilent) {
+    const Ascolto ascolto;
+    metti(cartella / "foto.png", "no picture");
+    maxElementi = indElem;
+    LeggiDropPict(FSMakeFSSpec(cartella / "foto.png"));
+    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(indElem, maxElementi);
+}
+
 TEST_F(Aperto, TheRecoveryCopyIsOfferedUnderTheDrawingsName) {
     NomeD = NomeLavoro = "rilievo.ts3d";
     PoniAnnulla(aElemento);
