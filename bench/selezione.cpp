@@ -16,7 +16,7 @@
 #include "editing/Sposta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"

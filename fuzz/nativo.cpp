@@ -8,7 +8,7 @@
 
 #include "files/Nativo.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "text/FileDati.h"
 

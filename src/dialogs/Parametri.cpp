@@ -2,7 +2,7 @@
 #include "dialogs/Parametri.h"
 
 #include "dialogs/Errori.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

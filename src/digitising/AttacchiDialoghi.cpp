@@ -3,7 +3,8 @@
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 

@@ -8,7 +8,7 @@
 #include "digitising/PuntiSelezione.h"
 #include "display/Zoom.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
 

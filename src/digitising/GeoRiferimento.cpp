@@ -4,10 +4,14 @@
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {
+
+constinit double XFVisual = 0;
+constinit double YFVisual = 0;
 
 namespace {
 
@@ -81,5 +85,13 @@ void ParGeoRefer(std::uint8_t grafico) {
     d.Param(grafico != 0);
     SetPort(prima);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<XFVisual>("XFVisual"),
+    voce<YFVisual>("YFVisual"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

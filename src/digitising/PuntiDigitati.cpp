@@ -7,8 +7,12 @@
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
@@ -16,6 +20,8 @@
 #include "tools/Marker.h"
 
 namespace tessaro {
+
+constinit std::uint8_t inserimentoRelativo = 1;
 
 namespace {
 
@@ -238,5 +244,12 @@ void IngressoPolare() {
     theDialog = nullptr;
     if (accettato) traccia(item);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<inserimentoRelativo>("inserimentoRelativo"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

@@ -11,7 +11,7 @@
 #include "digitising/gauss.h"
 #include "digitising/solutori.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -2,13 +2,16 @@
 #include "digitising/Tavoletta.h"
 
 #include "digitising/Attacchi.h"
+#include "digitising/TavolettaImpostazioni.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "editing/Testi.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Percorso.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
@@ -104,10 +107,10 @@ void CheckTablet() {
 
 namespace {
 const VoceStato righe[] = {
-    {"xtab", VoceStato::i32, &xtab},
-    {"ytab", VoceStato::i32, &ytab},
-    {"frazioneXt", VoceStato::f64, &frazioneXt},
-    {"frazioneYt", VoceStato::f64, &frazioneYt},
+    voce<xtab>("xtab"),
+    voce<ytab>("ytab"),
+    voce<frazioneXt>("frazioneXt"),
+    voce<frazioneYt>("frazioneYt"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

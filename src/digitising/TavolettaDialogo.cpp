@@ -7,8 +7,10 @@
 #include "digitising/TavolettaLettori.h"
 #include "digitising/TavolettaPacchetti.h"
 #include "files/Impostazioni.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Unita.h"
 #include "platform/Menus.h"
+#include "platform/Quickdraw.h"
 #include "platform/Resources.h"
 
 namespace tessaro {

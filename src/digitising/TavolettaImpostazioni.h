@@ -22,4 +22,6 @@ void ScalaTavoletta();           // corrXt to scalaYt from puntimm
 void LeggiParTavoletta();    // the file "Tavoletta" over what the start settings said; silent when there is none
 bool ScriviParTavoletta();   // false: a message told why
 
+extern double corrXt, corrYt, scalaXt, scalaYt;   // sheet units per tablet count, raw and corrected
+
 }   // namespace tessaro

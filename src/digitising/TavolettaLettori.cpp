@@ -6,10 +6,14 @@
 #include <string>
 
 #include "digitising/Tavoletta.h"
+#include "digitising/TavolettaImpostazioni.h"
 #include "digitising/TavolettaPacchetti.h"
 #include "files/Impostazioni.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Dialogs.h"
 #include "platform/Menus.h"
@@ -147,7 +151,7 @@ bool PennaDigita(double h, double v) {
 
 namespace {
 const VoceStato righe[] = {
-    {"lettoreVivo", VoceStato::speciale, &lettoreVivo, 0,
+    {"lettoreVivo",
      [] {
          SerialClose();
          PenListen(nullptr);

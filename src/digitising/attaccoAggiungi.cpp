@@ -6,9 +6,9 @@
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
 

@@ -9,8 +9,8 @@
 #include "digitising/PuntiSelezione.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"
 
@@ -253,7 +253,7 @@ std::string json() {
 }
 
 const VoceStato righe[] = {
-    {"attaccoAttivo", VoceStato::speciale, nullptr, 0, [] { attaccoAttivo.Azzera(); }, json},
+    {"attaccoAttivo", [] { attaccoAttivo.Azzera(); }, json},
 };
 const TabellaStato tabella(righe);
 

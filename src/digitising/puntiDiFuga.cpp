@@ -4,8 +4,8 @@
 
 #include "dialogs/Errori.h"
 #include "digitising/solutori.h"
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -262,7 +262,7 @@ void PrepAtt4pt() { PreparaQuattro(att4Pt, {23, 24, 23, 23, 24, 24}); }
 void Traf4Pt(double& x, double& y) { TrasformaFuga(att4Pt, true, x, y); }
 
 namespace {
-const VoceStato righe[] = {{"deformProspettica", VoceStato::u8, &deformProspettica, 1}};
+const VoceStato righe[] = {voce<deformProspettica>("deformProspettica")};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -16,9 +16,12 @@
 #include "display/Testi.h"
 #include "editing/Tratteggi.h"
 #include "model/Archivio.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
+#include "model/Strumento.h"
 
 namespace tessaro {
 

@@ -2,12 +2,22 @@
 #include "display/Lettura.h"
 
 #include "digitising/Coordinate.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
+
+constinit std::uint8_t scriviSempreCoord = 0;
+constinit double XVisualPrec = 0;
+constinit double YVisualPrec = 0;
+constinit double ZVisualPrec = 0;
 
 PStr255 lineaCoordinate("");
 
@@ -59,8 +69,11 @@ void SetDrawCoordCorr() {
 }
 
 namespace {
-const VoceStato righe[] = {{"readout", VoceStato::speciale, nullptr, 0, [] { lineaCoordinate = ""; },
-                            [] { return TestoJson(lineaCoordinate.str()); }}};
+const VoceStato righe[] = {voce<scriviSempreCoord>("scriviSempreCoord"),
+                           voce<XVisualPrec>("XVisualPrec"),
+                           voce<YVisualPrec>("YVisualPrec"),
+                           voce<ZVisualPrec>("ZVisualPrec"),
+                           {"readout", [] { lineaCoordinate = ""; }, [] { return TestoJson(lineaCoordinate.str()); }}};
 const TabellaStato tabella(righe);
 }   // namespace
 

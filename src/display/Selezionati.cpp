@@ -7,7 +7,9 @@
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 
 namespace tessaro {
 

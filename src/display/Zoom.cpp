@@ -8,15 +8,25 @@
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Automation.h"
 #include "platform/Menus.h"
 
 namespace tessaro {
+
+constinit std::uint8_t NewDis = 0;
+constinit ControlHandle VScroll = nullptr;
+constinit ControlHandle HScroll = nullptr;
+constinit ControlHandle panel = nullptr;
+constinit std::int16_t hToolbar = 32;
 
 namespace {
 
@@ -291,5 +301,13 @@ void DisponiVista() {
     const Rect r = GetPortBounds(theWindow);
     myViewRect = Rect{r.top + hToolbar, r.left + striscia, r.bottom - barra, r.right - barra};
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<NewDis>("NewDis"),
+    voce<hToolbar>("hToolbar"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

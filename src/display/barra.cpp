@@ -4,8 +4,9 @@
 #include <memory>
 
 #include "display/palette.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
@@ -18,6 +19,7 @@ constinit BottoniToolbar bottoneToolbar{};
 
 namespace {
 
+constexpr RGBColor GrigioMedio{32000, 32000, 32000};
 constexpr std::int32_t primaIcona = 4096;
 constexpr std::int16_t listaNomi = 1100, listaAiuti = 1101, listaTitoli = 9140;
 constexpr std::int16_t spento = 255, acceso = 7, normale = 0;
@@ -206,7 +208,7 @@ void AggiustaStatoBottoni() {
 
 namespace {
 
-const VoceStato righe[] = {{"bottoneToolbar", VoceStato::speciale, nullptr, 0,
+const VoceStato righe[] = {{"bottoneToolbar",
                             [] {
                                 bottoneToolbar = {};
                                 mostrati = {};

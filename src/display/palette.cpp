@@ -8,8 +8,11 @@
 #include <cstdlib>
 
 #include "display/barra.h"
-#include "model/Attributi.h"
+#include "display/Zoom.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
@@ -17,6 +20,8 @@
 #include "text/Conversione.h"
 
 namespace tessaro {
+
+PStr63 StrOperCorr("");
 
 namespace {
 
@@ -266,7 +271,7 @@ std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on) {
 }
 
 namespace {
-const VoceStato righe[] = {{"riposo", VoceStato::speciale, nullptr, 0, InitializeTags, nullptr}};
+const VoceStato righe[] = {voce<StrOperCorr>("StrOperCorr"), {"riposo", InitializeTags, nullptr}};
 const TabellaStato tabella(righe);
 }   // namespace
 

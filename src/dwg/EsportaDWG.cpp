@@ -101,11 +101,11 @@ void EsportaDWG() {
 
 namespace {
 const VoceStato righe[] = {
-    {"tipoFileEsportato", VoceStato::i16, &tipoFileEsportato, obiettivoProprio},
-    {"fileType", VoceStato::i16, &fileType, 1},
-    {"outVer", VoceStato::i16, &outVer, 29},
-    {"itemDWGDXF", VoceStato::i16, &itemDWGDXF, itemProprio},
-    {"itemVersione", VoceStato::i16, &itemVersione, itemNuovissima},
+    voce<tipoFileEsportato>("tipoFileEsportato"),
+    voce<fileType>("fileType"),
+    voce<outVer>("outVer"),
+    voce<itemDWGDXF>("itemDWGDXF"),
+    voce<itemVersione>("itemVersione"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

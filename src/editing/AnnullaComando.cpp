@@ -6,7 +6,7 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "tools/Costruzione.h"
 
 namespace tessaro {

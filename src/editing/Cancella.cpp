@@ -9,7 +9,8 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "tools/Costruzione.h"
 
 namespace tessaro {

@@ -7,8 +7,11 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -125,7 +128,7 @@ void TrasformaSegmentiSel() {
 }
 
 namespace {
-const VoceStato righe[] = {{"NumLatiPoligono", VoceStato::i16, &NumLatiPoligono, 24}};
+const VoceStato righe[] = {voce<NumLatiPoligono>("NumLatiPoligono")};
 const TabellaStato tabella(righe);
 }   // namespace
 

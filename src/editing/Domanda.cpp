@@ -5,8 +5,8 @@
 #include <array>
 
 #include "dialogs/Parametri.h"
-#include "model/Attributi.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
 

@@ -6,7 +6,8 @@
 #include "editing/Domanda.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"
 

@@ -7,7 +7,7 @@
 #include "editing/LucidiClassi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "text/Conversione.h"
 
@@ -15,6 +15,7 @@ namespace tessaro {
 
 namespace {
 
+constexpr std::int16_t ParamLucidiDia = 128;
 constexpr std::int16_t primoLucido = 3, ultimoLucido = 102, primaScelta = 123, ultimaScelta = 128, campoLucido = 130;
 constexpr std::int16_t tutti = 131, nessuno = 132;
 constexpr std::size_t quantiLucidi = 100, quanteScelte = 6;

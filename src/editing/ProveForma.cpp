@@ -5,6 +5,7 @@
 #include "display/RiquadroTesto.h"
 #include "editing/Selezione.h"
 #include "model/Archivio.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -9,8 +9,9 @@
 #include "editing/Selezionati.h"
 #include "files/ParamColor.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -242,8 +243,8 @@ void SceltaColori(std::uint8_t silent) {
 
 namespace {
 const VoceStato righe[] = {
-    {"IndiceColore", VoceStato::i16, &IndiceColore, 1},
-    {"OldIndiceColore", VoceStato::i16, &OldIndiceColore, 1},
+    voce<IndiceColore>("IndiceColore"),
+    voce<OldIndiceColore>("OldIndiceColore"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

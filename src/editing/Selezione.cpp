@@ -11,11 +11,15 @@
 #include "display/Zoom.h"
 #include "editing/Testi.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 
 namespace tessaro {
+
+constinit std::uint8_t selezionePrec = 0;
+constinit std::uint32_t Tempo = 0;
 
 namespace {
 
@@ -167,5 +171,13 @@ void NessunaSelezione() {
     AzzeraPuntosel();
     AzzeraRettSel();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<selezionePrec>("selezionePrec"),
+    voce<Tempo>("Tempo"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

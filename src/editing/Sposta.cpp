@@ -3,9 +3,9 @@
 
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 
 namespace tessaro {
 

@@ -2,7 +2,7 @@
 #include "dialogs/Parametri.h"
 #include "digitising/Coordinate.h"
 #include "editing/Sposta.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {

@@ -4,7 +4,7 @@
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "editing/Tratteggi.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

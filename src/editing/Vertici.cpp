@@ -9,7 +9,7 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 
 namespace tessaro {

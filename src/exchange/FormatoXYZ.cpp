@@ -157,15 +157,15 @@ void FormatoXYZ(std::uint8_t nascosto) {
 
 namespace {
 const VoceStato righe[] = {
-    {"TipoForm", VoceStato::i16, &TipoForm, rigaPerValore},
-    {"TipoFormNum", VoceStato::i16, &TipoFormNum, rigaPerValore},
-    {"DatoP", VoceStato::speciale, nullptr, 0, [] { DatoP = colonnePredefinite; },
+    voce<TipoForm>("TipoForm"),
+    voce<TipoFormNum>("TipoFormNum"),
+    {"DatoP", [] { DatoP = colonnePredefinite; },
      [] {
          std::string s;
          for (const std::int16_t c : DatoP) s += (s.empty() ? "[" : ",") + std::to_string(c);
          return s + "]";
      }},
-    {"DatoPNum", VoceStato::speciale, nullptr, 0, [] { DatoPNum = colonnePredefinite; }, nullptr},
+    {"DatoPNum", [] { DatoPNum = colonnePredefinite; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -6,8 +6,8 @@
 #include "digitising/Coordinate.h"
 #include "exchange/MiniCad.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

@@ -15,7 +15,8 @@
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -265,10 +266,10 @@ void LeggiDropPict(const FSSpec& spec) {
 
 namespace {
 const VoceStato righe[] = {
-    {"OKArchivioFss", VoceStato::u8, &OKArchivioFss, 0},
-    {"fType", VoceStato::speciale, nullptr, 0, [] { fType = tipoTS3D; }, nullptr},
-    {"ultimoSalvataggioRiuscito", VoceStato::speciale, nullptr, 0, [] { ultimoSalvataggioRiuscito = true; }, nullptr},
-    {"fileInLavoro", VoceStato::speciale, nullptr, 0, [] { fileInLavoro.clear(); }, nullptr},
+    voce<OKArchivioFss>("OKArchivioFss"),
+    {"fType", [] { fType = tipoTS3D; }, nullptr},
+    {"ultimoSalvataggioRiuscito", [] { ultimoSalvataggioRiuscito = true; }, nullptr},
+    {"fileInLavoro", [] { fileInLavoro.clear(); }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

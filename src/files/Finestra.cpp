@@ -5,16 +5,22 @@
 #include "dialogs/Parametri.h"
 #include "display/barra.h"
 #include "display/Disegno.h"
+#include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "files/Archivia.h"
 #include "files/Recupero.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Automation.h"
 #include "platform/Dialogs.h"
@@ -27,6 +33,7 @@ namespace tessaro {
 
 namespace {
 
+constinit std::int16_t htavp = 3000;   // htav as it was when the drawing was opened
 constexpr std::int16_t finestraDisegno = 1000, listaNomi = 129, nomeSenzaTitolo = 1;
 constexpr std::int16_t menuArchivio = 2, menuModifica = 3, voceNuovo = 1;
 constexpr std::int16_t avvisoSalva = 3001, risponde2Salva = 2, risponde3Annulla = 3;
@@ -202,5 +209,12 @@ void AboutTessaro() {
     DisposeDialog(d);
     InvalWind();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<htavp>("htavp"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

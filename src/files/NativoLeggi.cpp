@@ -18,7 +18,7 @@
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
 #include "text/EndianConvert.h"

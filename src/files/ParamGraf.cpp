@@ -7,21 +7,27 @@
 #include <cstring>
 
 #include "display/Zoom.h"
+#include "files/Blocchi.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
 
+constinit double LargTav = 42;
+constinit double AltTav = 30;
+
 constinit std::int16_t ItemUnit = 18;
 
 namespace {
 
+constexpr std::int16_t ParamGrafDia = 2013;
 constexpr const char* nomeFile = "PGraf56";
 constexpr std::int16_t campoScala = 4, campoLargo = 6, campoAlto = 8;
 constexpr std::int16_t primoAngolo = 10, primaUnita = 12, unitaLibera = 18;
@@ -223,7 +229,7 @@ bool ParamGraf() {
 }
 
 namespace {
-const VoceStato righe[] = {{"ItemUnit", VoceStato::i16, &ItemUnit, 18}};
+const VoceStato righe[] = {voce<LargTav>("LargTav"), voce<AltTav>("AltTav"), voce<ItemUnit>("ItemUnit")};
 const TabellaStato tabella(righe);
 }   // namespace
 

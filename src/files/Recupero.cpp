@@ -6,7 +6,7 @@
 #include "files/Archivia.h"
 #include "files/Nativo.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"

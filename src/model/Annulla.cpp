@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -86,14 +86,14 @@ bool EseguiAnnulla() {
 
 namespace {
 const VoceStato righe[] = {
-    {"annullamento", VoceStato::i32, &annullamento, 0},
-    {"AnnullaIndElem", VoceStato::i32, &AnnullaIndElem, 0},
-    {"inizioAggiunta", VoceStato::i32, &inizioAggiunta, 0},
-    {"daRecuperare", VoceStato::i32, &daRecuperare, 0},
-    {"numElementoScalato", VoceStato::i32, &numElementoScalato, 0},
-    {"scalaImmagineX", VoceStato::f64, &scalaImmagineX, 1},
-    {"scalaImmagineY", VoceStato::f64, &scalaImmagineY, 1},
-    {"recuperaElemento", VoceStato::speciale, nullptr, 0, [] { recuperaElemento = elemento{}; }, nullptr},
+    voce<annullamento>("annullamento"),
+    voce<AnnullaIndElem>("AnnullaIndElem"),
+    voce<inizioAggiunta>("inizioAggiunta"),
+    voce<daRecuperare>("daRecuperare"),
+    voce<numElementoScalato>("numElementoScalato"),
+    voce<scalaImmagineX>("scalaImmagineX"),
+    voce<scalaImmagineY>("scalaImmagineY"),
+    {"recuperaElemento", [] { recuperaElemento = elemento{}; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -84,7 +84,7 @@ void RifaiMenuColori() { rifai(menuNomi); }
 
 namespace {
 const VoceStato righe[] = {
-    {"coloriPresenti", VoceStato::speciale, nullptr, 0, ColoriPredefiniti, [] { return NumeroJson(coloriPresenti); }},
+    {"coloriPresenti", ColoriPredefiniti, [] { return NumeroJson(coloriPresenti); }},
 };
 const TabellaStato tabella(righe);
 }   // namespace

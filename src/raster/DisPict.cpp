@@ -7,7 +7,7 @@
 
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"

@@ -8,9 +8,12 @@
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Percorso.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -20,6 +23,8 @@
 #include "tools/Penna.h"
 
 namespace tessaro {
+
+constinit std::int32_t Operazione = 0;
 
 constinit DialogPtr calcDialog = nullptr;
 constinit std::uint8_t ModifCalc = 0;
@@ -252,8 +257,9 @@ void IndietroPercorso() {
 namespace {
 
 const VoceStato righe[] = {
-    {"ModifCalc", VoceStato::u8, &ModifCalc, 0},
-    {"calcDialog", VoceStato::speciale, nullptr, 0,
+    voce<Operazione>("Operazione"),
+    voce<ModifCalc>("ModifCalc"),
+    {"calcDialog",
      [] {
          if (calcDialog) DisposeDialog(calcDialog);
          calcDialog = nullptr;

@@ -6,7 +6,10 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "files/Archivia.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
@@ -22,6 +25,7 @@ namespace tessaro {
 
 namespace {
 
+constinit std::uint8_t theChar = 0;   // last key
 // Palette and read-out after a repaint or a command that may have changed them.
 void aggiornaStrisce() {
     DrawPallette();
@@ -165,7 +169,8 @@ void CheckEvents() {
 
 namespace {
 const VoceStato righe[] = {
-    {"seguito", VoceStato::speciale, nullptr, 0, [] { seguito = daNessunaParte; }, nullptr},
+    voce<theChar>("theChar"),
+    {"seguito", [] { seguito = daNessunaParte; }, nullptr},
 };
 const TabellaStato tabella(righe);
 

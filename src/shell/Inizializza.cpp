@@ -21,11 +21,16 @@
 #include "files/Recupero.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Automation.h"
 #include "platform/Fonts.h"
 #include "platform/Memory.h"
@@ -36,8 +41,13 @@
 
 namespace tessaro {
 
+constinit Rect Screen{};
+constinit Rect DragRect{};
+constinit Rect GrowRect{};
+
 namespace {
 
+constinit std::int16_t PlotPerCento = 100;   // the plotter's scale, per cent
 constexpr std::int16_t alertMemoria = 3006, menuCaratteri = 100;
 constexpr std::int32_t riservaMemoria = 819175;   // bytes left to the rest of the program
 constexpr std::int32_t minimoRecord = 9;          // with no more than these the program does not start
@@ -187,5 +197,12 @@ int TessaroMain(int argc, char** argv) {
     StopToolbox();
     return esito;
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<PlotPerCento>("PlotPerCento"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

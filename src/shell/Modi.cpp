@@ -18,8 +18,11 @@
 #include "editing/Testi.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
@@ -30,8 +33,11 @@
 
 namespace tessaro {
 
+constinit std::int16_t attaccoCursor = 0;
+
 namespace {
 
+constinit Point LastPoint{};   // where the last click was, window-local; EventPoint is this one's
 constexpr std::int16_t menuScorciatoie = 110;
 
 // --- mode 0: clicks select and edit
@@ -259,5 +265,13 @@ void CheckMouse(bool shift) {
     scriviSempreCoord = 0;
     SetDrawCoordCorr();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<attaccoCursor>("attaccoCursor"),
+    voce<LastPoint>("LastPoint"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

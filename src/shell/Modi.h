@@ -9,4 +9,7 @@ void CercaSelezione(EventRecord& e, puntot& point);
 void MyControls();
 void CheckMouse(bool shift);
 void Do_Tessaro3D();
+
+extern std::int16_t attaccoCursor;   // cursor of pointer mode 6
+
 }   // namespace tessaro

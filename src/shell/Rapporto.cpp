@@ -6,8 +6,9 @@
 
 #include "digitising/RapportoTesti.h"
 #include "exchange/ApriScrittura.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "text/FileDati.h"
@@ -112,7 +113,7 @@ void ColpoRapporto(std::int16_t item) {
 namespace {
 
 const VoceStato righe[] = {
-    {"rapportoDialog", VoceStato::speciale, nullptr, 0,
+    {"rapportoDialog",
      [] {
          if (rapportoDialog) DisposeDialog(rapportoDialog);
          rapportoDialog = nullptr;

@@ -6,7 +6,8 @@
 
 #include "files/Archivia.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "shell/Modi.h"
 

@@ -7,9 +7,12 @@
 #include "editing/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "platform/Quickdraw.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
@@ -414,15 +417,15 @@ std::string json() {
 }
 
 const VoceStato righe[] = {
-    {"PuntoCurva1", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva1>, json<PuntoCurva1>},
-    {"PuntoCurva2", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva2>, json<PuntoCurva2>},
-    {"PuntoCurva3", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva3>, json<PuntoCurva3>},
-    {"CentroCorrente", VoceStato::speciale, nullptr, 0, azzera<CentroCorrente>, json<CentroCorrente>},
-    {"RaggioCorrente", VoceStato::f64, &RaggioCorrente},
-    {"AngInizCorrente", VoceStato::f64, &AngInizCorrente},
-    {"AngInizio", VoceStato::i16, &AngInizio},
-    {"AmpiezzaAngCorrente", VoceStato::i16, &AmpiezzaAngCorrente},
-    {"percorsoMisurato", VoceStato::speciale, nullptr, 0, [] { percorsoMisurato = {}; }, nullptr},
+    {"PuntoCurva1", azzera<PuntoCurva1>, json<PuntoCurva1>},
+    {"PuntoCurva2", azzera<PuntoCurva2>, json<PuntoCurva2>},
+    {"PuntoCurva3", azzera<PuntoCurva3>, json<PuntoCurva3>},
+    {"CentroCorrente", azzera<CentroCorrente>, json<CentroCorrente>},
+    voce<RaggioCorrente>("RaggioCorrente"),
+    voce<AngInizCorrente>("AngInizCorrente"),
+    voce<AngInizio>("AngInizio"),
+    voce<AmpiezzaAngCorrente>("AmpiezzaAngCorrente"),
+    voce<percorsoMisurato>("percorsoMisurato"),
 };
 const TabellaStato tabella(righe);
 

@@ -7,7 +7,10 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
@@ -15,6 +18,8 @@
 #include "platform/Windows.h"
 
 namespace tessaro {
+
+constinit std::uint8_t debug = 0;
 
 namespace {
 
@@ -206,5 +211,12 @@ void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2) {
         std::swap(y1, y2);
     }
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<debug>("debug"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

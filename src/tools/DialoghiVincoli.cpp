@@ -3,7 +3,8 @@
 
 #include "dialogs/Parametri.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"

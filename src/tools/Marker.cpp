@@ -6,8 +6,10 @@
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
 

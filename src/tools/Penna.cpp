@@ -2,7 +2,7 @@
 #include "tools/Penna.h"
 
 #include "display/Disegno.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {

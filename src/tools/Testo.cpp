@@ -5,7 +5,10 @@
 #include "display/Testi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
 

@@ -11,6 +11,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "support/Attacco.h"
 #include "support/Foglio.h"

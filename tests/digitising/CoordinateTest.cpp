@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "digitising/Coordinate.h"
+#include "model/Unita.h"
 #include "support/Foglio.h"
 #include "text/Conversione.h"
 

@@ -11,6 +11,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
+#include "model/Cursore.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Immagini.h"

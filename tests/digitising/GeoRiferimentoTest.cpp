@@ -4,6 +4,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/Coordinate.h"
 #include "digitising/GeoRiferimento.h"
+#include "model/Unita.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;

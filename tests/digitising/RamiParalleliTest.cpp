@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "digitising/solutori.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

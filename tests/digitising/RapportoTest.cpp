@@ -10,6 +10,7 @@
 #include "digitising/Coordinate.h"
 #include "digitising/RapportoAttacchi.h"
 #include "digitising/RapportoTesti.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 

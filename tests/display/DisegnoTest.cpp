@@ -2,8 +2,14 @@
 #include <random>
 
 #include "display/Disegno.h"
+#include "model/Archivio.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/Vista.h"
 #include "Scena.h"
 
 using namespace tessaro;

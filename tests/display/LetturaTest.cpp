@@ -1,6 +1,11 @@
 // The coordinate line's text, and when it is worked out at all.
 #include "display/Lettura.h"
 
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "Scena.h"
 
 using namespace tessaro;

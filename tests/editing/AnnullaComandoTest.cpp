@@ -6,6 +6,7 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "tools/Costruzione.h"

@@ -4,6 +4,7 @@
 #include "../display/Scena.h"
 #include "display/Disegno.h"
 #include "model/Lucidi.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 
 using namespace tessaro;

@@ -7,6 +7,7 @@
 #include "model/Annulla.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 
 using namespace tessaro;
 using namespace prova;

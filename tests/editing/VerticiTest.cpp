@@ -6,6 +6,8 @@
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
+#include "model/Vista.h"
 #include "support/Ascolto.h"
 #include "text/Conversione.h"
 

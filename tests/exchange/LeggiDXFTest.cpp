@@ -6,6 +6,9 @@
 #include <filesystem>
 
 #include "digitising/Coordinate.h"
+#include "display/palette.h"
+#include "model/Carattere.h"
+#include "model/Unita.h"
 #include "support/Tasti.h"
 
 using namespace prova;

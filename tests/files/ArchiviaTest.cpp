@@ -8,6 +8,7 @@
 #include "files/Archivia.h"
 #include "files/Recupero.h"
 #include "model/Annulla.h"
+#include "model/Documento.h"
 #include "support/Ascolto.h"
 #include "support/Avvisi.h"
 

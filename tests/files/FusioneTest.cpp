@@ -11,6 +11,7 @@
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

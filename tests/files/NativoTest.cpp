@@ -6,11 +6,15 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/attaccoDinamico.h"
+#include "files/Blocchi.h"
 #include "model/Annulla.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

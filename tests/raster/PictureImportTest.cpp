@@ -13,9 +13,10 @@
 
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Lucidi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"

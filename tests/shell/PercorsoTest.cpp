@@ -3,6 +3,11 @@
 #include "../display/Scena.h"
 #include "digitising/Coordinate.h"
 #include "display/Disegno.h"
+#include "model/Cursore.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
+#include "model/Vista.h"
+#include "platform/Quickdraw.h"
 #include "shell/Calcolatrice.h"
 
 using namespace tessaro;

@@ -2,6 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "support/Ascolto.h"
 #include "support/Foglio.h"

@@ -3,6 +3,9 @@
 
 #include <cmath>
 
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "support/Ascolto.h"

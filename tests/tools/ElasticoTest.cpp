@@ -4,6 +4,9 @@
 #include <algorithm>
 
 #include "display/Disegno.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "platform/paint/RasterPort.h"
 #include "support/Foglio.h"

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "model/Colori.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"

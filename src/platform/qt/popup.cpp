@@ -9,7 +9,6 @@
 
 #include <algorithm>
 
-#include "model/Attributi.h"
 #include "model/Colori.h"
 #include "platform/Menus.h"
 #include "platform/qt/Interno.h"
