@@ -1,5 +1,5 @@
 // The chain between sheet and real coordinates, and the similarities behind it.
-#include "digitising/Coordinate.h"
+#include "registration/Coordinate.h"
 
 #include <cmath>
 

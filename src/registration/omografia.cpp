@@ -1,6 +1,6 @@
 // The homography of four pairs of points, as a linear system of eight equations.
-#include "digitising/gauss.h"
-#include "digitising/solutori.h"
+#include "registration/gauss.h"
+#include "registration/solutori.h"
 
 namespace tessaro {
 

@@ -6,11 +6,17 @@
 #include <string_view>
 #include <vector>
 
+#include "bitmap/Riduci.h"
 #include "platform/pict/Raster.h"
-#include "raster/Immagini.h"
-#include "raster/Riduci.h"
 
 namespace tessaro {
+
+// One decoded level: 2^k times smaller than the frame.
+struct Livello {
+    std::int32_t width = 0, height = 0;
+    std::vector<std::uint32_t> pixels;   // 0xFFRRGGBB
+};
+inline constexpr std::int64_t bilancioImmagini = 420LL << 20;   // bytes of decoded pixels
 
 // Packed pixels are read row by row out of the stored bytes and never unpacked as a whole. A coded image (JPEG) is
 // decoded small first; whole only when it is shown that large, and then the half-size copy is left out where both would

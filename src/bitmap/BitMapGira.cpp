@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "raster/BitMap.h"
+#include "bitmap/BitMap.h"
 
 namespace tessaro {
 

@@ -1,17 +1,17 @@
 // The live transformation: its destination points, the preparation of its mapping, the mapping, its marks.
-#include "digitising/attaccoDinamico.h"
+#include "registration/attaccoDinamico.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "digitising/PuntiSelezione.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

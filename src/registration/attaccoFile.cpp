@@ -1,6 +1,6 @@
 // The live transformation's block in the native file: 627 bytes. One walk over the fields serves writing and reading,
 // so the two cannot drift apart.
-#include "digitising/attaccoDinamico.h"
+#include "registration/attaccoDinamico.h"
 #include "text/FileDati.h"
 
 namespace tessaro {

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 
+#include "bitmap/Piramide.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -13,7 +14,6 @@
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Esegui.h"
 #include "platform/pict/Pict.h"
-#include "raster/Piramide.h"
 
 namespace tessaro {
 

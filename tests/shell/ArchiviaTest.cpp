@@ -5,9 +5,9 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-#include "files/Archivia.h"
-#include "files/Recupero.h"
 #include "model/Annulla.h"
+#include "shell/Archivia.h"
+#include "shell/Recupero.h"
 #include "support/Ascolto.h"
 #include "support/Avvisi.h"
 

@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "dialogs/Parametri.h"
-#include "digitising/solutori.h"
 #include "model/Elemento.h"
 #include "model/Registrazione.h"
+#include "registration/solutori.h"
 
 namespace tessaro {
 

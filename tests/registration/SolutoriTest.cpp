@@ -9,8 +9,8 @@
 #include <random>
 
 #include "digitising/Attacchi.h"
-#include "digitising/gauss.h"
-#include "digitising/solutori.h"
+#include "registration/gauss.h"
+#include "registration/solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

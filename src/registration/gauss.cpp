@@ -1,5 +1,5 @@
 // Elimination as it is done by hand, and its trace.
-#include "digitising/gauss.h"
+#include "registration/gauss.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 // The one-bit kernel against a slow reference that holds a bitmap as text, a character a pixel.
-#include "raster/BitMap.h"
+#include "bitmap/BitMap.h"
 
 #include <gtest/gtest.h>
 

@@ -9,13 +9,13 @@
 #include <set>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/solutori.h"
 #include "display/Disegno.h"
 #include "editing/Selezione.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/solutori.h"
 #include "support/Ascolto.h"
 #include "support/Foglio.h"
 

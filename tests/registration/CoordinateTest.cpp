@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "digitising/Coordinate.h"
+#include "registration/Coordinate.h"
 #include "support/Foglio.h"
 #include "text/Conversione.h"
 

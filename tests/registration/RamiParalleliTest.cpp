@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "digitising/solutori.h"
 #include "model/Attributi.h"
+#include "registration/solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

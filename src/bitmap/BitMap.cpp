@@ -1,5 +1,5 @@
 // One-bit bitmaps: their memory, single bits, logic between two, mirrors and fills.
-#include "raster/BitMap.h"
+#include "bitmap/BitMap.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,5 @@
 // The hatch of a polyline against a slow pixel-free reference: which pieces of which lines are drawn.
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,10 +4,10 @@
 #include <new>
 #include <string>
 
+#include "bitmap/BitMap.h"
 #include "platform/pict/Esegui.h"
 #include "platform/pict/Pict.h"
 #include "platform/pict/Scrittore.h"
-#include "raster/BitMap.h"
 
 namespace tessaro {
 

@@ -1,11 +1,10 @@
 // Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
-#include "files/Archivia.h"
+#include "shell/Archivia.h"
 
 #include <algorithm>
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
@@ -21,6 +20,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "raster/Immagini.h"
+#include "registration/Coordinate.h"
 #include "text/FileDati.h"
 
 namespace tessaro {

@@ -1,5 +1,5 @@
 // Decoding on demand and the halved copies.
-#include "raster/Piramide.h"
+#include "bitmap/Piramide.h"
 
 #include <algorithm>
 #include <new>

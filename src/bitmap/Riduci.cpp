@@ -1,5 +1,5 @@
 // Area means and nearest pixels, a row at a time.
-#include "raster/Riduci.h"
+#include "bitmap/Riduci.h"
 
 #include <algorithm>
 #include <cmath>

@@ -7,8 +7,6 @@
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
-#include "files/Archivia.h"
-#include "files/Recupero.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -21,6 +19,8 @@
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "shell/Archivia.h"
+#include "shell/Recupero.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

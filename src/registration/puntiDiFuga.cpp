@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
-#include "digitising/solutori.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "registration/solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -1,5 +1,5 @@
 // The hatch of a polyline: scan lines in a frame turned by the hatch's angle, paired by the even-odd rule.
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,15 +1,15 @@
 // The recovery copy lies among the settings, with the drawing's name in a file beside it.
-#include "files/Recupero.h"
+#include "shell/Recupero.h"
 
 #include <string>
 
-#include "files/Archivia.h"
 #include "files/Nativo.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"
+#include "shell/Archivia.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
