@@ -10,11 +10,9 @@
 #include <cstring>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "display/Pixel.h"
 #include "display/Testi.h"
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"
@@ -22,6 +20,8 @@
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
 #include "model/Strumento.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

@@ -1,7 +1,6 @@
 // The coordinate read-out: real position of the cursor, elevation, distance and angle from the last point.
 #include "display/Lettura.h"
 
-#include "digitising/Coordinate.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
@@ -10,6 +9,7 @@
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -1,7 +1,6 @@
 // The highlight of what is selected: grey xor, two pixels wide, so that a second call takes it off.
 #include <algorithm>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
@@ -10,6 +9,7 @@
 #include "model/Penna.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string>
 
-#include "digitising/attaccoDinamico.h"
+#include "bitmap/BitMap.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
@@ -14,7 +14,7 @@
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Unita.h"
-#include "raster/BitMap.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

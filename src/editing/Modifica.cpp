@@ -2,13 +2,13 @@
 #include "editing/Modifica.h"
 
 #include "dialogs/Parametri.h"
-#include "digitising/Coordinate.h"
 #include "editing/Domanda.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Unita.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/RiquadroTesto.h"
@@ -15,6 +14,7 @@
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

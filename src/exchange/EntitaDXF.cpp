@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/GruppiDXF.h"
 #include "exchange/Operazione.h"
@@ -17,6 +16,7 @@
 #include "model/Penna.h"
 #include "model/Unita.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

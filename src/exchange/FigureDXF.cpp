@@ -1,7 +1,6 @@
 // Entities that become many records: polylines, and the copies of blocks that INSERT makes.
 #include <limits>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "exchange/GruppiDXF.h"
@@ -9,6 +8,7 @@
 #include "model/Penna.h"
 #include "model/Unita.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

@@ -3,7 +3,6 @@
 #include <limits>
 #include <string_view>
 
-#include "digitising/Coordinate.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
 #include "exchange/RigheDxf.h"
@@ -13,6 +12,7 @@
 #include "model/Lucidi.h"
 #include "model/Unita.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

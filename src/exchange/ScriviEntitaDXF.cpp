@@ -3,13 +3,13 @@
 #include <span>
 #include <string>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/ScriviDXF.h"
 #include "exchange/TestoDxf.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Unita.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

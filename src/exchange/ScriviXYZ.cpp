@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "dialogs/Errori.h"
-#include "digitising/Coordinate.h"
 #include "exchange/ApriScrittura.h"
 #include "exchange/BufferRighe.h"
 #include "exchange/FormatoXYZ.h"
@@ -15,6 +14,7 @@
 #include "model/Cursore.h"
 #include "model/TabellaStato.h"
 #include "platform/Windows.h"
+#include "registration/Coordinate.h"
 #include "text/FileDati.h"
 
 namespace tessaro {

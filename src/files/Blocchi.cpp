@@ -5,7 +5,6 @@
 #include <span>
 #include <vector>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Zoom.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
@@ -16,6 +15,7 @@
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Files.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"

@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "files/Archivia.h"
 #include "model/Annulla.h"
 #include "model/Documento.h"
 #include "model/Strumento.h"
 #include "platform/Files.h"
+#include "shell/Archivia.h"
 #include "shell/Modi.h"
 
 namespace tessaro {

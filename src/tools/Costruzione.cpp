@@ -2,9 +2,8 @@
 // rubber band in xor stands for the figure in progress: whatever Elastico would draw now is what is out.
 #include "tools/Costruzione.h"
 
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -13,6 +12,7 @@
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"

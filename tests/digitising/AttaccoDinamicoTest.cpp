@@ -9,10 +9,10 @@
 #include <random>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "platform/Files.h"
+#include "registration/attaccoDinamico.h"
 #include "support/Attacco.h"
 #include "support/Foglio.h"
 #include "text/FileDati.h"

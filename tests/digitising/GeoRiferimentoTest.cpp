@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "digitising/GeoRiferimento.h"
 #include "model/Unita.h"
+#include "registration/Coordinate.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;

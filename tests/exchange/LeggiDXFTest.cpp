@@ -5,10 +5,10 @@
 #include <cstring>
 #include <filesystem>
 
-#include "digitising/Coordinate.h"
 #include "display/palette.h"
 #include "model/Carattere.h"
 #include "model/Unita.h"
+#include "registration/Coordinate.h"
 #include "support/Tasti.h"
 
 using namespace prova;

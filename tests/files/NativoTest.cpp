@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "files/Blocchi.h"
 #include "model/Annulla.h"
 #include "model/Carattere.h"
@@ -15,6 +14,7 @@
 #include "model/Penna.h"
 #include "model/Registrazione.h"
 #include "model/Unita.h"
+#include "registration/attaccoDinamico.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

@@ -1,13 +1,13 @@
 // The path that the calculator traces, on the screen.
 #include "model/Percorso.h"
 #include "../display/Scena.h"
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
 #include "model/Cursore.h"
 #include "model/Strumento.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 
 using namespace tessaro;
