@@ -136,12 +136,12 @@ enum : std::int16_t { assolute = 11, relative = 12 };
 
 // What an accepted dialog does with the point: OK begins a figure or goes on with it, item 9 ends it.
 void traccia(std::int16_t item) {
-    const bool inCorso = Azione == 1 || Azione == 5;
+    const bool inCorso = Azione == sPrimoPunto || Azione == sPercorso;
     if (inCorso && (item == ok || item == chiude)) {
         IntroDigitale = 1;
-        tabButton = item == ok ? 1 : 2;
+        tabButton = item == ok ? bContinua : bTermina;
         FineSegm();
-    } else if (item == ok && Azione == 0) {
+    } else if (item == ok && Azione == sFermo) {
         IntroDigitale = 1;
         InitSegm();
     }

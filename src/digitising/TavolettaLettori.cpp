@@ -15,6 +15,7 @@
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Dialogs.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -25,7 +26,6 @@ constinit std::int16_t lettoreVivo = 0;
 
 namespace {
 
-constexpr std::int16_t menuStrumenti = 6, voceLettura = 20;
 constexpr std::int16_t avvisoTavoletta = 9104;
 constexpr std::int16_t testi = 9160;                      // string list
 constexpr std::int16_t primoNome = 1, primoGuasto = 10;   // by Lettore, by GuastoSeriale
@@ -42,9 +42,9 @@ void racconta(std::int16_t testo) {
 void racconta(GuastoSeriale g) { racconta(static_cast<std::int16_t>(primoGuasto + static_cast<std::int16_t>(g))); }
 
 void mostraLettore() {
-    SetMenuItemText(menuStrumenti, voceLettura,
+    SetMenuItemText(menuStrumenti, voci::strumenti::lettura,
                     GetIndString(testi, static_cast<std::int16_t>(primoNome + lettoreVivo)));
-    CheckMenuItem(menuStrumenti, voceLettura, TabAbilit != 0);
+    CheckMenuItem(menuStrumenti, voci::strumenti::lettura, TabAbilit != 0);
 }
 
 bool apriLinea() {
@@ -82,7 +82,7 @@ void SpegniTavoletta() {
     PenListen(nullptr);
     lettoreVivo = 0;
     TabAbilit = 0;
-    tabButton = 0;
+    tabButton = bNessuno;
     frazioneXt = frazioneYt = 0;
     Parita = StopBit = 0;
     mostraLettore();
@@ -146,7 +146,7 @@ void PennaTavoletta(double h, double v, std::int16_t bottone) {
 
 bool PennaDigita(double h, double v) {
     const Point p{static_cast<std::int32_t>(std::floor(v)), static_cast<std::int32_t>(std::floor(h))};
-    return TabAbilit && !noWindow && Modalita == 1 && PtInRect(p, myViewRect);
+    return TabAbilit && !noWindow && Modalita == mDigitazione && PtInRect(p, myViewRect);
 }
 
 namespace {

@@ -73,7 +73,7 @@ void Dis_Cursor2(const double& x, const double& y) { croce(x, y, 4, 1); }
 void Dis_CursSel(const double& x, const double& y) { croce(x, y, 8, 2); }
 
 void Croce() {
-    if (Modalita == 2 && Sposta2ndClick) {
+    if (Modalita == mSpostamento && Sposta2ndClick) {
         Dis_Cursor2(xcurs, ycurs);
     } else {
         dis_cursor(xcurs, ycurs);
@@ -81,16 +81,16 @@ void Croce() {
 }
 
 void Elastico() {
-    if (Azione == 0) return;
-    const bool curva = Azione != 5 && (operazCorrente == 5 || operazCorrente == 6);
+    if (Azione == sFermo) return;
+    const bool curva = Azione != sPercorso && (operazCorrente == opCerchio || operazCorrente == opArco);
     const Stato stato;
     const std::int16_t spessPrima = spess;
     spess = static_cast<std::int16_t>(spessore / 2);
     pennaXor(spessore);
     PenPat(PatAttuale);
-    if (!curva || (Azione == 1 && CurvePerPunti)) {
+    if (!curva || (Azione == sPrimoPunto && CurvePerPunti)) {
         fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
-    } else if (Azione == 8 && operazCorrente == 6) {
+    } else if (Azione == sTerzoPunto && operazCorrente == opArco) {
         fai(tArco, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
     } else {
         fai(tCerchio, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, 0, 0);

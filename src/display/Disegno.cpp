@@ -251,8 +251,7 @@ void pennaNera(std::int16_t mode) {
 
 // The sides that the calculator's path has so far: no record holds them, and a repaint would lose them.
 void percorsoMisurato() {
-    constexpr std::int32_t inPercorso = 5;
-    if (!CalcWindow || Azione != inPercorso) return;
+    if (!CalcWindow || Azione != sPercorso) return;
     pennaNera(patCopy);
     ColoreDaTabella(colorCorrente);
     PenPat(PatternVista(PatCorrente));

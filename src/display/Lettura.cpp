@@ -50,7 +50,7 @@ void RidisegnaLettura() {
 }
 
 void SetDrawCoordCorr() {
-    if (noWindow || (!TabAbilit && Modalita == 0 && !scriviSempreCoord)) return;
+    if (noWindow || (!TabAbilit && Modalita == mSelezione && !scriviSempreCoord)) return;
     double X = 0, Y = 0, d = 0, a = 0;
     const double Z = ZetaCorrente;
     DigiToReal(xcurs, ycurs, X, Y);

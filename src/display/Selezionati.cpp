@@ -103,7 +103,7 @@ void DisegnaSelezione() {
                && OggettoDi(Elem(Puntosel.indice).tipo) == Puntosel.oggetto) {
         evidenzia(Puntosel.indice, Puntosel.oggetto);
     }
-    if (Modalita == 2) spostamentoInCorso();
+    if (Modalita == mSpostamento) spostamentoInCorso();
     spess = spessPrima;
 }
 

@@ -17,6 +17,7 @@
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Menus.h"
 
@@ -30,7 +31,6 @@ constinit std::int16_t hToolbar = 32;
 
 namespace {
 
-constexpr std::int16_t menuZoom = 22;
 constexpr std::int32_t barra = 15;       // pixels that a scroll bar takes off the view
 constexpr std::int32_t striscia = 32;    // width of the palette
 constexpr std::int32_t margine = 7;      // pixels round the drawing after ZoomRilievo
@@ -141,7 +141,7 @@ void CambiaScala(double nuova) {
 void FaiZoom(std::int16_t kind) {
     if (AvvioInForza().script) Delay(30);   // the pause after a menu choice: only a script's clock keeps it
     if (kind < 1 || kind > 10 || noWindow || !theWindow) return;
-    for (std::int16_t i = 1; i <= 8; ++i) CheckMenuItem(menuZoom, i, i == kind);
+    for (std::int16_t i = voci::zoom::foglio; i <= voci::zoom::riduci; ++i) CheckMenuItem(menuZoom, i, i == kind);
     scalaPerTipo(kind);
     allinea();
     ridisegnaVista();

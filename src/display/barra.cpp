@@ -10,6 +10,7 @@
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -35,36 +36,36 @@ struct Bottone {
     bool spazioDietro = false;   // a rule stands behind it
 };
 constexpr std::array<Bottone, numBottoni> tabella{{
-    {{2, 1}},   // new
-    {{2, 2}},
-    {{2, 4}, mai, true},
-    {{3, 3}},   // cut
-    {{3, 4}},
-    {{3, 5}},
-    {{2, 14}, mai, true},   // print
-    {{22, 10}},             // zooms
-    {{22, 1}},
-    {{22, 2}},
-    {{22, 8}},
-    {{22, 7}},
-    {{22, 9}},
-    {{6, 12}},         // move the sheet: ends in the georeferencing dialog
-    {{}, mai, true},   // redraw
-    {{3, 18}, mai, true},
-    {{112, 1}, [] { return statoCursore.attaccoPunto != 0; }},
-    {{112, 2}, [] { return statoCursore.attaccoPunto != 0 && statoCursore.attaccoZ != 0; }},
-    {{112, 3}, [] { return statoCursore.parallelo != 0; }},
-    {{112, 4}, [] { return statoCursore.perpendicolare != 0; }},
-    {{112, 5}, [] { return statoCursore.bloccaY != 0; }},
-    {{112, 6}, [] { return statoCursore.bloccaX != 0; }},
-    {{112, 7}, [] { return griglia.attiva != 0; }, true},
+    {{menuArchivio, voci::archivio::nuovo}},   // new
+    {{menuArchivio, voci::archivio::apri}},
+    {{menuArchivio, voci::archivio::salva}, mai, true},
+    {{menuModifica, voci::modifica::taglia}},   // cut
+    {{menuModifica, voci::modifica::copia}},
+    {{menuModifica, voci::modifica::incolla}},
+    {{menuArchivio, voci::archivio::stampa}, mai, true},   // print
+    {{menuZoom, voci::zoom::rilievo}},                     // zooms
+    {{menuZoom, voci::zoom::foglio}},
+    {{menuZoom, voci::zoom::reale}},
+    {{menuZoom, voci::zoom::riduci}},
+    {{menuZoom, voci::zoom::ingrandisci}},
+    {{menuZoom, voci::zoom::rettangolo}},
+    {{menuStrumenti, voci::strumenti::georeferenzia}},   // move the sheet: ends in the georeferencing dialog
+    {{}, mai, true},                                     // redraw
+    {{menuModifica, voci::modifica::immagineDaSelezione}, mai, true},
+    {{menuVincoli, voci::vincoli::punto}, [] { return statoCursore.attaccoPunto != 0; }},
+    {{menuVincoli, voci::vincoli::quota}, [] { return statoCursore.attaccoPunto != 0 && statoCursore.attaccoZ != 0; }},
+    {{menuVincoli, voci::vincoli::parallelo}, [] { return statoCursore.parallelo != 0; }},
+    {{menuVincoli, voci::vincoli::perpendicolare}, [] { return statoCursore.perpendicolare != 0; }},
+    {{menuVincoli, voci::vincoli::orizzontale}, [] { return statoCursore.bloccaY != 0; }},
+    {{menuVincoli, voci::vincoli::verticale}, [] { return statoCursore.bloccaX != 0; }},
+    {{menuVincoli, voci::vincoli::griglia}, [] { return griglia.attiva != 0; }, true},
     {{}},   // values: colour, thickness, pen pattern, area pattern
     {{}},
     {{}},
     {{}, mai, true},
-    {{}},        // help
-    {{4, 20}},   // typed points
-    {{4, 20}},
+    {{}},                                      // help
+    {{menuDisegna, voci::disegna::vertice}},   // typed points
+    {{menuDisegna, voci::disegna::vertice}},
 }};
 
 constinit bool guidaPresente = false;   // found when the controls are made
@@ -74,7 +75,9 @@ bool usabile(std::size_t i) {
     const ComandoMenu& c = tabella[i].comando;
     switch (i) {
     case nuovo: return noWindow && IsMenuItemEnabled(c.menu, c.voce);
-    case taglia: return IsMenuItemEnabled(3, 4) && IsMenuItemEnabled(3, 6);   // a copy, then a clearing
+    case taglia:
+        return IsMenuItemEnabled(menuModifica, voci::modifica::copia)
+               && IsMenuItemEnabled(menuModifica, voci::modifica::cancella);   // a copy, then a clearing
     case foglio: return MenuItemBuilt(c.menu, c.voce);
     case aiuto: return guidaPresente;
     default: return c.menu == 0 || IsMenuItemEnabled(c.menu, c.voce);

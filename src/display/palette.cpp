@@ -40,17 +40,17 @@ struct Cella {
 constexpr bool mai() { return false; }
 // From the top down, 32 pixels each.
 constexpr std::array celle{
-    Cella{13, false, [] { return Modalita == 0; }},
-    Cella{14, false, [] { return Modalita == 1; }},
-    Cella{15, false, [] { return Modalita == 2; }},
+    Cella{13, false, [] { return Modalita == mSelezione; }},
+    Cella{14, false, [] { return Modalita == mDigitazione; }},
+    Cella{15, false, [] { return Modalita == mSpostamento; }},
     Cella{16, false, mai},
-    Cella{17, false, [] { return conStrumento(0); }},
-    Cella{18, false, [] { return conStrumento(1); }},
-    Cella{19, true, [] { return conStrumento(5); }},
-    Cella{20, true, [] { return conStrumento(6); }},
-    Cella{21, false, [] { return conStrumento(2); }},
-    Cella{22, false, [] { return conStrumento(3); }},
-    Cella{23, false, [] { return conStrumento(4); }},
+    Cella{17, false, [] { return conStrumento(opSegmento); }},
+    Cella{18, false, [] { return conStrumento(opPolilinea); }},
+    Cella{19, true, [] { return conStrumento(opCerchio); }},
+    Cella{20, true, [] { return conStrumento(opArco); }},
+    Cella{21, false, [] { return conStrumento(opTesto); }},
+    Cella{22, false, [] { return conStrumento(opMarker); }},
+    Cella{23, false, [] { return conStrumento(opCalcolatrice); }},
     Cella{24, false, mai},
     Cella{25, false, mai},
 };

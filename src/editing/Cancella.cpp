@@ -117,7 +117,7 @@ void rilasciaImmagini(const Tratti& tratti) {
 
 void ConcludiFigura() {
     if (!ContinuaPoligono) return;
-    tabButton = 0;
+    tabButton = bNessuno;
     FineSegm();
 }
 

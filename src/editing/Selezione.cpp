@@ -121,8 +121,8 @@ void apriTesto() {
 }
 
 void passaASpostare() {
-    if (Modalita != 2 && Puntosel.multipla) DisegnaRettSel();
-    Modalita = 2;
+    if (Modalita != mSpostamento && Puntosel.multipla) DisegnaRettSel();
+    Modalita = mSpostamento;
     DrawPallette();
 }
 

@@ -5,6 +5,7 @@
 
 #include "files/Impostazioni.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Quickdraw.h"
@@ -20,8 +21,6 @@ namespace {
 constexpr const char* nomeFile = "FormParD";
 constexpr std::int16_t dialogoFormato = 2027, avvisoDoppia = 3013;
 constexpr std::int16_t primaColonna = 7, ultimaColonna = 10;   // pop-ups
-constexpr std::int16_t menuColonne = 29;
-constexpr std::int16_t menuImporta = 60, importaXYZ = 3, menuEsporta = 40, esportaXYZ = 5;
 constexpr std::array<std::int16_t, 4> colonnePredefinite{colonnaX, colonnaY, colonnaZ, colonnaNessuna};
 
 bool eColonna(std::int16_t item) { return item >= primaColonna && item <= ultimaColonna; }
@@ -51,8 +50,8 @@ bool leggiFile() {
 // A list without a column can be neither read nor written. The export's menu is off as a whole without a drawing.
 void abilitaVoci() {
     const auto poni = ColonneXYZ() > 0 ? EnableMenuItem : DisableMenuItem;
-    poni(menuImporta, importaXYZ);
-    poni(menuEsporta, esportaXYZ);
+    poni(menuImporta, voci::importa::xyz);
+    poni(menuEsporta, voci::esporta::xyz);
     DrawMenuBar();
 }
 

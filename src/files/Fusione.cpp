@@ -2,6 +2,7 @@
 #include "files/Fusione.h"
 
 #include "digitising/Attacchi.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
@@ -15,8 +16,10 @@ namespace {
 
 bool tuttiZero(double a, double b, double c, double d) { return a == 0 && b == 0 && c == 0 && d == 0; }
 
-bool perPuntiReali(std::int16_t item) { return item == 53 || item == 32; }
-bool perQuattroPunti(std::int16_t item) { return item == 52 || item == 33 || item == 34; }
+bool perPuntiReali(std::int16_t item) { return item == rUnisciReali || item == rUnisciDato; }
+bool perQuattroPunti(std::int16_t item) {
+    return item == rUnisciQuattro || item == rUnisciDatoCmd || item == rUnisciDatoOpz;
+}
 
 void costruisciAttacco(const elemento& i1) {
     CalcTransfFogli(TransfAttacco, {i1.att1.x1, i1.att1.y1}, {i1.att1.x2, i1.att1.y2}, {XA1, YA1}, {XA2, YA2});
@@ -63,7 +66,7 @@ Fusione rifiuta() {
 
 Fusione ScegliFusione(std::int16_t item, const elemento& i1, const elemento& i2) {
     const bool conPunti = !tuttiZero(i1.att1.x1, i1.att1.y1, i1.att1.x2, i1.att1.y2) && !tuttiZero(XA1, YA1, XA2, YA2);
-    if (item == 51 && conPunti) {
+    if (item == rUnisciPunti && conPunti) {
         costruisciAttacco(i1);
         return Fusione::attacco;
     }

@@ -8,6 +8,7 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -21,7 +22,7 @@ void (*ripetiSpostamento)() = nullptr;
 
 namespace {
 
-constexpr std::int16_t menuModifica = 3, listaAnnulla = 128;
+constexpr std::int16_t listaAnnulla = 128;
 constexpr std::int16_t stringaDelTipo[] = {6, 1, 2, 3, 4, 5, 7, 4, 9, 10, 11};
 constexpr std::int16_t stringaRipristina = 8;   // redo of a deletion
 
@@ -35,7 +36,9 @@ void rilasciaParcheggiati() {
 
 }   // namespace
 
-void TestoAnnulla(std::int16_t stringa) { SetMenuItemText(menuModifica, 1, GetIndString(listaAnnulla, stringa)); }
+void TestoAnnulla(std::int16_t stringa) {
+    SetMenuItemText(menuModifica, voci::modifica::annulla, GetIndString(listaAnnulla, stringa));
+}
 
 void PoniAnnulla(std::int32_t kind) {
     if (annullamento == aCancella) rilasciaParcheggiati();

@@ -6,6 +6,7 @@
 
 #include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -16,7 +17,7 @@ constinit std::int16_t coloriPresenti = 7;
 
 namespace {
 
-constexpr std::int16_t menuNomi = 23, listaTesti = 129, primoNome = 13;
+constexpr std::int16_t listaTesti = 129, primoNome = 13;
 constexpr RGBColor fissi[] = {
     {0, 0, 0},
     {65535, 7033, 4531},
@@ -80,7 +81,7 @@ void ColoriPredefiniti() {
 }
 
 // The second menu shows the items of the first.
-void RifaiMenuColori() { rifai(menuNomi); }
+void RifaiMenuColori() { rifai(menuNomiColori); }
 
 namespace {
 const VoceStato righe[] = {

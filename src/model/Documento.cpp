@@ -12,7 +12,7 @@ constinit WindowPtr theWindow = nullptr;
 PStr255 NomeD("");
 PStr255 NomeLavoro("");
 FSSpec myFSS;
-constinit std::int16_t theItem = 0;
+constinit std::int16_t theItem{};
 constinit double Xmin = 0;
 constinit double Ymin = 0;
 constinit double Xmax = 300;

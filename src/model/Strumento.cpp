@@ -5,10 +5,10 @@
 
 namespace tessaro {
 
-constinit std::int32_t Modalita = 0;
-constinit std::int32_t operazCorrente = 0;
-constinit std::int32_t Azione = 0;
-constinit std::int16_t tabButton = 0;
+constinit std::int32_t Modalita = mSelezione;
+constinit std::int32_t operazCorrente = opSegmento;
+constinit std::int32_t Azione = sFermo;
+constinit std::int16_t tabButton = bNessuno;
 constinit std::uint8_t CurvePerPunti = 0;
 constinit std::uint8_t ContinuaPoligono = 0;
 constinit std::uint8_t IntroDigitale = 0;

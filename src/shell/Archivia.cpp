@@ -11,12 +11,14 @@
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -33,27 +35,6 @@ namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
 constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
-constexpr std::int16_t menuArchivio = 2;
-
-// Requests by their numbers.
-enum : std::int16_t {
-    rApri = 2,
-    rSalva = 4,
-    rSalvaCome = 5,
-    rChiudi = 20,
-    rApriDato = 31,   // myFSS is set: the desktop, or a drop
-    rUnisciDato = 32,
-    rUnisciDatoCmd = 33,
-    rUnisciDatoOpz = 34,
-    rEsporta = 41,
-    rUnisciPunti = 51,
-    rUnisciQuattro = 52,
-    rUnisciReali = 53,
-    rImmagine = 61,
-    rDxf = 62,
-    rXYZ = 63,
-    rCXF = 64,
-};
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
 enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
@@ -72,7 +53,7 @@ constexpr Richiesta richieste[] = {
     {rApri, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", true},
     {rSalva, Scelta::salva, Opera::scrivi, 9, 0, "", true},
     {rSalvaCome, Scelta::salvaCome, Opera::scrivi, 7, 0, "", true},
-    {rChiudi, Scelta::nessuna, Opera::niente, 0, 0, "", false},
+    {rNessunFile, Scelta::nessuna, Opera::niente, 0, 0, "", false},
     {rApriDato, Scelta::dato, Opera::leggi, 0, 0, "", true},
     {rUnisciDato, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
@@ -207,7 +188,8 @@ void concludi() {
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
-    for (std::int16_t voce = 3; voce <= 5; ++voce) EnableMenuItem(menuArchivio, voce);
+    for (const std::int16_t voce : {voci::archivio::chiudi, voci::archivio::salva, voci::archivio::salvaCome})
+        EnableMenuItem(menuArchivio, voce);
     InvalFinestra();
 }
 

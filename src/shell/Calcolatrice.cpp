@@ -14,6 +14,7 @@
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
@@ -31,10 +32,10 @@ constinit std::uint8_t ModifCalc = 0;
 
 namespace {
 
-constexpr std::int16_t dialogoCalcolatrice = 134, menuStrumenti = 6, voceCalcolatrice = 1;
+constexpr std::int16_t dialogoCalcolatrice = 134;
 constexpr std::int16_t nomi = 131;   // string list: what stands in the display
 constexpr std::int16_t decimali = 3;
-constexpr std::int32_t strumentoCalcolatrice = 4, nessunaOperazione = 4;
+constexpr std::int32_t nessunaOperazione = 4;
 enum : std::int16_t {   // items
     vChiudi = 0,
     vDisplay = 1,
@@ -158,7 +159,7 @@ void apri() {
     calcDialog = GetNewDialog(dialogoCalcolatrice);
     if (!calcDialog) {
         CalcWindow = 0;
-        operazCorrente = 0;
+        operazCorrente = opSegmento;
         return;
     }
     ModifCalc = 0;
@@ -166,7 +167,7 @@ void apri() {
     MettiDisplay(RisCalc.valore, vDisplay);
     MettiDisplay(RisCalc.fattore, vFattore);
     SelectDialogItemText(calcDialog, vDisplay, 0, 255);
-    CheckMenuItem(menuStrumenti, voceCalcolatrice, true);
+    CheckMenuItem(menuStrumenti, voci::strumenti::calcolatrice, true);
 }
 
 void ridisegna() {
@@ -194,7 +195,7 @@ void ponidisp(const double& value, std::string_view label) {
 }
 
 void ApriCalcolatrice() {
-    operazCorrente = strumentoCalcolatrice;
+    operazCorrente = opCalcolatrice;
     if (CalcWindow) {
         SelectDialogWindow(calcDialog);
     } else {
@@ -208,19 +209,19 @@ void ChiudiCalcolatrice() {
     CalcWindow = 0;
     if (calcDialog) DisposeDialog(calcDialog);
     calcDialog = nullptr;
-    CheckMenuItem(menuStrumenti, voceCalcolatrice, false);
+    CheckMenuItem(menuStrumenti, voci::strumenti::calcolatrice, false);
     if (RisCalc.numPunti > 1 && !noWindow) InvalFinestra();   // the traced path is no part of the drawing
 }
 
 void LasciaCalcolatrice() {
-    if (operazCorrente == strumentoCalcolatrice) ChiudiCalcolatrice();
+    if (operazCorrente == opCalcolatrice) ChiudiCalcolatrice();
 }
 
 void ChiusaCalcolatrice() {
     ChiudiCalcolatrice();
-    tabButton = 0;   // the path ends where it is, with no further point
+    tabButton = bNessuno;   // the path ends where it is, with no further point
     if (!noWindow) FineSegm();
-    operazCorrente = 0;
+    operazCorrente = opSegmento;
     DrawPallette();
 }
 
@@ -240,7 +241,7 @@ void DealwithDialogs(const EventRecord& event) {
 
 void IndietroPercorso() {
     if (noWindow || RisCalc.numPunti <= 1) return;
-    Azione = 5;
+    Azione = sPercorso;
     --RisCalc.numPunti;
     const auto n = static_cast<std::size_t>(RisCalc.numPunti);
     // Kept: the plain scale, also when the sheet is attached; the band itself goes by the registration.

@@ -31,23 +31,23 @@ constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;
 bool opzione = false;   // Option held at the click
 
 void lasciaSpostamento() {
-    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
+    if (Modalita == mSpostamento && Puntosel.multipla) DisegnaRettSel();
     Sposta2ndClick = 0;
 }
 
 void freccia() {
     lasciaSpostamento();
-    Modalita = 0;
+    Modalita = mSelezione;
 }
 
 void digita() {
     lasciaSpostamento();
-    Modalita = 1;
+    Modalita = mDigitazione;
 }
 
 void muovi() {
     if (Puntosel.attiva) {
-        Modalita = 2;
+        Modalita = mSpostamento;
     } else {
         SysBeep(30);
     }
@@ -60,29 +60,29 @@ void cambiaFoglio(std::int16_t passo) {
 
 void strumento(std::int32_t operazione) {
     lasciaSpostamento();
-    Modalita = 1;
+    Modalita = mDigitazione;
     operazCorrente = operazione;
 }
 
 void segmento() {
     LasciaCalcolatrice();
     FineSegm();
-    strumento(0);
+    strumento(opSegmento);
 }
 void polilinea() {
     LasciaCalcolatrice();
-    strumento(1);
+    strumento(opPolilinea);
 }
 
 void curva(std::int32_t operazione) {
     if (opzione) {
         CurvePerPunti = CurvePerPunti ? 0 : 1;
-        ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
+        SpuntaCurve();
     }
     strumento(operazione);
 }
-void cerchio() { curva(5); }
-void arco() { curva(6); }
+void cerchio() { curva(opCerchio); }
+void arco() { curva(opArco); }
 
 void testo() {
     if (Puntosel.attiva) {
@@ -91,17 +91,17 @@ void testo() {
     }
     LasciaCalcolatrice();
     FineSegm();
-    strumento(2);
+    strumento(opTesto);
 }
 void marker() {
     LasciaCalcolatrice();
     FineSegm();
-    strumento(3);
+    strumento(opMarker);
 }
 // A point by typing, for the tools that take points.
 void puntoDigitato() {
-    const bool conPunti =
-        operazCorrente == 0 || operazCorrente == 1 || operazCorrente == 3 || operazCorrente == 5 || operazCorrente == 6;
+    const bool conPunti = operazCorrente == opSegmento || operazCorrente == opPolilinea || operazCorrente == opMarker
+                          || operazCorrente == opCerchio || operazCorrente == opArco;
     if (!conPunti) return;
     if (opzione) {
         IngressoPolare();
@@ -112,12 +112,12 @@ void puntoDigitato() {
 
 // The coordinate line flashes, then asks: while moving for the deltas, else for a point.
 void clicRigaCoordinate() {
-    if (Modalita != 1 && Modalita != 2) return;
+    if (Modalita != mDigitazione && Modalita != mSpostamento) return;
     const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
     InvertRect(riga);
     Delay(static_cast<std::int32_t>(GetDblTime() / 3));
     InvertRect(riga);
-    if (Modalita == 2) {
+    if (Modalita == mSpostamento) {
         Sposta();
         InvalFinestra();
     } else {

@@ -96,19 +96,19 @@ constexpr Point daNessunaParte{-1, -1};
 constinit Point seguito = daNessunaParte;   // where the pointer was followed to
 
 void seguiPuntatore() {
-    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+    if (Modalita != mSelezione) CheckMouse((KeyModifiers() & shiftKey) != 0);
 }
 
 // A pointer at rest leaves the cursor where the tablet has put it; the button of a sample is over with the next round, so
 // that it holds back no click of the mouse.
 void riposo(bool campione) {
-    if (!campione && Modalita != 0 && Modalita != 2) tabButton = 0;
+    if (!campione && Modalita != mSelezione && Modalita != mSpostamento) tabButton = bNessuno;
 }
 
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
-        if (TabAbilit && tabButton == 1) break;
+        if (TabAbilit && tabButton == bContinua) break;
         if (TabAbilit) seguiPuntatore();   // the tablet may have taken the cursor elsewhere
         DoMouseAction(e);
         break;

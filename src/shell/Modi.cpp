@@ -23,6 +23,7 @@
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
@@ -38,7 +39,6 @@ constinit std::int16_t attaccoCursor = 0;
 namespace {
 
 constinit Point LastPoint{};   // where the last click was, window-local; EventPoint is this one's
-constexpr std::int16_t menuScorciatoie = 110;
 
 // --- mode 0: clicks select and edit
 
@@ -55,13 +55,14 @@ void clickScegliendo(const EventRecord& e, puntot& point) {
 // --- mode 1: clicks make elements
 
 void popupDisegno() {
-    CheckMenuItem(menuScorciatoie, 13, attaccoAttivo.GetModificato() != 0);
+    using namespace voci::scorciatoie;
+    CheckMenuItem(menuScorciatoie, dinamicaAttiva, attaccoAttivo.GetModificato() != 0);
     const std::int16_t item = PopUpMenuSelect(menuScorciatoie, EventPoint, 1);
-    if (item >= 1 && item <= 4) {
-        Attacco(item);
-    } else if (item >= 6 && item <= 9) {
-        AttaccoDin(static_cast<std::int16_t>(item - 5));
-    } else if (item == 11) {
+    if (item >= primoOrigine && item <= ultimoOrigine) {
+        Attacco(static_cast<std::int16_t>(item - primoOrigine + 1));
+    } else if (item >= primoDestinazione && item <= ultimoDestinazione) {
+        AttaccoDin(static_cast<std::int16_t>(item - primoDestinazione + 1));
+    } else if (item == cambiaDinamica) {
         // Kept: the switch is item 11 and its tick stands on item 13.
         attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
         InvalWind();
@@ -75,17 +76,17 @@ bool doppioClick(const EventRecord& e) {
 
 void clickLinea(const EventRecord& e) {
     if (doppioClick(e)) {
-        tabButton = 0;
-        if (Azione == 1 || Azione == 5) FineSegm();
+        tabButton = bNessuno;
+        if (Azione == sPrimoPunto || Azione == sPercorso) FineSegm();
     } else {
-        tabButton = 1;
+        tabButton = bContinua;
         PuntoDiLinea();
     }
     Tempo = e.when;
 }
 
 void clickCurva(const EventRecord& e) {
-    tabButton = 1;
+    tabButton = bContinua;
     PuntoDiCurva();
     Tempo = e.when;
 }
@@ -96,19 +97,19 @@ void clickDigitando(const EventRecord& e) {
         return;
     }
     switch (operazCorrente) {
-    case 0:
-    case 1:
-    case 4: clickLinea(e); break;
-    case 2:
-        tabButton = 0;
+    case opSegmento:
+    case opPolilinea:
+    case opCalcolatrice: clickLinea(e); break;
+    case opTesto:
+        tabButton = bNessuno;
         PoniTesti(0);
         break;
-    case 3:
-        tabButton = 3;
+    case opMarker:
+        tabButton = bMarker;
         FaiMarker();
         break;
-    case 5:
-    case 6: clickCurva(e); break;
+    case opCerchio:
+    case opArco: clickCurva(e); break;
     default: break;
     }
 }
@@ -168,7 +169,7 @@ void clickPostoReale() {
 // --- mode 6: one click records a control point
 
 void clickAttacco() {
-    const std::int32_t n = operazCorrente - 7;
+    const std::int32_t n = operazCorrente - opOrigine1;
     if (n >= 0 && n <= 4) {
         Attacco(static_cast<std::int16_t>(n + 1));
     } else if (n >= 5 && n <= 9) {
@@ -180,10 +181,10 @@ void clickAttacco() {
 
 std::int16_t cursoreDelModo() {
     switch (Modalita) {
-    case 1: return DigitaCursor;
-    case 2: return Sposta2ndClick ? Sposta2Cursor : Sposta1Cursor;
-    case 5: return SpFoglioCursor;
-    case 6: return attaccoCursor;
+    case mDigitazione: return DigitaCursor;
+    case mSpostamento: return Sposta2ndClick ? Sposta2Cursor : Sposta1Cursor;
+    case mFoglio: return SpFoglioCursor;
+    case mAttacco: return attaccoCursor;
     default: return arrowCursor;
     }
 }
@@ -205,11 +206,11 @@ void CercaSelezione(EventRecord& e, puntot& point) {
         return;
     }
     switch (Modalita) {
-    case 0: clickScegliendo(e, point); break;
-    case 1: clickDigitando(e); break;
-    case 2: clickSpostando(); break;
-    case 5: clickPostoReale(); break;
-    case 6: clickAttacco(); break;
+    case mSelezione: clickScegliendo(e, point); break;
+    case mDigitazione: clickDigitando(e); break;
+    case mSpostamento: clickSpostando(); break;
+    case mFoglio: clickPostoReale(); break;
+    case mAttacco: clickAttacco(); break;
     default: break;
     }
 }
@@ -232,7 +233,7 @@ void MyControls() {
 }
 
 void CheckMouse(bool shift) {
-    if (noWindow || Modalita == 0) return;
+    if (noWindow || Modalita == mSelezione) return;
     const Point p = GetMouse();
     if (!PtInRect(p, myViewRect)) {
         SetCursor(arrowCursor);
@@ -244,24 +245,24 @@ void CheckMouse(bool shift) {
     if (griglia.attiva) AttaccaGriglia(reale.x, reale.y);
     double x = statoCursore.bloccaX ? xcurs : reale.x;
     double y = statoCursore.bloccaY ? ycurs : reale.y;
-    if ((Modalita == 1 || Modalita == 6) && shift) {
+    if ((Modalita == mDigitazione || Modalita == mAttacco) && shift) {
         // Overrides the locked axes: the candidate is the free position held to the nearer axis.
         x = reale.x;
         y = reale.y;
         bloccaSuAsse(x, y);
     }
     if (x == xcurs && y == ycurs) {
-        if (Modalita != 2) tabButton = 0;
+        if (Modalita != mSpostamento) tabButton = bNessuno;
         SetDrawCoordCorr();
         return;
     }
     Croce();
     xcurs = x;
     ycurs = y;
-    if (Modalita == 1) MuoviElastico();
-    if (Modalita == 2 && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
+    if (Modalita == mDigitazione) MuoviElastico();
+    if (Modalita == mSpostamento && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
     Croce();
-    if (Modalita != 2) tabButton = 0;
+    if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;
     SetDrawCoordCorr();
 }

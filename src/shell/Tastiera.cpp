@@ -14,6 +14,7 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Windows.h"
 #include "shell/Comandi.h"
 #include "tools/CursoreVincolato.h"
@@ -57,9 +58,9 @@ void vincolo() {
 
 // Between selecting and digitising; any other mode goes to digitising.
 void cambiaModo() {
-    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
-    Modalita = Modalita == 1 ? 0 : 1;
-    if (Modalita != 1) SetCursor(arrowCursor);
+    if (Modalita == mSpostamento && Puntosel.multipla) DisegnaRettSel();
+    Modalita = Modalita == mDigitazione ? mSelezione : mDigitazione;
+    if (Modalita != mDigitazione) SetCursor(arrowCursor);
     DrawPallette();
 }
 
@@ -79,8 +80,8 @@ constexpr VoceTasto tasti[] = {
     {indietro, CancellaSelezione},
     {' ', riferimento},
     {'*', marker<1>},
-    {'+', zoom<7>},
-    {'-', zoom<8>},
+    {'+', zoom<voci::zoom::ingrandisci>},
+    {'-', zoom<voci::zoom::riduci>},
     {'0', marker<5>},
     {'=', vincolo<MettiParallelo>},
     {'c', penna<23>},
@@ -109,7 +110,7 @@ void Tasto(std::uint8_t c) {
     if (c >= '1' && c <= '9') {
         spessore = static_cast<std::int16_t>(c - '0');
         spess = static_cast<std::int16_t>(spessore / 2);
-        ChkOnOffItem(24, spessore, 1, 9);
+        ChkOnOffItem(menuSpessore, spessore, 1, 9);
         DrawPallette();
         return;
     }

@@ -26,7 +26,7 @@ bool eDisegno(const FSSpec& file, OSType tipo) {
 }
 
 void leggiImmagine(const FSSpec& file) {
-    if (Modalita != 0) CheckMouse(false);
+    if (Modalita != mSelezione) CheckMouse(false);
     LeggiDropPict(file);
 }
 

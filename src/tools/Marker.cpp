@@ -75,7 +75,7 @@ void ScegliMarker() {
     DisplayScegliMark();
     do { ModalDialog(filtroForme, Noitem); } while (Noitem < 1 || Noitem > chiudi);
     if (Noitem <= ultimaForma && !quitPending()) {
-        if (Puntosel.attiva && Azione == 0) {
+        if (Puntosel.attiva && Azione == sFermo) {
             CambiaMarkerSel(Noitem);
         } else {
             RadioBoxItem(markerCorrente);

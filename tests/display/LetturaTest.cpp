@@ -14,7 +14,7 @@ using namespace prova;
 TEST(Lettura, ShowsRealPlaceElevationDistanceAndAngleInTheirColumns) {
     const Scena s;
     noWindow = 0;   // a drawing is open, without a window to show the line in
-    Modalita = 1;
+    Modalita = mDigitazione;
     rappvid = 0.1;
     lastX = 100;
     lastY = 2970;
@@ -35,7 +35,7 @@ TEST(Lettura, ShowsRealPlaceElevationDistanceAndAngleInTheirColumns) {
 
     // In the selecting mode the cursor does not count.
     scriviSempreCoord = 0;
-    Modalita = 0;
+    Modalita = mSelezione;
     xcurs = 300;
     const std::string prima = lineaCoordinate.str();
     SetDrawCoordCorr();

@@ -139,7 +139,7 @@ TEST(Clic, ShiftAddsAndTakesAwayAndOptionGoesOnToMoving) {
     clic(50, 10);
     clic(50, 10, optionKey);
     EXPECT_EQ(Puntosel.numSel, 2);   // counted once more
-    EXPECT_EQ(Modalita, 2);
+    EXPECT_EQ(Modalita, mSpostamento);
 }
 
 TEST(Clic, SheetsAreReachedOnlyAsFarAsTheFilterLets) {

@@ -47,8 +47,8 @@ struct Seriale : testing::Test {
         PortaTavIn = nome;
         velbaud = 4;
         lettoreScelto = static_cast<std::int16_t>(Lettore::seriale);
-        Modalita = 1;
-        operazCorrente = 3;
+        Modalita = mDigitazione;
+        operazCorrente = opMarker;
         attacca(altro);
     }
     // The digitiser's end is held open only by what the program opens.
@@ -93,7 +93,7 @@ TEST_F(Seriale, AStreamWithNoiseAndCutPacketsGivesEachPointOnce) {
     manda("04000,08000,1\r\n04000,08000,1\r\n0400");   // held, then cut between two writes
     ASSERT_TRUE(attendi([] { return indElem == 3; }));
     manda("4,08004,0\r\n\x01\x02\xFFnoise,,,\r\n12,34\r\n04400,08000,1\r\n04400,08000,0\r\n");
-    ASSERT_TRUE(attendi([] { return indElem == 4 && tabButton == 0; }));
+    ASSERT_TRUE(attendi([] { return indElem == 4 && tabButton == bNessuno; }));
     EXPECT_EQ(Elem(3).mark.x, 1000);
     EXPECT_EQ(Elem(3).mark.y, 1000);
     EXPECT_EQ(Elem(4).mark.x, 1100);
@@ -153,7 +153,7 @@ TEST_F(Seriale, WhatArrivesUnderADialogIsDropped) {
         }
     }
     manda("04400,08000,1\r\n04400,08000,2\r\n");   // the first is the rest of what was cut, for all one knows
-    operazCorrente = 3;
+    operazCorrente = opMarker;
     ASSERT_TRUE(attendi([] { return xtab == 4400; }));
     EXPECT_EQ(indElem, 3);
     EXPECT_EQ(Elem(3).mark.x, 1100);

@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Documento.h"
 #include "shell/Archivia.h"
@@ -106,7 +107,7 @@ TEST_F(Aperto, OpeningTakesTheNameAndCanBeUndone) {
     bottoni[3001] = 1;
     ASSERT_TRUE(TuttoChiuso());
     myFSS = FSMakeFSSpec(file);
-    theItem = 31;
+    theItem = rApriDato;
     archivia();
     EXPECT_EQ(indElem, 4);
     EXPECT_EQ(NomeD.str(), "carta.ts3d");
@@ -134,7 +135,7 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
         avvisi.clear();
         if (c.byte) metti(cartella / c.nome, c.byte);
         myFSS = FSMakeFSSpec(cartella / c.nome);
-        theItem = 31;
+        theItem = rApriDato;
         archivia();
         EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{c.avviso}) << c.nome;
         EXPECT_EQ(indElem, 2);
@@ -160,7 +161,7 @@ TEST_F(Aperto, ADropThatIsMergedDoesNotBecomeTheDocument) {
     myFSS = FSMakeFSSpec(cartella / "mio.ts3d");
     NomeD = NomeLavoro = "mio.ts3d";
     LeggiDropTS3D(FSMakeFSSpec(cartella / "altro.ts3d"), 0);
-    EXPECT_EQ(theItem, 32);
+    EXPECT_EQ(theItem, rUnisciDato);
     EXPECT_EQ(indElem, 4);
     EXPECT_EQ(NomeD.str(), "mio.ts3d");
     EXPECT_EQ(myFSS.nome, "mio.ts3d");

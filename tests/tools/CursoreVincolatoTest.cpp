@@ -42,7 +42,7 @@ TEST(CursoreVincolato, LockingAnAxisTakesTheCursorOntoTheFirstPoint) {
     MettiOrizzontale();
     EXPECT_EQ(ycurs, 60);   // no figure is in progress
     MettiOrizzontale();
-    Azione = 1;
+    Azione = sPrimoPunto;
     MettiOrizzontale();
     EXPECT_EQ(ycurs, 20);
     MettiVerticale();
