@@ -4,11 +4,11 @@
 #include <cmath>
 #include <string>
 
-#include "digitising/solutori.h"
 #include "display/palette.h"
 #include "model/Attributi.h"
 #include "platform/Resources.h"
 #include "platform/Windows.h"
+#include "registration/solutori.h"
 
 namespace tessaro {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/attaccoDinamico.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

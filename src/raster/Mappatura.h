@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "digitising/solutori.h"
 #include "model/Registrazione.h"
+#include "registration/solutori.h"
 
 namespace tessaro {
 

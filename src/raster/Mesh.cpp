@@ -6,8 +6,6 @@
 
 #include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/gauss.h"
 #include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
@@ -16,6 +14,8 @@
 #include "raster/NuovaImmagine.h"
 #include "raster/Percorri.h"
 #include "raster/raster.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/gauss.h"
 
 namespace tessaro {
 

@@ -7,8 +7,8 @@
 #include <cmath>
 #include <new>
 
-#include "digitising/attaccoDinamico.h"
 #include "raster/perRighe.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
-#include "digitising/attaccoDinamico.h"
 #include "display/Zoom.h"
 #include "editing/Selezionati.h"
 #include "model/Annulla.h"
@@ -16,6 +15,7 @@
 #include "raster/NuovaImmagine.h"
 #include "raster/Percorri.h"
 #include "raster/raster.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

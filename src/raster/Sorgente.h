@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "bitmap/Riduci.h"
 #include "platform/Quickdraw.h"
-#include "raster/Riduci.h"
 #include "raster/Tela.h"
 
 namespace tessaro {

@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "bitmap/Riduci.h"
 #include "platform/Memory.h"
-#include "raster/Riduci.h"
 
 namespace tessaro {
 

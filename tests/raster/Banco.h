@@ -9,8 +9,6 @@
 #include <random>
 #include <vector>
 
-#include "digitising/attaccoDinamico.h"
-#include "digitising/gauss.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Mesh.h"
@@ -20,6 +18,8 @@
 #include "raster/Percorri.h"
 #include "raster/perRighe.h"
 #include "raster/raster.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/gauss.h"
 #include "support/Attacco.h"
 
 namespace prova {
@@ -45,8 +45,9 @@ inline Pixels pixelAcaso(std::int32_t w, std::int32_t h, std::uint32_t seme) {
 inline Pixels pixelDelPict(PicHandle h) {
     const auto fonte = ApriFonte(PictBytes(h));
     if (!fonte) return {};
-    Pixels q{fonte->width, fonte->height,
-             std::vector<std::uint32_t>(static_cast<std::size_t>(fonte->width) * static_cast<std::size_t>(fonte->height))};
+    Pixels q{
+        fonte->width, fonte->height,
+        std::vector<std::uint32_t>(static_cast<std::size_t>(fonte->width) * static_cast<std::size_t>(fonte->height))};
     for (std::int32_t y = 0; y < q.h; ++y) fonte->riga(y, 0, q.w, q.p.data() + std::ptrdiff_t(y) * q.w);
     return q;
 }
@@ -113,8 +114,9 @@ Pixels giudica(PicHandle pict, Ciclo ciclo) {
     EXPECT_TRUE(sorgente.intera(src));
     EXPECT_TRUE(NuovaTela(dst, larghBitMap, altBitMap, sorgente.formato(), true));
     ciclo(src, dst);
-    Pixels q{dst.larghezza, dst.altezza,
-             std::vector<std::uint32_t>(static_cast<std::size_t>(dst.larghezza) * static_cast<std::size_t>(dst.altezza))};
+    Pixels q{
+        dst.larghezza, dst.altezza,
+        std::vector<std::uint32_t>(static_cast<std::size_t>(dst.larghezza) * static_cast<std::size_t>(dst.altezza))};
     for (std::int32_t y = 0; y < q.h; ++y)
         sorgente.formato().decodifica(dst.riga(y), q.w, q.p.data() + std::ptrdiff_t(y) * q.w);
     return q;

@@ -63,7 +63,7 @@ TEST_F(Rettifica, everyPixelIsThatOfThePlainLoop) {
         CalcolaVertici(Elem(n), poligono);
         filiRaster = 1 + static_cast<std::int32_t>(giro % 3);
         const std::uint8_t modo = deformProspettica;
-        const bool qualcosa = larghBitMap > 0 && altBitMap > 0 ;
+        const bool qualcosa = larghBitMap > 0 && altBitMap > 0;
         ASSERT_EQ(PictureToPixMap(Elem(n).pict.maniglia, poligono != 0), qualcosa) << giro;
         EXPECT_EQ(deformProspettica, 1);
         if (!qualcosa) continue;
@@ -102,7 +102,8 @@ TEST_F(Rettifica, aRowsStretchesAreThePointsThatAreInside) {
 
 TEST_F(Rettifica, aPlainMoveKeepsTheSizeAndCarriesThePicture) {
     const std::int32_t n = mettiPict(pixelAcaso(30, 20, 1), 100, 200, 300, 200);
-    preparaAttacco(0, {{{100, 400}, {100, 200}, {400, 200}, {400, 400}}}, {{{600, 500}, {600, 300}, {900, 300}, {900, 500}}});
+    preparaAttacco(0, {{{100, 400}, {100, 200}, {400, 200}, {400, 400}}},
+                   {{{600, 500}, {600, 300}, {900, 300}, {900, 500}}});
     coeffRisoluzione = 72.0 / 72;
     CalcolaVertici(Elem(n), 0);
     EXPECT_DOUBLE_EQ(rapportoDimensione, 1);
@@ -179,7 +180,8 @@ TEST_F(Rettifica, aWideRasterIsWrittenInBandsThatShowItWhole) {
             ASSERT_TRUE(fonte) << w;
             ASSERT_GE(fonte->width, w);
             ASSERT_LT(fonte->width, w + unita);
-            std::vector<std::uint32_t> avuta(static_cast<std::size_t>(fonte->width)), attesa(static_cast<std::size_t>(w));
+            std::vector<std::uint32_t> avuta(static_cast<std::size_t>(fonte->width)),
+                attesa(static_cast<std::size_t>(w));
             for (std::int32_t y = 0; y < 3; ++y) {
                 fonte->riga(y, 0, fonte->width, avuta.data());
                 f->decodifica(t.riga(y), w, attesa.data());
