@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "bitmap/PictInPixel.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
@@ -16,7 +17,6 @@
 #include "platform/pict/Pict.h"
 #include "platform/Windows.h"
 #include "raster/Immagini.h"
-#include "raster/PictInPixel.h"
 #include "raster/VistaPict.h"
 #include "text/FileDati.h"
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <filesystem>
 
-#include "digitising/Coordinate.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "bitmap/PictInPixel.h"
 #include "dialogs/Errori.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
@@ -18,7 +19,6 @@
 #include "platform/pict/Pict.h"
 #include "raster/CreaPict.h"
 #include "raster/FileMondo.h"
-#include "raster/PictInPixel.h"
 #include "raster/VistaPict.h"
 #include "text/FileDati.h"
 

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "bitmap/PictInPixel.h"
 #include "platform/pict/DaRighe.h"
 #include "platform/pict/Pict.h"
-#include "raster/PictInPixel.h"
 
 using namespace tessaro;
 

@@ -1,5 +1,5 @@
 // Rows out of the raster, or of figures played on a port that stands where the rows are.
-#include "raster/PictInPixel.h"
+#include "bitmap/PictInPixel.h"
 
 #include <algorithm>
 #include <new>

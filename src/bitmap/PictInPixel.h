@@ -6,9 +6,9 @@
 #include <optional>
 #include <string_view>
 
+#include "bitmap/Piramide.h"
+#include "bitmap/Riduci.h"
 #include "platform/paint/RasterPort.h"
-#include "raster/Piramide.h"
-#include "raster/Riduci.h"
 
 namespace tessaro {
 
