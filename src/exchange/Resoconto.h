@@ -29,6 +29,7 @@ enum class TestoScambio : std::int16_t {
     nonNegliElenchi,   // what point lists do not hold
     nonNegliScript,
     pieno,
+    nonNelKit,   // what files of a drawing database do not hold
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
