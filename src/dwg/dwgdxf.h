@@ -48,7 +48,7 @@ OdDbObjectId LineTscad2TypeHandle(const OdDbDatabase& db, std::int16_t linea);
 
 // --- the entities of an export, from the records of the drawing
 void esportaColore(OdDbEntity& e, std::int16_t colore);   // 1-based number of the colour table
-void SetSpessore(OdDbEntity& e, double penna);         // pen size
+void SetSpessore(OdDbEntity& e, double penna);            // pen size
 void CreaDWG(OdDbDatabase& db, Scritti& conto);           // styles and entities
 void EntityCreates(OdDbDatabase& db, Scritti& conto);
 
