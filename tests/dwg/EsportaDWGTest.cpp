@@ -1,6 +1,7 @@
 // What the drawing becomes in a database, and whether every version's file says it.
 #include "dwg/Confronto.h"
 #include "dwg/Dwg.h"
+#include "text/Conversione.h"
 
 #include <cmath>
 
@@ -116,7 +117,7 @@ TEST_F(EsportaDWG, aMarkerIsItsStrokesAndOneOfAnotherShapeIsCountedAsLost) {
 }
 
 TEST_F(EsportaDWG, anArcsAnglesAreDegreesWhateverTheUnitInForce) {
-    for (const TipoGrad unita : {gradCentesimali, gradSessadecimali, gradSessagesimali}) {
+    for (const auto unita : {gradCentesimali, gradSessadecimali, gradSessagesimali}) {
         foglioDxf();
         gradCorrente = unita;
         arco(100, 900, 10, 30, 45);   // clockwise from straight up

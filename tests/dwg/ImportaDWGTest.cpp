@@ -1,5 +1,6 @@
 // What each class of a file's entities becomes in the drawing.
 #include "dwg/Dwg.h"
+#include "model/Lucidi.h"
 
 #include <cmath>
 
