@@ -55,17 +55,17 @@ void importa(const FSSpec& file) {
     fileInLavoro = Utf8ToMac(file.percorso);
     Resoconto resoconto;
     OdError esito;
+    bool intero = true;
     ProgressOpen(Parola(ParolaDWG::avanzaLettura));
     {
         MyServices svcs;
         pDb = std::make_unique<OdDbDatabase>(createDatabase(false, 0));
         esito = readFile(*pDb, file, svcs);
-        // Room for what the drawing can hold, and for the inserts that are taken apart.
+        // Thrice what the drawing can hold: of what inserts are made of, some is not stored.
         const auto limite =
-            pDb->spazioModello().entita.size() + 2 * static_cast<std::size_t>(maxElementi - indElem) + 1;
-        bool intero = explodeDatabaseBlock(*pDb, limite);
+            pDb->spazioModello().entita.size() + 3 * static_cast<std::size_t>(maxElementi - indElem) + 1;
+        if (!explodeDatabaseBlock(*pDb, limite)) resoconto.nota(Parola(ParolaDWG::troppiInserti));
         InterpretaDXFDWG(resoconto, intero);
-        if (!intero && indElem >= maxElementi) resoconto.pieno();
     }
     ProgressClose();
     pDb.reset();
@@ -79,6 +79,7 @@ void importa(const FSSpec& file) {
     uscita = 0;
     ElementiContati entrati;
     entrati.contaRecord(prima + 1);
+    if (!intero) resoconto.nota(getErrorDescription({eUserBreak, 0, {}}));
     if (esito.codice == eOk || !entrati.vuoti()) resoconto.mostra(entrati, 0, false);
 }
 

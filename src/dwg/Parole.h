@@ -22,6 +22,7 @@ enum class ParolaDWG : std::int16_t {
     avanzaLettura,
     senzaImmagine,   // a dimension whose block is not in the file
     coloriOltre,     // ^0 entities whose colour found no place in the table
+    troppiInserti,   // they come to more than the drawing can hold
 };
 std::string Parola(ParolaDWG p, std::string_view p0 = {}, std::string_view p1 = {});
 
