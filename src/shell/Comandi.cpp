@@ -13,6 +13,7 @@
 #include "display/palette.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
+#include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
@@ -327,8 +328,12 @@ void comandoApriAltri() {
 
 void comandoImporta() {
     if (noWindow) SetUpWindow();
-    theItem = static_cast<std::int16_t>(menuImporta + theItem);
-    archivia();
+    if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
+        ImportaDWG();
+    } else {
+        theItem = static_cast<std::int16_t>(menuImporta + theItem);
+        archivia();
+    }
     disegnoAperto();
 }
 
