@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
-#include "digitising/attaccoDinamico.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Zoom.h"
@@ -12,6 +11,7 @@
 #include "model/Attributi.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/attaccoDinamico.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
@@ -12,6 +11,7 @@
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -4,9 +4,8 @@
 
 #include <cmath>
 
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -15,6 +14,7 @@
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"

@@ -10,7 +10,7 @@
 #include "files/Disco.h"
 
 #include "digitising/TavolettaLettori.h"
-#include "files/Archivia.h"
+#include "shell/Archivia.h"
 #include "model/Annulla.h"
 #include "model/TabellaStato.h"
 #include "platform/Automation.h"
