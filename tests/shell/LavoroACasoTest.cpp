@@ -10,10 +10,10 @@
 #include "files/Disco.h"
 
 #include "digitising/TavolettaLettori.h"
-#include "shell/Archivia.h"
 #include "model/Annulla.h"
 #include "model/TabellaStato.h"
 #include "platform/Automation.h"
+#include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "support/Invarianti.h"
@@ -26,7 +26,8 @@ namespace {
 struct Caso {
     std::mt19937 rng;
     std::int32_t passi = 0;
-    bool tenuto = false;   // the button is down
+    bool tenuto = false;    // the button is down
+    bool stretto = false;   // the store is soon full
     std::int32_t tiri = 0;
     int passiDialogo = 0;
     std::deque<std::string> storia;   // the last commands
@@ -169,7 +170,7 @@ void unComando() {
 }
 
 void controlla() {
-    for (const std::string& g : {guastoFigure(), guastoSelezione()}) {
+    for (const std::string& g : {guastoFigure(caso->stretto), guastoSelezione()}) {
         if (g.empty()) continue;
         caso->guasto = g;
         fine = 1;
@@ -276,6 +277,7 @@ std::string corsa(std::uint32_t seme, std::int32_t passi, std::int32_t capienza)
     Caso c;
     c.rng.seed(seme);
     c.passi = passi;
+    c.stretto = capienza < passi;
     c.cartella = cartella / "";
     c.file = fileDaPortare(cartella);
     caso = &c;
