@@ -210,8 +210,8 @@ TEST(XYZ, FileVeri) {
             ASSERT_EQ(FSpOpenDF(FSMakeFSSpec(f.path().string()), fsRdPerm, RefNum), noErr) << f.path();
             LeggiXYZ();
             FSClose(RefNum);
-            EXPECT_GT(indElem, 3) << f.path();
-            EXPECT_LE(indElem, maxElementi);
+            EXPECT_LE(indElem, maxElementi) << f.path();
+            for (std::int32_t n = 3; n <= indElem; ++n) EXPECT_EQ(Elem(n).tipo, tMarker) << f.path() << " " << n;
         }
 }
 
