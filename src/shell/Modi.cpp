@@ -206,7 +206,7 @@ void bloccaSuAsse(double& x, double& y) {
 }   // namespace
 
 void CambiaModo(std::int32_t modo) {
-    if (Modalita == mSpostamento && modo != 2) {
+    if (Modalita == mSpostamento && modo != mSpostamento) {
         if (Puntosel.multipla) DisegnaRettSel();
         if (Sposta2ndClick) InvalFinestra();   // the outline and the cross of its first click
         Sposta2ndClick = 0;

@@ -5,6 +5,7 @@
 #include "editing/Conversioni.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
 #include "model/Unita.h"
 #include "model/Vista.h"

@@ -11,6 +11,8 @@
 
 #include "digitising/TavolettaLettori.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "platform/Automation.h"
 #include "shell/Archivia.h"
