@@ -10,6 +10,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/Cancella.h"
 #include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
@@ -206,6 +207,22 @@ void CercaSelezione(EventRecord& e, puntot& point) {
     case 6: clickAttacco(); break;
     default: break;
     }
+}
+
+void SpostaDaPunto(double x, double y) {
+    ConcludiFigura();
+    Modalita = 2;
+    Sposta2ndClick = 1;
+    xcurs = XSpost1 = x;
+    ycurs = YSpost1 = y;
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+    PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
+    FaiContorno();
+    MostraContorno();
+    DrawPallette();
 }
 
 void DoMouseAction(EventRecord& e) {
