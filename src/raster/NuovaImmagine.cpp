@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "dialogs/Errori.h"
-#include "editing/Cancella.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Scrittore.h"
 
@@ -138,7 +138,7 @@ bool AggiungiImmagine(std::string bytes, double x, double y, double larghezza, d
         return false;
     }
     PoniAnnulla(aNiente);
-    ConcludiFigura();
+    CominciaAggiunta();
     if (indElem >= maxElementi) return true;
     Memorizza(tPict, x, y, zcurs, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
     Elem(indElem).pict.maniglia = NewPict(std::move(bytes));

@@ -7,10 +7,10 @@
 
 #include "dialogs/Errori.h"
 #include "display/Zoom.h"
-#include "editing/Cancella.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/TabellaStato.h"
 #include "raster/Gruppo.h"
 #include "raster/Indietro.h"
@@ -169,7 +169,7 @@ void ModificaRuotaImmagine() {
         e.altezza = altezza;
         KillPicture(vecchia);
     } else if (indElem < maxElementi) {
-        ConcludiFigura();
+        CominciaAggiunta();
         Memorizza(tPict, e.x, e.y, 0, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
         Elem(indElem).pict.maniglia = pictRot.pictOut;
     } else {
