@@ -306,7 +306,11 @@ void menuApriAltri() {
 }
 
 void menuImporta() {
-    constexpr std::int16_t voceDWG = 2;
+    constexpr std::int16_t voceDWG = 2, voceScelteDWG = 5;
+    if (theItem == voceScelteDWG) {
+        SceglieImportaDWG();
+        return;
+    }
     if (noWindow) SetUpWindow();
     if (theItem == voceDWG && (KeyModifiers() & optionKey) == 0) {
         ImportaDWG();
