@@ -168,7 +168,7 @@ namespace apriAltri {
 enum : std::int16_t { suiPunti = 1, suQuattroPunti = 2, sulleCoordinate = 3 };
 }
 namespace importa {
-enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4 };
+enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5 };
 }
 namespace stili {
 enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5, contornato = 6, ombreggiato = 7 };

@@ -35,12 +35,16 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Figura.h"
+#include "model/Mesh.h"
 #include "model/Penna.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vista.h"
 #include "model/Voci.h"
 #include "platform/Menus.h"
+#include "raster/CreaMesh.h"
+#include "raster/Lenti.h"
+#include "raster/pictrot.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
@@ -205,12 +209,21 @@ void dialogoTrasformazione() {
     }
 }
 
+void nuovaMesh(TTipoMesh tipo) {
+    const Mesh& m = tipo == TTipoMesh::origine ? meshOrigine : meshDestinazione;
+    if (CreaMesh(tipo)) SpostaDaPunto(m.x[0][0], m.y[0][0]);
+}
+
 void comandoTrasforma() {
     using namespace voci::trasforma;
     if (theItem == origineDaSelezione || theItem == destinazioneDaSelezione) do_Trasforma();
     if (noWindow) return;
     if (theItem == dinamica) dialogoTrasformazione();
     if (theItem == aggiungi) attaccoAttivo.Aggiungi();
+    if (theItem == voci::trasforma::meshOrigine) nuovaMesh(TTipoMesh::origine);
+    if (theItem == voci::trasforma::meshDestinazione) nuovaMesh(TTipoMesh::destinazione);
+    if (theItem == ruotaImmagine) ModificaRuotaImmagine();
+    if (theItem == distorsione) CorreggiPictSel();
     if (theItem == rapporto) ApriRapporto();
 }
 
@@ -321,6 +334,10 @@ void comandoApriAltri() {
 }
 
 void comandoImporta() {
+    if (theItem == voci::importa::scelteDWG) {
+        SceglieImportaDWG();
+        return;
+    }
     if (noWindow) SetUpWindow();
     if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
         ImportaDWG();

@@ -1,5 +1,6 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
 #include "shell/Inizializza.h"
+#include "raster/Lenti.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -177,6 +178,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     ParamGraf();
     FormatoXYZ(1);
     SceltaColori(1);
+    SceltaCorrezioneOttica(1);
     inizio = 0;
     theItem = rNessunFile;
     archivia();
