@@ -127,12 +127,13 @@ Sapori SaporiPict(const FiguraPict& p) {
                                                            }}};
 }
 
-void PutPicScrap() {
+bool PutPicScrap() {
     FiguraPict p;
     SetCursor(ClockCursor);
     const bool fatto = CreaPict(p) && PutScrap(SaporiPict(p));
     SetCursor(arrowCursor);
     if (!fatto) StopAlert(avvisoMemoria);
+    return fatto;
 }
 
 void CreaImmagineDaSelezione() {

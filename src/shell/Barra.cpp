@@ -46,12 +46,6 @@ void scegli(std::uint32_t bottone, std::int16_t menu, std::int16_t corrente) {
     InvalFinestra();
 }
 
-// Kept: what was copied stays on the clipboard also when nothing is cleared.
-void taglia() {
-    comando(3, 4);
-    comando(3, 6);
-}
-
 void spostaFoglio() {
     Modalita = 5;
     DrawPallette();
@@ -68,7 +62,7 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
     switch (indice) {
-    case bTaglia: taglia(); break;
+    case bTaglia: comando(3, 3); break;
     case bFoglio: spostaFoglio(); break;
     case bRidisegna: InvalFinestra(); break;
     case bColore: MenuColori(); break;

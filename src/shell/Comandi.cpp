@@ -22,6 +22,7 @@
 #include "editing/LucidiClassi.h"
 #include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
+#include "editing/SeparaPict.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
 #include "exchange/FormatoXYZ.h"
@@ -33,7 +34,11 @@
 #include "model/Attributi.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
+#include "platform/Dialogs.h"
 #include "platform/Menus.h"
+#include "raster/CreaPict.h"
+#include "raster/Immagini.h"
+#include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -101,6 +106,28 @@ void spostaDiValori() {
     ridisegna();
 }
 
+// What could not be copied is not cleared.
+void taglia() {
+    if (PutPicScrap()) CancellaSelezione();
+}
+
+// What stores records of its own ends the figure in progress first.
+void incolla() {
+    FineSegm();
+    IncollaPict();
+}
+
+void separa() {
+    if (!Puntosel.attiva) return;
+    FineSegm();
+    SeparaPict();
+}
+
+void immagineDaSelezione() {
+    FineSegm();
+    CreaImmagineDaSelezione();
+}
+
 struct VoceModifica {
     std::int16_t item;
     bool conFinestra;
@@ -108,14 +135,20 @@ struct VoceModifica {
 };
 constexpr VoceModifica modifiche[] = {
     {1, true, AnnullaUltima},
+    {3, true, taglia},
+    {4, true, [] { PutPicScrap(); }},
+    {5, true, incolla},
     {6, false, CancellaSelezione},
     {8, true, selezionaTutto},
     {9, true, [] { AvantiEIndietroSelezione(true); }},
     {10, true, [] { AvantiEIndietroSelezione(false); }},
     {12, true, spostaDiValori},
+    {13, true, separa},
     {14, true, TrasformaPoligSel},
     {15, true, TrasformaSegmentiSel},
     {16, true, [] { PoniLucido(); }},
+    {17, true, ScalaImmagine},
+    {18, true, immagineDaSelezione},
 };
 
 }   // namespace
@@ -279,10 +312,27 @@ void menuAref() {
 
 void menuZoom() { FaiZoom(theItem); }
 
+bool soloImmagine() {
+    return Puntosel.attiva && !Puntosel.multipla && Puntosel.indice >= 3 && Puntosel.indice <= indElem
+           && Elem(Puntosel.indice).tipo == tPict;
+}
+
 void menuEsporta() {
     switch (theItem) {
     case 1:
         theItem = 41;
+        archivia();
+        break;
+    case 2:
+        theItem = 42;
+        archivia();
+        break;
+    case 3:
+        if (!soloImmagine()) {
+            StopAlert(146);
+            break;
+        }
+        theItem = 43;
         archivia();
         break;
     case 4:
