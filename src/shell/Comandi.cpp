@@ -38,6 +38,7 @@
 #include "platform/Menus.h"
 #include "raster/CreaPict.h"
 #include "raster/Immagini.h"
+#include "raster/raster.h"
 #include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
@@ -407,6 +408,10 @@ void menuVincoli() {
     coordinateSempre();
 }
 
+void menuTrasformaImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -434,6 +439,7 @@ constexpr VoceMenu comandi[] = {
     {106, menuIngressoAttacco},
     {107, menuAttacchiOrigine},
     {108, menuAttacchiDestinazione},
+    {111, menuTrasformaImmagine},
     {112, menuVincoli},
 };
 
