@@ -80,9 +80,9 @@ TEST(PictCodecs, damagedBytesEnd) {
                 stato = stato * 1664525U + 1013904223U;
                 bytes.push_back(static_cast<char>(stato >> 24));
             }
-            for (const std::int16_t depth : {8, 16, 24, 32}) {
+            for (const int depth : {8, 16, 24, 32}) {
                 Immagine im;
-                if (DecodificaAntica(fatta(codice, depth, 37, 29, bytes), im)) {
+                if (DecodificaAntica(fatta(codice, static_cast<std::int16_t>(depth), 37, 29, bytes), im)) {
                     EXPECT_EQ(im.pixels.size(), 37U * 29U);
                 }
             }
