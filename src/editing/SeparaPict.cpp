@@ -8,6 +8,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "platform/Events.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
@@ -87,8 +88,8 @@ void SeparaPict() {
     const std::int32_t n = Puntosel.indice;
     if (!Puntosel.attiva || Puntosel.multipla || n < 3 || n > indElem || Elem(n).tipo != tPict) return SysBeep(30);
     SetCursor(ClockCursor);
+    CominciaAggiunta();
     PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     gioca(Elem(n));
     const double dx = Elem(n).pict.x, dy = Elem(n).pict.y;
     for (std::int32_t i = inizioAggiunta + 1; i <= indElem; ++i) sposta(Elem(i), dx, dy);

@@ -10,6 +10,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -143,8 +144,8 @@ void CreaImmagineDaSelezione() {
         StopAlert(avvisoMemoria);
         return;
     }
+    CominciaAggiunta();
     PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     if (MemorizzaPict(std::move(p.bytes), p.x, p.y, p.larghezza, p.altezza)) PoniAnnulla(aAggiunta);
     InvalFinestra();
 }

@@ -6,6 +6,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
@@ -37,8 +38,8 @@ bool incollaForma() {
 }   // namespace
 
 void IncollaPict() {
+    CominciaAggiunta();
     PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     if (indElem >= maxElementi) return SysBeep(30);
     SetCursor(ClockCursor);
     // A copied list of files goes with a picture of its icons in some desktops: the files are what was meant.

@@ -11,6 +11,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Comandi.h"
+#include "shell/Modi.h"
 
 namespace tessaro {
 
@@ -47,7 +48,7 @@ void scegli(std::uint32_t bottone, std::int16_t menu, std::int16_t corrente) {
 }
 
 void spostaFoglio() {
-    Modalita = 5;
+    CambiaModo(5);
     DrawPallette();
 }
 
