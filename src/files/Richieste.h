@@ -16,6 +16,8 @@ enum NumeroRichiesta : std::int16_t {
     rUnisciDatoCmd = 33,
     rUnisciDatoOpz = 34,
     rEsporta = 41,
+    rPict = 42,      // the whole drawing as a picture
+    rPictSel = 43,   // the selected picture
     rUnisciPunti = 51,
     rUnisciQuattro = 52,
     rUnisciReali = 53,

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
+#include "digitising/RiferimentoImmagine.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
@@ -23,6 +24,7 @@
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
 #include "text/FileDati.h"
@@ -35,10 +37,10 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiScritti = 310;
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
-enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, scriviPict, testo };
 
 struct Richiesta {
     std::int16_t numero;
@@ -60,6 +62,8 @@ constexpr Richiesta richieste[] = {
     {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoOpz, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rEsporta, Scelta::salvaCome, Opera::scrivi, 51, 0, ".ts5", false},
+    {rPict, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
+    {rPictSel, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
     {rUnisciPunti, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
@@ -109,7 +113,7 @@ bool scegliFile(const Richiesta& r, FSSpec& file) {
     const std::string invito = GetIndString(listaNomi, r.invito);
     switch (r.scelta) {
     case Scelta::leggi: return NavGetFile(invito, r.tipi, file);
-    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file);
+    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file, r.tipi);
     case Scelta::salva: file = myFSS; return true;
     case Scelta::dato: file = myFSS; return eDisegno(file);
     case Scelta::dxf: return ApriDXF(file);
@@ -154,7 +158,20 @@ void importaImmagine(const FSSpec& file) {
         return;
     }
     const FileInLavoro lavoro(file);
-    ImportaImmagine(file);
+    if (ImportaImmagine(file)) OffriMondo(file, indElem);
+}
+
+// A picture of the drawing, in the form that the name's suffix tells; the file that was there stays when none comes of it.
+void scriviImmagine(const FSSpec& file) {
+    constexpr OSType tipoPict = tipoDi("PICT"), creatorePict = tipoDi("ttxt");
+    const FileInLavoro lavoro(file);
+    fType = tipoPict;
+    IOERR2(FSpOpenReplacing(file, creatorePict, fType, RefNum));
+    if (uscita) return;
+    if (SuffissoImmagine(file) ? PutImageFile(RefNum, file) : PutPictFile(RefNum))
+        IOERR2(FSClose(RefNum));
+    else
+        FSAbandon(RefNum);
 }
 
 // What was read before a fault, or before the person stopped it, stays.
@@ -179,6 +196,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
     case Opera::immagine: importaImmagine(file); break;
+    case Opera::scriviPict: scriviImmagine(file); break;
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
@@ -219,6 +237,7 @@ void archivia() {
         SysBeep(30);
         return;
     }
+    if (r->opera == Opera::scriviPict && noWindow) return;
     if (r->opera == Opera::scrivi) {
         ultimoSalvataggioRiuscito = false;
         if (noWindow) return;

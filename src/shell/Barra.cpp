@@ -49,12 +49,6 @@ void scegli(std::uint32_t bottone, std::int16_t menu, std::int16_t corrente) {
     InvalFinestra();
 }
 
-// Kept: what was copied stays on the clipboard also when nothing is cleared.
-void taglia() {
-    comando(menuModifica, voci::modifica::copia);
-    comando(menuModifica, voci::modifica::cancella);
-}
-
 void spostaFoglio() {
     CambiaModo(mFoglio);
     DrawPallette();
@@ -71,7 +65,7 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
     switch (indice) {
-    case bTaglia: taglia(); break;
+    case bTaglia: comando(3, 3); break;
     case bFoglio: spostaFoglio(); break;
     case bRidisegna: InvalFinestra(); break;
     case bColore: MenuColori(); break;

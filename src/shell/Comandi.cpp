@@ -23,6 +23,7 @@
 #include "editing/LucidiClassi.h"
 #include "editing/SceltaColori.h"
 #include "editing/Selezione.h"
+#include "editing/SeparaPict.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
 #include "exchange/FormatoXYZ.h"
@@ -41,11 +42,15 @@
 #include "model/Strumento.h"
 #include "model/Vista.h"
 #include "model/Voci.h"
+#include "platform/Dialogs.h"
 #include "platform/Menus.h"
 #include "raster/CreaMesh.h"
+#include "raster/CreaPict.h"
+#include "raster/Immagini.h"
 #include "raster/Lenti.h"
 #include "raster/pictrot.h"
 #include "raster/raster.h"
+#include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -124,6 +129,15 @@ void spostaDiValori() {
     ridisegna();
 }
 
+// What could not be copied is not cleared.
+void taglia() {
+    if (PutPicScrap()) CancellaSelezione();
+}
+
+void separa() {
+    if (Puntosel.attiva) SeparaPict();
+}
+
 struct VoceModifica {
     std::int16_t item;
     bool conFinestra;
@@ -131,14 +145,20 @@ struct VoceModifica {
 };
 constexpr VoceModifica modifiche[] = {
     {voci::modifica::annulla, true, AnnullaUltima},
+    {voci::modifica::taglia, true, taglia},
+    {voci::modifica::copia, true, [] { PutPicScrap(); }},
+    {voci::modifica::incolla, true, IncollaPict},
     {voci::modifica::cancella, false, CancellaSelezione},
     {voci::modifica::selezionaTutto, true, selezionaTutto},
     {voci::modifica::primoPiano, true, [] { AvantiEIndietroSelezione(true); }},
     {voci::modifica::inFondo, true, [] { AvantiEIndietroSelezione(false); }},
     {voci::modifica::sposta, true, spostaDiValori},
+    {voci::modifica::separaImmagine, true, separa},
     {voci::modifica::inPoligonali, true, TrasformaPoligSel},
     {voci::modifica::inSegmenti, true, TrasformaSegmentiSel},
     {voci::modifica::suLucido, true, [] { PoniLucido(); }},
+    {voci::modifica::scalaImmagine, true, ScalaImmagine},
+    {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
 };
 
 }   // namespace
@@ -309,11 +329,28 @@ void comandoAref() {
 
 void comandoZoom() { FaiZoom(theItem); }
 
+bool soloImmagine() {
+    return Puntosel.attiva && !Puntosel.multipla && Puntosel.indice >= 3 && Puntosel.indice <= indElem
+           && Elem(Puntosel.indice).tipo == tPict;
+}
+
 void comandoEsporta() {
     using namespace voci::esporta;
     switch (theItem) {
     case versionePrecedente:
         theItem = rEsporta;
+        archivia();
+        break;
+    case immagineDisegno:
+        theItem = rPict;
+        archivia();
+        break;
+    case immagineSelezionata:
+        if (!soloImmagine()) {
+            StopAlert(146);
+            break;
+        }
+        theItem = rPictSel;
         archivia();
         break;
     case dwg:
