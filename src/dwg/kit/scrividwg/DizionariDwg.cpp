@@ -111,15 +111,15 @@ void layout(StesuraDwg& s, const OdDbLayout& l) {
     d.BS(0);
     d.BD3(modello ? s.db.header.extMin : OdGePoint3d{1e20, 1e20, 1e20});
     d.BD3(modello ? s.db.header.extMax : OdGePoint3d{-1e20, -1e20, -1e20});
-    if (s.formato >= FormatoDwg::r2004) d.BL(0);                      // viewports
+    if (s.formato >= FormatoDwg::r2004) d.RL(0);                      // viewports
     if (s.formato >= FormatoDwg::r2004) o.riferimenti.H(hPunta, 0);   // plot view
     if (s.formato >= FormatoDwg::r2007) o.riferimenti.H(hPuntaDebole, 0);
     o.riferimenti.H(hPuntaDebole, s.db.blocks[l.blockTableRecord].handle);
     o.riferimenti.H(hPuntaDebole, modello ? s.db.handleVportActive : 0);
     o.riferimenti.H(hPunta, 0);
     o.riferimenti.H(hPunta, 0);
-    // One reference more than 2000 has: readers that count as the later formats do would call the object cut off.
-    if (s.formato == FormatoDwg::r2000) o.riferimenti.H(hPunta, 0);
+    // One reference more than there are: a reader that looks for one more would call the object cut off.
+    o.riferimenti.H(hPunta, 0);
     s.aggiungi(l.handle, o);
 }
 

@@ -18,6 +18,11 @@ inline constexpr std::array<unsigned char, 16> segnoClassi{0x8D, 0xA1, 0xC4, 0xB
 // Where each object stands, by rising handle; places count from `inizio`.
 std::string MappaDwg(const StesuraDwg& st, std::int64_t inizio);
 
+// What formats from 2000 on tell of the program that saved: numbers of format and release, saves, dates.
+std::string AusiliariaDwg(const StesuraDwg& st, unsigned versione);
+// How many objects there are and from where on; `inizioOggetti` is the first one's place.
+std::string SpazioLiberoDwg(const StesuraDwg& st, std::uint32_t inizioOggetti);
+
 OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file);   // R14 and 2000
 OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file);   // 2004 and 2010
 

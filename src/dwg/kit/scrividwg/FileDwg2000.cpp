@@ -47,46 +47,6 @@ void momento(std::string& s, const OdTimeStamp& t) {
     aggiungiRL(s, static_cast<std::uint32_t>(t.millisecondi));
 }
 
-// What formats from 2000 on tell of the program that saved: numbers of format and release, saves, dates.
-void ausiliaria(std::string& s, const StesuraDwg& st, unsigned versione) {
-    constexpr unsigned rilascio = 6;
-    s += "\xFF\x77\x01";
-    aggiungiRS(s, versione);
-    aggiungiRS(s, rilascio);
-    aggiungiRL(s, 1);   // saves
-    aggiungiRL(s, 0xFFFFFFFF);
-    aggiungiRS(s, 1);
-    aggiungiRS(s, 0);
-    aggiungiRL(s, 0);
-    for (int i = 0; i < 2; ++i) {
-        aggiungiRS(s, versione);
-        aggiungiRS(s, rilascio);
-    }
-    for (const unsigned v : {5U, 0x893U, 5U, 0x893U, 0U, 1U, 0U, 0U, 0U, 0U}) aggiungiRS(s, v);
-    for (int i = 0; i < 3; ++i) aggiungiRL(s, 0);
-    momento(s, st.db.header.tdCreate);
-    momento(s, st.db.header.tdUpdate);
-    aggiungiRL(s, static_cast<std::uint32_t>(st.db.handseed));
-    aggiungiRL(s, 0);
-    aggiungiRS(s, 0);
-    aggiungiRS(s, 1);
-    for (int i = 0; i < 3; ++i) aggiungiRL(s, 0);
-    aggiungiRL(s, 1);
-    for (int i = 0; i < 4; ++i) aggiungiRL(s, 0);
-}
-
-void spazioLibero(std::string& s, const StesuraDwg& st, std::uint32_t inizioOggetti) {
-    aggiungiRL(s, 0);
-    aggiungiRL(s, static_cast<std::uint32_t>(st.mappa.size()));
-    momento(s, st.db.header.tdUpdate);
-    aggiungiRL(s, inizioOggetti);
-    s.push_back(4);
-    for (const std::uint32_t v : {0x32U, 0x64U, 0x200U, 0xFFFFFFFFU}) {
-        aggiungiRL(s, v);
-        aggiungiRL(s, 0);
-    }
-}
-
 std::string secondaIntestazione(const StesuraDwg& st, std::string_view sigla, unsigned versione, std::uint32_t dove,
                                 const std::vector<Sezione>& sezioni) {
     const OdDbDatabase& db = st.db;
@@ -137,6 +97,49 @@ std::string secondaIntestazione(const StesuraDwg& st, std::string_view sigla, un
 
 }   // namespace
 
+std::string AusiliariaDwg(const StesuraDwg& st, unsigned versione) {
+    constexpr unsigned rilascio = 6;
+    std::string s;
+    s += "\xFF\x77\x01";
+    aggiungiRS(s, versione);
+    aggiungiRS(s, rilascio);
+    aggiungiRL(s, 1);   // saves
+    aggiungiRL(s, 0xFFFFFFFF);
+    aggiungiRS(s, 1);
+    aggiungiRS(s, 0);
+    aggiungiRL(s, 0);
+    for (int i = 0; i < 2; ++i) {
+        aggiungiRS(s, versione);
+        aggiungiRS(s, rilascio);
+    }
+    for (const unsigned v : {5U, 0x893U, 5U, 0x893U, 0U, 1U, 0U, 0U, 0U, 0U}) aggiungiRS(s, v);
+    for (int i = 0; i < 3; ++i) aggiungiRL(s, 0);
+    momento(s, st.db.header.tdCreate);
+    momento(s, st.db.header.tdUpdate);
+    aggiungiRL(s, static_cast<std::uint32_t>(st.db.handseed));
+    aggiungiRL(s, 0);
+    aggiungiRS(s, 0);
+    aggiungiRS(s, 1);
+    for (int i = 0; i < 3; ++i) aggiungiRL(s, 0);
+    aggiungiRL(s, 1);
+    for (int i = 0; i < 4; ++i) aggiungiRL(s, 0);
+    return s;
+}
+
+std::string SpazioLiberoDwg(const StesuraDwg& st, std::uint32_t inizioOggetti) {
+    std::string s;
+    aggiungiRL(s, 0);
+    aggiungiRL(s, static_cast<std::uint32_t>(st.mappa.size()));
+    momento(s, st.db.header.tdUpdate);
+    aggiungiRL(s, inizioOggetti);
+    s.push_back(4);
+    for (const std::uint32_t v : {0x32U, 0x64U, 0x200U, 0xFFFFFFFFU}) {
+        aggiungiRL(s, v);
+        aggiungiRL(s, 0);
+    }
+    return s;
+}
+
 std::string MappaDwg(const StesuraDwg& st, std::int64_t inizio) {
     constexpr std::size_t pieno = 2032;
     std::vector<std::pair<OdDbHandle, std::uint32_t>> ordinata = st.mappa;
@@ -183,7 +186,7 @@ OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& f
     std::vector<Sezione> sezioni(quante);
     if (!del14) {
         sezioni[5].dove = static_cast<std::uint32_t>(s.size());
-        ausiliaria(s, st, versione);
+        s += AusiliariaDwg(st, versione);
         sezioni[5].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[5].dove;
     }
     const auto anteprima = static_cast<std::uint32_t>(s.size());
@@ -201,7 +204,7 @@ OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& f
     s += MappaDwg(st, inizioOggetti);
     sezioni[2].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[2].dove;
     sezioni[3].dove = static_cast<std::uint32_t>(s.size());
-    spazioLibero(s, st, inizioOggetti);
+    s += SpazioLiberoDwg(st, inizioOggetti);
     sezioni[3].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[3].dove;
     // The last section stands behind the second header, whose length its own sections decide: two rounds find it.
     sezioni[4].quanti = 4;

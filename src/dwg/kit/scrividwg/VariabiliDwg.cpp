@@ -7,6 +7,9 @@ namespace tessaro {
 
 namespace {
 
+// The count of bits at the beginning of a section of 2007 and later counts its own.
+constexpr std::uint32_t lunghezzaPropria = 32;
+
 // The variables of a format: one stream until 2004, three from 2007 on.
 struct Variabili {
     const StesuraDwg& s;
@@ -284,7 +287,7 @@ std::string VariabiliDwg(const StesuraDwg& s) {
     v.d.bitDi(v.riferimenti);
     v.d.allinea();
     std::string b;
-    if (v.da(FormatoDwg::r2007)) aggiungiRL(b, static_cast<std::uint32_t>(primaDeiRiferimenti));
+    if (v.da(FormatoDwg::r2007)) aggiungiRL(b, lunghezzaPropria + static_cast<std::uint32_t>(primaDeiRiferimenti));
     b.append(v.d.dati().begin(), v.d.dati().end());
     return b;
 }
@@ -330,8 +333,10 @@ std::string ClassiDwg(const StesuraDwg& s) {
     std::string b;
     if (conTesti) {
         chiudiTesti(d, testi, true);
-        aggiungiRL(b, static_cast<std::uint32_t>(d.quantiBit()));
+        aggiungiRL(b, lunghezzaPropria + static_cast<std::uint32_t>(d.quantiBit()));
     }
+    // A byte is begun in any case: readers take the check from behind the byte that they stand in.
+    if (!conTesti) d.B(false);
     d.allinea();
     b.append(d.dati().begin(), d.dati().end());
     return b;
