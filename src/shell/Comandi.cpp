@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "digitising/GeoRiferimento.h"
 #include "digitising/PuntiDigitati.h"
 #include "digitising/Tavoletta.h"
@@ -12,6 +11,7 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
@@ -24,11 +24,9 @@
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
-#include "editing/Tratteggi.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
-#include "files/Archivia.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -36,6 +34,9 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/raster.h"
+#include "registration/attaccoDinamico.h"
+#include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Rapporto.h"
 #include "tools/Costruzione.h"
@@ -357,6 +358,10 @@ void menuVincoli() {
     coordinateSempre();
 }
 
+void menuTrasformaImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -384,6 +389,7 @@ constexpr VoceMenu comandi[] = {
     {106, menuIngressoAttacco},
     {107, menuAttacchiOrigine},
     {108, menuAttacchiDestinazione},
+    {111, menuTrasformaImmagine},
     {112, menuVincoli},
 };
 
