@@ -13,6 +13,7 @@
 #include "display/palette.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
+#include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
@@ -305,9 +306,14 @@ void menuApriAltri() {
 }
 
 void menuImporta() {
+    constexpr std::int16_t voceDWG = 2;
     if (noWindow) SetUpWindow();
-    theItem = static_cast<std::int16_t>(60 + theItem);
-    archivia();
+    if (theItem == voceDWG && (KeyModifiers() & optionKey) == 0) {
+        ImportaDWG();
+    } else {
+        theItem = static_cast<std::int16_t>(60 + theItem);
+        archivia();
+    }
     DisableMenuItem(2, 1);
     EnableMenuItem(2, 3);
 }
