@@ -27,7 +27,7 @@ void dizionario(StesuraDwg& s, const OdDbDizionario& d, OdDbHandle proprietario)
         o.dati.RC(0);
     }
     for (const auto& [nome, handle] : voci) {
-        o.testo(nome);
+        o.TV(nome);
         o.riferimenti.H(hPossiedeDebole, handle);
     }
     if (conPredefinito) o.riferimenti.H(hPunta, s.db.handlePlotPlaceholder);
@@ -38,8 +38,8 @@ void stileMultilinea(StesuraDwg& s) {
     constexpr std::int32_t lineaDaPiano = 32767;
     OggettoDwg o(s.formato, tipoMlineStyle, s.db.handleMlineStyleStandard);
     comuneOggetto(o, s.dizionario("ACAD_MLINESTYLE"), true);
-    o.testo("Standard");
-    o.testo("");
+    o.TV("Standard");
+    o.TV("");
     o.dati.BS(0);
     o.colore({});
     o.dati.BD(std::numbers::pi / 2);
@@ -65,21 +65,21 @@ void stileStampa(StesuraDwg& s) {
 void impostazioniStampa(OggettoDwg& o, bool modello) {
     constexpr std::int32_t stampaModello = 1712, stampaFoglio = 688;   // flags of a layout that was never set up
     BitDwg& d = o.dati;
-    o.testo("");
-    o.testo("none_device");
+    o.TV("");
+    o.TV("none_device");
     d.BS(modello ? stampaModello : stampaFoglio);
     for (int i = 0; i < 6; ++i) d.BD(0);   // margins, paper
-    o.testo("");
+    o.TV("");
     d.BD(0);
     d.BD(0);
     d.BS(0);   // inches
     d.BS(0);
     d.BS(modello ? 0 : 5);
     for (int i = 0; i < 4; ++i) d.BD(0);
-    if (o.formato == FormatoDwg::r2000) o.testo("");
+    if (o.formato == FormatoDwg::r2000) o.TV("");
     d.BD(1);
     d.BD(1);
-    o.testo("");
+    o.TV("");
     d.BS(16);   // one to one
     d.BD(1);
     d.BD(0);
@@ -98,7 +98,7 @@ void layout(StesuraDwg& s, const OdDbLayout& l) {
     comuneOggetto(o, s.dizionario("ACAD_LAYOUT"), true);
     BitDwg& d = o.dati;
     impostazioniStampa(o, modello);
-    o.testo(l.name);
+    o.TV(l.name);
     d.BL(l.tabOrder);
     d.BS(1);
     d.BD3(OdGePoint3d{});

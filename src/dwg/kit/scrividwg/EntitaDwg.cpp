@@ -112,7 +112,7 @@ void testo(const StesuraDwg& s, OggettoDwg& o, const OdDbTextBase& t) {
         d.RD2(aSinistra ? 0 : allineato.x, aSinistra ? 0 : allineato.y);
         d.BD3(t.normal);
         for (const double v : {t.thickness, t.oblique, t.rotation, t.height, t.widthFactor}) d.BD(v);
-        o.testo(t.textString);
+        o.TV(t.textString);
         for (const int v : {t.textGenerationFlags, t.horizontalMode, t.verticalMode}) d.BS(v);
     } else {
         // A bit each for what has its usual value and is left out.
@@ -136,7 +136,7 @@ void testo(const StesuraDwg& s, OggettoDwg& o, const OdDbTextBase& t) {
         if ((manca & 8) == 0) d.RD(t.rotation);
         d.RD(t.height);
         if ((manca & 16) == 0) d.RD(t.widthFactor);
-        o.testo(t.textString);
+        o.TV(t.textString);
         if ((manca & 32) == 0) d.BS(t.textGenerationFlags);
         if ((manca & 64) == 0) d.BS(t.horizontalMode);
         if ((manca & 128) == 0) d.BS(t.verticalMode);
@@ -285,7 +285,7 @@ void limite(StesuraDwg& s, const OdDbBlockTableRecord& b, Sta sta, bool inizio) 
     const OdDbHandle handle = inizio ? b.handleBlock : b.handleEndBlk;
     OggettoDwg o(s.formato, inizio ? tipoBlock : tipoEndBlk, handle);
     comune(s, o, Limite{}, {sta, b.handle, 0, 0});
-    if (inizio) o.testo(b.name);
+    if (inizio) o.TV(b.name);
     s.aggiungi(handle, o);
 }
 
@@ -293,7 +293,7 @@ void testata(StesuraDwg& s, const OdDbBlockTableRecord& b, const std::vector<OdD
     OggettoDwg o(s.formato, tipoBlockHeader, b.handle);
     comuneOggetto(o, s.db.blocks.handle);
     BitDwg &d = o.dati, &h = o.riferimenti;
-    o.testo(b.name);
+    o.TV(b.name);
     if (s.formato >= FormatoDwg::r2007) {
         d.BS(0);
     } else {
@@ -308,10 +308,10 @@ void testata(StesuraDwg& s, const OdDbBlockTableRecord& b, const std::vector<OdD
     if (s.formato >= FormatoDwg::r2000) d.B(true);
     if (s.formato >= FormatoDwg::r2004) d.BL(static_cast<std::int32_t>(sue.size()));
     d.BD3(b.origin);
-    o.testo("");
+    o.TV("");
     if (s.formato >= FormatoDwg::r2000) {
         d.RC(0);   // inserted nowhere
-        o.testo("");
+        o.TV("");
         d.BL(0);
     }
     if (s.formato >= FormatoDwg::r2007) {

@@ -82,7 +82,7 @@ void OggettoDwg::segnaLunghezza() {
     dati.RL(0);
 }
 
-void OggettoDwg::testo(std::string_view utf8) {
+void OggettoDwg::TV(std::string_view utf8) {
     if (formato >= FormatoDwg::r2007) {
         const std::string t = TestoDwg16(utf8);
         testi.BS(static_cast<std::int32_t>(t.size() / 2));

@@ -27,7 +27,7 @@ public:
 
     FormatoDwg formato;
     BitDwg dati, riferimenti;
-    void testo(std::string_view utf8);
+    void TV(std::string_view utf8);    // a text of variable length
     void colore(const OdCmColor& c);   // of a table's record or a header variable
     void segnaLunghezza();             // formats to R14: the place of the bit count, which stands among the data
     // The object as it lies in the file: size, bytes, check.

@@ -12,7 +12,7 @@ constexpr std::int16_t pianoSpento = 2, pianoGelato = 1, pianoBloccato = 8, pian
 
 // A record's name and what follows it: referenced, of no other drawing.
 void nome(OggettoDwg& o, const std::string& n) {
-    o.testo(n);
+    o.TV(n);
     if (o.formato >= FormatoDwg::r2007) {
         o.dati.BS(0);
         return;
@@ -78,8 +78,8 @@ void stile(StesuraDwg& s, const OdDbTextStyleTableRecord& r) {
     o.dati.BD(r.obliquingAngle);
     o.dati.RC((r.isBackwards ? 2U : 0U) | (r.isUpsideDown ? 4U : 0U));
     o.dati.BD(r.priorSize);
-    o.testo(r.fileName);
-    o.testo(r.bigFontFileName);
+    o.TV(r.fileName);
+    o.TV(r.bigFontFileName);
     o.riferimenti.H(hPunta, 0);
     s.aggiungi(r.handle, o);
 }
@@ -89,7 +89,7 @@ void linea(StesuraDwg& s, const OdDbLinetypeTableRecord& r) {
     OggettoDwg o(s.formato, tipoLtype, r.handle);
     comuneOggetto(o, s.db.linetypes.handle);
     nome(o, r.name);
-    o.testo(r.comments);
+    o.TV(r.comments);
     o.dati.BD(r.patternLength);
     o.dati.RC('A');
     o.dati.RC(static_cast<unsigned>(r.dashes.size()));
@@ -208,12 +208,12 @@ void quote14(BitDwg& d, OggettoDwg& o) {
     d.BS(2);
     for (const double v : {1.0, 0.18, 0.0625, 0.38, 0.18, 0.0, 0.0, 0.0, 0.0}) d.BD(v);
     for (const double v : {0.18, 0.09, 0.0, 25.4, 1.0, 0.0, 1.0, 0.09}) d.BD(v);
-    for (int i = 0; i < 5; ++i) o.testo("");
+    for (int i = 0; i < 5; ++i) o.TV("");
 }
 
 void quote2000(BitDwg& d, OggettoDwg& o) {
-    o.testo("");
-    o.testo("");
+    o.TV("");
+    o.TV("");
     for (const double v : {1.0, 0.18, 0.0625, 0.38, 0.18, 0.0, 0.0, 0.0, 0.0}) d.BD(v);
     if (o.formato >= FormatoDwg::r2007) {
         d.BD(1);
@@ -253,9 +253,9 @@ void stileQuote(StesuraDwg& s) {
         if (s.formato >= FormatoDwg::r2010) {
             d.B(false);
             d.BD(100);
-            o.testo("");
+            o.TV("");
             d.BD(100);
-            o.testo("");
+            o.TV("");
         }
         d.BS(-2);
         d.BS(-2);
