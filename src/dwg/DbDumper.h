@@ -81,6 +81,7 @@ struct ExProtocolExtension {
     static void uninitialize();
 };
 
+void SceglieImportaDWG();   // the dialog of scelteImporta
 // Asks for a file and imports it; the command.
 void ImportaDWG();
 // Imports a file that is known: one dropped.

@@ -43,6 +43,9 @@ void SetSpessore(OdDbEntity& e, double penna) {
 
 namespace {
 
+// By the whole of pi, not its 32 bits: the end of an arc of 4 km would stand 0.3 mm off.
+constexpr double radianti = 3.14159265358979323846 / 180;
+
 // What the entities of one element have in common.
 struct Tratto {
     OdDbObjectId layer;
@@ -115,7 +118,7 @@ bool Creazione::marker(const elemento& e, OdDbObjectId layer) {
     return true;
 }
 
-// Kept: never closed; a closed figure ends where it began.
+// Kept: never closed; a closed figure ends where it began. Unless the person wants it otherwise.
 void Creazione::poligono(std::int32_t& i, OdDbObjectId layer) {
     const auto& testa = Elem(i).poli;
     auto& p = nuova<OdDb3dPolyline>({layer, testa.colore, testa.pattern, testa.spessore});
@@ -129,6 +132,11 @@ void Creazione::poligono(std::int32_t& i, OdDbObjectId layer) {
         p.vertici.back().punto = reale(v.x, v.y, v.z);
     }
     --i;
+    constexpr std::size_t lati = 3;
+    const OdGePoint3d a = p.vertici.front().punto, b = p.vertici.back().punto;
+    if (scelteEsporta.chiuse == 0 || p.vertici.size() <= lati || a.x != b.x || a.y != b.y || a.z != b.z) return;
+    p.vertici.pop_back();
+    p.closed = true;
 }
 
 // Kept: a text's elevation is lost, and no text refers to one of the styles.
@@ -139,7 +147,7 @@ void Creazione::testo(const elemento& e, OdDbObjectId layer) {
     x->layer = layer;
     esportaColore(*x, t.colore);
     x->position = reale(t.x, t.y);
-    x->rotation = static_cast<double>(PigMezzi) - AngToRad(static_cast<double>(t.angolo), gradCorrente);
+    x->rotation = (90 - AngToSessad(static_cast<double>(t.angolo), gradCorrente)) * radianti;
     x->height = t.altezza * rappvid * DecPunto * 0.8;
     x->textString = MacToUtf8({reinterpret_cast<const char*>(t.testo.data()) + 1, lungo});
     modello.appendOdDbEntity(std::move(x));
@@ -171,8 +179,8 @@ bool Creazione::elementoAllaBase(std::int32_t& i) {
         a.center = reale(e.arco.cx, e.arco.cy);
         a.radius = e.arco.raggio * rappvid;
         // In degrees, whatever the unit in force.
-        a.startAngle = AngToRad(90 - ampiezza - inizio, gradSessadecimali);
-        a.endAngle = AngToRad(90 - inizio, gradSessadecimali);
+        a.startAngle = (90 - ampiezza - inizio) * radianti;
+        a.endAngle = (90 - inizio) * radianti;
         return true;
     }
     default: return false;   // pictures are not exported

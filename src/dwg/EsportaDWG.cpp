@@ -25,7 +25,7 @@ struct Versione {
 constexpr Versione versioni[] = {{9, 29}, {10, 27}, {11, 25}, {12, 23}, {13, 21}, {14, 16}};
 
 constexpr std::int16_t dialogoOpzioni = 1097;
-constexpr std::int16_t itemProprio = 6, itemNuovissima = 9;
+constexpr std::int16_t itemProprio = 6, itemNuovissima = 9, spuntaInUso = 15, spuntaChiuse = 16;
 
 // The program's own file has one version; of the others those that have a writer can be chosen.
 bool scrivibile(const Obiettivo& o, const Versione& v) {
@@ -57,6 +57,8 @@ public:
             if (!costruito(o)) HiliteDialogItem(theDialog, o.item, 255);
         }
         for (const Versione& v : versioni) SetDialogItemValue(theDialog, v.item, v.item == itemVersione);
+        SetDialogItemValue(theDialog, spuntaInUso, scelteEsporta.soloInUso);
+        SetDialogItemValue(theDialog, spuntaChiuse, scelteEsporta.chiuse);
         abilitaVersioni();
     }
     // The items that stand marked as what the export is told by.
@@ -80,12 +82,19 @@ public:
                 abilitaVersioni();
             } else if (itemCorrente >= itemNuovissima && itemCorrente <= std::end(versioni)[-1].item) {
                 RadioBoxItem(itemVersione);
+            } else if (itemCorrente == spuntaInUso || itemCorrente == spuntaChiuse) {
+                CambiaCheck(itemCorrente);
             }
         } while (itemCorrente != okItem && itemCorrente != annullaItem);
+        const auto spunta = [](std::int16_t item) {
+            return static_cast<std::uint8_t>(GetDialogItemValue(theDialog, item) != 0);
+        };
+        const ScelteEsporta scelte{spunta(spuntaInUso), spunta(spuntaChiuse)};
         DisposeDialog(theDialog);
         theDialog = nullptr;
         if (itemCorrente == okItem) {
             inggene();
+            scelteEsporta = scelte;
             return true;
         }
         itemDWGDXF = obiettivoPrima;
@@ -98,6 +107,8 @@ private:
     void abilitaVersioni() {
         const auto* const o = std::find_if(std::begin(obiettivi), std::end(obiettivi),
                                            [](const Obiettivo& x) { return x.item == itemDWGDXF; });
+        for (const std::int16_t item : {spuntaInUso, spuntaChiuse})
+            HiliteDialogItem(theDialog, item, o->fileType < 0 ? 255 : 0);
         const Versione* prima = nullptr;
         bool scelta = false;
         for (const Versione& v : versioni) {

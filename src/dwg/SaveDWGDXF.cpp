@@ -19,6 +19,7 @@
 namespace tessaro {
 
 std::unique_ptr<OdDbDatabase> pDb;
+ScelteEsporta scelteEsporta;
 std::array<OdDbObjectId, 100> newLayerId;
 
 void InizioDWG() { pDb.reset(); }
@@ -50,6 +51,15 @@ void estensione(OdDbDatabase& db) {
     }
 }
 
+std::array<bool, 100> lucidiInUso() {
+    std::array<bool, 100> usati{};
+    for (std::int32_t i = 3; i <= indElem; ++i) {
+        const std::int16_t l = Elem(i).lucido;
+        usati[l >= 0 && l <= 99 ? static_cast<std::size_t>(l) : 0] = true;
+    }
+    return usati;
+}
+
 void limiti(OdDbDatabase& db) {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     const double largo = 100 * Xfoglio, alto = 100 * yfoglio;
@@ -64,9 +74,12 @@ void limiti(OdDbDatabase& db) {
 std::unique_ptr<OdDbDatabase> CreaDatabaseDisegno(Scritti& conto) {
     auto db = std::make_unique<OdDbDatabase>(createDatabase(true, 0));
     addRegApp(*db, "ODA");
-    // Kept: every sheet has its layer, whether used or not.
+    const std::array<bool, 100> usati = lucidiInUso();
+    // Kept: every sheet has its layer, whether used or not; unless the person wants it otherwise.
+    newLayerId.fill({});
     for (std::size_t i = 0; i < newLayerId.size(); ++i)
-        addLayer(*db, ("Layer " + std::to_string(i)).c_str(), newLayerId[i]);
+        if (scelteEsporta.soloInUso == 0 || usati[i])
+            addLayer(*db, ("Layer " + std::to_string(i)).c_str(), newLayerId[i]);
     addLinetypes(*db);
     CreaDWG(*db, conto);
     limiti(*db);
@@ -165,6 +178,7 @@ namespace {
 const VoceStato righe[] = {
     {"pDb", VoceStato::speciale, nullptr, 0, [] { pDb.reset(); }, nullptr},
     {"newLayerId", VoceStato::speciale, nullptr, 0, [] { newLayerId.fill({}); }, nullptr},
+    {"scelteEsporta", VoceStato::speciale, nullptr, 0, [] { scelteEsporta = {}; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -15,6 +15,13 @@ extern std::unique_ptr<OdDbDatabase> pDb;          // being built or read; null 
 extern std::array<OdDbObjectId, 100> newLayerId;   // the layer of each sheet
 extern OdDbObjectId ttfStyleIdArial, ttfStyleIdTime, ttfStyleIdCourier, ttfStyleIdVerdana, ttfStyleIdSymbol;
 
+// What goes beyond the plain export; off at first.
+struct ScelteEsporta {
+    std::uint8_t soloInUso = 0;   // only sheets that hold something have their layers
+    std::uint8_t chiuse = 0;      // a polyline that ends where it began is closed
+};
+extern ScelteEsporta scelteEsporta;
+
 // The progress of the kit's work, dialog 145: a bar that is moved only by steps of more than 0.7 per cent.
 class MyServices : public OdDbHostAppProgressMeter {
 public:

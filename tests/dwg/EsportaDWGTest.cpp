@@ -123,8 +123,8 @@ TEST_F(EsportaDWG, anArcsAnglesAreDegreesWhateverTheUnitInForce) {
         arco(100, 900, 10, 30, 45);   // clockwise from straight up
         crea();
         const auto& a = static_cast<const OdDbArc&>(entita(0));
-        EXPECT_NEAR(a.startAngle, 15 * std::acos(-1.0) / 180, 1e-6);
-        EXPECT_NEAR(a.endAngle, 60 * std::acos(-1.0) / 180, 1e-6);
+        EXPECT_NEAR(a.startAngle, 15 * std::acos(-1.0) / 180, 1e-12);
+        EXPECT_NEAR(a.endAngle, 60 * std::acos(-1.0) / 180, 1e-12);
     }
 }
 
@@ -165,6 +165,20 @@ TEST_F(EsportaDWG, aFileThatSaysSomethingElseIsTold) {
     OdDbDatabase riletto = createDatabase(false, 0);
     rilettoDxf(riletto, t);
     EXPECT_EQ(ConfrontaDatabase(d, riletto, 29).quante, 1);
+}
+
+TEST_F(EsportaDWG, withTheChoicesOnlySheetsInUseAndClosedFigures) {
+    scelteEsporta = {1, 1};
+    const std::int32_t testa = polilinea({{0, 0}, {10, 20}, {30, 0}, {0, 0}});
+    Elem(testa).lucido = 7;
+    polilinea({{0, 0}, {10, 20}, {0, 0}});
+    const OdDbDatabase& d = crea();
+    EXPECT_FALSE(d.layers.getAt("Layer 7").isNull());
+    EXPECT_TRUE(d.layers.getAt("Layer 8").isNull());
+    const auto& chiusa = static_cast<const OdDb3dPolyline&>(entita(0));
+    EXPECT_TRUE(chiusa.closed);
+    EXPECT_EQ(chiusa.numVerts(), 3U);
+    EXPECT_FALSE(static_cast<const OdDb3dPolyline&>(entita(1)).closed);   // there and back
 }
 
 TEST_F(EsportaDWG, textGoesByTheVersionsCharacters) {
