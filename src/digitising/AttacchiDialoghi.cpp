@@ -2,6 +2,7 @@
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
 #include "model/Archivio.h"
+#include "model/Stato.h"
 #include "model/Unita.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
@@ -51,7 +52,7 @@ public:
     }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(campoX1);
     }
 
@@ -67,11 +68,10 @@ public:
 }   // namespace
 
 void ParAttacco() {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParAttacco d;
     d.Poni(1, 2, 0, 11, 2006);
     d.Param();
-    SetPort(prima);
 }
 
 }   // namespace tessaro

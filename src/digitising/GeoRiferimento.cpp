@@ -4,6 +4,7 @@
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
 #include "model/Archivio.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Quickdraw.h"
@@ -55,7 +56,7 @@ public:
     void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         HiliteDialogItem(theDialog, ripristinaItem, 255);
         Giro(campoX);
     }
@@ -79,11 +80,10 @@ public:
 }   // namespace
 
 void ParGeoRefer(std::uint8_t grafico) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParGeoRefer d;
     d.Poni(1, 2, 0, 7, 135);
     d.Param(grafico != 0);
-    SetPort(prima);
 }
 
 namespace {

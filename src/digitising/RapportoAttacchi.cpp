@@ -228,9 +228,9 @@ public:
             const SenzaTraccia zitta;
             buona = RisolviOmografia(lavoro.src, lavoro.dst, coef);
         } else if (d.modo == quattroPt) {
-            PreparaQuattro(lavoro, {});
+            (void)PreparaQuattro(lavoro, {});   // asked for no numbers
         } else {
-            PreparaCinque(lavoro, {});
+            (void)PreparaCinque(lavoro, {});
         }
     }
     explicit operator bool() const { return buona; }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -48,7 +49,7 @@ std::int16_t ActiveAttach::PoniLucido() {
         return nessuno;
     }
     ParamText(nomeSelezione().view(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     const auto display = [] {
         const PStr255 s = Puntosel.multipla ? PStr255("") : NumToString(Elem(Puntosel.indice).lucido);
         SetDialogItemText(theDialog, campo, s.view());
@@ -64,8 +65,6 @@ std::int16_t ActiveAttach::PoniLucido() {
             display();
         }
     } while (itemCorrente != annulla && !(itemCorrente == ok && LeggiCampo(campo, std::int16_t{0}, massimo, layer)));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     return itemCorrente == ok && qualcosaSelezionato() ? layer : nessuno;
 }
 

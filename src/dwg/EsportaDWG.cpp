@@ -60,7 +60,7 @@ public:
     }
     bool esegui() {
         const std::int16_t obiettivoPrima = itemDWGDXF, versionePrima = itemVersione;
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Display();
         do {
             ModalDialog(MyMovableFilter, itemCorrente);
@@ -71,8 +71,6 @@ public:
                 RadioBoxItem(itemVersione);
             }
         } while (itemCorrente != okItem && itemCorrente != annullaItem);
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
         if (itemCorrente == okItem) {
             inggene();
             return true;

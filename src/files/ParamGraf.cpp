@@ -6,12 +6,14 @@
 #include <bit>
 #include <cstring>
 
+#include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Files.h"
@@ -179,7 +181,7 @@ void TParamGraf::colpito() {
 
 void TParamGraf::Dialogo() {
     ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);   // a drawing brings its own unit
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     itemAngolo = static_cast<std::int16_t>(tipoAngolo + primoAngolo);
     Display();
     SelectDialogItemText(theDialog, campoScala, 0, 100);
@@ -191,8 +193,6 @@ void TParamGraf::Dialogo() {
         colpito();
     } while (!chiude() && !(itemCorrente == annullaItem && quitPending()));
     if (itemCorrente == annullaItem) ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TParamGraf::Param() {
@@ -220,11 +220,10 @@ void TParamGraf::Param() {
 }
 
 bool ParamGraf() {
-    const GrafPtr porta = GetPort();
+    const PortaCorrente porta;
     TParamGraf p;
     p.Poni(1, 2, 20, 19, ParamGrafDia);
     p.Param();
-    SetPort(porta);
     return !p.annullato();
 }
 

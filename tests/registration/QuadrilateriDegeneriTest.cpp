@@ -8,6 +8,7 @@
 #include <random>
 #include <set>
 
+#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "display/Disegno.h"
 #include "editing/Selezione.h"
@@ -177,7 +178,7 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
 
         attaccoAttivo.tipo = 1;
         const Coefficienti prima = attaccoAttivo.coef;
-        bool a = avvisato([] { attaccoAttivo.PreparaAttacco(); });
+        bool a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); });
         rami.insert(r.par1 | r.par2 << 1 | r.par1d << 2 | r.par2d << 3);
         deformProspettica = 0;
         prova1(src, a, malato, quattro, avanti);
@@ -195,24 +196,24 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
         prova1(src, a, malato, libero, [&](double& x, double& y) { TrasformaFuga(r, true, x, y); });
 
         attaccoAttivo.tipo = 2;
-        a = avvisato([] { attaccoAttivo.PreparaAttacco(); });
+        a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); });
         prova1(src, a, malato, cinque, avanti);
         deformProspettica = 0;
         prova1(src, a, malato, cinque, avanti);
         deformProspettica = 1;
 
         attaccoAttivo.tipo = 1;
-        a = avvisato([] { attaccoAttivo.PreparaAttaccoInverso(); });
+        a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttaccoInverso()); });
         prova1(dst, a, malato, inverso, indietro);
 
         att4Pt.src = src;
         att4Pt.dst = dst;
-        a = avvisato([] { PrepAtt4pt(); });
+        a = avvisato([] { ErroreAlert(PrepAtt4pt()); });
         prova1(
             src, a, [](const Coppia&) { return !sano(att4Pt); }, libero, [](double& x, double& y) { Traf4Pt(x, y); });
 
         attaccoAttivo.tipo = 0;
-        EXPECT_FALSE(avvisato([] { attaccoAttivo.PreparaAttacco(); }));
+        EXPECT_FALSE(avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); }));
         prova1(
             src, false, [&](const Coppia&) { return XA1 == XA2 && YA1 == YA2; }, due, avanti);
     }
@@ -259,7 +260,7 @@ TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
         poni(src, dst, ovunque(), ovunque());
         attaccoAttivo.SetModificato(1);
         for (attaccoAttivo.tipo = 0; attaccoAttivo.tipo <= 2; ++attaccoAttivo.tipo) {
-            attaccoAttivo.PreparaAttacco();
+            ErroreAlert(attaccoAttivo.PreparaAttacco());
             Disegna();
             EventRecord clic;
             clic.when = ora += 1000;   // never a double click
