@@ -39,6 +39,7 @@
 #include "model/Vista.h"
 #include "model/Voci.h"
 #include "platform/Menus.h"
+#include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -380,6 +381,10 @@ void comandoVincoli() {
     coordinateSempre();
 }
 
+void comandoImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -407,6 +412,7 @@ constexpr VoceMenu comandi[] = {
     {menuIngressoAttacco, comandoIngressoAttacco},
     {menuAttacchiOrigine, comandoAttacchiOrigine},
     {menuAttacchiDestinazione, comandoAttacchiDestinazione},
+    {menuImmagine, comandoImmagine},
     {menuVincoli, comandoVincoli},
 };
 

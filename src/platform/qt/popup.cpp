@@ -10,9 +10,11 @@
 #include <algorithm>
 
 #include "model/Colori.h"
+#include "model/Penna.h"
 #include "platform/Menus.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 
