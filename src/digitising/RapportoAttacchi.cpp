@@ -11,7 +11,7 @@
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/gauss.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -122,7 +122,7 @@ void ParTavoletta() {
     d.Dialogo();
     if (!d.Accettato()) return;
     ScriviParTavoletta();
-    if (TabAbilit) AccendiTavoletta(static_cast<Lettore>(lettoreScelto));
+    if (TabAbilit) AccendiTavoletta(static_cast<LettoreTavoletta>(lettoreScelto));
 }
 
 }   // namespace tessaro

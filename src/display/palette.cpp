@@ -9,7 +9,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "display/barra.h"
+#include "display/Barra.h"
 #include "display/Zoom.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"

@@ -4,7 +4,7 @@
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "editing/Cancella.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

@@ -1,7 +1,7 @@
 // The dialogs of texts: string and angle, and a size of one's own.
 #include "dialogs/Parametri.h"
 #include "display/Testi.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Selezione.h"

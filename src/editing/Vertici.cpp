@@ -6,7 +6,7 @@
 
 #include "display/Zoom.h"
 #include "editing/Modifica.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Strumento.h"

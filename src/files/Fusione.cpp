@@ -9,7 +9,7 @@
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

@@ -38,7 +38,7 @@ constexpr std::int16_t primoAngolo = 10, primaUnita = 12, unitaLibera = 18;
 constexpr std::array<double, 6> decimiDi{10, 100, 10000, 10000000, 254.00508, 3048.06096};
 
 // The file's fields in order, each with its length. Reading stops at the first that the file does not hold whole.
-struct Lettore {
+struct FilePGraf {
     std::array<std::uint8_t, 72> byte{};
     std::size_t presenti = 0, pos = 0;
 
@@ -68,8 +68,8 @@ struct Lettore {
     }
 };
 
-Lettore contenuto() {
-    Lettore l;
+FilePGraf contenuto() {
+    FilePGraf l;
     if (!ApriImpostazioni(nomeFile, false)) return l;
     auto n = static_cast<std::int32_t>(l.byte.size());
     FSRead(RefNum, n, l.byte.data());   // fewer bytes than wanted are what the defaults are for
@@ -92,7 +92,7 @@ void predefiniti() {
 
 void TParamGraf::leggipar() {
     uscita = 0;
-    Lettore l = contenuto();
+    FilePGraf l = contenuto();
     const bool intero = l.intero(ItemUnit) && l.unita(UnitaMCorrente) && l.reale(decimiUnita) && l.reale(Scaladis)
                         && l.reale(DataUltima) && l.reale(Xfoglio) && l.intero(XFDecimi) && l.reale(yfoglio)
                         && l.intero(YFDecimi) && l.reale(LargTav) && l.intero(btav) && l.reale(AltTav) && l.intero(htav)

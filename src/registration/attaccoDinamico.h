@@ -8,7 +8,7 @@
 #include "dialogs/Parametri.h"
 #include "model/Elemento.h"
 #include "model/Registrazione.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

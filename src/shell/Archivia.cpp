@@ -6,7 +6,7 @@
 
 #include "dialogs/Errori.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"

@@ -9,7 +9,7 @@
 #include "display/Zoom.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "dialogs/Parametri.h"
-#include "display/barra.h"
+#include "display/Barra.h"
 #include "display/Disegno.h"
 #include "display/Disposizione.h"
 #include "display/Lettura.h"

@@ -11,13 +11,13 @@
 #include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "display/Disegno.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "registration/attaccoDinamico.h"
-#include "registration/solutori.h"
-#include "support/Ascolto.h"
+#include "registration/Solutori.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;
@@ -157,12 +157,11 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
     constexpr int giri = 4000;
     caso.seed(20260);
     fogliovuoto();
-    Ascolto ascolto;
     const auto avvisato = [&](auto lavoro) {
-        ascolto.avvisi.clear();
+        prova::avvisi.clear();
         lavoro();
-        for (const std::int16_t n : ascolto.avvisi) EXPECT_EQ(n, 999);   // errors 23 to 26, in words
-        return !ascolto.avvisi.empty();
+        for (const std::int16_t n : prova::numeriAvvisi()) EXPECT_EQ(n, 999);   // errors 23 to 26, in words
+        return !prova::avvisi.empty();
     };
     std::set<int> rami;
     Conto quattro, cinque, inverso, libero, omografia, due;
@@ -239,7 +238,6 @@ TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
     SetPort(&porta);
     scalavid = 0.1;
     AggiornaTolleranze();
-    const Ascolto ascolto;
     segmento(100, 100, 3000, 2500);
     marker(900, 900);
     polilinea({{200, 2000}, {1500, 300}, {2600, 2600}});

@@ -6,7 +6,7 @@
 
 #include "dialogs/Errori.h"
 #include "model/Unita.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

@@ -11,7 +11,7 @@
 #include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "registration/gauss.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

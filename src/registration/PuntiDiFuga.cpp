@@ -4,7 +4,7 @@
 
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

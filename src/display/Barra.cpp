@@ -1,5 +1,5 @@
 // The thirty controls of the toolbar from left to right, with rules between the groups.
-#include "display/barra.h"
+#include "display/Barra.h"
 
 #include <memory>
 
