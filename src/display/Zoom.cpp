@@ -11,6 +11,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
@@ -151,7 +152,7 @@ void ZoomFinestra() {
     const Stato stato;
     ClipRect(GetPortBounds(theWindow));
     Rect r;
-    if (!SelRect(r)) return;
+    if (!SelRect(r) || r.right == r.left || r.bottom == r.top) return;
     const std::int32_t dh = r.left - latoCella, dv = r.top - hToolbar;
     PageCorner.h += dh;
     PageCorner.v += dv;
@@ -281,6 +282,13 @@ void InvalWind() {
 }
 
 void InvalFinestra() { InvalWind(); }
+
+namespace {
+[[maybe_unused]] const bool agganciato = [] {
+    figuraFinita = InvalWind;
+    return true;
+}();
+}   // namespace
 
 void AggiornaBarre() {
     if (!VScroll || !HScroll) return;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
+#include "dwg/dwgdxf.h"
 #include "exchange/DXF.h"
 #include "model/TabellaStato.h"
 
@@ -15,9 +16,8 @@ constexpr std::int16_t obiettivoProprio = 3;
 
 struct Obiettivo {
     std::int16_t item, tipo, fileType;
-    bool costruito;
 };
-constexpr Obiettivo obiettivi[] = {{4, 1, 0, false}, {5, 2, 1, false}, {6, obiettivoProprio, -1, true}};
+constexpr Obiettivo obiettivi[] = {{4, 1, 0}, {5, 2, 1}, {6, obiettivoProprio, -1}};
 
 struct Versione {
     std::int16_t item, outVer;
@@ -26,6 +26,17 @@ constexpr Versione versioni[] = {{9, 29}, {10, 27}, {11, 25}, {12, 23}, {13, 21}
 
 constexpr std::int16_t dialogoOpzioni = 1097;
 constexpr std::int16_t itemProprio = 6, itemNuovissima = 9;
+
+// The program's own file has one version; of the others those that have a writer can be chosen.
+bool scrivibile(const Obiettivo& o, const Versione& v) {
+    return o.fileType >= 0 && PuoScrivere(static_cast<OdDbSaveType>(o.fileType), v.outVer);
+}
+
+bool costruito(const Obiettivo& o) {
+    return o.fileType < 0 || std::any_of(std::begin(versioni), std::end(versioni), [&](const Versione& v) {
+               return scrivibile(o, v);
+           });
+}
 
 }   // namespace
 
@@ -43,7 +54,7 @@ public:
     void Display() override {
         for (const Obiettivo& o : obiettivi) {
             SetDialogItemValue(theDialog, o.item, o.item == itemDWGDXF);
-            if (!o.costruito) HiliteDialogItem(theDialog, o.item, 255);
+            if (!costruito(o)) HiliteDialogItem(theDialog, o.item, 255);
         }
         for (const Versione& v : versioni) SetDialogItemValue(theDialog, v.item, v.item == itemVersione);
         abilitaVersioni();
@@ -81,10 +92,22 @@ public:
     }
 
 private:
-    // The program's own file has one version.
-    static void abilitaVersioni() {
-        const std::int16_t parte = itemDWGDXF == itemProprio ? 255 : 0;
-        for (const Versione& v : versioni) HiliteDialogItem(theDialog, v.item, parte);
+    // A version that the target cannot be written in gives way to the newest that it can.
+    void abilitaVersioni() {
+        const auto* const o = std::find_if(std::begin(obiettivi), std::end(obiettivi),
+                                           [](const Obiettivo& x) { return x.item == itemDWGDXF; });
+        const Versione* prima = nullptr;
+        bool scelta = false;
+        for (const Versione& v : versioni) {
+            const bool si = scrivibile(*o, v);
+            HiliteDialogItem(theDialog, v.item, si ? 0 : 255);
+            if (si && prima == nullptr) prima = &v;
+            scelta = scelta || (si && v.item == itemVersione);
+        }
+        if (scelta || prima == nullptr) return;
+        SetDialogItemValue(theDialog, itemVersione, 0);
+        itemVersione = prima->item;
+        SetDialogItemValue(theDialog, itemVersione, 1);
     }
 };
 
@@ -94,7 +117,10 @@ bool OpzioniEsportazione() { return TOpzioniEsportaDWG().esegui(); }
 
 void EsportaDWG() {
     if (!OpzioniEsportazione()) return;
-    if (tipoFileEsportato == obiettivoProprio) FaiDXF();
+    if (tipoFileEsportato == obiettivoProprio)
+        FaiDXF();
+    else
+        SaveDWGDXF(tipoFileEsportato, outVer);
 }
 
 namespace {

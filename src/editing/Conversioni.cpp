@@ -9,6 +9,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
@@ -59,10 +60,8 @@ std::int32_t converti(Adatto adatto, void (*conversione)(std::int32_t)) {
 // The frame of both commands: `quanti` makes the new elements and tells how many things it took.
 template <class Quanti>
 void aggiungi(Quanti quanti) {
-    ConcludiFigura();
+    CominciaAggiunta();
     SetCursor(ClockCursor);
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     if (quanti() == 0) {   // Kept: a question that was cancelled converts nothing either
         SysBeep(30);
     } else {

@@ -9,6 +9,7 @@
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Selezione.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -114,6 +115,7 @@ void ParamLucidi() {
     p.Poni(1, 2, 0, 0, ParamLucidiDia);
     p.Dialogo();
     if (!p.cambiato || noWindow) return;
+    if (Puntosel.attiva) RifaiRettSel();
     InvalFinestra();
     DrawPallette();   // it shows the current sheet's number
 }

@@ -17,6 +17,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/TabellaStato.h"
 #include "model/Voci.h"
 #include "platform/Events.h"
@@ -168,7 +169,12 @@ void importaTesto(const Richiesta& r, const FSSpec& file) {
 
 void esegui(const Richiesta& r, const FSSpec& file) {
     SetCursor(ClockCursor);
-    PoniAnnulla(aNiente);
+    const bool scrive = r.opera == Opera::scrivi;
+    if (scrive) {
+        PoniAnnulla(aNiente);
+    } else {
+        CominciaAggiunta();
+    }
     switch (r.opera) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
@@ -176,6 +182,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
+    if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (uscita || !r.delDocumento) return;
     myFSS = file;
     OKArchivioFss = 1;
@@ -184,7 +191,6 @@ void esegui(const Richiesta& r, const FSSpec& file) {
 }
 
 void concludi() {
-    if (inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
@@ -197,7 +203,6 @@ void concludi() {
 void lasciato(const Richiesta& r, const FSSpec& file) {
     uscita = 0;
     LF = 10;
-    inizioAggiunta = std::max(indElem, 2);
     esegui(r, file);
     concludi();
 }
@@ -208,7 +213,6 @@ void archivia() {
     uscita = 0;
     LF = 10;
     fType = tipoTS3D;
-    inizioAggiunta = std::max(indElem, 2);
     if (theItem == rSalva && senzaTitolo()) theItem = rSalvaCome;
     const Richiesta* r = richiestaDi(theItem);
     if (!r) {

@@ -9,6 +9,7 @@
 #include "display/Zoom.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Percorso.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
@@ -195,6 +196,7 @@ void ponidisp(const double& value, std::string_view label) {
 }
 
 void ApriCalcolatrice() {
+    FineFigura();
     operazCorrente = opCalcolatrice;
     if (CalcWindow) {
         SelectDialogWindow(calcDialog);
@@ -214,7 +216,11 @@ void ChiudiCalcolatrice() {
 }
 
 void LasciaCalcolatrice() {
-    if (operazCorrente == opCalcolatrice) ChiudiCalcolatrice();
+    if (!CalcWindow) return;
+    ChiudiCalcolatrice();
+    if (Azione != sPercorso) return;
+    Azione = sFermo;
+    InvalFinestra();
 }
 
 void ChiusaCalcolatrice() {

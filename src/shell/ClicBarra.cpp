@@ -14,6 +14,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Comandi.h"
+#include "shell/Modi.h"
 
 namespace tessaro {
 
@@ -55,7 +56,7 @@ void taglia() {
 }
 
 void spostaFoglio() {
-    Modalita = mFoglio;
+    CambiaModo(mFoglio);
     DrawPallette();
 }
 

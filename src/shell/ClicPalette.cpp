@@ -12,15 +12,14 @@
 #include "editing/TestoSelezione.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Calcolatrice.h"
-#include "shell/Comandi.h"
 #include "shell/Modi.h"
-#include "tools/Costruzione.h"
 
 namespace tessaro {
 
@@ -28,24 +27,12 @@ namespace {
 
 bool opzione = false;   // Option held at the click
 
-void lasciaSpostamento() {
-    if (Modalita == mSpostamento && Puntosel.multipla) DisegnaRettSel();
-    Sposta2ndClick = 0;
-}
-
-void freccia() {
-    lasciaSpostamento();
-    Modalita = mSelezione;
-}
-
-void digita() {
-    lasciaSpostamento();
-    Modalita = mDigitazione;
-}
+void freccia() { CambiaModo(mSelezione); }
+void digita() { CambiaModo(mDigitazione); }
 
 void muovi() {
     if (Puntosel.attiva) {
-        Modalita = mSpostamento;
+        CambiaModo(mSpostamento);
     } else {
         SysBeep(30);
     }
@@ -56,28 +43,17 @@ void cambiaFoglio(std::int16_t passo) {
     if (VisioneGraf.grigiaAltri || VisioneGraf.soloCorrente) InvalFinestra();
 }
 
-void strumento(std::int32_t operazione) {
-    lasciaSpostamento();
-    Modalita = mDigitazione;
-    operazCorrente = operazione;
+// Ends the figure also when its own tool is taken again.
+void strumentoDaCapo(std::int32_t operazione) {
+    FineFigura();
+    PrendiStrumento(operazione);
 }
-
-void segmento() {
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(opSegmento);
-}
-void polilinea() {
-    LasciaCalcolatrice();
-    strumento(opPolilinea);
-}
+void segmento() { strumentoDaCapo(opSegmento); }
+void polilinea() { PrendiStrumento(opPolilinea); }
 
 void curva(std::int32_t operazione) {
-    if (opzione) {
-        CurvePerPunti = CurvePerPunti ? 0 : 1;
-        SpuntaCurve();
-    }
-    strumento(operazione);
+    if (opzione) PrendiCurve(!CurvePerPunti);
+    PrendiStrumento(operazione);
 }
 void cerchio() { curva(opCerchio); }
 void arco() { curva(opArco); }
@@ -87,15 +63,10 @@ void testo() {
         PoniTesti(1);
         return;
     }
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(opTesto);
+    strumentoDaCapo(opTesto);
 }
-void marker() {
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(opMarker);
-}
+void marker() { strumentoDaCapo(opMarker); }
+
 // A point by typing, for the tools that take points.
 void puntoDigitato() {
     const bool conPunti = operazCorrente == opSegmento || operazCorrente == opPolilinea || operazCorrente == opMarker

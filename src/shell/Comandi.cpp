@@ -13,6 +13,7 @@
 #include "display/palette.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
+#include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
@@ -33,6 +34,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
@@ -45,7 +47,6 @@
 #include "shell/Calcolatrice.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
-#include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
 
@@ -166,33 +167,28 @@ void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
 }
 
-void strumento(std::int32_t operazione) {
-    operazCorrente = operazione;
-    Modalita = mDigitazione;
-}
-
 void comandoDisegna() {
     using namespace voci::disegna;
     if (noWindow) return;
     switch (theItem) {
     case segmento:
-        FineSegm();
-        strumento(opSegmento);
+        FineFigura();
+        PrendiStrumento(opSegmento);
         break;
-    case polilinea: strumento(opPolilinea); break;
+    case polilinea: PrendiStrumento(opPolilinea); break;
     case marker:
-        FineSegm();
-        strumento(opMarker);
+        FineFigura();
+        PrendiStrumento(opMarker);
         break;
     case formaMarker: ScegliMarker(); break;
     case quota: PoniZeta(); return;
     case testo:
-        FineSegm();
-        strumento(opTesto);
+        FineFigura();
+        PrendiStrumento(opTesto);
         DrawPallette();
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
-    case cerchio: strumento(opCerchio); break;
-    case arco: strumento(opArco); break;
+    case cerchio: PrendiStrumento(opCerchio); break;
+    case arco: PrendiStrumento(opArco); break;
     case vertice: IngressoVertici(); break;
     case markerDigitato: IngressoMarker(); break;
     case tratteggi: PoniTratteggi(); return;
@@ -236,8 +232,7 @@ void comandoStrumenti() {
     case tavoletta: ParTavoletta(); break;
     case curvePerCentro:
     case curvePerPunti:
-        CurvePerPunti = theItem == curvePerPunti;
-        SpuntaCurve();
+        PrendiCurve(theItem == curvePerPunti);
         DrawPallette();
         break;
     default: break;
@@ -327,8 +322,12 @@ void comandoApriAltri() {
 
 void comandoImporta() {
     if (noWindow) SetUpWindow();
-    theItem = static_cast<std::int16_t>(menuImporta + theItem);
-    archivia();
+    if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
+        ImportaDWG();
+    } else {
+        theItem = static_cast<std::int16_t>(menuImporta + theItem);
+        archivia();
+    }
     disegnoAperto();
 }
 
@@ -342,10 +341,14 @@ void comandoIngressoAttacco() {
 void sceltaAttacco(std::int32_t primaOperazione, const std::array<std::int16_t, 5>& cursori) {
     const auto i = static_cast<std::size_t>(theItem - 1);
     if (noWindow || i >= cursori.size()) return;
-    if (i + 1 < cursori.size()) operazCorrente = primaOperazione + theItem - 1;
+    if (i + 1 < cursori.size()) {
+        FineFigura();
+        LasciaCalcolatrice();
+        operazCorrente = primaOperazione + theItem - 1;
+    }
     attaccoCursor = cursori[i];
     SetCursor(attaccoCursor);
-    Modalita = mAttacco;
+    CambiaModo(mAttacco);
     DrawPallette();
 }
 

@@ -170,7 +170,9 @@ void chiudiDisegno() {
     senzaAttacchi();
     Azione = sFermo;   // a figure in progress ends with its drawing
     ContinuaPoligono = 0;
+    Sposta2ndClick = 0;
     AzzeraPuntosel();
+    AzzeraRettSel();
     AbilitaMenu(false);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
@@ -18,6 +19,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
@@ -27,6 +29,8 @@
 #include "platform/Menus.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "shell/Calcolatrice.h"
+#include "shell/Comandi.h"
 #include "shell/Contorno.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
@@ -65,6 +69,8 @@ void popupDisegno() {
     } else if (item == cambiaDinamica) {
         // Kept: the switch is item 11 and its tick stands on item 13.
         attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
+        if (attaccoAttivo.GetModificato())
+            ErroreAlert(attaccoAttivo.PreparaAttacco());   // points may have moved since the last time
         InvalWind();
     }
 }
@@ -199,6 +205,28 @@ void bloccaSuAsse(double& x, double& y) {
 }
 
 }   // namespace
+
+void CambiaModo(std::int32_t modo) {
+    if (Modalita == mSpostamento && modo != mSpostamento) {
+        if (Puntosel.multipla) DisegnaRettSel();
+        if (Sposta2ndClick) InvalFinestra();   // the outline and the cross of its first click
+        Sposta2ndClick = 0;
+    }
+    Modalita = modo;
+}
+
+void PrendiStrumento(std::int32_t operazione) {
+    if (operazione != operazCorrente) FineFigura();
+    LasciaCalcolatrice();
+    CambiaModo(mDigitazione);
+    operazCorrente = operazione;
+}
+
+void PrendiCurve(bool perPunti) {
+    if ((CurvePerPunti != 0) != perPunti && (operazCorrente == opCerchio || operazCorrente == opArco)) FineFigura();
+    CurvePerPunti = perPunti;
+    SpuntaCurve();
+}
 
 void CercaSelezione(EventRecord& e, puntot& point) {
     if (!PtInRect(EventPoint, myViewRect)) {

@@ -17,6 +17,7 @@
 #include "model/Voci.h"
 #include "platform/Windows.h"
 #include "shell/Comandi.h"
+#include "shell/Modi.h"
 #include "tools/CursoreVincolato.h"
 
 namespace tessaro {
@@ -58,8 +59,7 @@ void vincolo() {
 
 // Between selecting and digitising; any other mode goes to digitising.
 void cambiaModo() {
-    if (Modalita == mSpostamento && Puntosel.multipla) DisegnaRettSel();
-    Modalita = Modalita == mDigitazione ? mSelezione : mDigitazione;
+    CambiaModo(Modalita == mDigitazione ? mSelezione : mDigitazione);
     if (Modalita != mDigitazione) SetCursor(arrowCursor);
     DrawPallette();
 }

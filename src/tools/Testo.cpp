@@ -6,6 +6,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/Stato.h"
 #include "model/Strumento.h"
@@ -15,8 +16,7 @@
 namespace tessaro {
 
 void FaiTesto(const PStr255& testo, std::int16_t angolo) {
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
+    CominciaAggiunta();
     const Stato stato;
     Croce();
     AttaccaCursore(xcurs, ycurs, zcurs);   // the elevation is dropped: a text has none
