@@ -20,7 +20,7 @@ extern std::vector<Avviso> avvisi;                             // in the order t
 extern std::map<std::int16_t, std::int16_t> bottoni;           // alert to button; else its default
 extern int suoni;                                              // beeps
 extern std::function<bool(tessaro::DialogPtr)> passoDialogo;   // next step of an open dialog; false cancels it
-void ganciDellaSuite();   // back to these, after a test that had hooks of its own
+void ganciDellaSuite();                                        // back to these, after a test that had hooks of its own
 inline std::vector<std::int16_t> numeriAvvisi() {
     std::vector<std::int16_t> n;
     for (const Avviso& a : avvisi) n.push_back(a.id);
