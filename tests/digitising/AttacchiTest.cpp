@@ -9,6 +9,7 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vincoli.h"
+#include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
