@@ -12,7 +12,7 @@
 #include "display/Disegno.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Cancella.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "editing/Sposta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

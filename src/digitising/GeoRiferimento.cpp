@@ -5,6 +5,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/RegistrazioneValida.h"
 #include "model/Archivio.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Quickdraw.h"
@@ -69,7 +70,7 @@ public:
     void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         HiliteDialogItem(theDialog, ripristinaItem, 255);
         Giro(campoX);
     }
@@ -93,11 +94,10 @@ public:
 }   // namespace
 
 void ParGeoRefer(std::uint8_t grafico) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParGeoRefer d;
     d.Poni(1, 2, 0, 7, 135);
     d.Param(grafico != 0);
-    SetPort(prima);
 }
 
 namespace {

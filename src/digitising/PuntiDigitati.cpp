@@ -99,12 +99,10 @@ bool AccettaIngreMark() { return AccettaIngreAtt(); }
 bool chiediPunto(const PStr255& richiesta, bool (*accetta)()) {
     constexpr std::int16_t dialogo = 2024;
     ParamText(richiesta.view(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     proponiPunto(xcurs, ycurs, ZetaCorrente);
     SelectDialogItemText(theDialog, campoX, 0, 100);
     do { ModalDialog(MyMovableFilter, Noitem); } while (Noitem != annulla && !(Noitem == ok && accetta()));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     IntroDigitale = Noitem == ok;
     return IntroDigitale != 0;
 }
@@ -172,27 +170,29 @@ void proponiVertice() {
 }   // namespace
 
 void IngressoVertici() {
-    constexpr std::int16_t dialogo = 2023;
-    theDialog = GetNewDialog(dialogo);
-    std::int16_t radio = inserimentoRelativo ? relative : assolute;
-    SetDialogItemValue(theDialog, radio, 1);
-    proponiVertice();
-    SelectDialogItemText(theDialog, campoX, 0, 100);
-    const std::uint8_t relativoPrima = inserimentoRelativo;
     bool accettato = false;
-    do {
-        ModalDialog(MyMovableFilter, Noitem);
-        if (Noitem == assolute || Noitem == relative) RadioBoxItem(radio);
-        if (Noitem == ok || Noitem == chiude) {
-            inserimentoRelativo = radio == relative;
-            accettato = AccettaIngreVert();
-        }
-    } while (Noitem != annulla && !accettato);
-    const std::int16_t item = Noitem;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
-    if (!accettato) inserimentoRelativo = relativoPrima;
-    if (accettato) traccia(item);
+    const std::uint8_t relativoPrima = inserimentoRelativo;
+    {
+        constexpr std::int16_t dialogo = 2023;
+        const DialogoAperto aperto(dialogo);
+        std::int16_t radio = inserimentoRelativo ? relative : assolute;
+        SetDialogItemValue(theDialog, radio, 1);
+        proponiVertice();
+        SelectDialogItemText(theDialog, campoX, 0, 100);
+        do {
+            ModalDialog(MyMovableFilter, Noitem);
+            if (Noitem == assolute || Noitem == relative) RadioBoxItem(radio);
+            if (Noitem == ok || Noitem == chiude) {
+                inserimentoRelativo = radio == relative;
+                accettato = AccettaIngreVert();
+            }
+        } while (Noitem != annulla && !accettato);
+    }
+    if (accettato) {
+        traccia(Noitem);
+    } else {
+        inserimentoRelativo = relativoPrima;
+    }
 }
 
 // --- direction and distance
@@ -228,21 +228,20 @@ void partiDallaSelezione() {
 }   // namespace
 
 void IngressoPolare() {
-    constexpr std::int16_t dialogo = 148;
-    ParamText(NomeAngoli(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
-    proponiPolare();
-    partiDallaSelezione();
-    SelectDialogItemText(theDialog, campoAngolo, 0, 100);
     bool accettato = false;
-    do {
-        ModalDialog(MyMovableFilter, Noitem);
-        if (Noitem == ok || Noitem == chiude) accettato = AccettaIngrePol();
-    } while (Noitem != annulla && !accettato);
-    const std::int16_t item = Noitem;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
-    if (accettato) traccia(item);
+    {
+        constexpr std::int16_t dialogo = 148;
+        ParamText(NomeAngoli(), "", "", "");
+        const DialogoAperto aperto(dialogo);
+        proponiPolare();
+        partiDallaSelezione();
+        SelectDialogItemText(theDialog, campoAngolo, 0, 100);
+        do {
+            ModalDialog(MyMovableFilter, Noitem);
+            if (Noitem == ok || Noitem == chiude) accettato = AccettaIngrePol();
+        } while (Noitem != annulla && !accettato);
+    }
+    if (accettato) traccia(Noitem);
 }
 
 namespace {

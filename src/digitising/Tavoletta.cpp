@@ -5,7 +5,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Percorso.h"

@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::int16_t avvisoTavoletta = 9104;
 constexpr std::int16_t testi = 9160;                      // string list
-constexpr std::int16_t primoNome = 1, primoGuasto = 10;   // by Lettore, by GuastoSeriale
+constexpr std::int16_t primoNome = 1, primoGuasto = 10;   // by LettoreTavoletta, by GuastoSeriale
 constexpr std::int16_t portaMancante = 17;
 
 DecodificaTavoletta decodifica(FormatoPacchetti::virgole);
@@ -67,12 +67,12 @@ void elabora(const Campione& c) { CampioneTavoletta(c.x, c.y, c.bottone); }
 
 }   // namespace
 
-bool AccendiTavoletta(Lettore quale) {
+bool AccendiTavoletta(LettoreTavoletta quale) {
     SpegniTavoletta();
-    if (quale == Lettore::seriale && !apriLinea()) return false;
-    if (quale == Lettore::penna) PenListen(PennaDigita);
+    if (quale == LettoreTavoletta::seriale && !apriLinea()) return false;
+    if (quale == LettoreTavoletta::penna) PenListen(PennaDigita);
     lettoreVivo = static_cast<std::int16_t>(quale);
-    TabAbilit = quale != Lettore::nessuno;
+    TabAbilit = quale != LettoreTavoletta::nessuno;
     mostraLettore();
     return true;
 }
@@ -92,12 +92,12 @@ void CambiaLettura() {
     if (TabAbilit) {
         SpegniTavoletta();
     } else {
-        AccendiTavoletta(static_cast<Lettore>(lettoreScelto));
+        AccendiTavoletta(static_cast<LettoreTavoletta>(lettoreScelto));
     }
 }
 
 bool LeggiTavoletta() {
-    if (lettoreVivo != static_cast<std::int16_t>(Lettore::seriale)) return false;
+    if (lettoreVivo != static_cast<std::int16_t>(LettoreTavoletta::seriale)) return false;
     bool letto = false;
     if (SerialCut()) decodifica.azzera();
     const GuastoSeriale guasto = SerialFault();

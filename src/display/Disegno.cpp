@@ -252,7 +252,7 @@ void pennaNera(std::int16_t mode) {
 }
 
 // The sides that the calculator's path has so far: no record holds them, and a repaint would lose them.
-void percorsoMisurato() {
+void disegnaPercorso() {
     if (!CalcWindow || Azione != sPercorso) return;
     pennaNera(patCopy);
     ColoreDaTabella(colorCorrente);
@@ -312,7 +312,7 @@ void Disegna() {
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {
         DisegnaMesh();
-        percorsoMisurato();
+        disegnaPercorso();
         DisegnaSelezione();
         puntiDiControllo();
     }

@@ -1,6 +1,8 @@
 // The coordinate read-out: real position of the cursor, elevation, distance and angle from the last point.
 #include "display/Lettura.h"
 
+#include "display/Disposizione.h"
+
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
@@ -23,8 +25,6 @@ PStr255 lineaCoordinate("");
 
 namespace {
 
-constexpr std::int32_t larghezzaRiga = 390;
-
 void disegnaRiga() {
     const Stato stato;
     const Rect porta = GetPortBounds(theWindow);
@@ -32,9 +32,9 @@ void disegnaRiga() {
     PenNormal();
     ForeColor(blackColor);
     BackColor(whiteColor);
-    EraseRect(SetRect(0, myViewRect.bottom, larghezzaRiga, porta.bottom));
+    EraseRect(SetRect(0, myViewRect.bottom, fineRiga, porta.bottom));
     MoveTo(0, myViewRect.bottom);
-    LineTo(larghezzaRiga - 1, myViewRect.bottom);
+    LineTo(fineRiga - 1, myViewRect.bottom);
     TextFont(4);
     TextSize(9);
     TextFace(0);

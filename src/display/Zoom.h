@@ -33,6 +33,5 @@ void SetupLimits();   // Screen, DragRect, GrowRect; stands in shell/
 
 extern std::uint8_t NewDis;                     // a full repaint is wanted at the next update
 extern ControlHandle VScroll, HScroll, panel;   // scroll bars and the strip of the read-out; null without a drawing
-extern std::int16_t hToolbar;                   // toolbar strip, pixels, 32
 
 }   // namespace tessaro

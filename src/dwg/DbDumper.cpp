@@ -16,6 +16,7 @@
 #include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Fonts.h"
 #include "platform/Menus.h"
 #include "registration/Coordinate.h"
@@ -254,7 +255,7 @@ std::string maiuscolo(std::string_view s) { return OdDbTabella<OdDbRecord>::maiu
 
 // The font of a style's file. Kept: minus the number of the family in the menu, else 65514 in 16 bits.
 std::int16_t fontDi(const std::string& file) {
-    constexpr std::int16_t menuCaratteri = 100, ignoto = -22;
+    constexpr std::int16_t ignoto = -22;
     constexpr std::size_t troppoLungo = 255;
     std::string nome = maiuscolo(file);
     nome = nome.substr(0, nome.find('.'));

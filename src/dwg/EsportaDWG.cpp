@@ -73,7 +73,7 @@ public:
     }
     bool esegui() {
         const std::int16_t obiettivoPrima = itemDWGDXF, versionePrima = itemVersione;
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Display();
         do {
             ModalDialog(MyMovableFilter, itemCorrente);
@@ -90,8 +90,6 @@ public:
             return static_cast<std::uint8_t>(GetDialogItemValue(theDialog, item) != 0);
         };
         const ScelteEsporta scelte{spunta(spuntaInUso), spunta(spuntaChiuse)};
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
         if (itemCorrente == okItem) {
             inggene();
             scelteEsporta = scelte;

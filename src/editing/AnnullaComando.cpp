@@ -3,7 +3,7 @@
 
 #include "display/Disegno.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Strumento.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"

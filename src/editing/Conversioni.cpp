@@ -3,7 +3,8 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Cancella.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -74,7 +75,7 @@ void aggiungi(Quanti quanti) {
 
 bool NumeroLatiPol() {
     constexpr std::int16_t dialogo = 136, ok = 1, annulla = 2, ripristina = 5, campo = 4, minimo = 3, massimo = 100;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     const auto mostra = [] {
         SetDialogItemText(theDialog, campo, NumToString(NumLatiPoligono).view());
         SelectDialogItemText(theDialog, campo, 0, 100);
@@ -86,8 +87,6 @@ bool NumeroLatiPol() {
         ModalDialog(MyMovableFilter, Noitem);
         if (Noitem == ripristina) mostra();
     } while (Noitem != annulla && !accettato());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     if (Noitem != ok) return false;
     NumLatiPoligono = lati;
     return true;

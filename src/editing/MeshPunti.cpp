@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "editing/Modifica.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "editing/Vertici.h"
 #include "model/Annulla.h"
 #include "model/Mesh.h"

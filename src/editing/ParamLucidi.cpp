@@ -99,15 +99,13 @@ void TParamLucidi::colpito() {
 
 void TParamLucidi::Dialogo() {
     vista = VisioneGraf;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     contaElementi();
     Display();
     do {
         ModalDialog(MyMovableFilter, itemCorrente);
         if (!quitPending()) colpito();
     } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0) && !quitPending());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 }   // namespace

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "display/RiquadroTesto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
 #include "text/Conversione.h"

@@ -204,15 +204,13 @@ void TSceltaColori::colpito() {
 }
 
 void TSceltaColori::Dialogo() {
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     SetDialogItemMenu(theDialog, elencoPenne, menuPenne);
     Display();
     do {
         ModalDialog(MyMovableFilter, itemCorrente);
         if (!quitPending()) colpito();
     } while (!chiude() && !quitPending());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TSceltaColori::Scelta(std::uint8_t silent) {

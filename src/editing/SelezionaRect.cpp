@@ -3,7 +3,7 @@
 
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Lucidi.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

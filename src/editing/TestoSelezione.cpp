@@ -3,7 +3,7 @@
 
 #include "display/Testi.h"
 #include "display/Zoom.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Carattere.h"

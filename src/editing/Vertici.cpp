@@ -7,7 +7,7 @@
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
 #include "editing/Modifica.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Figura.h"

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "dialogs/Parametri.h"
 #include "files/Impostazioni.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Voci.h"
 #include "platform/Events.h"
@@ -120,7 +122,7 @@ void TFormatoXYZ::colpito() {
 void TFormatoXYZ::Dialogo() {
     TipoFormNum = TipoForm;
     DatoPNum = DatoP;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     for (std::int16_t item = primaColonna; item <= ultimaColonna; ++item)
         SetDialogItemMenu(theDialog, item, menuColonne);
     Display();
@@ -131,8 +133,6 @@ void TFormatoXYZ::Dialogo() {
         ModalDialog(MyMovableFilter, itemCorrente);
         colpito();
     } while (!chiude());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TFormatoXYZ::Form(std::uint8_t nascosto) {
@@ -147,11 +147,10 @@ void TFormatoXYZ::Form(std::uint8_t nascosto) {
 }
 
 void FormatoXYZ(std::uint8_t nascosto) {
-    const GrafPtr porta = GetPort();
+    const PortaCorrente porta;
     TFormatoXYZ f;
     f.Poni(1, 2, 16, 15, dialogoFormato);
     f.Form(nascosto);
-    SetPort(porta);
 }
 
 namespace {

@@ -3,7 +3,7 @@
 #include <limits>
 #include <string_view>
 
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/RigheDxf.h"
 #include "model/Archivio.h"

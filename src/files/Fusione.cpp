@@ -1,6 +1,7 @@
 // Which mapping carries a merged drawing over, by the command that asked for it.
 #include "files/Fusione.h"
 
+#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "files/Richieste.h"
 #include "model/Archivio.h"
@@ -8,7 +9,7 @@
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 
@@ -38,7 +39,7 @@ void costruisciQuattro(const elemento& i1, const elemento& i2) {
     att4Pt.src = {{{primo.x1, primo.y1}, {primo.x2, primo.y2}, {primo.z1, primo.z2}, {secondo.z1, secondo.z2}}};
     for (std::int16_t n = 1; n <= 4; ++n) att4Pt.dst[static_cast<std::size_t>(n - 1)] = LeggiAttacco(n);
     att4Pt.okSrc = att4Pt.okDst = 1;
-    PrepAtt4pt();
+    ErroreAlert(PrepAtt4pt());
 }
 
 void mappa(f64& x, f64& y) {

@@ -314,7 +314,7 @@ void leggidati() {
     const bool buono = !uscita && leggiTutto(l);
     if (buono) {
         NewDis = 1;
-        attaccoAttivo.PreparaAttacco();
+        ErroreAlert(attaccoAttivo.PreparaAttacco());
         PoniAnnulla(aNiente);
         InvalFinestra();
     }

@@ -30,4 +30,16 @@ public:
     Stato& operator=(const Stato&) = delete;
 };
 
+// The current port as a scope: what was current before comes back.
+class PortaCorrente {
+    GrafPtr prima = GetPort();
+
+public:
+    PortaCorrente() = default;
+    explicit PortaCorrente(GrafPtr porta) { SetPort(porta); }
+    ~PortaCorrente() { SetPort(prima); }
+    PortaCorrente(const PortaCorrente&) = delete;
+    PortaCorrente& operator=(const PortaCorrente&) = delete;
+};
+
 }   // namespace tessaro

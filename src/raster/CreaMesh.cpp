@@ -6,7 +6,7 @@
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Cursore.h"
 #include "model/Mesh.h"
@@ -107,8 +107,10 @@ bool TCreaMesh::CMesh(TTipoMesh tipo) {
     ny = formaData ? meshOrigine.ny : mesh->ny;
     Poni(1, 2, 0, 0, dialogo);
     ParamText(GetIndString(listaTesti, origine ? stringaOrigine : stringaDestinazione), "", "", "");
-    theDialog = GetNewDialog(dialogo);
-    Giro(formaData ? campoPassoX : campoRighe);
+    {
+        const DialogoAperto aperto(dialogo);
+        Giro(formaData ? campoPassoX : campoRighe);
+    }
     if (!Accettato() || quitPending()) return false;
     passoX = lungoX;
     passoY = lungoY;

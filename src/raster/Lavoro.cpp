@@ -7,7 +7,7 @@
 #include "display/palette.h"
 #include "platform/Resources.h"
 #include "platform/Windows.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

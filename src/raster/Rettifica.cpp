@@ -249,7 +249,7 @@ void TrasformaPictSel(std::int16_t item) {
     deformProspettica = tipoTrasformazione == 2;
     coeffRisoluzione = risoluzione / 72;
     const elemento pict = Elem(scelti.pict);
-    if (item != 2) attaccoAttivo.PreparaAttacco();   // what was prepared last may be of other points
+    if (item != 2) ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
     if (item != 2 && !attaccoAttivo.Preparato()) {
         constexpr std::int16_t avvisoNonPronta = 9140;
         deformProspettica = 1;

@@ -59,7 +59,7 @@ public:
 
     void Dialogo() override {
         ParamText(numero(misuraX, 2), numero(misuraY, 2), "", "");
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(campoX);
     }
 };

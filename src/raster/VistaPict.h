@@ -3,6 +3,7 @@
 #pragma once
 
 #include "display/Disegno.h"
+#include "display/Disposizione.h"
 #include "display/Zoom.h"
 #include "model/Penna.h"
 #include "model/Unita.h"

@@ -141,7 +141,7 @@ void TModificaImmagine::IngGene(std::uint8_t) {
 
 bool TModificaImmagine::Chiedi() {
     ParamText(NomeAngoli(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     Giro(campoAngolo);
     if (!Accettato() || quitPending()) return false;
     pictRot = lavoro;

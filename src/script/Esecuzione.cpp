@@ -127,7 +127,7 @@ void rotella(const Riga& r) {
 void aspetta(const Riga& r) { AutoAdvance(static_cast<std::uint32_t>(Intero(r[0], 0, 1'000'000'000))); }
 
 void tavoletta(const Riga& r) {
-    if (!TabAbilit) AccendiTavoletta(Lettore::copione);
+    if (!TabAbilit) AccendiTavoletta(LettoreTavoletta::copione);
     EventRecord e;
     e.what = EventKind::tablet;
     e.where = Point{Intero(r[1]), Intero(r[0])};

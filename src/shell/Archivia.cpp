@@ -7,7 +7,7 @@
 #include "dialogs/Errori.h"
 #include "digitising/RiferimentoImmagine.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"

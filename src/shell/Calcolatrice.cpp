@@ -22,7 +22,7 @@
 #include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 

@@ -8,13 +8,14 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
+#include "model/Stato.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Archivia.h"
-#include "shell/Barra.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
@@ -37,7 +38,7 @@ void aggiornaStrisce() {
 void ridipingi() {
     if (noWindow || !theWindow) return;
     SetCursor(ClockCursor);
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     SetPortWindowPort(theWindow);
     BeginUpdate(theWindow);
     ClipRect(GetPortBounds(theWindow));
@@ -50,7 +51,6 @@ void ridipingi() {
     NewDis = 0;
     aggiornaStrisce();
     EndUpdate(theWindow);
-    SetPort(prima);
     SetCursor(arrowCursor);
 }
 

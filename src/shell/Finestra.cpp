@@ -3,8 +3,9 @@
 #include <string>
 
 #include "dialogs/Parametri.h"
-#include "display/barra.h"
+#include "display/Barra.h"
 #include "display/Disegno.h"
+#include "display/Disposizione.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
@@ -95,7 +96,7 @@ void vistaIniziale() {
     Xmin = Ymin = 0;
     Xmax = Ymax = 300;
     // Kept: until the first zoom the corner lies a toolbar's height above the view's origin.
-    OrigX = -32;
+    OrigX = -latoCella;
     OrigY = 0;
     PageCorner = {-hToolbar, 0};
     RifTablet = 1;
@@ -133,9 +134,8 @@ void controlli() {
 
 // The whole tablet in the view.
 void primoZoom() {
-    constexpr double barra = 15;   // pixels of a scroll bar
-    const double w = myViewRect.right - myViewRect.left - barra;
-    const double h = myViewRect.bottom - myViewRect.top - barra;
+    const double w = myViewRect.right - myViewRect.left - barraScorrimento;
+    const double h = myViewRect.bottom - myViewRect.top - barraScorrimento;
     CambiaScala(std::min(w / btav1, h / htav1));
     scalaImmagineX = scalaImmagineY = 1;
     AggiornaTolleranze();
@@ -227,10 +227,11 @@ std::uint8_t TuttoChiuso() {
 void AboutTessaro() {
     const std::int32_t usati = std::max(indElem - 2, 0), possibili = std::max(maxElementi - 2, 0);
     ParamText(GetIndString(listaInformazioni, 1), NumToString(usati).view(), NumToString(possibili).view(), "");
-    const DialogPtr d = GetNewDialog(dialogoInformazioni);
-    std::int16_t voce = 0;
-    while (voce < 1 || voce > 10) ModalDialog(MyMovableFilter, voce);
-    DisposeDialog(d);
+    {
+        const DialogoAperto aperto(dialogoInformazioni);
+        std::int16_t voce = 0;
+        while (voce < 1 || voce > 10) ModalDialog(MyMovableFilter, voce);
+    }
     InvalWind();
 }
 

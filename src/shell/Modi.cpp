@@ -4,16 +4,17 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "editing/Scelta.h"
 #include "editing/SceltaPercorso.h"
-#include "editing/Selezione.h"
 #include "editing/Sposta.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -69,7 +70,7 @@ void popupDisegno() {
         // Kept: the switch is item 11 and its tick stands on item 13.
         attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
         if (attaccoAttivo.GetModificato())
-            attaccoAttivo.PreparaAttacco();   // points may have moved since the last time
+            ErroreAlert(attaccoAttivo.PreparaAttacco());   // points may have moved since the last time
         InvalWind();
     }
 }

@@ -20,7 +20,7 @@
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 

@@ -12,7 +12,7 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "tools/CursoreVincolato.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 
@@ -71,7 +71,7 @@ void DisplayScegliMark() {
 
 void ScegliMarker() {
     constexpr std::int16_t dialogo = 2005;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     DisplayScegliMark();
     do { ModalDialog(filtroForme, Noitem); } while (Noitem < 1 || Noitem > chiudi);
     if (Noitem <= ultimaForma && !quitPending()) {
@@ -81,8 +81,6 @@ void ScegliMarker() {
             RadioBoxItem(markerCorrente);
         }
     }
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 }   // namespace tessaro

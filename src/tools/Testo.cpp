@@ -11,7 +11,7 @@
 #include "model/Stato.h"
 #include "model/Strumento.h"
 #include "tools/CursoreVincolato.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 

@@ -5,6 +5,7 @@
 
 #include "digitising/Tavoletta.h"
 #include "digitising/TavolettaLettori.h"
+#include "display/Disposizione.h"
 #include "display/Lettura.h"
 #include "display/Scena.h"
 #include "display/Zoom.h"

@@ -1,6 +1,7 @@
 // The arithmetic of zooms and scrolls, and what a scroll repaints.
 #include "display/Zoom.h"
 #include "display/Disegno.h"
+#include "display/Disposizione.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"

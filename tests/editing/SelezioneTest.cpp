@@ -1,5 +1,5 @@
 // What a click, a rectangle and "all" pick.
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 
 #include "../display/Scena.h"
 #include "display/Disegno.h"

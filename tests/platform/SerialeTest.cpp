@@ -46,7 +46,7 @@ struct Seriale : testing::Test {
             GTEST_SKIP() << "no pseudo-terminals here: " << std::strerror(errno);
         PortaTavIn = nome;
         velbaud = 4;
-        lettoreScelto = static_cast<std::int16_t>(Lettore::seriale);
+        lettoreScelto = static_cast<std::int16_t>(LettoreTavoletta::seriale);
         Modalita = mDigitazione;
         operazCorrente = opMarker;
         attacca(altro);
@@ -86,7 +86,7 @@ struct Seriale : testing::Test {
 
 TEST_F(Seriale, AStreamWithNoiseAndCutPacketsGivesEachPointOnce) {
     ASSERT_TRUE(TabAbilit);
-    EXPECT_EQ(lettoreVivo, static_cast<std::int16_t>(Lettore::seriale));
+    EXPECT_EQ(lettoreVivo, static_cast<std::int16_t>(LettoreTavoletta::seriale));
     EXPECT_TRUE(IsMenuItemChecked(6, 20));
     EXPECT_NE(GetMenuItemText(6, 20).find("Serial"), std::string::npos);
     manda("45,06789,1\r\n04000,08000,0\r\n");          // the first line was cut
@@ -103,7 +103,7 @@ TEST_F(Seriale, AStreamWithNoiseAndCutPacketsGivesEachPointOnce) {
 
 TEST_F(Seriale, BinaryPacketsPassTheLineUnchanged) {
     formatoTavoletta = 3;
-    AccendiTavoletta(Lettore::seriale);
+    AccendiTavoletta(LettoreTavoletta::seriale);
     std::string flusso;
     for (int i = 0; i < 20; ++i) {
         const int x = 4000 + i * 40, y = 8000;
@@ -133,7 +133,7 @@ TEST_F(Seriale, APulledCableEndsReadingWithOneMessage) {
 }
 
 TEST_F(Seriale, AResetGivesTheLineBack) {
-    ASSERT_EQ(lettoreVivo, static_cast<std::int16_t>(Lettore::seriale));
+    ASSERT_EQ(lettoreVivo, static_cast<std::int16_t>(LettoreTavoletta::seriale));
     AzzeraStato();
     strappa();   // a line that were still open would tell of it
     for (int i = 0; i < 30; ++i) attendi([] { return true; });

@@ -10,7 +10,6 @@
 #include "model/Documento.h"
 #include "shell/Archivia.h"
 #include "shell/Recupero.h"
-#include "support/Ascolto.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;
@@ -145,14 +144,13 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
 }
 
 TEST_F(Aperto, RequestsThatAreNotBuiltBeepAndChangeNothing) {
-    const Ascolto ascolto;
     for (const std::int16_t item : std::initializer_list<std::int16_t>{42, 43, 46}) {
         PoniAnnulla(aElemento);
         theItem = item;
         archivia();
         EXPECT_EQ(annullamento, aElemento) << item;
     }
-    EXPECT_EQ(ascolto.suoni, 3);
+    EXPECT_EQ(prova::suoni, 3);
     EXPECT_EQ(indElem, 3);
 }
 
@@ -168,11 +166,10 @@ TEST_F(Aperto, ADropThatIsMergedDoesNotBecomeTheDocument) {
 }
 
 TEST_F(Aperto, APictureDroppedOnAFullDrawingIsSilent) {
-    const Ascolto ascolto;
     metti(cartella / "foto.png", "no picture");
     maxElementi = indElem;
     LeggiDropPict(FSMakeFSSpec(cartella / "foto.png"));
-    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     EXPECT_EQ(indElem, maxElementi);
 }
 

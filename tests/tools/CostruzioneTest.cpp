@@ -7,7 +7,7 @@
 #include "model/Strumento.h"
 #include "model/Unita.h"
 #include "model/Vincoli.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 #include "tools/Costruzione.h"
 #include "tools/Marker.h"
@@ -203,7 +203,6 @@ TEST(Costruzione, CirclesAndArcsAreStoredAtTheirLastClick) {
 TEST(Costruzione, AFullStoreBeepsAndTheToolsGoOn) {
     fogliovuoto(4);
     segmento(0, 0, 1, 1);
-    const Ascolto ascolto;
     strumento(1);
     clic(10, 10);
     clic(20, 10);   // the head fits, its vertex does not
@@ -215,7 +214,7 @@ TEST(Costruzione, AFullStoreBeepsAndTheToolsGoOn) {
     clic(20, 10);
     EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(indElem, 4);
-    EXPECT_EQ(ascolto.suoni, 2);
+    EXPECT_EQ(prova::suoni, 2);
 }
 
 TEST(Costruzione, AConstrainedSideEndsOnItsLineAndTheNextBeginsThere) {

@@ -8,7 +8,7 @@
 #include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 #include "tools/CursoreVincolato.h"
 
@@ -97,7 +97,6 @@ TEST(CursoreVincolato, TheEarliestRecordInReachAttracts) {
     fogliovuoto();
     ZetaCorrente = 4;
     diffCerca = 10;
-    const Ascolto ascolto;
     struct Agganciato {
         double x, y, z;
     };

@@ -11,7 +11,7 @@
 #include "platform/Files.h"
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 

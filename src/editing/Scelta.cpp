@@ -1,5 +1,5 @@
 // What a click in the selecting mode picks: the topmost record under the pointer, then the summary and the box.
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +9,7 @@
 #include "display/RiquadroTesto.h"
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Strumento.h"

@@ -1,5 +1,5 @@
 // The pens of the construction tools: the ...Attuale globals say what the pen holds, so that a repaint can put it back.
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 #include "display/Disegno.h"
 #include "model/Penna.h"

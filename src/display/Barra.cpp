@@ -1,12 +1,14 @@
 // The thirty controls of the toolbar from left to right, with rules between the groups.
-#include "display/barra.h"
+#include "display/Barra.h"
 
 #include <memory>
 
+#include "display/Disposizione.h"
 #include "display/palette.h"
 #include "model/Colori.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
@@ -86,7 +88,7 @@ bool usabile(std::size_t i) {
 
 std::int32_t sinistra(std::size_t i) {
     const auto n = static_cast<std::int32_t>(i);
-    std::int32_t base = 32;
+    std::int32_t base = latoCella;
     for (std::size_t j = 0; j < i && j < primoTitolato; ++j)
         if (tabella[j].spazioDietro) base += 10;
     if (i >= primoTitolato) return 130 + 71 * (n - 27) + base + 578;
@@ -126,12 +128,12 @@ void DrawRetinoAreaCtrl() {
 
 void mostraValore(std::size_t bottone, void (*disegna)(), std::int32_t ratio) {
     const std::unique_ptr<GrafPort> figura = NewGWorld(lato, lato, ratio);
-    const GrafPtr prima = GetPort();
-    SetPort(figura.get());
-    disegna();
-    ForeColor(blackColor);
-    FrameRect(quadro());
-    SetPort(prima);
+    {
+        const PortaCorrente porta(figura.get());
+        disegna();
+        ForeColor(blackColor);
+        FrameRect(quadro());
+    }
     SetControlPicture(bottoneToolbar.bottoni[bottone], *figura);
 }
 

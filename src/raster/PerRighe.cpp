@@ -1,5 +1,5 @@
 // Bands of rows on threads.
-#include "raster/perRighe.h"
+#include "raster/PerRighe.h"
 
 #include <algorithm>
 #include <system_error>

@@ -1,8 +1,8 @@
 // The toolbar's actions: most are menu commands under another hand, four open the menus of the attributes.
-#include "shell/Barra.h"
+#include "shell/ClicBarra.h"
 
 #include "digitising/PuntiDigitati.h"
-#include "display/barra.h"
+#include "display/Barra.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
