@@ -69,7 +69,7 @@ public:
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
     void nota(std::string macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
-    ElementiContati parti;                   // left out, beside the entities of a name
+    ElementiContati parti;   // left out, beside the entities of a name
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
     void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
 

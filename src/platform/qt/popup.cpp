@@ -9,11 +9,12 @@
 
 #include <algorithm>
 
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Penna.h"
 #include "platform/Menus.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 
