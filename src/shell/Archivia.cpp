@@ -1,5 +1,7 @@
 // Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
 #include "shell/Archivia.h"
+#include "digitising/RegistrazioneValida.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <string>
@@ -148,6 +150,11 @@ void leggi(const FSSpec& file) {
     leggidati();
     FSClose(RefNum);
     if (theItem == rUnisciQuattro) return;   // Kept: this merge leaves similarity and selection as they are
+    if (const std::string guasto = GuastoRegistrazione(Elem(1), Elem(2)); !guasto.empty()) {
+        Elem(2).att.coordReali = 0;
+        CalcolaRapporti();
+        MostraGuasto({noErr, TestoDi(TestoFile::registrazione, guasto), {}, -1});
+    }
     if (Elem(2).att.coordReali) CalcTransfC();
     NessunaSelezione();
 }
@@ -202,10 +209,15 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     }
     if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (uscita || !r.delDocumento) return;
+    if (!scrive && !lettoIntero) {   // a save must not put what is left over the file that has more
+        SegnaDiverso();
+        return;
+    }
     myFSS = file;
     OKArchivioFss = 1;
     NomeD = PStr255(std::string_view(file.nome));
     NomeLavoro = NomeD;
+    SegnaSalvato();
 }
 
 void concludi() {
