@@ -179,10 +179,10 @@ void TLeggiEntitaDXF::copiaBlocco(std::int32_t blocco, const Inserimento& ins) {
 // Under a mirror an arc runs the other way; here all run clockwise, so that its end becomes its start.
 void TLeggiEntitaDXF::specchiaArco(elemento& e) const {
     auto& a = e.arco;
-    double inizio = a.angoloInizio;
-    if (scalaX < 0) inizio = -(inizio + a.ampiezza);
-    if (scalaY < 0) inizio = 180 - (inizio + a.ampiezza);
-    a.angoloInizio = inizio - 360 * std::floor(inizio / 360);
+    double da = a.angoloInizio;
+    if (scalaX < 0) da = -(da + a.ampiezza);
+    if (scalaY < 0) da = 180 - (da + a.ampiezza);
+    a.angoloInizio = da - 360 * std::floor(da / 360);
 }
 
 void TLeggiEntitaDXF::trasforma(std::int32_t blocco, const Inserimento& ins, elemento& e) {

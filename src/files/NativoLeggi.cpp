@@ -317,6 +317,9 @@ bool leggiTutto(Lettura& l) {
     }
     if (inFusione) {
         l.fusione = ScegliFusione(theItem, l.primo, l.secondo);
+        constexpr std::int16_t primoLasciato = 32, ultimoLasciato = 34;   // requests of a drop, which says why
+        const bool lasciato = theItem >= primoLasciato && theItem <= ultimoLasciato;
+        if (l.fusione == Fusione::nessuna && lasciato) l.segnala(TestoFile::senzaPunti);
         if (l.fusione == Fusione::nessuna) return true;
     } else {
         accogli(l);

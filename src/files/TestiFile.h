@@ -23,6 +23,8 @@ enum class TestoFile : std::int16_t {
     scartati,        // ^0 records that are none
     unita,           // the file's unit, scale or sheet cannot be used
     registrazione,   // ^0 why the file's registration cannot be used
+    senzaPunti,      // a merge without the points that it goes by
+    campi,           // ^0 fields of a settings file that took their defaults
 };
 
 std::string TestoDi(TestoFile t, std::string_view p0 = {}, std::string_view p1 = {});   // Mac Roman

@@ -113,7 +113,7 @@ bool eDisegno(const FSSpec& file) {
     IOERR2(FSpGetFInfo(file, info));
     if (uscita) return false;
     if (info.fdType == tipoTS3D || info.fdType == tipoTSTD) return true;
-    if (file.nome.find(".ts3d") != std::string::npos || file.nome.find(".TS3D") != std::string::npos) return true;
+    if (Minuscole(file.nome).find(".ts3d") != std::string::npos) return true;
     MostraGuasto({noErr, TestoDi(TestoFile::tipoIgnoto), {}, -1});
     return false;
 }
@@ -228,6 +228,12 @@ void concludi() {
     InvalFinestra();
 }
 
+// A drop that brings nothing says why.
+void rifiutato(TestoFile perche, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    MostraGuasto({noErr, TestoDi(perche), {}, -1});
+}
+
 // What a dropped file brings is an addition to the drawing, whatever was asked for last.
 void lasciato(const Richiesta& r, const FSSpec& file) {
     uscita = 0;
@@ -237,6 +243,13 @@ void lasciato(const Richiesta& r, const FSSpec& file) {
 }
 
 }   // namespace
+
+std::string Minuscole(std::string_view s) {
+    std::string m(s);
+    for (char& c : m)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return m;
+}
 
 void archivia() {
     uscita = 0;
@@ -268,15 +281,24 @@ void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti) {
 }
 
 void LeggiDropText(const FSSpec& spec) {
-    const auto nomina = [&](const char* suffisso) { return spec.nome.find(suffisso) != std::string::npos; };
+    const std::string nome = Minuscole(spec.nome);
+    const auto nomina = [&nome](const char* suffisso) { return nome.find(suffisso) != std::string::npos; };
     // Kept: the suffix may stand anywhere in the name.
-    const std::int16_t numero = nomina(".DXF") || nomina(".dxf") ? rDxf : nomina(".XYZ") || nomina(".xyz") ? rXYZ : 0;
-    if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
+    const std::int16_t numero = nomina(".dxf") ? rDxf : nomina(".xyz") ? rXYZ : nomina(".cxf") ? rCXF : std::int16_t{0};
+    if (const Richiesta* r = richiestaDi(numero)) {
+        lasciato(*r, spec);
+    } else {
+        rifiutato(TestoFile::tipoIgnoto, spec);
+    }
 }
 
 void LeggiDropPict(const FSSpec& spec) {
-    if (indElem < maxElementi) lasciato(*richiestaDi(rImmagine), spec);
-    InvalFinestra();   // all that a full drawing shows of it
+    if (indElem < maxElementi) {
+        lasciato(*richiestaDi(rImmagine), spec);
+    } else {
+        rifiutato(TestoFile::pieno, spec);
+    }
+    InvalFinestra();
 }
 
 namespace {
