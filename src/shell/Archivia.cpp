@@ -284,7 +284,13 @@ void LeggiDropText(const FSSpec& spec) {
     const std::string nome = Minuscole(spec.nome);
     const auto nomina = [&nome](const char* suffisso) { return nome.find(suffisso) != std::string::npos; };
     // Kept: the suffix may stand anywhere in the name.
-    const std::int16_t numero = nomina(".dxf") ? rDxf : nomina(".xyz") ? rXYZ : nomina(".cxf") ? rCXF : std::int16_t{0};
+    struct PerNome {
+        const char* suffisso;
+        std::int16_t numero;
+    };
+    std::int16_t numero = 0;
+    for (const PerNome& p : {PerNome{".dxf", rDxf}, {".xyz", rXYZ}, {".cxf", rCXF}})
+        if (numero == 0 && nomina(p.suffisso)) numero = p.numero;
     if (const Richiesta* r = richiestaDi(numero)) {
         lasciato(*r, spec);
     } else {
