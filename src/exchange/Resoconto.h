@@ -29,6 +29,7 @@ enum class TestoScambio : std::int16_t {
     nonNegliElenchi,   // what point lists do not hold
     nonNegliScript,
     pieno,
+    cambiati,   // ^0 what came in otherwise than it was
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
@@ -43,6 +44,15 @@ enum Conteggio : std::size_t {
     cIsole,   // rings of islands
     cRigheGuaste,
     cCoperti,   // elements that are not shown
+    // what came in, but changed
+    cLatiRaddrizzati,      // sides that were arcs
+    cInserimentiGirati,    // a block's copies that stand upright
+    cInserimentiInSerie,   // of rows and columns only the first copy
+    cBlocchiSpecchiati,
+    cTestiTagliati,    // at 40 characters
+    cCodiciTesto,      // texts with codes among their characters
+    cLayerRiuniti,     // on the current one
+    cPoligoniChiusi,   // closed by a vertex on their first
     nConteggi
 };
 
@@ -68,6 +78,7 @@ public:
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
     ElementiContati parti;                   // left out, beside the entities of a name
+    ElementiContati cambiati;                // came in, but not as they were
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
     void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
 

@@ -1,5 +1,6 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
 #include "shell/Inizializza.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -164,6 +165,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     FormatoXYZ(1);
     SceltaColori(1);
     inizio = 0;
+    SegnaSalvato();   // units and colours of the settings are a new drawing's own
     theItem = 20;
     archivia();
     fine = 0;
