@@ -1,4 +1,5 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
+#include "raster/Lenti.h"
 #include "shell/Inizializza.h"
 #include "shell/Modificato.h"
 
@@ -164,6 +165,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     ParamGraf();
     FormatoXYZ(1);
     SceltaColori(1);
+    SceltaCorrezioneOttica(1);
     inizio = 0;
     SegnaSalvato();   // units and colours of the settings are a new drawing's own
     theItem = 20;
