@@ -8,6 +8,7 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
 #include "platform/Events.h"
 #include "platform/Fonts.h"

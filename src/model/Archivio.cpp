@@ -11,6 +11,7 @@
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Registrazione.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"

@@ -34,9 +34,6 @@ void AzzeraArchivio();   // an empty drawing: indElem 2, records 1 and 2 reset
 void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c, const double& d, const double& e,
                const double& f, std::int16_t s, std::int16_t colore, std::int16_t p, const PStr255& testo);
 
-// The string of a text record, at most 40 characters; the bytes behind it are 0, whatever stood there.
-void PoniScritta(elemento& e, const PStr255& s);
-
 // While one lives, Memorizza only notes the last side; its length and direction are worked out at the end. For imports,
 // which store sides by the million.
 class LatoRimandato {

@@ -70,7 +70,7 @@ std::int32_t AutoDepth();                      // loops inside the main one that
 bool AutoQueueEmpty();                         // no input, repaint or deferred work is waiting
 bool AutoScreenshot(std::string_view path);    // window with any open dialog
 std::string AutoMenuJson(std::int16_t menu);   // {"1":{"text":..,"checked":0,"enabled":1},..}
-std::string AutoWindowTitle();                 // UTF-8; " *" behind it when it shows a change
+std::string AutoWindowTitle();                 // UTF-8
 
 // On a dialog, by item; false when there is no such item or it cannot be used so.
 bool AutoDialogSetText(DialogPtr d, std::int16_t item,

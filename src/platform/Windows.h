@@ -25,8 +25,6 @@ void SelectWindow(WindowPtr w);
 WindowPtr FrontWindow();   // null when none is open
 void SetWTitle(WindowPtr w, std::string_view macRoman);
 std::string GetWTitle(WindowPtr w);   // Mac Roman
-// The title shows, in the desktop's way, whether the drawing differs from its file.
-void SetWindowModified(WindowPtr w, bool modified);
 GrafPtr GetWindowPort(WindowPtr w);
 void SetPortWindowPort(WindowPtr w);
 Rect GetPortBounds(WindowPtr w);

@@ -11,7 +11,7 @@
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
-#include "platform/Windows.h"
+#include "platform/Titolo.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {

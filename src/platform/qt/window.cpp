@@ -18,6 +18,7 @@
 
 #include "platform/qt/Finestra.h"
 #include "platform/qt/Interno.h"
+#include "platform/Titolo.h"
 
 namespace tessaro {
 
