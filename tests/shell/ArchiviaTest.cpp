@@ -63,14 +63,12 @@ TEST_F(Aperto, ASaveThatFailsLeavesTheOldFileAndTheDrawing) {
     struct rlimit poco {
         1000, prima.rlim_max
     };
-    auto* const segnale = ::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &poco);
     bottoni[3001] = 2;
     myFSS = FSMakeFSSpec(file);
     NomeD = "d.ts3d";
     const std::uint8_t chiuso = TuttoChiuso();   // "save" on the way out
     ::setrlimit(RLIMIT_FSIZE, &prima);
-    ::signal(SIGXFSZ, segnale);
     EXPECT_EQ(chiuso, 0);
     EXPECT_FALSE(ultimoSalvataggioRiuscito);
     EXPECT_EQ(noWindow, 0);
