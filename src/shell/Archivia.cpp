@@ -22,6 +22,7 @@
 #include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
