@@ -114,7 +114,11 @@ struct VoceModifica {
     void (*azione)();
 };
 constexpr VoceModifica modifiche[] = {
-    {1, true, AnnullaUltima},
+    {1, true,
+     [] {
+         AnnullaUltima();
+         RistabilisciSelezione();   // what is gone is no longer selected
+     }},
     {6, false, CancellaSelezione},
     {8, true, selezionaTutto},
     {9, true, [] { AvantiEIndietroSelezione(true); }},
