@@ -5,7 +5,13 @@
 #include <span>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
