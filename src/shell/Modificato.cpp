@@ -119,7 +119,7 @@ void MostraDiverso() {
 
 namespace {
 const VoceStato righe[] = {
-    {"sempreDiverso", VoceStato::speciale, nullptr, 0, [] { sempreDiverso = false; }, nullptr},
+    {"sempreDiverso", [] { sempreDiverso = false; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace
