@@ -8,6 +8,7 @@
 #include "model/Archivio.h"
 #include "model/Carattere.h"
 #include "model/Lucidi.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
 #include "model/Stato.h"
 #include "model/Voci.h"
@@ -37,7 +38,7 @@ void perOgniTesto(Cambia cambia) {
     const auto uno = [&](std::int32_t n) {
         elemento& e = Elem(n);
         if (e.tipo != tTesto) return;
-        cambia(e.test);
+        cambia(e);
         misura(e);
         cambiato = true;
     };
@@ -84,9 +85,9 @@ void spuntaStili() {
 }   // namespace
 
 void CambiaTesti(const PStr255& testo, std::int16_t angolo) {
-    perOgniTesto([&](elemento::Testo& t) {
-        std::copy_n(testo.bytes(), t.testo.size(), t.testo.begin());
-        t.angolo = angolo;
+    perOgniTesto([&](elemento& e) {
+        PoniScritta(e, testo);
+        e.test.angolo = angolo;
     });
 }
 
@@ -95,7 +96,7 @@ void CheckFontMac(std::int16_t item) {
     const std::int16_t numero = GetFNum(nome);
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.font = numero; });
+        perOgniTesto([&](elemento& e) { e.test.font = numero; });
         return;
     }
     gFontName = PStr255(std::string_view(nome));
@@ -115,7 +116,7 @@ void CheckDimFMac(std::int16_t item) {
     if (corpo < 1) return;
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.dimensione = corpo; });
+        perOgniTesto([&](elemento& e) { e.test.dimensione = corpo; });
         return;
     }
     gFontSize = corpo;
@@ -131,7 +132,7 @@ void CheckStile(std::int16_t item) {
     const auto nuovo = [&](std::uint32_t face) { return item == 1 ? 0U : face ^ bit; };
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.stile = static_cast<std::uint8_t>(nuovo(t.stile)); });
+        perOgniTesto([&](elemento& e) { e.test.stile = static_cast<std::uint8_t>(nuovo(e.test.stile)); });
         return;
     }
     gTxStyle.face = static_cast<std::int16_t>(nuovo(static_cast<std::uint8_t>(gTxStyle.face)));

@@ -2,6 +2,7 @@
 #include "files/Blocchi.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 #include <vector>
 
@@ -124,16 +125,30 @@ bool leggiColori(Resto& resto) {
     return true;
 }
 
+// A measure that is not finite and above 0 would make every coordinate one too: what is in force stays.
+void misura(double& dove, Resto& resto) {
+    const double v = leggir();
+    if (std::isfinite(v) && v > 0) {
+        dove = v;
+    } else {
+        resto.g.what = TestoDi(TestoFile::unita);
+    }
+}
+
 bool leggiUnita(Resto& resto) {
     if (!resto.ci(byteUnita)) return false;
     UnitaMCorrente = std::min<std::int16_t>(leggib(), ultimaUnita);
-    decimiUnita = leggir();
-    Scaladis = leggir();
+    misura(decimiUnita, resto);
+    misura(Scaladis, resto);
     DataUltima = leggir();
-    Xfoglio = leggir();
+    misura(Xfoglio, resto);
     XFDecimi = leggii();
-    yfoglio = leggir();
+    misura(yfoglio, resto);
     YFDecimi = leggii();
+    if (!resto.g.what.empty()) {   // the sheet that stands
+        XFDecimi = arrotonda16(100 * Xfoglio);
+        YFDecimi = arrotonda16(100 * yfoglio);
+    }
     CalcolaRapporti();
     rappvid = Scaladis / decimiUnita;
     RappPunti = static_cast<float>(rappvid * 254 / 72);

@@ -2,6 +2,7 @@
 #include "files/Impostazioni.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "dialogs/Errori.h"
@@ -68,6 +69,7 @@ bool leggiNumero(const RigaTipo& riga, const PStr255& s) {
     }
     double v = 0;
     if (STRtoFP(riga.rmin, riga.rmax, s, v, pos, 0) != 1) return false;
+    if (!std::isfinite(v) || v <= 0) return false;   // units, scales and sizes: none of them can be nothing
     *riga.reale = v;
     return true;
 }

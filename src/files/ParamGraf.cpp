@@ -4,12 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstring>
 
+#include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
 #include "files/Impostazioni.h"
+#include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -112,16 +115,42 @@ void predefiniti() {
     tipoAngolo = 1;
 }
 
+// A unit, scale or size that is not finite and above 0 keeps what was before. Which they were is told, and that the file
+// ends early.
+void risana(const Prima& prima, bool finisce) {
+    struct Campo {
+        double& valore;
+        double senza;
+        int numero;   // of the field in the file
+    };
+    std::string quali;
+    for (const Campo& c : {Campo{decimiUnita, prima.decimi, 3},
+                           {Scaladis, prima.scala, 4},
+                           {Xfoglio, prima.largo, 6},
+                           {yfoglio, prima.alto, 8},
+                           {LargTav, prima.tavLarga, 10},
+                           {AltTav, prima.tavAlta, 12}}) {
+        if (std::isfinite(c.valore) && c.valore > 0) continue;
+        c.valore = c.senza;
+        quali += (quali.empty() ? "" : ", ") + std::to_string(c.numero);
+    }
+    if (quali.empty() && !finisce) return;
+    const std::string che = quali.empty() ? TestoDi(TestoFile::campi, "-") : TestoDi(TestoFile::campi, quali);
+    MostraGuasto({noErr, che, nomeFile, -1});
+}
+
 }   // namespace
 
 void TParamGraf::leggipar() {
     uscita = 0;
+    const Prima prima;   // the start settings', or what is in force
     FilePGraf l = contenuto();
     const bool intero = l.intero(ItemUnit) && l.unita(UnitaMCorrente) && l.reale(decimiUnita) && l.reale(Scaladis)
                         && l.reale(DataUltima) && l.reale(Xfoglio) && l.intero(XFDecimi) && l.reale(yfoglio)
                         && l.intero(YFDecimi) && l.reale(LargTav) && l.intero(btav) && l.reale(AltTav) && l.intero(htav)
                         && l.intero(tipoAngolo);
     if (!intero) predefiniti();
+    risana(prima, l.presenti > 0 && !intero);
     // Radio items that are not there would be asked for otherwise.
     if (ItemUnit < primaUnita || ItemUnit > unitaLibera) ItemUnit = unitaLibera;
     UnitaMCorrente = std::clamp<std::int16_t>(UnitaMCorrente, 0, unitaLibera - primaUnita);

@@ -1,6 +1,7 @@
 // The element block, the one door for new elements, and the rounding that both share.
 #include "model/Archivio.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -11,6 +12,7 @@
 #include "model/Lucidi.h"
 #include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
 #include "model/Stato.h"
 #include "model/Strumento.h"
@@ -118,6 +120,18 @@ void vertice(elemento& e) {
     ricordaLato({px - x, py - y, px, py, x, y});
 }
 
+}   // namespace
+
+void PoniScritta(elemento& e, const PStr255& s) {
+    auto& t = e.test.testo;
+    const auto lungo = std::min<std::size_t>(s.bytes()[0], t.size() - 1);
+    t.fill(0);
+    t[0] = static_cast<std::uint8_t>(lungo);
+    std::copy_n(s.bytes() + 1, lungo, t.begin() + 1);
+}
+
+namespace {
+
 void testo(elemento& e, const PStr255& s) {
     constexpr int capienza = 40;
     if (s.Lengthp() > capienza) {
@@ -125,7 +139,7 @@ void testo(elemento& e, const PStr255& s) {
         std::memcpy(e.test.testo.data(), s.bytes(), capienza);
         e.test.testo[0] = capienza;
     } else {
-        std::memcpy(e.test.testo.data(), s.bytes(), e.test.testo.size());
+        PoniScritta(e, s);
     }
     e.test.stile = static_cast<std::uint8_t>(gTxStyle.face);
     e.test.font = gFontID;

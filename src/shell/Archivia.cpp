@@ -1,5 +1,7 @@
 // Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
 #include "shell/Archivia.h"
+#include "digitising/RegistrazioneValida.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <string>
@@ -20,6 +22,7 @@
 #include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -97,7 +100,7 @@ bool eDisegno(const FSSpec& file) {
     IOERR2(FSpGetFInfo(file, info));
     if (uscita) return false;
     if (info.fdType == tipoTS3D || info.fdType == tipoTSTD) return true;
-    if (file.nome.find(".ts3d") != std::string::npos || file.nome.find(".TS3D") != std::string::npos) return true;
+    if (Minuscole(file.nome).find(".ts3d") != std::string::npos) return true;
     MostraGuasto({noErr, TestoDi(TestoFile::tipoIgnoto), {}, -1});
     return false;
 }
@@ -134,6 +137,11 @@ void leggi(const FSSpec& file) {
     leggidati();
     FSClose(RefNum);
     if (theItem == rUnisciQuattro) return;   // Kept: this merge leaves similarity and selection as they are
+    if (const std::string guasto = GuastoRegistrazione(Elem(1), Elem(2)); !guasto.empty()) {
+        Elem(2).att.coordReali = 0;
+        CalcolaRapporti();
+        MostraGuasto({noErr, TestoDi(TestoFile::registrazione, guasto), {}, -1});
+    }
     if (Elem(2).att.coordReali) CalcTransfC();
     NessunaSelezione();
 }
@@ -202,10 +210,15 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     }
     if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (uscita || !r.delDocumento) return;
+    if (!scrive && !lettoIntero) {   // a save must not put what is left over the file that has more
+        SegnaDiverso();
+        return;
+    }
     myFSS = file;
     OKArchivioFss = 1;
     NomeD = PStr255(std::string_view(file.nome));
     NomeLavoro = NomeD;
+    SegnaSalvato();
 }
 
 void concludi() {
@@ -217,6 +230,12 @@ void concludi() {
     InvalFinestra();
 }
 
+// A drop that brings nothing says why.
+void rifiutato(TestoFile perche, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    MostraGuasto({noErr, TestoDi(perche), {}, -1});
+}
+
 // What a dropped file brings is an addition to the drawing, whatever was asked for last.
 void lasciato(const Richiesta& r, const FSSpec& file) {
     uscita = 0;
@@ -226,6 +245,13 @@ void lasciato(const Richiesta& r, const FSSpec& file) {
 }
 
 }   // namespace
+
+std::string Minuscole(std::string_view s) {
+    std::string m(s);
+    for (char& c : m)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return m;
+}
 
 void archivia() {
     uscita = 0;
@@ -258,15 +284,30 @@ void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti) {
 }
 
 void LeggiDropText(const FSSpec& spec) {
-    const auto nomina = [&](const char* suffisso) { return spec.nome.find(suffisso) != std::string::npos; };
+    const std::string nome = Minuscole(spec.nome);
+    const auto nomina = [&nome](const char* suffisso) { return nome.find(suffisso) != std::string::npos; };
     // Kept: the suffix may stand anywhere in the name.
-    const std::int16_t numero = nomina(".DXF") || nomina(".dxf") ? rDxf : nomina(".XYZ") || nomina(".xyz") ? rXYZ : 0;
-    if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
+    struct PerNome {
+        const char* suffisso;
+        std::int16_t numero;
+    };
+    std::int16_t numero = 0;
+    for (const PerNome& p : {PerNome{".dxf", rDxf}, {".xyz", rXYZ}, {".cxf", rCXF}})
+        if (numero == 0 && nomina(p.suffisso)) numero = p.numero;
+    if (const Richiesta* r = richiestaDi(numero)) {
+        lasciato(*r, spec);
+    } else {
+        rifiutato(TestoFile::tipoIgnoto, spec);
+    }
 }
 
 void LeggiDropPict(const FSSpec& spec) {
-    if (indElem < maxElementi) lasciato(*richiestaDi(rImmagine), spec);
-    InvalFinestra();   // all that a full drawing shows of it
+    if (indElem < maxElementi) {
+        lasciato(*richiestaDi(rImmagine), spec);
+    } else {
+        rifiutato(TestoFile::pieno, spec);
+    }
+    InvalFinestra();
 }
 
 namespace {

@@ -19,6 +19,7 @@
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Modificato.h"
 #include "shell/Rapporto.h"
 #include "shell/Trascinamento.h"
 
@@ -105,6 +106,12 @@ void riposo(bool campione) {
     if (!campione && Modalita != mSelezione && Modalita != mSpostamento) tabButton = bNessuno;
 }
 
+// Repaints and scrolling leave the drawing as it is: they need no look at it.
+bool puoCambiare(EventKind what) {
+    return what != EventKind::updateEvt && what != EventKind::scroll && what != EventKind::wheel
+           && what != EventKind::activateEvt && what != EventKind::osEvt && what != EventKind::mouseUp;
+}
+
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
@@ -149,7 +156,10 @@ void consuma(EventRecord& e) {
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
-    if (WaitNextEvent(e, sonno)) consuma(e);
+    if (WaitNextEvent(e, sonno)) {
+        consuma(e);
+        if (puoCambiare(e.what)) MostraDiverso();
+    }
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     AggiustaStatoBottoni();
     AggiornaRapporto();

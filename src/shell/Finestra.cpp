@@ -29,6 +29,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
+#include "shell/Modificato.h"
 #include "shell/Recupero.h"
 #include "text/Conversione.h"
 
@@ -204,13 +205,15 @@ void SetUpWindow() {
     mostra();
     Croce();
     AbilitaMenu(true);
+    SegnaSalvato();
     salvaRecupero = ScriviRecupero;
 }
 
 std::uint8_t TuttoChiuso() {
     if (noWindow) return 1;
     std::int16_t risposta = 1;
-    if (indElem > 2) {
+    const bool conFile = NomeD.view() != GetIndString(listaNomi, nomeSenzaTitolo);
+    if ((indElem > 2 || conFile) && DisegnoDiverso()) {
         ParamText(NomeD.view(), "", "", "");
         risposta = CautionAlert(avvisoSalva);
     }

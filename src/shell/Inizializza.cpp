@@ -1,6 +1,7 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
 #include "shell/Inizializza.h"
 #include "raster/Lenti.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -182,6 +183,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     SceltaColori(1);
     SceltaCorrezioneOttica(1);
     inizio = 0;
+    SegnaSalvato();   // units and colours of the settings are a new drawing's own
     theItem = rNessunFile;
     archivia();
     fine = 0;

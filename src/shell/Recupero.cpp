@@ -11,6 +11,7 @@
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
+#include "shell/Modificato.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -86,6 +87,7 @@ void OffriRecupero() {
     NomeLavoro = NomeD;
     myFSS = FSSpec{};
     if (!noWindow) SetWTitle(theWindow, NomeLavoro.view());
+    SegnaDiverso();
     scarta();
 }
 

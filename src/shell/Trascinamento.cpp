@@ -20,10 +20,10 @@ constexpr OSType testo = tipoDi("TEXT"), disegno = tipoDi("TS3D");
 
 bool eDisegno(const FSSpec& file, OSType tipo) {
     if (tipo == disegno) return true;
-    constexpr std::size_t lungo = 5;   // of a suffix, point included
-    if (file.nome.size() < lungo) return false;
-    const std::string fine = file.nome.substr(file.nome.size() - lungo);
-    return fine == ".tc3d" || fine == ".TS3D";
+    const auto punto = file.nome.rfind('.');
+    if (punto == std::string::npos) return false;
+    const std::string fine = Minuscole(file.nome.substr(punto));
+    return fine == ".ts3d" || fine == ".tc3d";
 }
 
 // A drawing of other programs, by its suffix. With Option a DXF goes to the program's own reader.

@@ -64,7 +64,8 @@ struct Finestra {
     Foglio* foglio = nullptr;   // null without an application object
     Region invalida;            // what the next update event is about
     bool mostrata = false;
-    std::string titolo;   // Mac Roman
+    std::string titolo;      // Mac Roman
+    bool cambiata = false;   // the title shows a change
     std::vector<std::unique_ptr<Controllo>> controlli;
     std::map<std::int32_t, QWidget*> parti;   // named parts for accessibility tools
 };

@@ -149,7 +149,7 @@ bool AutoScreenshot(std::string_view path) {
 
 std::string AutoWindowTitle() {
     const Finestra* f = finestraAperta();
-    return f == nullptr ? std::string{} : MacToUtf8(f->titolo);
+    return f == nullptr ? std::string{} : MacToUtf8(f->titolo) + (f->cambiata ? " *" : "");
 }
 
 }   // namespace tessaro
