@@ -30,7 +30,7 @@ enum class TestoScambio : std::int16_t {
     nonNegliScript,
     pieno,
     nonNelKit,   // what files of a drawing database do not hold
-    cambiati,   // ^0 what came in otherwise than it was
+    cambiati,    // ^0 what came in otherwise than it was
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
@@ -79,8 +79,8 @@ public:
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
     void nota(std::string macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
-    ElementiContati parti;                   // left out, beside the entities of a name
-    ElementiContati cambiati;                // came in, but not as they were
+    ElementiContati parti;      // left out, beside the entities of a name
+    ElementiContati cambiati;   // came in, but not as they were
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
     void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
 
