@@ -3,13 +3,15 @@
 
 #include "display/Testi.h"
 #include "display/Zoom.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Lucidi.h"
 #include "model/Scritta.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Fonts.h"
 #include "platform/Menus.h"
@@ -18,8 +20,6 @@
 namespace tessaro {
 
 namespace {
-
-constexpr std::int16_t menuCaratteri = 100, menuCorpi = 101, menuStili = 102;
 
 void misura(elemento& e) {
     const Stato stato;
@@ -70,12 +70,16 @@ struct VoceStile {
     std::int16_t item;
     std::uint8_t bit;
 };
-constexpr VoceStile stili[] = {{3, bold}, {4, italic}, {5, underline}, {6, outlineFace}, {7, shadowFace}};
+constexpr VoceStile stili[] = {{voci::stili::grassetto, bold},
+                               {voci::stili::corsivo, italic},
+                               {voci::stili::sottolineato, underline},
+                               {voci::stili::contornato, outlineFace},
+                               {voci::stili::ombreggiato, shadowFace}};
 
 void spuntaStili() {
     const auto face = static_cast<std::uint32_t>(gTxStyle.face);
     for (const VoceStile& v : stili) CheckMenuItem(menuStili, v.item, BITTST(face, v.bit));
-    CheckMenuItem(menuStili, 1, face == 0);
+    CheckMenuItem(menuStili, voci::stili::normale, face == 0);
 }
 
 }   // namespace

@@ -7,7 +7,8 @@
 #include "exchange/ScriviDXF.h"
 #include "exchange/TestoDxf.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 

@@ -161,8 +161,8 @@ const char* LineTscad2DXF(std::int16_t pattern) {
 
 namespace {
 const VoceStato righe[] = {
-    {"indluc", VoceStato::speciale, nullptr, 0, InizioTabelleDXF, [] { return NumeroJson(indluc); }},
-    {"LettiBlocchiDXF", VoceStato::u8, &LettiBlocchiDXF, 0},
+    {"indluc", InizioTabelleDXF, [] { return NumeroJson(indluc); }},
+    voce<LettiBlocchiDXF>("LettiBlocchiDXF"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -9,10 +9,12 @@
 #include "display/Zoom.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
@@ -20,6 +22,8 @@
 #include "text/FileDati.h"
 
 namespace tessaro {
+
+constinit double DataUltima = 0;
 
 namespace {
 
@@ -201,5 +205,12 @@ bool LeggiBlocchi(std::int16_t versione, Guasto& g) {
     if (!leggiAttacco(versione, resto)) return false;
     return versione <= 11 || (leggiMesh(meshOrigine, resto) && leggiMesh(meshDestinazione, resto));
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<DataUltima>("DataUltima"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

@@ -16,7 +16,7 @@
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
 #include "registration/attaccoDinamico.h"
@@ -346,7 +346,7 @@ void leggidati() {
     const bool buono = !uscita && leggiTutto(l);
     if (buono) {
         NewDis = 1;
-        attaccoAttivo.PreparaAttacco();
+        ErroreAlert(attaccoAttivo.PreparaAttacco());
         PoniAnnulla(aNiente);
         InvalFinestra();
     }

@@ -8,12 +8,16 @@
 #include <optional>
 
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
 #include "model/Scritta.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Events.h"
 #include "text/Conversione.h"
@@ -273,9 +277,9 @@ void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c,
 
 namespace {
 const VoceStato righe[] = {
-    {"maxElementi", VoceStato::speciale, nullptr, 0, nullptr, [] { return NumeroJson(maxElementi); }},
-    {"indElem", VoceStato::speciale, nullptr, 0, AzzeraArchivio, [] { return NumeroJson(indElem); }},
-    {"IndicePolCorrente", VoceStato::i32, &IndicePolCorrente},
+    {"maxElementi", nullptr, [] { return NumeroJson(maxElementi); }},
+    {"indElem", AzzeraArchivio, [] { return NumeroJson(indElem); }},
+    voce<IndicePolCorrente>("IndicePolCorrente"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -7,21 +7,27 @@
 #include <string>
 
 #include "dialogs/Errori.h"
+#include "digitising/RiferimentoImmagine.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
 #include "text/FileDati.h"
@@ -34,31 +40,10 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
-constexpr std::int16_t menuArchivio = 2;
-
-// Requests by their numbers.
-enum : std::int16_t {
-    rApri = 2,
-    rSalva = 4,
-    rSalvaCome = 5,
-    rChiudi = 20,
-    rApriDato = 31,   // myFSS is set: the desktop, or a drop
-    rUnisciDato = 32,
-    rUnisciDatoCmd = 33,
-    rUnisciDatoOpz = 34,
-    rEsporta = 41,
-    rUnisciPunti = 51,
-    rUnisciQuattro = 52,
-    rUnisciReali = 53,
-    rImmagine = 61,
-    rDxf = 62,
-    rXYZ = 63,
-    rCXF = 64,
-};
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiScritti = 310;
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
-enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, scriviPict, testo };
 
 struct Richiesta {
     std::int16_t numero;
@@ -74,12 +59,14 @@ constexpr Richiesta richieste[] = {
     {rApri, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", true},
     {rSalva, Scelta::salva, Opera::scrivi, 9, 0, "", true},
     {rSalvaCome, Scelta::salvaCome, Opera::scrivi, 7, 0, "", true},
-    {rChiudi, Scelta::nessuna, Opera::niente, 0, 0, "", false},
+    {rNessunFile, Scelta::nessuna, Opera::niente, 0, 0, "", false},
     {rApriDato, Scelta::dato, Opera::leggi, 0, 0, "", true},
     {rUnisciDato, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoOpz, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rEsporta, Scelta::salvaCome, Opera::scrivi, 51, 0, ".ts5", false},
+    {rPict, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
+    {rPictSel, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
     {rUnisciPunti, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
@@ -129,7 +116,7 @@ bool scegliFile(const Richiesta& r, FSSpec& file) {
     const std::string invito = GetIndString(listaNomi, r.invito);
     switch (r.scelta) {
     case Scelta::leggi: return NavGetFile(invito, r.tipi, file);
-    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file);
+    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file, r.tipi);
     case Scelta::salva: file = myFSS; return true;
     case Scelta::dato: file = myFSS; return eDisegno(file);
     case Scelta::dxf: return ApriDXF(file);
@@ -179,7 +166,20 @@ void importaImmagine(const FSSpec& file) {
         return;
     }
     const FileInLavoro lavoro(file);
-    ImportaImmagine(file);
+    if (ImportaImmagine(file)) OffriMondo(file, indElem);
+}
+
+// A picture of the drawing, in the form that the name's suffix tells; the file that was there stays when none comes of it.
+void scriviImmagine(const FSSpec& file) {
+    constexpr OSType tipoPict = tipoDi("PICT"), creatorePict = tipoDi("ttxt");
+    const FileInLavoro lavoro(file);
+    fType = tipoPict;
+    IOERR2(FSpOpenReplacing(file, creatorePict, fType, RefNum));
+    if (uscita) return;
+    if (SuffissoImmagine(file) ? PutImageFile(RefNum, file) : PutPictFile(RefNum))
+        IOERR2(FSClose(RefNum));
+    else
+        FSAbandon(RefNum);
 }
 
 // What was read before a fault, or before the person stopped it, stays.
@@ -204,6 +204,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
     case Opera::immagine: importaImmagine(file); break;
+    case Opera::scriviPict: scriviImmagine(file); break;
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
@@ -224,7 +225,8 @@ void concludi() {
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
-    for (std::int16_t voce = 3; voce <= 5; ++voce) EnableMenuItem(menuArchivio, voce);
+    for (const std::int16_t voce : {voci::archivio::chiudi, voci::archivio::salva, voci::archivio::salvaCome})
+        EnableMenuItem(menuArchivio, voce);
     InvalFinestra();
 }
 
@@ -261,6 +263,7 @@ void archivia() {
         SysBeep(30);
         return;
     }
+    if (r->opera == Opera::scriviPict && noWindow) return;
     if (r->opera == Opera::scrivi) {
         ultimoSalvataggioRiuscito = false;
         if (noWindow) return;
@@ -309,10 +312,10 @@ void LeggiDropPict(const FSSpec& spec) {
 
 namespace {
 const VoceStato righe[] = {
-    {"OKArchivioFss", VoceStato::u8, &OKArchivioFss, 0},
-    {"fType", VoceStato::speciale, nullptr, 0, [] { fType = tipoTS3D; }, nullptr},
-    {"ultimoSalvataggioRiuscito", VoceStato::speciale, nullptr, 0, [] { ultimoSalvataggioRiuscito = true; }, nullptr},
-    {"fileInLavoro", VoceStato::speciale, nullptr, 0, [] { fileInLavoro.clear(); }, nullptr},
+    voce<OKArchivioFss>("OKArchivioFss"),
+    {"fType", [] { fType = tipoTS3D; }, nullptr},
+    {"ultimoSalvataggioRiuscito", [] { ultimoSalvataggioRiuscito = true; }, nullptr},
+    {"fileInLavoro", [] { fileInLavoro.clear(); }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

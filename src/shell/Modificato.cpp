@@ -5,12 +5,18 @@
 #include <span>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Titolo.h"
 #include "registration/attaccoDinamico.h"
 
@@ -113,7 +119,7 @@ void MostraDiverso() {
 
 namespace {
 const VoceStato righe[] = {
-    {"sempreDiverso", VoceStato::speciale, nullptr, 0, [] { sempreDiverso = false; }, nullptr},
+    {"sempreDiverso", [] { sempreDiverso = false; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

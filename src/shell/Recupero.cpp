@@ -4,8 +4,9 @@
 #include <string>
 
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"
@@ -78,7 +79,7 @@ void OffriRecupero() {
     }
     if (!TuttoChiuso()) return;
     myFSS = copia();
-    theItem = 31;
+    theItem = rApriDato;
     archivia();
     if (uscita) return;   // what cannot be read stays where it is
     // The next save asks where to: the copy is no place for a document.

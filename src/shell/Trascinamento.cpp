@@ -6,7 +6,8 @@
 
 #include "dwg/DbDumper.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "shell/Archivia.h"
 #include "shell/Modi.h"
@@ -34,7 +35,7 @@ bool eCad(const FSSpec& file) {
 }
 
 void leggiImmagine(const FSSpec& file) {
-    if (Modalita != 0) CheckMouse(false);
+    if (Modalita != mSelezione) CheckMouse(false);
     LeggiDropPict(file);
 }
 

@@ -5,6 +5,9 @@
 #include <cstring>
 #include <filesystem>
 
+#include "display/palette.h"
+#include "model/Carattere.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "support/Tasti.h"
 

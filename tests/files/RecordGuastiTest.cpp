@@ -4,7 +4,13 @@
 
 #include "files/Disco.h"
 
-#include "model/Attributi.h"
+#include "model/Carattere.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

@@ -22,7 +22,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/Tablet.h"
 

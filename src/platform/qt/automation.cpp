@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 // The toolkit's own doors for tests; it exports them without a public header.

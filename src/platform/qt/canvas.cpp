@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {

@@ -16,7 +16,7 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/Titolo.h"
 

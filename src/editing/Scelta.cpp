@@ -1,5 +1,5 @@
 // What a click in the selecting mode picks: the topmost record under the pointer, then the summary and the box.
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,14 +9,18 @@
 #include "display/RiquadroTesto.h"
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {
+
+constinit std::uint8_t selezionePrec = 0;
+constinit std::uint32_t Tempo = 0;
 
 namespace {
 
@@ -128,8 +132,8 @@ void apriTesto() {
 }
 
 void passaASpostare() {
-    if (Modalita != 2 && Puntosel.multipla) DisegnaRettSel();
-    Modalita = 2;
+    if (Modalita != mSpostamento && Puntosel.multipla) DisegnaRettSel();
+    Modalita = mSpostamento;
     DrawPallette();
 }
 
@@ -176,5 +180,13 @@ void NessunaSelezione() {
     AzzeraPuntosel();
     AzzeraRettSel();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<selezionePrec>("selezionePrec"),
+    voce<Tempo>("Tempo"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "model/Registrazione.h"
 
@@ -25,15 +26,24 @@ bool RisolviOmografia(const std::array<Coppia, 4>& src, const std::array<Coppia,
 void TrasformaOmografia(const Coefficienti& coef, double& x, double& y);   // D may be 0: the point goes to infinity
 
 // --- vanishing points
-// Error numbers of a preparation, shown when diagonals or axes do not meet: it alerts, takes (0, 0) and goes on. A 0 is
-// not shown.
+// What a preparation reports when diagonals or axes do not meet: it takes (0, 0) there and goes on. A 0 is not reported.
 struct ErroriPrep {
     std::int16_t diagonaliSrc = 0, diagonaliDst = 0, asse1 = 0, asse2 = 0, asse1d = 0, asse2d = 0;
 };
-void PreparaQuattro(Att4Pt& r, const ErroriPrep& errori);   // the centres are the crossings of the diagonals
+// The numbers that a preparation has reported, in the order met, for ErroreAlert; who called it shows them.
+struct ErroriIncontrati {
+    std::array<std::int16_t, 6> numeri{};
+    std::size_t quanti = 0;
+    void aggiungi(std::int16_t errore) {
+        if (errore != 0) numeri[quanti++] = errore;
+    }
+    operator std::span<const std::int16_t>() const { return {numeri.data(), quanti}; }   // NOLINT: it is that list
+};
+[[nodiscard]] ErroriIncontrati
+PreparaQuattro(Att4Pt& r, const ErroriPrep& errori);   // the centres are the crossings of the diagonals
 // The centres are given: the source's by srcC. Kept: the target's by dstC across parallel sides, which an axis before it
 // may have overwritten, and by control point 5 of the globals elsewhere.
-void PreparaCinque(Att4Pt& r, const ErroriPrep& errori);
+[[nodiscard]] ErroriIncontrati PreparaCinque(Att4Pt& r, const ErroriPrep& errori);
 // A prepared record, ready to map many points: what they all share is computed once, and the two axes are worked on at
 // once, to the same digits as one after the other. Stale when the record or orientCorrente has changed since.
 class MappaFuga {
@@ -73,7 +83,7 @@ private:
 void TrasformaFuga(const Att4Pt& r, bool curva, double& x, double& y);
 
 // --- the free solver over att4Pt, which merges use
-void PrepAtt4pt();
+[[nodiscard]] ErroriIncontrati PrepAtt4pt();
 void Traf4Pt(double& x, double& y);
 
 }   // namespace tessaro

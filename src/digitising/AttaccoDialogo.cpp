@@ -1,4 +1,6 @@
 // The dialogs of the live transformation: the present one and the older one, with the same items.
+#include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
@@ -50,7 +52,7 @@ void ActiveAttach::IngGene(std::uint8_t ripristino) {
     // Kept: point 1 moves a hair at every OK, so that it never stays exactly on the value it had.
     xAtt[0] += scarto;
     yAtt[0] += scarto;
-    PreparaAttacco();
+    ErroreAlert(PreparaAttacco());
     InvalWind();
 }
 
@@ -71,14 +73,14 @@ void ActiveAttach::giroDialogo(ModalFilter filtro) {
 
 void ActiveAttach::Dialogo() {
     constexpr std::int16_t dialogo = 157;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     for (const std::int16_t item : {campoX(4), campoY(4), std::int16_t{radioCinque}})
         HiliteDialogItem(theDialog, item, 0);
     giroDialogo(nullptr);
 }
 
 void ActiveAttach::DialogoOld() {
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     giroDialogo(MyMovableFilter);
 }
 

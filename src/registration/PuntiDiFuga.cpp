@@ -2,10 +2,9 @@
 // asymmetries that results depend on; those stand where they happen.
 #include <cmath>
 
-#include "dialogs/Errori.h"
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
-#include "registration/solutori.h"
+#include "model/Unita.h"
+#include "registration/Solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -23,8 +22,8 @@ bool incrocio(const Retta& r, const Retta& s, Coppia& p) {
     return IntersRette(r.a.x, r.a.y, r.b.x, r.b.y, s.a.x, s.a.y, s.b.x, s.b.y, p.x, p.y);
 }
 
-void incrocioOErrore(const Retta& r, const Retta& s, Coppia& p, std::int16_t errore) {
-    if (incrocio(r, s, p) && errore != 0) ErroreAlert(errore);
+void incrocioOErrore(const Retta& r, const Retta& s, Coppia& p, std::int16_t errore, ErroriIncontrati& incontrati) {
+    if (incrocio(r, s, p)) incontrati.aggiungi(errore);
 }
 
 double lontananza(const Coppia& a, const Coppia& b) {
@@ -73,10 +72,11 @@ void misuraParallelo2(const Quadrilatero& q, const Coppia& c, Asse a) {
 }
 
 // Along the side `da`-`a`; the line from the centre to the vanishing point cuts it at m.
-void misuraFuga(const Coppia& da, const Coppia& a, const Retta& dalCentro, Coppia& m, Asse asse, std::int16_t errore) {
+void misuraFuga(const Coppia& da, const Coppia& a, const Retta& dalCentro, Coppia& m, Asse asse, std::int16_t errore,
+                ErroriIncontrati& incontrati) {
     asse.origine = 0;
     asse.lunghezza = lontananza(da, a);
-    incrocioOErrore(dalCentro, {da, a}, m, errore);
+    incrocioOErrore(dalCentro, {da, a}, m, errore, incontrati);
     asse.centro = lontananza(da, m);
 }
 
@@ -85,30 +85,31 @@ Asse asse2(Att4Pt& r) { return {r.o2, r.len2, r.mid2, r.ang2}; }
 Asse asse1d(Att4Pt& r) { return {r.o1d, r.len1d, r.mid1d, r.ang1d}; }
 Asse asse2d(Att4Pt& r) { return {r.o2d, r.len2d, r.mid2d, r.ang2d}; }
 
-void assiSorgente(Att4Pt& r, const Coppia& centro, const ErroriPrep& errori) {
+void assiSorgente(Att4Pt& r, const Coppia& centro, const ErroriPrep& errori, ErroriIncontrati& incontrati) {
     if (r.par1) {
         misuraParallelo1(r.src, centro, asse1(r));
     } else {
-        misuraFuga(r.src[0], r.src[3], {centro, r.fuga1}, r.srcC, asse1(r), errori.asse1);
+        misuraFuga(r.src[0], r.src[3], {centro, r.fuga1}, r.srcC, asse1(r), errori.asse1, incontrati);
     }
     if (r.par2) {
         misuraParallelo2(r.src, centro, asse2(r));
     } else {
-        misuraFuga(r.src[2], r.src[3], {centro, r.fuga2}, r.srcC, asse2(r), errori.asse2);
+        misuraFuga(r.src[2], r.src[3], {centro, r.fuga2}, r.srcC, asse2(r), errori.asse2, incontrati);
     }
 }
 
 // `centro` is what parallel branches measure; it may be r.dstC itself, which the first axis then overwrites.
-void assiDestinazione(Att4Pt& r, const Coppia& centro, const Coppia& centroFuga, const ErroriPrep& errori) {
+void assiDestinazione(Att4Pt& r, const Coppia& centro, const Coppia& centroFuga, const ErroriPrep& errori,
+                      ErroriIncontrati& incontrati) {
     if (r.par1d) {
         misuraParallelo1(r.dst, centro, asse1d(r));
     } else {
-        misuraFuga(r.dst[0], r.dst[3], {centroFuga, r.fuga1d}, r.dstC, asse1d(r), errori.asse1d);
+        misuraFuga(r.dst[0], r.dst[3], {centroFuga, r.fuga1d}, r.dstC, asse1d(r), errori.asse1d, incontrati);
     }
     if (r.par2d) {
         misuraParallelo2(r.dst, centro, asse2d(r));
     } else {
-        misuraFuga(r.dst[2], r.dst[3], {centroFuga, r.fuga2d}, r.dstC, asse2d(r), errori.asse2d);
+        misuraFuga(r.dst[2], r.dst[3], {centroFuga, r.fuga2d}, r.dstC, asse2d(r), errori.asse2d, incontrati);
     }
 }
 
@@ -130,30 +131,34 @@ void tutteLeFughe(Att4Pt& r) {
     puntiDiFuga(r.dst, r.fuga1d, r.par1d, r.fuga2d, r.par2d);
 }
 
-Coppia incrocioDiagonali(const Quadrilatero& q, std::int16_t errore) {
+Coppia incrocioDiagonali(const Quadrilatero& q, std::int16_t errore, ErroriIncontrati& incontrati) {
     Coppia c;
-    incrocioOErrore({q[0], q[2]}, {q[1], q[3]}, c, errore);
+    incrocioOErrore({q[0], q[2]}, {q[1], q[3]}, c, errore, incontrati);
     return c;
 }
 
 }   // namespace
 
-void PreparaQuattro(Att4Pt& r, const ErroriPrep& errori) {
+ErroriIncontrati PreparaQuattro(Att4Pt& r, const ErroriPrep& errori) {
+    ErroriIncontrati incontrati;
     tutteLeFughe(r);
-    const Coppia centro = incrocioDiagonali(r.src, errori.diagonaliSrc);
-    const Coppia centroD = incrocioDiagonali(r.dst, errori.diagonaliDst);
-    assiSorgente(r, centro, errori);
-    assiDestinazione(r, centroD, centroD, errori);
+    const Coppia centro = incrocioDiagonali(r.src, errori.diagonaliSrc, incontrati);
+    const Coppia centroD = incrocioDiagonali(r.dst, errori.diagonaliDst, incontrati);
+    assiSorgente(r, centro, errori, incontrati);
+    assiDestinazione(r, centroD, centroD, errori, incontrati);
     calcolaRapporti(r);
+    return incontrati;
 }
 
-void PreparaCinque(Att4Pt& r, const ErroriPrep& errori) {
+ErroriIncontrati PreparaCinque(Att4Pt& r, const ErroriPrep& errori) {
+    ErroriIncontrati incontrati;
     tutteLeFughe(r);
     const Coppia centro = r.srcC;   // aside: the axes write their crossings there
-    assiSorgente(r, centro, errori);
+    assiSorgente(r, centro, errori, incontrati);
     // Kept: no such copy on this side, and the lines to vanishing points start at the source's global point.
-    assiDestinazione(r, r.dstC, {xAttacco5, yAttacco5}, errori);
+    assiDestinazione(r, r.dstC, {xAttacco5, yAttacco5}, errori, incontrati);
     calcolaRapporti(r);
+    return incontrati;
 }
 
 // --- mapping
@@ -257,12 +262,12 @@ void TrasformaFuga(const Att4Pt& r, bool curva, double& x, double& y) {
 
 // --- the free solver
 
-void PrepAtt4pt() { PreparaQuattro(att4Pt, {23, 24, 23, 23, 24, 24}); }
+ErroriIncontrati PrepAtt4pt() { return PreparaQuattro(att4Pt, {23, 24, 23, 23, 24, 24}); }
 
 void Traf4Pt(double& x, double& y) { TrasformaFuga(att4Pt, true, x, y); }
 
 namespace {
-const VoceStato righe[] = {{"deformProspettica", VoceStato::u8, &deformProspettica, 1}};
+const VoceStato righe[] = {voce<deformProspettica>("deformProspettica")};
 const TabellaStato tabella(righe);
 }   // namespace
 

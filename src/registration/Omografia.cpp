@@ -1,6 +1,6 @@
 // The homography of four pairs of points, as a linear system of eight equations.
 #include "registration/gauss.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

@@ -28,8 +28,7 @@ void svuota() {
 }
 
 const VoceStato righe[] = {
-    {"pictMemoria", VoceStato::speciale, nullptr, 0, svuota,
-     [] { return NumeroJson(static_cast<double>(PictMemory())); }},
+    {"pictMemoria", svuota, [] { return NumeroJson(static_cast<double>(PictMemory())); }},
 };
 const TabellaStato tabella(righe);
 

@@ -1,8 +1,8 @@
 // The pens of the construction tools: the ...Attuale globals say what the pen holds, so that a repaint can put it back.
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 #include "display/Disegno.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {

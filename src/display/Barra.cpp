@@ -1,14 +1,18 @@
 // The thirty controls of the toolbar from left to right, with rules between the groups.
-#include "display/barra.h"
+#include "display/Barra.h"
 
 #include <memory>
 
+#include "display/Disposizione.h"
 #include "display/palette.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -18,6 +22,7 @@ constinit BottoniToolbar bottoneToolbar{};
 
 namespace {
 
+constexpr RGBColor GrigioMedio{32000, 32000, 32000};
 constexpr std::int32_t primaIcona = 4096;
 constexpr std::int16_t listaNomi = 1100, listaAiuti = 1101, listaTitoli = 9140;
 constexpr std::int16_t spento = 255, acceso = 7, normale = 0;
@@ -33,36 +38,36 @@ struct Bottone {
     bool spazioDietro = false;   // a rule stands behind it
 };
 constexpr std::array<Bottone, numBottoni> tabella{{
-    {{2, 1}},   // new
-    {{2, 2}},
-    {{2, 4}, mai, true},
-    {{3, 3}},   // cut
-    {{3, 4}},
-    {{3, 5}},
-    {{2, 14}, mai, true},   // print
-    {{22, 10}},             // zooms
-    {{22, 1}},
-    {{22, 2}},
-    {{22, 8}},
-    {{22, 7}},
-    {{22, 9}},
-    {{6, 12}},         // move the sheet: ends in the georeferencing dialog
-    {{}, mai, true},   // redraw
-    {{3, 18}, mai, true},
-    {{112, 1}, [] { return statoCursore.attaccoPunto != 0; }},
-    {{112, 2}, [] { return statoCursore.attaccoPunto != 0 && statoCursore.attaccoZ != 0; }},
-    {{112, 3}, [] { return statoCursore.parallelo != 0; }},
-    {{112, 4}, [] { return statoCursore.perpendicolare != 0; }},
-    {{112, 5}, [] { return statoCursore.bloccaY != 0; }},
-    {{112, 6}, [] { return statoCursore.bloccaX != 0; }},
-    {{112, 7}, [] { return griglia.attiva != 0; }, true},
+    {{menuArchivio, voci::archivio::nuovo}},   // new
+    {{menuArchivio, voci::archivio::apri}},
+    {{menuArchivio, voci::archivio::salva}, mai, true},
+    {{menuModifica, voci::modifica::taglia}},   // cut
+    {{menuModifica, voci::modifica::copia}},
+    {{menuModifica, voci::modifica::incolla}},
+    {{menuArchivio, voci::archivio::stampa}, mai, true},   // print
+    {{menuZoom, voci::zoom::rilievo}},                     // zooms
+    {{menuZoom, voci::zoom::foglio}},
+    {{menuZoom, voci::zoom::reale}},
+    {{menuZoom, voci::zoom::riduci}},
+    {{menuZoom, voci::zoom::ingrandisci}},
+    {{menuZoom, voci::zoom::rettangolo}},
+    {{menuStrumenti, voci::strumenti::georeferenzia}},   // move the sheet: ends in the georeferencing dialog
+    {{}, mai, true},                                     // redraw
+    {{menuModifica, voci::modifica::immagineDaSelezione}, mai, true},
+    {{menuVincoli, voci::vincoli::punto}, [] { return statoCursore.attaccoPunto != 0; }},
+    {{menuVincoli, voci::vincoli::quota}, [] { return statoCursore.attaccoPunto != 0 && statoCursore.attaccoZ != 0; }},
+    {{menuVincoli, voci::vincoli::parallelo}, [] { return statoCursore.parallelo != 0; }},
+    {{menuVincoli, voci::vincoli::perpendicolare}, [] { return statoCursore.perpendicolare != 0; }},
+    {{menuVincoli, voci::vincoli::orizzontale}, [] { return statoCursore.bloccaY != 0; }},
+    {{menuVincoli, voci::vincoli::verticale}, [] { return statoCursore.bloccaX != 0; }},
+    {{menuVincoli, voci::vincoli::griglia}, [] { return griglia.attiva != 0; }, true},
     {{}},   // values: colour, thickness, pen pattern, area pattern
     {{}},
     {{}},
     {{}, mai, true},
-    {{}},        // help
-    {{4, 20}},   // typed points
-    {{4, 20}},
+    {{}},                                      // help
+    {{menuDisegna, voci::disegna::vertice}},   // typed points
+    {{menuDisegna, voci::disegna::vertice}},
 }};
 
 constinit bool guidaPresente = false;   // found when the controls are made
@@ -72,7 +77,9 @@ bool usabile(std::size_t i) {
     const ComandoMenu& c = tabella[i].comando;
     switch (i) {
     case nuovo: return noWindow && IsMenuItemEnabled(c.menu, c.voce);
-    case taglia: return IsMenuItemEnabled(3, 4) && IsMenuItemEnabled(3, 6);   // a copy, then a clearing
+    case taglia:
+        return IsMenuItemEnabled(menuModifica, voci::modifica::copia)
+               && IsMenuItemEnabled(menuModifica, voci::modifica::cancella);   // a copy, then a clearing
     case foglio: return MenuItemBuilt(c.menu, c.voce);
     case aiuto: return guidaPresente;
     default: return c.menu == 0 || IsMenuItemEnabled(c.menu, c.voce);
@@ -81,7 +88,7 @@ bool usabile(std::size_t i) {
 
 std::int32_t sinistra(std::size_t i) {
     const auto n = static_cast<std::int32_t>(i);
-    std::int32_t base = 32;
+    std::int32_t base = latoCella;
     for (std::size_t j = 0; j < i && j < primoTitolato; ++j)
         if (tabella[j].spazioDietro) base += 10;
     if (i >= primoTitolato) return 130 + 71 * (n - 27) + base + 578;
@@ -121,12 +128,12 @@ void DrawRetinoAreaCtrl() {
 
 void mostraValore(std::size_t bottone, void (*disegna)(), std::int32_t ratio) {
     const std::unique_ptr<GrafPort> figura = NewGWorld(lato, lato, ratio);
-    const GrafPtr prima = GetPort();
-    SetPort(figura.get());
-    disegna();
-    ForeColor(blackColor);
-    FrameRect(quadro());
-    SetPort(prima);
+    {
+        const PortaCorrente porta(figura.get());
+        disegna();
+        ForeColor(blackColor);
+        FrameRect(quadro());
+    }
     SetControlPicture(bottoneToolbar.bottoni[bottone], *figura);
 }
 
@@ -206,7 +213,7 @@ void AggiustaStatoBottoni() {
 
 namespace {
 
-const VoceStato righe[] = {{"bottoneToolbar", VoceStato::speciale, nullptr, 0,
+const VoceStato righe[] = {{"bottoneToolbar",
                             [] {
                                 bottoneToolbar = {};
                                 mostrati = {};

@@ -35,4 +35,7 @@ bool CerchioInRect(const double& cx, const double& cy, const double& r);
 bool PictInRect(std::int32_t index, const Rect& rect);
 bool TestoInRect(std::int32_t index, const Rect& rect);
 
+extern std::uint8_t selezionePrec;   // the last selection was single and TogliSelezione took it off
+extern std::uint32_t Tempo;          // ticks of the last digitising click
+
 }   // namespace tessaro

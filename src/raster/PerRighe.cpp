@@ -1,5 +1,5 @@
 // Bands of rows on threads.
-#include "raster/perRighe.h"
+#include "raster/PerRighe.h"
 
 #include <algorithm>
 #include <system_error>
@@ -34,7 +34,7 @@ void perRighe(std::int32_t n, const std::function<void(std::int32_t, std::int32_
 }
 
 namespace {
-const VoceStato righe[] = {{"filiRaster", VoceStato::i32, &filiRaster}};
+const VoceStato righe[] = {voce<filiRaster>("filiRaster")};
 const TabellaStato tabella(righe);
 }   // namespace
 

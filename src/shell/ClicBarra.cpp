@@ -1,13 +1,16 @@
 // The toolbar's actions: most are menu commands under another hand, four open the menus of the attributes.
-#include "shell/Barra.h"
+#include "shell/ClicBarra.h"
 
 #include "digitising/PuntiDigitati.h"
-#include "display/barra.h"
+#include "display/Barra.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Comandi.h"
@@ -28,7 +31,6 @@ enum : std::uint32_t {
     bAiuto,
     bPolare = 29
 };
-constexpr std::int16_t menuPenna = 20, menuSpessore = 24, menuColore = 104, menuArea = 105;
 constexpr std::int16_t spento = 255;
 
 void comando(std::int16_t menu, std::int16_t voce) {
@@ -42,19 +44,13 @@ void scegli(std::uint32_t bottone, std::int16_t menu, std::int16_t corrente) {
     const Point mezzo{(r.top + r.bottom) / 2, (r.left + r.right) / 2};
     const std::int16_t scelto = PopUpMenuSelect(menu, mezzo, corrente);
     if (scelto == 0) return;
-    const bool perSelezione = Puntosel.attiva && Azione == 0;
+    const bool perSelezione = Puntosel.attiva && Azione == sFermo;
     if (perSelezione || scelto != corrente) comando(menu, scelto);
     InvalFinestra();
 }
 
-// Kept: what was copied stays on the clipboard also when nothing is cleared.
-void taglia() {
-    comando(3, 4);
-    comando(3, 6);
-}
-
 void spostaFoglio() {
-    CambiaModo(5);
+    CambiaModo(mFoglio);
     DrawPallette();
 }
 
@@ -62,14 +58,14 @@ void spostaFoglio() {
 
 void MenuColori() { scegli(bColore, menuColore, colorCorrente); }
 void MenuSpessori() { scegli(bSpessore, menuSpessore, spessore); }
-void MenuPatternPenna() { scegli(bPenna, menuPenna, NumPat); }
-void MenuPatternArea() { scegli(bArea, menuArea, static_cast<std::int16_t>(NumAreaPat + 1)); }
+void MenuPatternPenna() { scegli(bPenna, menuPatternPenna, NumPat); }
+void MenuPatternArea() { scegli(bArea, menuPatternArea, static_cast<std::int16_t>(NumAreaPat + 1)); }
 
 void isButtonToolbarPressed(std::uint32_t indice) {
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
     switch (indice) {
-    case bTaglia: taglia(); break;
+    case bTaglia: comando(3, 3); break;
     case bFoglio: spostaFoglio(); break;
     case bRidisegna: InvalFinestra(); break;
     case bColore: MenuColori(); break;

@@ -2,14 +2,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Figura.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
@@ -50,7 +52,7 @@ std::int16_t ActiveAttach::PoniLucido() {
         return nessuno;
     }
     ParamText(nomeSelezione().view(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     const auto display = [] {
         const PStr255 s = Puntosel.multipla ? PStr255("") : NumToString(Elem(Puntosel.indice).lucido);
         SetDialogItemText(theDialog, campo, s.view());
@@ -66,8 +68,6 @@ std::int16_t ActiveAttach::PoniLucido() {
             display();
         }
     } while (itemCorrente != annulla && !(itemCorrente == ok && LeggiCampo(campo, std::int16_t{0}, massimo, layer)));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     return itemCorrente == ok && qualcosaSelezionato() ? layer : nessuno;
 }
 
@@ -218,7 +218,7 @@ void ActiveAttach::Aggiungi() {
     const std::int16_t layer = PoniLucido();
     if (layer < 0) return;
     if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
-    PreparaAttacco();   // afresh: points may have moved since
+    ErroreAlert(PreparaAttacco());   // afresh: points may have moved since
     CominciaAggiunta();
     if (Puntosel.multipla) {
         AggiungiMultipla(layer);

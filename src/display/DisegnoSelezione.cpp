@@ -6,7 +6,9 @@
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {
@@ -88,7 +90,7 @@ void DisegnaSelezione() {
                && OggettoDi(Elem(Puntosel.indice).tipo) == Puntosel.oggetto) {
         evidenzia(Puntosel.indice, Puntosel.oggetto);
     }
-    if (Modalita == 2) spostamentoInCorso();
+    if (Modalita == mSpostamento) spostamentoInCorso();
     spess = spessPrima;
 }
 
