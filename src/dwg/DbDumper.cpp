@@ -282,7 +282,8 @@ void DbDumper::faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdG
     const std::string& file = !font.empty() || stile.isNull() ? font : db.textStyles[stile].fileName;
     const double h = std::trunc(1.2 * (altezza / rappvid) / DecPunto);
     gFontSize = static_cast<std::int16_t>(std::isfinite(h) ? std::clamp(h, minimo, massimo) : minimo);
-    gFontID = fontDi(file);
+    const auto noto = fontNoti.find(file);
+    gFontID = noto != fontNoti.end() ? noto->second : fontNoti.emplace(file, fontDi(file)).first->second;
     const std::int16_t angolo = arrotonda16(SessadToAng(90, gradCorrente) - RadToAng(rotazione, gradCorrente));
     lucido(e, lucidoEntita);
     Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, 255)));

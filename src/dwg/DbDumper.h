@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "dwg/dwgdxf.h"
@@ -72,7 +73,8 @@ private:
 
     const OdDbDatabase& db;
     Resoconto& resoconto;
-    std::vector<std::int16_t> lucidoDiLayer;   // by layer record, when layers become sheets
+    std::unordered_map<std::string, std::int16_t> fontNoti;   // by font file
+    std::vector<std::int16_t> lucidoDiLayer;                  // by layer record, when layers become sheets
 };
 
 // The dumper of each class, registered as long as one of these lives.
