@@ -69,6 +69,7 @@ bool DbDumper::dumpBlocks() {
 bool DbDumper::dump() {
     numElImportati = 0;
     coloriOltre = 0;
+    visti.assign(db.layers.record.size() + 1, false);
     dumpHeader();
     dumpLayers();
     lucidoDiLayer.clear();
@@ -97,6 +98,7 @@ bool DbDumper::dumpCommonData(const OdDbEntity& e) {
         if (!AvanzaLettura(numElImportati / tutte)) return false;
     }
     ++numElImportati;
+    visti[e.layer.n] = true;
     return true;
 }
 
