@@ -180,7 +180,7 @@ void database() {
         volatile std::uint64_t somma = 0;
         nudi.push_back(millisecondi([&] { somma = passeggia(byte); }));
     }
-    riga("100,000 out and back", nostri, "byte walk", nudi, 25);
+    riga("100,000 out and back", nostri, "byte walk", nudi, 90);
 }
 
 void lettura(const char* che, std::string_view fineRiga, bool colPari) {

@@ -73,6 +73,7 @@ bool DbDumper::dumpBlocks() {
 bool DbDumper::dump() {
     numElImportati = 0;
     coloriOltre = 0;
+    visti.assign(db.layers.record.size() + 1, false);
     dumpHeader();
     dumpLayers();
     lucidoDiLayer.clear();
@@ -101,6 +102,7 @@ bool DbDumper::dumpCommonData(const OdDbEntity& e) {
         if (!AvanzaLettura(numElImportati / tutte)) return false;
     }
     ++numElImportati;
+    visti[e.layer.n] = true;
     return true;
 }
 
@@ -286,7 +288,8 @@ void DbDumper::faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdG
     const std::string& file = !font.empty() || stile.isNull() ? font : db.textStyles[stile].fileName;
     const double h = std::trunc(1.2 * (altezza / rappvid) / DecPunto);
     gFontSize = static_cast<std::int16_t>(std::isfinite(h) ? std::clamp(h, minimo, massimo) : minimo);
-    gFontID = fontDi(file);
+    const auto noto = fontNoti.find(file);
+    gFontID = noto != fontNoti.end() ? noto->second : fontNoti.emplace(file, fontDi(file)).first->second;
     const std::int16_t angolo = arrotonda16(SessadToAng(90, gradCorrente) - RadToAng(rotazione, gradCorrente));
     lucido(e, lucidoEntita);
     Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, 255)));

@@ -1,9 +1,11 @@
 // The import's walk over a database: for each entity the dumper of its class, which stores elements.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "dwg/dwgdxf.h"
@@ -44,6 +46,7 @@ public:
     bool dump();   // false when the person stopped it
 
     std::int64_t coloriOltre = 0;   // entities whose colour found no room
+    [[nodiscard]] std::int64_t layerUsati() const { return std::count(visti.begin(), visti.end(), true); }
 
 private:
     friend struct Dumpers;
@@ -72,7 +75,9 @@ private:
 
     const OdDbDatabase& db;
     Resoconto& resoconto;
-    std::vector<std::int16_t> lucidoDiLayer;   // by layer record, when layers become sheets
+    std::unordered_map<std::string, std::int16_t> fontNoti;   // by font file
+    std::vector<bool> visti;                                  // layer records that entities of the drawing lie on
+    std::vector<std::int16_t> lucidoDiLayer;                  // by layer record, when layers become sheets
 };
 
 // The dumper of each class, registered as long as one of these lives.

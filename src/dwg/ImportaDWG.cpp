@@ -43,6 +43,8 @@ void InterpretaDXFDWG(Resoconto& resoconto, bool& intero) {
     gFontSize = corpo;
     gFontID = carattere;
     if (d.coloriOltre > 0) resoconto.nota(Parola(ParolaDWG::coloriOltre, ConMigliaia(d.coloriOltre)));
+    const std::int64_t lasciati = suddividi_piani != 0 ? 99 : 1;   // layers that keep a sheet each
+    if (d.layerUsati() > lasciati) resoconto.nota(Parola(ParolaDWG::pianiUniti, ConMigliaia(d.layerUsati())));
     ExProtocolExtension::uninitialize();
 }
 

@@ -23,6 +23,7 @@ enum class ParolaDWG : std::int16_t {
     senzaImmagine,   // a dimension whose block is not in the file
     coloriOltre,     // ^0 entities whose colour found no place in the table
     troppiInserti,   // they come to more than the drawing can hold
+    pianiUniti,      // the elements of ^0 layers share sheets
 };
 std::string Parola(ParolaDWG p, std::string_view p0 = {}, std::string_view p1 = {});
 

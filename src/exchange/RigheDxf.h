@@ -61,6 +61,22 @@ public:
         oltre(p);
         return true;
     }
+    // The same for a whole number without a sign, of at most four digits.
+    bool naturale(int& v) {
+        constexpr std::ptrdiff_t cifre = 4;
+        if (!pronta()) return false;
+        const char* p = qui;
+        const char* const limite = qui + massima - cifre;
+        while (p != limite && *p == ' ') ++p;
+        const char* const prima = p;
+        int n = 0;
+        for (; *p >= '0' && *p <= '9' && p - prima <= cifre; ++p) n = n * 10 + (*p - '0');
+        if (p == prima || p - prima > cifre || !fineRiga(*p)) return false;
+        v = n;
+        conta();
+        oltre(p);
+        return true;
+    }
     // Reads lines until one equals s. False at the end of the file.
     bool cerca(std::string_view s);
     // To the line behind a group 0 that equals s, or to the end of the file.

@@ -247,6 +247,13 @@ TEST_F(ImportaDWG, paperSpaceStaysInItsFile) {
     EXPECT_EQ(indElem, 3);
 }
 
+TEST_F(ImportaDWG, layersThatComeTogetherOnASheetAreTold) {
+    const std::string r = leggi("0 LINE,8 due,10 1,20 2,11 4,21 5,0 LINE,8 uno,10 1,20 2,11 4,21 5");
+    EXPECT_NE(r.find("2 layers"), std::string::npos) << r;
+    foglioDxf();
+    EXPECT_EQ(leggi("0 LINE,8 due,10 1,20 2,11 4,21 5").find("layers"), std::string::npos);
+}
+
 TEST_F(ImportaDWG, withTheChoiceLayersBecomeSheets) {
     scelteImporta.piani = 1;
     leggi("0 LINE,8 due,10 1,20 2,11 4,21 5,0 POINT,8 uno,10 1,20 2", layer({{"uno", 1}, {"due", 2}}));

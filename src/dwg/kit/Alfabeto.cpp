@@ -99,6 +99,10 @@ void AggiungiUtf8(std::string& s, char32_t c) {
     }
 }
 
-std::string TestoDelDisegno(std::string_view utf8) { return Utf8ToMac(ConSegniDxf(utf8)); }
+std::string TestoDelDisegno(std::string_view utf8) {
+    bool piano = true;   // ASCII, and no sign in it: nearly every text
+    for (const char c : utf8) piano = piano && static_cast<std::uint8_t>(c) < 0x80 && c != '\\' && c != '%';
+    return piano ? std::string(utf8) : Utf8ToMac(ConSegniDxf(utf8));
+}
 
 }   // namespace tessaro

@@ -62,6 +62,7 @@ std::int64_t GruppiInArrivo::dove() const { return binari ? binari->contati : ri
 
 // Blank lines before the first group are passed; anywhere else a code must be a number.
 bool GruppiInArrivo::codiceAscii() {
+    if (righe.naturale(codice)) return true;
     for (;;) {
         if (righe.finite()) return false;
         const std::string_view riga = senzaBianchi(righe.riga());
@@ -102,6 +103,7 @@ double GruppiInArrivo::reale() {
 }
 
 std::int64_t GruppiInArrivo::intero() {
+    if (int n = 0; !binari && righe.naturale(n)) return n;
     if (!binari) return interoDa(righe.riga());
     if (binari->tipo == GruppiBinari::Tipo::intero) return binari->intero;
     return binari->tipo == GruppiBinari::Tipo::testo ? interoDa(binari->testo) : 0;
