@@ -65,7 +65,6 @@ void spostaNodi(Mesh& m) {
 void SpostaMesh() {
     const bool origine = Puntosel.oggetto == oMeshOrigine;
     Mesh& m = origine ? meshOrigine : meshDestinazione;
-    (origine ? undoMeshOrigine : undoMeshDestinazione) = m;
     spostaNodi(m);
     PoniAnnulla(origine ? aMeshOrigine : aMeshDestinazione);
 }

@@ -16,6 +16,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Giornale.h"
 #include "model/TabellaStato.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -194,6 +195,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
+    if (r.opera == Opera::leggi && r.delDocumento) GiornaleNuovo();   // even one that was not read whole
     if (uscita || !r.delDocumento) return;
     myFSS = file;
     OKArchivioFss = 1;

@@ -12,6 +12,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Giornale.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
@@ -125,9 +126,11 @@ void mostra() {
     inizializzaMainToolbar();
 }
 
-// What a drawing takes with it; the pictures of what an undo had parked are gone by then.
+// What a drawing takes with it.
 void chiudiDisegno() {
     PoniAnnulla(aNiente);
+    ChiudiPasso({});   // a picture that the last command gave up is a step's until now
+    GiornaleFine();
     for (std::int32_t n = 3; n <= indElem; ++n)
         if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
     DisposeWindow(theWindow);
@@ -174,6 +177,7 @@ void SetUpWindow() {
     Croce();
     AbilitaMenu(true);
     salvaRecupero = ScriviRecupero;
+    GiornaleNuovo();
 }
 
 std::uint8_t TuttoChiuso() {

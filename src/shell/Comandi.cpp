@@ -116,6 +116,7 @@ constexpr VoceModifica modifiche[] = {
     {14, true, TrasformaPoligSel},
     {15, true, TrasformaSegmentiSel},
     {16, true, [] { PoniLucido(); }},
+    {voceRipeti, true, RipetiUltima},
 };
 
 }   // namespace

@@ -15,6 +15,7 @@
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Passi.h"
 #include "shell/Rapporto.h"
 #include "shell/Trascinamento.h"
 
@@ -147,6 +148,7 @@ void CheckEvents() {
     EventRecord e;
     if (WaitNextEvent(e, sonno)) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
+    FinePasso(e, campione);
     AggiustaStatoBottoni();
     AggiornaRapporto();
     if (noWindow) {

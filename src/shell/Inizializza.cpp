@@ -118,7 +118,6 @@ void SetupLimits() {
 void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
-    ripetiSpostamento = SpostaSelezione;
     leggiparam();
     LeggiParTavoletta();
     allocaArchivio();

@@ -10,6 +10,7 @@
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "model/VociDocumento.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
@@ -425,6 +426,18 @@ const VoceStato righe[] = {
     {"percorsoMisurato", VoceStato::speciale, nullptr, 0, [] { percorsoMisurato = {}; }, nullptr},
 };
 const TabellaStato tabella(righe);
+
+const VoceDocumento delGiornale[] = {
+    VoceDi("PuntoCurva1", VoceDocumento::elastico, PuntoCurva1),
+    VoceDi("PuntoCurva2", VoceDocumento::elastico, PuntoCurva2),
+    VoceDi("PuntoCurva3", VoceDocumento::elastico, PuntoCurva3),
+    VoceDi("CentroCorrente", VoceDocumento::elastico, CentroCorrente),
+    VoceDi("RaggioCorrente", VoceDocumento::elastico, RaggioCorrente),
+    VoceDi("AngInizCorrente", VoceDocumento::elastico, AngInizCorrente),
+    VoceDi("AngInizio", VoceDocumento::elastico, AngInizio),
+    VoceDi("AmpiezzaAngCorrente", VoceDocumento::elastico, AmpiezzaAngCorrente),
+};
+const VociDocumento tabellaGiornale(delGiornale);
 
 }   // namespace
 
