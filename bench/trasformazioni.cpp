@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/gauss.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/gauss.h"
 
 using namespace tessaro;
 

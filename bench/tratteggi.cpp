@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"

@@ -1,8 +1,6 @@
 // Setting control points: source points in records 1 and 2, destination points in the live transformation.
 #include "digitising/Attacchi.h"
 
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "digitising/PuntiSelezione.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
@@ -11,6 +9,8 @@
 #include "model/Attributi.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 #include "tools/CursoreVincolato.h"
 
 namespace tessaro {

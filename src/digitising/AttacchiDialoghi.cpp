@@ -1,9 +1,9 @@
 // The dialog of the real coordinates of control points 1 and 2.
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

@@ -4,13 +4,13 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
-#include "digitising/attaccoDinamico.h"
 #include "digitising/PuntiSelezione.h"
 #include "display/Zoom.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

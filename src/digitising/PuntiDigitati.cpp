@@ -3,7 +3,6 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "model/Archivio.h"
@@ -11,6 +10,7 @@
 #include "model/Selezione.h"
 #include "model/Vincoli.h"
 #include "platform/Resources.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
 #include "tools/Marker.h"

@@ -6,12 +6,12 @@
 #include <cmath>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
-#include "digitising/gauss.h"
-#include "digitising/solutori.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
+#include "registration/gauss.h"
+#include "registration/solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -10,6 +9,7 @@
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -1,7 +1,7 @@
 // The dialogs of the live transformation: the present one and the older one, with the same items.
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "display/Zoom.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

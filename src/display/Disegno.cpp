@@ -10,15 +10,15 @@
 #include <cstring>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "display/Pixel.h"
 #include "display/Testi.h"
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

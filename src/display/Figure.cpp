@@ -2,11 +2,11 @@
 // stands and, while the live transformation is previewed, once more as it would become.
 #include <algorithm>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

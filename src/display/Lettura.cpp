@@ -1,10 +1,10 @@
 // The coordinate read-out: real position of the cursor, elevation, distance and angle from the last point.
 #include "display/Lettura.h"
 
-#include "digitising/Coordinate.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

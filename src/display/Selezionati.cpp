@@ -1,13 +1,13 @@
 // The highlight of what is selected: grey xor, two pixels wide, so that a second call takes it off.
 #include <algorithm>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

@@ -6,14 +6,14 @@
 #include <cmath>
 #include <string>
 
-#include "digitising/attaccoDinamico.h"
+#include "bitmap/BitMap.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
 #include "display/TestoGirato.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
-#include "raster/BitMap.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

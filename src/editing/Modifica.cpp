@@ -2,12 +2,12 @@
 #include "editing/Modifica.h"
 
 #include "dialogs/Parametri.h"
-#include "digitising/Coordinate.h"
 #include "editing/Domanda.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

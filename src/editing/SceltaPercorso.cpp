@@ -3,13 +3,13 @@
 
 #include <algorithm>
 
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
 #include "editing/Selezione.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Percorso.h"
 #include "model/Selezione.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

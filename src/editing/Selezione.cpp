@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/RiquadroTesto.h"
@@ -14,6 +13,7 @@
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/Vincoli.h"
+#include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 

@@ -1,9 +1,9 @@
 // The move by typed values.
 #include "dialogs/Parametri.h"
-#include "digitising/Coordinate.h"
 #include "editing/Sposta.h"
 #include "model/Attributi.h"
 #include "platform/Quickdraw.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 

@@ -1,9 +1,9 @@
 // The dialog of the hatch: angle, spacing, on or off, crossed.
 #include "dialogs/Parametri.h"
+#include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "editing/Tratteggi.h"
 #include "model/Attributi.h"
 #include "text/Conversione.h"
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/GruppiDXF.h"
 #include "exchange/Operazione.h"
@@ -13,6 +12,7 @@
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

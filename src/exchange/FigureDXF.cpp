@@ -1,13 +1,13 @@
 // Entities that become many records: polylines, and the copies of blocks that INSERT makes.
 #include <limits>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "exchange/GruppiDXF.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

@@ -3,7 +3,6 @@
 #include <limits>
 #include <string_view>
 
-#include "digitising/Coordinate.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
 #include "exchange/RigheDxf.h"
@@ -11,6 +10,7 @@
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

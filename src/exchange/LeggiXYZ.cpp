@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "display/Zoom.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
@@ -20,6 +19,7 @@
 #include "model/Lucidi.h"
 #include "platform/Dialogs.h"
 #include "platform/Resources.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/Decimale.h"
 #include "text/FileDati.h"

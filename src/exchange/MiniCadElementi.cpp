@@ -3,11 +3,11 @@
 #include <array>
 #include <cmath>
 
-#include "digitising/Coordinate.h"
 #include "exchange/MiniCad.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "files/Nativo.h"
 #include "model/Archivio.h"
@@ -13,6 +12,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Resources.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

@@ -3,12 +3,12 @@
 #include <span>
 #include <string>
 
-#include "digitising/Coordinate.h"
 #include "exchange/DXF.h"
 #include "exchange/ScriviDXF.h"
 #include "exchange/TestoDxf.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "dialogs/Errori.h"
-#include "digitising/Coordinate.h"
 #include "exchange/ApriScrittura.h"
 #include "exchange/BufferRighe.h"
 #include "exchange/FormatoXYZ.h"
@@ -14,6 +13,7 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "registration/Coordinate.h"
 #include "text/FileDati.h"
 
 namespace tessaro {

@@ -5,7 +5,6 @@
 #include <span>
 #include <vector>
 
-#include "digitising/attaccoDinamico.h"
 #include "display/Zoom.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
@@ -14,6 +13,7 @@
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "platform/Files.h"
+#include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"

@@ -2,12 +2,12 @@
 #include "files/Fusione.h"
 
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
-#include "digitising/solutori.h"
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
+#include "registration/Coordinate.h"
+#include "registration/solutori.h"
 
 namespace tessaro {
 

@@ -11,8 +11,9 @@ namespace tessaro {
 inline constexpr OSType tipoTS3D = tipoDi("TS3D"), tipoTSTD = tipoDi("TSTD"), creatoreTSC3 = tipoDi("TSC3");
 extern OSType fType;   // type code of the next file created
 
-void leggidati();    // the open file into the drawing, or merged into it
-void Scrividati();   // the drawing into the open file; ends the undo on offer
+extern void (*apriDisegno)();   // SetUpWindow, for a reading without a drawing; set by the shell at start
+void leggidati();               // the open file into the drawing, or merged into it
+void Scrividati();              // the drawing into the open file; ends the undo on offer
 inline constexpr std::int16_t versioneNativa = 12;
 void ScriviDisegno(std::int16_t versione);   // its bytes, nothing else
 void TrasformaElemNtoB(elemento& e);         // native to disk order, in place

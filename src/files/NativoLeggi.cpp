@@ -7,9 +7,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "digitising/attaccoDinamico.h"
 #include "display/Zoom.h"
-#include "files/Archivia.h"
 #include "files/Blocchi.h"
 #include "files/Fusione.h"
 #include "files/Migrazione.h"
@@ -21,6 +19,7 @@
 #include "model/Attributi.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
+#include "registration/attaccoDinamico.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"
 
@@ -306,8 +305,10 @@ bool leggiTutto(Lettura& l) {
 
 }   // namespace
 
+void (*apriDisegno)() = nullptr;
+
 void leggidati() {
-    if (noWindow) SetUpWindow();
+    if (noWindow && apriDisegno) apriDisegno();
     Lettura l;
     l.conTipo = fType == tipoTS3D;
     const bool buono = !uscita && leggiTutto(l);

@@ -1,9 +1,8 @@
-// Pictures placed on the sheet: import of raster files, the stored form, and drawing from decoded, reduced copies.
+// Pictures placed on the sheet: import of raster files and the stored form.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "model/Archivio.h"
 #include "platform/Files.h"
@@ -20,13 +19,5 @@ void LeggiPict(std::int16_t ref);   // a PICT file with its 512-byte header, at 
 
 // The frame of stored picture data; false when there is none.
 bool GetPictInfo(const std::string& bytes, Rect& frame);
-
-// Pixels of a stored picture, decoded on first use and kept under a memory budget with halved copies for zooming out.
-// One decoded level: 2^k times smaller than the frame.
-struct Livello {
-    std::int32_t width = 0, height = 0;
-    std::vector<std::uint32_t> pixels;   // 0xFFRRGGBB
-};
-inline constexpr std::int64_t bilancioImmagini = 420LL << 20;   // bytes of decoded pixels
 
 }   // namespace tessaro

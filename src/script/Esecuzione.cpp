@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "digitising/Coordinate.h"
 #include "digitising/TavolettaLettori.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -16,6 +15,7 @@
 #include "model/Vista.h"
 #include "platform/Automation.h"
 #include "platform/Menus.h"
+#include "registration/Coordinate.h"
 #include "script/Json.h"
 #include "script/Messaggi.h"
 #include "script/Parole.h"

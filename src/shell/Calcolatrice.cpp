@@ -4,7 +4,6 @@
 #include <array>
 
 #include "dialogs/Parametri.h"
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
@@ -14,6 +13,7 @@
 #include "model/Vista.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "registration/Coordinate.h"
 #include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"

@@ -16,9 +16,8 @@
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
 #include "exchange/FormatoXYZ.h"
-#include "files/Archivia.h"
 #include "files/Impostazioni.h"
-#include "files/Recupero.h"
+#include "files/Nativo.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -32,7 +31,9 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "script/Copione.h"
+#include "shell/Archivia.h"
 #include "shell/Comandi.h"
+#include "shell/Recupero.h"
 
 namespace tessaro {
 
@@ -118,6 +119,7 @@ void SetupLimits() {
 void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
+    apriDisegno = SetUpWindow;
     leggiparam();
     LeggiParTavoletta();
     allocaArchivio();

@@ -5,8 +5,6 @@
 #include <cstdlib>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "digitising/GeoRiferimento.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
@@ -23,6 +21,8 @@
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 #include "shell/Contorno.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "files/Archivia.h"
 #include "model/Annulla.h"
 #include "model/Attributi.h"
 #include "platform/Files.h"
+#include "shell/Archivia.h"
 #include "shell/Modi.h"
 
 namespace tessaro {

@@ -2,15 +2,15 @@
 // rubber band in xor stands for the figure in progress: whatever Elastico would draw now is what is out.
 #include "tools/Costruzione.h"
 
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
-#include "editing/Tratteggi.h"
+#include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/VociDocumento.h"
+#include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"

@@ -2,14 +2,14 @@
 #include <gtest/gtest.h>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "display/Zoom.h"
-#include "files/Archivia.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
 #include "model/Vincoli.h"
 #include "platform/Resources.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
+#include "shell/Archivia.h"
 #include "support/Ascolto.h"
 #include "support/Foglio.h"
 #include "text/Conversione.h"

@@ -9,9 +9,9 @@
 #include <random>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "model/Selezione.h"
 #include "platform/Files.h"
+#include "registration/attaccoDinamico.h"
 #include "support/Attacco.h"
 #include "support/Foglio.h"
 #include "text/FileDati.h"

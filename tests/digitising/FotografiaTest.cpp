@@ -9,11 +9,11 @@
 #include <fstream>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Immagini.h"
+#include "registration/attaccoDinamico.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 

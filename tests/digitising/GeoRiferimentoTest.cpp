@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "digitising/Attacchi.h"
-#include "digitising/Coordinate.h"
 #include "digitising/GeoRiferimento.h"
+#include "registration/Coordinate.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;

@@ -6,10 +6,10 @@
 #include <complex>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "digitising/RapportoAttacchi.h"
 #include "digitising/RapportoTesti.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 

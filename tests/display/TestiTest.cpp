@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "bitmap/BitMap.h"
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
@@ -18,7 +18,7 @@
 #include "model/Selezione.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
-#include "raster/BitMap.h"
+#include "registration/attaccoDinamico.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include "../support/Ascolto.h"
 #include "../support/Foglio.h"
 #include "../support/Passi.h"
+#include "display/Tratteggi.h"
 #include "editing/Aref.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Selezionati.h"
-#include "editing/Tratteggi.h"
 #include "model/Annulla.h"
 
 using namespace tessaro;

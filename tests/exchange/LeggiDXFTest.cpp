@@ -5,7 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "digitising/Coordinate.h"
+#include "registration/Coordinate.h"
 #include "support/Tasti.h"
 
 using namespace prova;

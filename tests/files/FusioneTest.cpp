@@ -4,13 +4,13 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
-#include "digitising/Coordinate.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

@@ -5,12 +5,12 @@
 #include <limits>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
+#include "registration/attaccoDinamico.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

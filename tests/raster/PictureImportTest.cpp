@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "bitmap/Piramide.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -22,7 +23,6 @@
 #include "platform/pict/Raster.h"
 #include "platform/pict/Scrittore.h"
 #include "raster/Immagini.h"
-#include "raster/Piramide.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

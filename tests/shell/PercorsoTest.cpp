@@ -1,8 +1,8 @@
 // The path that the calculator traces, on the screen.
 #include "model/Percorso.h"
 #include "../display/Scena.h"
-#include "digitising/Coordinate.h"
 #include "display/Disegno.h"
+#include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 
 using namespace tessaro;

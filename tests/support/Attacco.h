@@ -4,7 +4,7 @@
 #include <array>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoDinamico.h"
+#include "registration/attaccoDinamico.h"
 
 namespace prova {
 

@@ -1,0 +1,87 @@
+// The live transformation of the drawing: from the control points to its own destination points, by two points, four or
+// five. While its preview is on, what is drawn shows also where it would land; Aggiungi really adds transformed copies.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "dialogs/Parametri.h"
+#include "model/Elemento.h"
+#include "model/Registrazione.h"
+#include "registration/solutori.h"
+
+namespace tessaro {
+
+class ActiveAttach : public TParametri {
+public:
+    ActiveAttach();
+    void SetXYAtt(std::int16_t i, const double& x, const double& y);     // slot from 0
+    void SetAttacco(std::int16_t n, const double& x, const double& y);   // point from 1, selection first
+    void GetAttacco(std::int16_t n, double& x, double& y) const;         // point from 1
+    void SetDelta(const double& x, const double& y, const double& z);
+    void SetRot(const double& a, const double& b, const double& c, const double& d);   // Kept: d lands on rot21 too
+    void SetIngr(const double& v);
+    void SetCoord(const double& x1, const double& y1, const double& z1, const double& x2, const double& y2,
+                  const double& z2);
+    void SetModificato(std::uint8_t on) { modificato = on; }
+    [[nodiscard]] std::uint8_t GetModificato() const { return modificato; }
+    [[nodiscard]] std::int32_t GetTipo() const { return tipo; }
+    [[nodiscard]] bool Preparato() const { return preparato; }
+    void PreparaAttacco();          // from the points of the moment; fewer than two given: stops early
+    void PreparaAttaccoInverso();   // source and destination exchanged
+    void CalcolaCoefficienti();     // the homography of `lavoro`; points that define none leave the coefficients
+    void PrepAtt4pt();
+    void PrepAtt5pt();
+    void PrepAtt4ptInverso();
+    // Map a sheet point in place. The mode is the global object's; the inverse has no homography and no plain scale.
+    void Traf4Pt(double& x, double& y);
+    void Traf4PtInverso(double& x, double& y);
+    void VerificaAttacchi();
+    void TrasformaPuntiDestinazione();
+    void Dialogo() override;   // dialog 157
+    void DialogoOld();         // dialog 137
+    void Display() override;   // the fields, in real coordinates
+    void IngGene(std::uint8_t ripristino) override;
+    void Aggiungi();             // transformed copies of the selection, on a layer that is asked for
+    std::int16_t PoniLucido();   // dialog 138: the layer, 0 to 99; negative to stop
+    void AggiungiElemento(std::int16_t layer);
+    void AggiungiMultipla(std::int16_t layer);
+    void TrasformaCopia(elemento& e);   // one record's points; others than figures stay
+    void Disegna();                     // the marks, colour 409
+    void DisAttacco(std::int16_t n);    // one mark, 1 to 5
+    void WriteAttacco();                // 627 bytes to RefNum
+    void ReadAttacco();
+    void Azzera();   // the state of a new process
+
+    double rotazione = 0;                                       // radians, two-point mode
+    std::int32_t tipo = 1;                                      // 0 two points, 1 four, 2 five
+    TransfRec transf;                                           // similarity of mode 0; ingr 1
+    std::array<double, 5> xAtt{1000, 1000, 2000, 2000, 1500};   // destination points, sheet units
+    std::array<double, 5> yAtt{2000, 1000, 1000, 2000, 1500};
+    std::uint8_t opzione = 1;      // dialog check box 13
+    std::uint8_t modificato = 0;   // preview on
+    Att4Pt lavoro;                 // solver's record
+    Coefficienti coef{};           // of the homography
+    std::int16_t radioTipo = 28;   // tipo + 27
+
+private:
+    friend struct VociAttacco;   // the rows that the journal keeps of it
+    void similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2);
+    void trasformaTesto(elemento& e);
+    void Riprendi() override;
+    void ItemColpito() override;
+    void giroDialogo(ModalFilter filtro);
+    void mostraScelte();
+
+    void mappaPerFuga(bool curva, double& x, double& y);
+
+    MappaFuga fuga;           // of `lavoro`, made anew with it
+    bool preparato = false;   // the last preparation had the points it takes
+};
+extern ActiveAttach attaccoAttivo;
+
+// Is there a live transformation to show? The switch alone does not make one: what draws or picks asks here, never
+// GetModificato. Without prepared points there is none.
+bool AnteprimaAttiva();
+
+}   // namespace tessaro

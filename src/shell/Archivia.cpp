@@ -1,0 +1,278 @@
+// Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
+#include "shell/Archivia.h"
+
+#include <algorithm>
+#include <string>
+
+#include "dialogs/Errori.h"
+#include "display/Zoom.h"
+#include "editing/Selezione.h"
+#include "exchange/CXF.h"
+#include "exchange/DXF.h"
+#include "exchange/XYZ.h"
+#include "files/Nativo.h"
+#include "files/TestiFile.h"
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+#include "model/Giornale.h"
+#include "model/TabellaStato.h"
+#include "platform/Events.h"
+#include "platform/Menus.h"
+#include "platform/Resources.h"
+#include "raster/Immagini.h"
+#include "registration/Coordinate.h"
+#include "text/FileDati.h"
+
+namespace tessaro {
+
+constinit std::uint8_t OKArchivioFss = 0;
+constinit bool ultimoSalvataggioRiuscito = true;
+
+namespace {
+
+constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
+constexpr std::int16_t menuArchivio = 2;
+
+// Requests by their numbers.
+enum : std::int16_t {
+    rApri = 2,
+    rSalva = 4,
+    rSalvaCome = 5,
+    rChiudi = 20,
+    rApriDato = 31,   // myFSS is set: the desktop, or a drop
+    rUnisciDato = 32,
+    rUnisciDatoCmd = 33,
+    rUnisciDatoOpz = 34,
+    rEsporta = 41,
+    rUnisciPunti = 51,
+    rUnisciQuattro = 52,
+    rUnisciReali = 53,
+    rImmagine = 61,
+    rDxf = 62,
+    rXYZ = 63,
+    rCXF = 64,
+};
+
+enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
+
+struct Richiesta {
+    std::int16_t numero;
+    Scelta scelta;
+    Opera opera;
+    std::int16_t invito;           // string of list 129
+    std::int16_t tipi;             // kinds offered
+    const char* suffisso;          // added to the name that a save offers
+    bool delDocumento;             // the file becomes the document's own
+    void (*lettore)() = nullptr;   // of a text file, already open
+};
+constexpr Richiesta richieste[] = {
+    {rApri, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", true},
+    {rSalva, Scelta::salva, Opera::scrivi, 9, 0, "", true},
+    {rSalvaCome, Scelta::salvaCome, Opera::scrivi, 7, 0, "", true},
+    {rChiudi, Scelta::nessuna, Opera::niente, 0, 0, "", false},
+    {rApriDato, Scelta::dato, Opera::leggi, 0, 0, "", true},
+    {rUnisciDato, Scelta::dato, Opera::leggi, 0, 0, "", false},
+    {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
+    {rUnisciDatoOpz, Scelta::dato, Opera::leggi, 0, 0, "", false},
+    {rEsporta, Scelta::salvaCome, Opera::scrivi, 51, 0, ".ts5", false},
+    {rUnisciPunti, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
+    {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
+    {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
+    {rImmagine, Scelta::leggi, Opera::immagine, 42, tipiImmagini, "", false},
+    {rDxf, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiDXF},
+    {rXYZ, Scelta::xyz, Opera::testo, 0, 0, "", false, LeggiXYZ},
+    {rCXF, Scelta::dxf, Opera::testo, 0, 0, "", false, LeggiCXF},
+};
+
+const Richiesta* richiestaDi(std::int16_t numero) {
+    const auto* r = std::find_if(std::begin(richieste), std::end(richieste),
+                                 [&](const Richiesta& x) { return x.numero == numero; });
+    return r == std::end(richieste) ? nullptr : r;
+}
+
+bool senzaTitolo() { return NomeD.view() == GetIndString(listaNomi, nomeSenzaTitolo); }
+
+// Where file work stands, for its messages, as long as it goes on.
+class FileInLavoro {
+public:
+    explicit FileInLavoro(const FSSpec& file) { fileInLavoro = Utf8ToMac(file.percorso); }
+    ~FileInLavoro() { fileInLavoro.clear(); }
+    FileInLavoro(const FileInLavoro&) = delete;
+    FileInLavoro& operator=(const FileInLavoro&) = delete;
+};
+
+// A file that came from outside: is it a drawing? Kept: the suffix may stand anywhere in the name.
+bool eDisegno(const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    FInfo info;
+    IOERR2(FSpGetFInfo(file, info));
+    if (uscita) return false;
+    if (info.fdType == tipoTS3D || info.fdType == tipoTSTD) return true;
+    if (file.nome.find(".ts3d") != std::string::npos || file.nome.find(".TS3D") != std::string::npos) return true;
+    MostraGuasto({noErr, TestoDi(TestoFile::tipoIgnoto), {}, -1});
+    return false;
+}
+
+// Kept: the export's suffix comes behind the name with the suffix that it has.
+std::string nomeOfferto(const Richiesta& r) {
+    const std::string suffisso = r.suffisso;
+    if (suffisso.empty()) return NomeD.str();
+    return senzaTitolo() ? suffisso : NomeD.str() + suffisso;
+}
+
+bool scegliFile(const Richiesta& r, FSSpec& file) {
+    const std::string invito = GetIndString(listaNomi, r.invito);
+    switch (r.scelta) {
+    case Scelta::leggi: return NavGetFile(invito, r.tipi, file);
+    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file);
+    case Scelta::salva: file = myFSS; return true;
+    case Scelta::dato: file = myFSS; return eDisegno(file);
+    case Scelta::dxf: return ApriDXF(file);
+    case Scelta::xyz: return ApriXYZ(file);
+    case Scelta::nessuna: return false;
+    }
+    return false;
+}
+
+void leggi(const FSSpec& file) {
+    if (noWindow) {
+        SetUpWindow();
+        inizioAggiunta = indElem;
+    }
+    const FileInLavoro lavoro(file);
+    IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
+    if (uscita) return;
+    leggidati();
+    FSClose(RefNum);
+    if (theItem == rUnisciQuattro) return;   // Kept: this merge leaves similarity and selection as they are
+    if (Elem(2).att.coordReali) CalcTransfC();
+    NessunaSelezione();
+}
+
+// A save that fails, at whatever moment, leaves the file that was there.
+void scrivi(const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    IOERR2(FSpOpenReplacing(file, creatoreTSC3, fType, RefNum));
+    if (uscita) return;
+    NessunaSelezione();
+    Scrividati();
+    if (uscita)
+        FSAbandon(RefNum);
+    else
+        IOERR2(FSClose(RefNum));
+    ultimoSalvataggioRiuscito = !uscita;
+}
+
+void importaImmagine(const FSSpec& file) {
+    if (indElem >= maxElementi) {
+        SysBeep(30);
+        return;
+    }
+    const FileInLavoro lavoro(file);
+    ImportaImmagine(file);
+}
+
+// What was read before a fault, or before the person stopped it, stays.
+void importaTesto(const Richiesta& r, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    IOERR2(FSpOpenDF(file, fsRdPerm, RefNum));
+    if (uscita) return;
+    r.lettore();
+    if (RefNum != 0) FSClose(RefNum);   // a list that was stopped is closed already
+    NessunaSelezione();
+}
+
+void esegui(const Richiesta& r, const FSSpec& file) {
+    SetCursor(ClockCursor);
+    PoniAnnulla(aNiente);
+    switch (r.opera) {
+    case Opera::leggi: leggi(file); break;
+    case Opera::scrivi: scrivi(file); break;
+    case Opera::immagine: importaImmagine(file); break;
+    case Opera::testo: importaTesto(r, file); break;
+    case Opera::niente: break;
+    }
+    if (r.opera == Opera::leggi && r.delDocumento) GiornaleNuovo();   // even one that was not read whole
+    if (uscita || !r.delDocumento) return;
+    myFSS = file;
+    OKArchivioFss = 1;
+    NomeD = PStr255(std::string_view(file.nome));
+    NomeLavoro = NomeD;
+}
+
+void concludi() {
+    if (inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
+    SetCursor(arrowCursor);
+    if (noWindow) return;
+    SetWTitle(theWindow, NomeLavoro.view());
+    for (std::int16_t voce = 3; voce <= 5; ++voce) EnableMenuItem(menuArchivio, voce);
+    InvalFinestra();
+}
+
+// What a dropped file brings is an addition to the drawing, whatever was asked for last.
+void lasciato(const Richiesta& r, const FSSpec& file) {
+    uscita = 0;
+    LF = 10;
+    inizioAggiunta = std::max(indElem, 2);
+    esegui(r, file);
+    concludi();
+}
+
+}   // namespace
+
+void archivia() {
+    uscita = 0;
+    LF = 10;
+    fType = tipoTS3D;
+    inizioAggiunta = std::max(indElem, 2);
+    if (theItem == rSalva && senzaTitolo()) theItem = rSalvaCome;
+    const Richiesta* r = richiestaDi(theItem);
+    if (!r) {
+        SysBeep(30);
+        return;
+    }
+    if (r->opera == Opera::scrivi) {
+        ultimoSalvataggioRiuscito = false;
+        if (noWindow) return;
+    }
+    if (theItem == rSalvaCome) OKArchivioFss = 0;
+    FSSpec file;
+    if (scegliFile(*r, file)) esegui(*r, file);
+    concludi();
+}
+
+void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti) {
+    theItem = (tasti & optionKey) ? rUnisciDatoOpz : (tasti & cmdKey) ? rUnisciDatoCmd : rUnisciDato;
+    const FSSpec documento = myFSS;
+    myFSS = spec;
+    archivia();
+    // What is merged into a drawing does not become the file that a save replaces.
+    if (const Richiesta* r = richiestaDi(theItem); !r || !r->delDocumento) myFSS = documento;
+}
+
+void LeggiDropText(const FSSpec& spec) {
+    const auto nomina = [&](const char* suffisso) { return spec.nome.find(suffisso) != std::string::npos; };
+    // Kept: the suffix may stand anywhere in the name.
+    const std::int16_t numero = nomina(".DXF") || nomina(".dxf") ? rDxf : nomina(".XYZ") || nomina(".xyz") ? rXYZ : 0;
+    if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
+}
+
+void LeggiDropPict(const FSSpec& spec) {
+    if (indElem < maxElementi) lasciato(*richiestaDi(rImmagine), spec);
+    InvalFinestra();   // all that a full drawing shows of it
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"OKArchivioFss", VoceStato::u8, &OKArchivioFss, 0},
+    {"fType", VoceStato::speciale, nullptr, 0, [] { fType = tipoTS3D; }, nullptr},
+    {"ultimoSalvataggioRiuscito", VoceStato::speciale, nullptr, 0, [] { ultimoSalvataggioRiuscito = true; }, nullptr},
+    {"fileInLavoro", VoceStato::speciale, nullptr, 0, [] { fileInLavoro.clear(); }, nullptr},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro
