@@ -10,6 +10,7 @@
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
+#include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Colori.h"
 #include "model/Giornale.h"
@@ -39,15 +40,26 @@ std::string testoVoce(const NomePasso* n, bool annulla) {
     return GetIndString(annulla ? listaAnnulla : listaRipeti, StringaAnnulla(tipo));
 }
 
-// Records that came or went leave no selection: numbers and kinds may mean something else now. One that is still there
-// takes its box from where its records are.
+// What is selected stays so while it is there; the summary follows the flags, the box the records.
 void rivediSelezione(const EsitoPasso& esito) {
-    if (!Puntosel.attiva) return;
+    if (!Puntosel.attiva || Puntosel.oggetto >= oMeshOrigine) return;
     if (!esito.alPosto) {
-        NessunaSelezione();
-    } else if (Puntosel.oggetto < oMeshOrigine) {
-        RifaiRettSel();
+        std::int32_t quanti = 0, ultimo = 0;
+        for (std::int32_t n = 3; n <= indElem; ++n) {
+            if (!Elem(n).selezionato) continue;
+            ++quanti;
+            ultimo = n;
+        }
+        if (quanti == 0 || (!Puntosel.multipla && esito.indice < 3)) {
+            NessunaSelezione();
+            return;
+        }
+        Puntosel.numSel = quanti;
+        Puntosel.multipla = quanti > 1;
+        Puntosel.indice = esito.indice >= 3 && Elem(esito.indice).selezionato ? esito.indice : ultimo;
+        Puntosel.oggetto = OggettoDi(Elem(Puntosel.indice).tipo);
     }
+    RifaiRettSel();
 }
 
 void rivediDocumento() {

@@ -9,6 +9,7 @@
 #include "model/Attributi.h"
 #include "model/GiornaleImmagini.h"
 #include "model/Impronta.h"
+#include "model/Selezione.h"
 #include "model/TabellaStato.h"
 #include "model/VociDocumento.h"
 
@@ -263,39 +264,44 @@ std::vector<TrattoDiverso> rovescio(const std::vector<TrattoDiverso>& tratti) {
     return r;
 }
 
-// The stretches of the drawing give way to `nuovi`; what they held comes back. The flags of records that keep their place
-// and kind, and of all that lie between, are the live ones.
+// Does a record that takes another's place stand for the same thing? Then it keeps its flag of selection.
+bool succede(const elemento& nuovo, const elemento& vecchio) { return nuovo.tipo == vecchio.tipo; }
+
+// The stretches of the drawing give way to `nuovi`; what they held comes back. Within a stretch records follow each other
+// in order as long as the kinds are the same: a polyline that loses a vertex is still that polyline. Flags of selection
+// go with what they are on.
 std::vector<elemento> sostituisci(const std::vector<TrattoDiverso>& tratti, const std::vector<elemento>& nuovi,
-                                  bool& stessi) {
-    std::vector<elemento> tolti;
+                                  EsitoPasso& esito) {
+    std::vector<elemento> tolti, coda;
     tolti.reserve(nuovi.size());
-    std::size_t preso = 0;
-    if (alPosto(tratti)) {
-        for (const TrattoDiverso& t : tratti)
-            for (std::int32_t i = 0; i < t.quantiPrima; ++i) {
-                elemento& e = ArrElementi[t.prima + i];
-                tolti.push_back(e);
-                const std::uint8_t flag = e.tipo == nuovi[preso].tipo ? e.selezionato : std::uint8_t{0};
-                stessi = stessi && e.tipo == nuovi[preso].tipo;
-                e = nuovi[preso++];
-                e.selezionato = flag;
-            }
-        return tolti;
-    }
-    stessi = false;
-    std::vector<elemento> coda;
     const auto inizio = static_cast<std::size_t>(tratti.front().prima);
-    std::size_t letto = inizio;
+    const bool stessi = alPosto(tratti);
+    const std::int32_t scelto = esito.indice - 1;
+    std::int32_t segue = scelto < tratti.front().prima ? scelto : -1;
+    std::size_t letto = inizio, preso = 0;
     for (const TrattoDiverso& t : tratti) {
         const auto da = static_cast<std::size_t>(t.prima), a = da + static_cast<std::size_t>(t.quantiPrima);
-        coda.insert(coda.end(), ArrElementi + letto, ArrElementi + da);
+        if (scelto >= static_cast<std::int32_t>(letto) && scelto < t.prima) segue = scelto + t.dopo - t.prima;
+        if (!stessi) coda.insert(coda.end(), ArrElementi + letto, ArrElementi + da);
         tolti.insert(tolti.end(), ArrElementi + da, ArrElementi + a);
+        bool seguono = true;
         for (std::int32_t i = 0; i < t.quantiDopo; ++i) {
-            coda.push_back(nuovi[preso++]);
-            coda.back().selezionato = 0;
+            elemento e = nuovi[preso++];
+            seguono = seguono && i < t.quantiPrima && succede(e, ArrElementi[t.prima + i]);
+            e.selezionato = seguono ? ArrElementi[t.prima + i].selezionato : std::uint8_t{0};
+            if (seguono && scelto == t.prima + i) segue = t.dopo + i;
+            if (stessi)
+                ArrElementi[t.dopo + i] = e;
+            else
+                coda.push_back(e);
         }
+        esito.alPosto = esito.alPosto && seguono && stessi;
         letto = a;
     }
+    if (scelto >= static_cast<std::int32_t>(letto))
+        segue = scelto + tratti.back().dopo + tratti.back().quantiDopo - static_cast<std::int32_t>(letto);
+    esito.indice = segue + 1;
+    if (stessi) return tolti;
     coda.insert(coda.end(), ArrElementi + letto, ArrElementi + indElem);
     std::copy(coda.begin(), coda.end(), ArrElementi + inizio);
     indElem = static_cast<std::int32_t>(inizio + coda.size());
@@ -351,7 +357,7 @@ void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
     const std::vector<TrattoDiverso> tratti = indietro ? rovescio(p.tratti) : p.tratti;
     const StatoFigura& figura = indietro ? p.figuraPrima : p.figuraDopo;
     if (!tratti.empty()) {
-        std::vector<elemento> tolti = sostituisci(tratti, p.altri, esito.alPosto);
+        std::vector<elemento> tolti = sostituisci(tratti, p.altri, esito);
         g.immagini.scambia(tolti, p.altri);
         g.peso += (static_cast<std::int64_t>(tolti.size()) - static_cast<std::int64_t>(p.altri.size()))
                   * static_cast<std::int64_t>(sizeof(elemento));
@@ -411,7 +417,6 @@ bool ChiudiPasso(const NomePasso& nome) {
     confrontaRighe(g, p, false);
     if (p.vuoto() && !diFigura) return false;
     if (!p.vuoto()) confrontaRighe(g, p, true);
-    perdiRipetibili(g);
     p.nome = nome;
     const bool era = g.ombra.figura.inCorso, c = figura.inCorso;
     if (c && !era) ++g.figure;
@@ -434,6 +439,7 @@ bool ChiudiPasso(const NomePasso& nome) {
     g.ombra.impronte = std::move(pagine);
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = std::move(figura);
+    perdiRipetibili(g);
     g.peso += p.peso();
     g.passi.push_back(std::move(p));
     g.fatti = g.passi.size();
@@ -462,6 +468,7 @@ const NomePasso* DaRipetere() {
 EsitoPasso AnnullaPasso() {
     Giornale& g = giornale();
     EsitoPasso esito;
+    esito.indice = Puntosel.indice;
     if (g.fatti == 0) return esito;
     const std::int64_t figura = g.passi[g.fatti - 1].chiusa ? g.passi[g.fatti - 1].figura : 0;
     do {
@@ -473,6 +480,7 @@ EsitoPasso AnnullaPasso() {
 EsitoPasso RipetiPasso() {
     Giornale& g = giornale();
     EsitoPasso esito;
+    esito.indice = Puntosel.indice;
     if (g.fatti == g.passi.size()) return esito;
     const std::int64_t figura = g.passi[g.fatti].chiusa ? g.passi[g.fatti].figura : 0;
     do {

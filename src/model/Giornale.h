@@ -40,8 +40,9 @@ const NomePasso* DaRipetere();
 // What going back or forward did, for what has to be made afresh.
 struct EsitoPasso {
     bool fatto = false;
-    bool alPosto = true;   // no record came, went or took another's number or kind
-    bool righe = false;    // rows of the document changed
+    bool alPosto = true;       // no record came, went or took another's number or kind
+    bool righe = false;        // rows of the document changed
+    std::int32_t indice = 0;   // where the record now is that Puntosel.indice named; 0 when it is gone
 };
 EsitoPasso AnnullaPasso();
 EsitoPasso RipetiPasso();

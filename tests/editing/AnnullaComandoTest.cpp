@@ -7,17 +7,17 @@
 #include "../display/Scena.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
-#include "text/PascalString.h"
 #include "model/Selezione.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "support/Passi.h"
+#include "text/PascalString.h"
 #include "tools/Costruzione.h"
 
 using namespace tessaro;
 using namespace prova;
 
-TEST(AnnullaComando, AFigureGoesComesBackAndDropsTheSelection) {
+TEST(AnnullaComando, AFigureGoesAndComesBackAndWhatStaysKeepsItsSelection) {
     const Scena s;
     const ConGiornale g;
     segmento(1, 1, 2, 2);
@@ -28,13 +28,17 @@ TEST(AnnullaComando, AFigureGoesComesBackAndDropsTheSelection) {
     annulla();
     EXPECT_EQ(indElem, testa - 1);
     Elem(3).selezionato = 1;
-    Puntosel.attiva = 1;
+    Puntosel = {1, 0, 1, oSegmento, 3};
     ripeti();
     EXPECT_EQ(indElem, testa + 2);
-    EXPECT_FALSE(Puntosel.attiva);
-    EXPECT_FALSE(Elem(3).selezionato);
+    EXPECT_EQ(Puntosel.indice, 3);
+    EXPECT_TRUE(Elem(3).selezionato);
+    Elem(3).selezionato = 0;
+    Elem(testa).selezionato = 1;
+    Puntosel = {1, 0, 1, oPoligono, testa};
     annulla();
     EXPECT_EQ(indElem, testa - 1);
+    EXPECT_FALSE(Puntosel.attiva);   // what was selected is gone
     annulla();
     EXPECT_EQ(indElem, 2);
 }
@@ -137,8 +141,13 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
         std::int32_t tipo;
         std::int16_t stringa;
     };
-    for (const Caso& c : {Caso{aCancella, 1}, {aSposta, 5}, {aAggiunta, 7}, {aElemento, 4}, {aMeshOrigine, 9},
-                          {aMeshDestinazione, 10}, {aScalaPict, 11}}) {
+    for (const Caso& c : {Caso{aCancella, 1},
+                          {aSposta, 5},
+                          {aAggiunta, 7},
+                          {aElemento, 4},
+                          {aMeshOrigine, 9},
+                          {aMeshDestinazione, 10},
+                          {aScalaPict, 11}}) {
         segmento(1, 2, 11, 12);
         PoniAnnulla(c.tipo);
         finePasso();
@@ -154,5 +163,6 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
     nome.comando = "Bring to Front";
     ChiudiPasso(nome);
     AggiornaVociAnnulla();
-    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voceAnnulla)), "Undo â" "Bring to Frontâ");
+    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voceAnnulla)), "Undo â"
+                                                          "Bring to Frontâ");
 }

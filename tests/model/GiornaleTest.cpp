@@ -48,15 +48,20 @@ struct Disegno {
 class Caso {
     std::mt19937 sorte;
 
-    std::int32_t fino(std::int32_t n) { return n <= 0 ? 0 : static_cast<std::int32_t>(sorte() % static_cast<unsigned>(n)); }
+    std::int32_t fino(std::int32_t n) {
+        return n <= 0 ? 0 : static_cast<std::int32_t>(sorte() % static_cast<unsigned>(n));
+    }
     std::int32_t uno() { return 3 + fino(indElem - 2); }
 
     void aggiunge() {
         for (std::int32_t n = 1 + fino(40); n > 0; --n) {
             const double x = fino(1000);
-            if (fino(12) == 0) immagine(x, x, 5, 5, std::string(static_cast<std::size_t>(fino(200)), 'p'));
-            else if (fino(3) == 0) polilinea({{x, 1}, {x, 2}, {x, 3}});
-            else segmento(x, fino(5), fino(5), 1);   // often the same one again
+            if (fino(12) == 0)
+                immagine(x, x, 5, 5, std::string(static_cast<std::size_t>(fino(200)), 'p'));
+            else if (fino(3) == 0)
+                polilinea({{x, 1}, {x, 2}, {x, 3}});
+            else
+                segmento(x, fino(5), fino(5), 1);   // often the same one again
         }
     }
     void toglie() {
@@ -135,7 +140,8 @@ TEST(Giornale, AThousandRandomCommandsGoAllTheWayBackAndForwardAgain) {
             caso.comando();
             if (ChiudiPasso({})) stati.push_back(Disegno::adesso());
             // Now and then some way back, and on from there or forward again.
-            for (std::int32_t n = caso.numero(10) ? 0 : caso.numero(5); n > 0 && PassiGiornale() > 0; --n) AnnullaPasso();
+            for (std::int32_t n = caso.numero(10) ? 0 : caso.numero(5); n > 0 && PassiGiornale() > 0; --n)
+                AnnullaPasso();
             if (caso.alto())
                 while (RipetiPasso().fatto) {}
             stati.resize(static_cast<std::size_t>(PassiGiornale()) + 1);
@@ -249,8 +255,7 @@ TEST(Giornale, ASmallStepCostsLittleWhereverItIs) {
                             }},
                            {"brings one to the front", [] { std::rotate(&Elem(100), &Elem(101), &Elem(indElem) + 1); }},
                            {"sends one to the back", [] { std::rotate(&Elem(3), &Elem(40000), &Elem(40001)); }},
-                           {"changes first and last",
-                            [] {
+                           {"changes first and last", [] {
                                 Elem(3).segm.y1 = 7;
                                 Elem(indElem).segm.y1 = 7;
                             }}}) {
