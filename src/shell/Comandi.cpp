@@ -34,6 +34,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -358,6 +359,10 @@ void menuVincoli() {
     coordinateSempre();
 }
 
+void menuTrasformaImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -385,6 +390,7 @@ constexpr VoceMenu comandi[] = {
     {106, menuIngressoAttacco},
     {107, menuAttacchiOrigine},
     {108, menuAttacchiDestinazione},
+    {111, menuTrasformaImmagine},
     {112, menuVincoli},
 };
 
