@@ -22,6 +22,7 @@
 #include "platform/Resources.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
+#include "shell/Recupero.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -195,8 +196,10 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
-    if (r.opera == Opera::leggi && r.delDocumento) GiornaleNuovo();   // even one that was not read whole
-    if (uscita || !r.delDocumento) return;
+    if (!r.delDocumento) return;
+    if (r.opera == Opera::leggi) GiornaleNuovo();   // even of one that was not read whole
+    if (!uscita) RicominciaRecupero();
+    if (uscita) return;
     myFSS = file;
     OKArchivioFss = 1;
     NomeD = PStr255(std::string_view(file.nome));

@@ -17,6 +17,7 @@
 #include "shell/Modi.h"
 #include "shell/Passi.h"
 #include "shell/Rapporto.h"
+#include "shell/Recupero.h"
 #include "shell/Trascinamento.h"
 
 namespace tessaro {
@@ -143,12 +144,18 @@ void consuma(EventRecord& e) {
 
 }   // namespace
 
+namespace {
+constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
+}   // namespace
+
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
-    if (WaitNextEvent(e, sonno)) consuma(e);
+    const bool qualcosa = WaitNextEvent(e, sonno);
+    if (qualcosa) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     FinePasso(e, campione);
+    RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
     if (noWindow) {
@@ -156,6 +163,7 @@ void CheckEvents() {
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);

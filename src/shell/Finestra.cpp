@@ -15,7 +15,6 @@
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
-#include "platform/Automation.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -138,7 +137,7 @@ void chiudiDisegno() {
     VScroll = HScroll = panel = nullptr;
     bottoneToolbar = {};
     noWindow = 1;
-    salvaRecupero = nullptr;
+    FineRecupero();
     AzzeraArchivio();
     indElem = 1;
     senzaAttacchi();
@@ -176,8 +175,8 @@ void SetUpWindow() {
     mostra();
     Croce();
     AbilitaMenu(true);
-    salvaRecupero = ScriviRecupero;
     GiornaleNuovo();
+    RicominciaRecupero();
 }
 
 std::uint8_t TuttoChiuso() {

@@ -120,6 +120,7 @@ void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
     apriDisegno = SetUpWindow;
+    PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
     allocaArchivio();
@@ -167,10 +168,11 @@ void cicloPrincipale(const Opzioni& opzioni) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-    if (!opzioni.avvio.script) OffriRecupero();
+    OffriRecupero();
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
     while (!fine) CheckEvents();
+    FineRecupero();
 }
 
 }   // namespace
