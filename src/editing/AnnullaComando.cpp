@@ -7,6 +7,7 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/RiquadroTesto.h"
 #include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"

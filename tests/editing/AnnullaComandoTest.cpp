@@ -82,6 +82,7 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
             xcurs = 100 + 10 * i;
             ycurs = 100 + 20 * (i % 2);
             tabButton = 1;
+            MuoviElastico();
             c.strumento <= 1 ? PuntoDiLinea() : PuntoDiCurva();
             EXPECT_TRUE(finePasso());
         }
@@ -163,6 +164,5 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
     nome.comando = "Bring to Front";
     ChiudiPasso(nome);
     AggiornaVociAnnulla();
-    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voceAnnulla)), "Undo â"
-                                                          "Bring to Frontâ");
+    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voceAnnulla)), "Undo “Bring to Front”");
 }
