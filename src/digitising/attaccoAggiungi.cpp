@@ -2,10 +2,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "digitising/RegistrazioneValida.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
@@ -94,8 +96,14 @@ void mappaCerchio(f64& cx, f64& cy, f64& raggio) {
     raggio = Distanza(c.x, c.y, bordo.x, bordo.y);
 }
 
-// Toward zero. NaN gives 0, what does not fit the nearest bound.
-std::int16_t ftisql(double v) { return arrotonda16(std::trunc(v)); }
+// An angle of a text, the system in force: whole, from 0 to less than a turn, so that copies of copies stay readable.
+std::int16_t angoloDiTesto(double v) {
+    const double intero = std::round(v);
+    double giro = RadToAng(DuePig, gradCorrente);
+    if (giro > 100) giro = std::round(giro);   // gons and degrees: without what the 32-bit pi adds
+    if (!std::isfinite(intero) || !(giro > 0)) return 0;
+    return arrotonda16(intero - giro * std::floor(intero / giro));
+}
 
 void scala(f16& v, double fattore) { v = arrotonda16(v * fattore); }
 
@@ -122,7 +130,7 @@ void ActiveAttach::trasformaTesto(elemento& e) {
         angolo = RadToAng(angolo, gradCorrente);
         fattore = distanza / L;
     }
-    t.angolo = ftisql(angolo);
+    t.angolo = angoloDiTesto(angolo);
     scala(t.altezza, fattore);
     scala(t.larghezza, fattore);
     scala(t.dimensione, fattore);
@@ -135,7 +143,10 @@ void ActiveAttach::TrasformaCopia(elemento& e) {
     case tCerchio: mappaCerchio(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
     case tArco:
         mappaCerchio(e.arco.cx, e.arco.cy, e.arco.raggio);
-        if (tipo == due) e.arco.angoloInizio += RadToAng(rotazione, gradSessadecimali);
+        if (tipo == due) {
+            const double girato = e.arco.angoloInizio + RadToAng(rotazione, gradSessadecimali);
+            e.arco.angoloInizio = girato - 360 * std::floor(girato / 360);
+        }
         break;
     default: PerPunti(e, mappa); break;
     }
@@ -176,15 +187,48 @@ void ActiveAttach::AggiungiMultipla(std::int16_t layer) {
         if (Elem(n).selezionato && Elem(n).tipo != tVertice) copia(n, ultimo, layer);   // a vertex goes with its head
 }
 
+namespace {
+
+void rifiuta(const std::string& guasto) {
+    constexpr std::int16_t avviso = 9150;
+    StopAlertParam(avviso, guasto);
+}
+
+// Did every copied point land somewhere?
+bool copieFinite() {
+    bool finite = true;
+    const auto guarda = [&finite](f64& x, f64& y) { finite = finite && std::isfinite(x) && std::isfinite(y); };
+    for (std::int32_t n = inizioAggiunta + 1; n <= indElem; ++n) {
+        PerPunti(Elem(n), guarda);
+        if (Elem(n).tipo == tCerchio) finite = finite && std::isfinite(Elem(n).cerc.raggio);
+        if (Elem(n).tipo == tArco) finite = finite && std::isfinite(Elem(n).arco.raggio);
+    }
+    return finite;
+}
+
+void togliCopie() {
+    for (std::int32_t n = inizioAggiunta + 1; n <= indElem; ++n)
+        if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
+    indElem = inizioAggiunta;
+}
+
+}   // namespace
+
 void ActiveAttach::Aggiungi() {
     const std::int16_t layer = PoniLucido();
     if (layer < 0) return;
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
+    if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
+    PreparaAttacco();   // afresh: points may have moved since
+    CominciaAggiunta();
     if (Puntosel.multipla) {
         AggiungiMultipla(layer);
     } else {
         AggiungiElemento(layer);
+    }
+    if (!copieFinite()) {
+        togliCopie();
+        constexpr std::int16_t lista = 9150, senzaPosto = 1;
+        return rifiuta(GetIndString(lista, senzaPosto));
     }
     if (indElem <= inizioAggiunta) return;
     PoniAnnulla(aAggiunta);

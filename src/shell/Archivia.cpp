@@ -15,6 +15,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Giornale.h"
 #include "model/TabellaStato.h"
 #include "platform/Events.h"
@@ -188,7 +189,12 @@ void importaTesto(const Richiesta& r, const FSSpec& file) {
 
 void esegui(const Richiesta& r, const FSSpec& file) {
     SetCursor(ClockCursor);
-    PoniAnnulla(aNiente);
+    const bool scrive = r.opera == Opera::scrivi;
+    if (scrive) {
+        PoniAnnulla(aNiente);
+    } else {
+        CominciaAggiunta();
+    }
     switch (r.opera) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
@@ -196,6 +202,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
+    if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (!r.delDocumento) return;
     if (r.opera == Opera::leggi) GiornaleNuovo();   // even of one that was not read whole
     if (!uscita) RicominciaRecupero();
@@ -207,7 +214,6 @@ void esegui(const Richiesta& r, const FSSpec& file) {
 }
 
 void concludi() {
-    if (inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
@@ -219,7 +225,6 @@ void concludi() {
 void lasciato(const Richiesta& r, const FSSpec& file) {
     uscita = 0;
     LF = 10;
-    inizioAggiunta = std::max(indElem, 2);
     esegui(r, file);
     concludi();
 }
@@ -230,7 +235,6 @@ void archivia() {
     uscita = 0;
     LF = 10;
     fType = tipoTS3D;
-    inizioAggiunta = std::max(indElem, 2);
     if (theItem == rSalva && senzaTitolo()) theItem = rSalvaCome;
     const Richiesta* r = richiestaDi(theItem);
     if (!r) {
