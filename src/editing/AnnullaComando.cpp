@@ -7,14 +7,12 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/RiquadroTesto.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
 #include "model/Annulla.h"
-#include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Colori.h"
 #include "model/Giornale.h"
+#include "model/Selezione.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "tools/Costruzione.h"
@@ -43,24 +41,9 @@ std::string testoVoce(const NomePasso* n, bool annulla) {
 
 // What is selected stays so while it is there; the summary follows the flags, the box the records.
 void rivediSelezione(const EsitoPasso& esito) {
-    if (!Puntosel.attiva || Puntosel.oggetto >= oMeshOrigine) return;
-    if (!esito.alPosto) {
-        std::int32_t quanti = 0, ultimo = 0;
-        for (std::int32_t n = 3; n <= indElem; ++n) {
-            if (!Elem(n).selezionato) continue;
-            ++quanti;
-            ultimo = n;
-        }
-        if (quanti == 0 || (!Puntosel.multipla && esito.indice < 3)) {
-            NessunaSelezione();
-            return;
-        }
-        Puntosel.numSel = quanti;
-        Puntosel.multipla = quanti > 1;
-        Puntosel.indice = esito.indice >= 3 && Elem(esito.indice).selezionato ? esito.indice : ultimo;
-        Puntosel.oggetto = OggettoDi(Elem(Puntosel.indice).tipo);
-    }
-    RifaiRettSel();
+    if (!Puntosel.attiva) return;
+    if (Puntosel.oggetto < oMeshOrigine && esito.indice >= 3) Puntosel.indice = esito.indice;
+    RistabilisciSelezione();
 }
 
 void rivediDocumento() {

@@ -7,6 +7,7 @@
 
 #include "model/Annulla.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/GiornaleImmagini.h"
 #include "model/Impronta.h"
 #include "model/Selezione.h"
@@ -73,13 +74,11 @@ Giornale& giornale() {
 
 bool delDisegno(const VoceDocumento& v) { return v.genere <= VoceDocumento::derivata; }
 
-// --- the figure in progress. A path that the calculator measures (Azione 5) is none: nothing of it is stored.
-
-bool figuraInCorso() { return Azione == 1 || Azione == 8; }
+// --- the figure in progress
 
 StatoFigura leggiFigura(const Giornale& g) {
     StatoFigura s;
-    s.inCorso = figuraInCorso();
+    s.inCorso = FiguraInCorso();
     for (const VoceDocumento& v : g.voci) {
         if (delDisegno(v)) continue;
         const auto* p = static_cast<const unsigned char*>(v.dove);

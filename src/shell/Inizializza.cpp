@@ -33,6 +33,7 @@
 #include "script/Copione.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
+#include "shell/ImpostazioniGiornale.h"
 #include "shell/Recupero.h"
 
 namespace tessaro {
@@ -123,6 +124,7 @@ void Initialize() {
     PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
+    LeggiParGiornale();
     allocaArchivio();
     predisponiMenu();
     predisponiTesto();

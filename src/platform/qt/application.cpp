@@ -128,6 +128,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     // Numbers in files and scripts have a point whatever the desktop says.
     std::setlocale(LC_NUMERIC, "C");
     if (a.script) parificaCopione();
+    std::signal(SIGXFSZ, SIG_IGN);   // a file that may not grow is a write that fails, and told like one
     if (!a.script) ascoltaSegnali();
     QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {
         if (salvaRecupero != nullptr) salvaRecupero();
