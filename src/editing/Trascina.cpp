@@ -81,6 +81,16 @@ void arriva(double& x, double& y) {
 
 }   // namespace
 
+void TrascinaPunto(std::span<const puntot> neighbours, double& movedX, double& movedY) {
+    const Trascinamento t(neighbours, movedX, movedY);
+    const bool tenuto = t.tenuto();
+    t.togli();
+    if (!tenuto) return;
+    arriva(movedX, movedY);
+    double z = zcurs;
+    AttaccaCursore(movedX, movedY, z);
+}
+
 void SpostaLinea(const double& fixedX, const double& fixedY, double& movedX, double& movedY) {
     const std::array vicini{puntot{fixedX, fixedY, 0}};
     const Trascinamento t(vicini, movedX, movedY);

@@ -13,6 +13,7 @@
 #include "display/palette.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
+#include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
@@ -32,9 +33,13 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Figura.h"
+#include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/CreaMesh.h"
+#include "raster/Lenti.h"
+#include "raster/pictrot.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
@@ -188,11 +193,20 @@ void dialogoTrasformazione() {
     }
 }
 
+void nuovaMesh(TTipoMesh tipo) {
+    const Mesh& m = tipo == TTipoMesh::origine ? meshOrigine : meshDestinazione;
+    if (CreaMesh(tipo)) SpostaDaPunto(m.x[0][0], m.y[0][0]);
+}
+
 void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
     if (noWindow) return;
     if (theItem == 5) dialogoTrasformazione();
     if (theItem == 8) attaccoAttivo.Aggiungi();
+    if (theItem == 10) nuovaMesh(TTipoMesh::origine);
+    if (theItem == 11) nuovaMesh(TTipoMesh::destinazione);
+    if (theItem == 15) ModificaRuotaImmagine();
+    if (theItem == 17) CorreggiPictSel();
     if (theItem == 18) ApriRapporto();
 }
 
@@ -301,9 +315,18 @@ void menuApriAltri() {
 }
 
 void menuImporta() {
+    constexpr std::int16_t voceDWG = 2, voceScelteDWG = 5;
+    if (theItem == voceScelteDWG) {
+        SceglieImportaDWG();
+        return;
+    }
     if (noWindow) SetUpWindow();
-    theItem = static_cast<std::int16_t>(60 + theItem);
-    archivia();
+    if (theItem == voceDWG && (KeyModifiers() & optionKey) == 0) {
+        ImportaDWG();
+    } else {
+        theItem = static_cast<std::int16_t>(60 + theItem);
+        archivia();
+    }
     DisableMenuItem(2, 1);
     EnableMenuItem(2, 3);
 }

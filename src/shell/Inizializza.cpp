@@ -1,4 +1,5 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
+#include "raster/Lenti.h"
 #include "shell/Inizializza.h"
 
 #include <algorithm>
@@ -165,6 +166,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     ParamGraf();
     FormatoXYZ(1);
     SceltaColori(1);
+    SceltaCorrezioneOttica(1);
     inizio = 0;
     theItem = 20;
     archivia();

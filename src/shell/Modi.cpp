@@ -235,6 +235,22 @@ void CercaSelezione(EventRecord& e, puntot& point) {
     }
 }
 
+void SpostaDaPunto(double x, double y) {
+    FineFigura();
+    Modalita = 2;
+    Sposta2ndClick = 1;
+    xcurs = XSpost1 = x;
+    ycurs = YSpost1 = y;
+    ClipRect(myViewRect);
+    EraseRect(myViewRect);
+    Disegna();
+    SospendiAz();
+    PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
+    FaiContorno();
+    MostraContorno();
+    DrawPallette();
+}
+
 void DoMouseAction(EventRecord& e) {
     if (noWindow || e.window != theWindow) return;
     EventPoint = e.where;
