@@ -14,6 +14,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
 #include "exchange/FormatoXYZ.h"
@@ -161,6 +162,7 @@ bool soloInformazioni(const Opzioni& opzioni) {
 }
 
 void cicloPrincipale(const Opzioni& opzioni) {
+    InizioDWG();
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
@@ -177,6 +179,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
     while (!fine) CheckEvents();
     FineRecupero();
+    FineDWG();
 }
 
 }   // namespace
