@@ -9,10 +9,13 @@
 #include "display/palette.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
 #include "model/Giornale.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "tools/Costruzione.h"
@@ -21,7 +24,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t menuModifica = 3, listaAnnulla = 128, listaRipeti = 9170;
+constexpr std::int16_t listaAnnulla = 128, listaRipeti = 9170;
 constexpr std::int16_t annullaComando = 20, ripetiComando = 21;   // of listaRipeti, with ^0 for the command
 constexpr std::int16_t annullaPunto = 22, ripetiPunto = 23;
 
@@ -75,7 +78,7 @@ void passo(const NomePasso* nome, EsitoPasso (*muovi)()) {
 }   // namespace
 
 void AnnullaUltima() {
-    if (Azione == 5) {   // a measured path: nothing of it is in the drawing
+    if (Azione == sPercorso) {   // a measured path: nothing of it is in the drawing
         InvalWind();
         if (percorsoMisurato.indietro) percorsoMisurato.indietro();   // takes its own rubber off and on
         return;
@@ -84,15 +87,15 @@ void AnnullaUltima() {
 }
 
 void RipetiUltima() {
-    if (Azione == 5) return;
+    if (Azione == sPercorso) return;
     passo(DaRipetere(), RipetiPasso);
 }
 
 void AggiornaVociAnnulla() {
     const NomePasso *indietro = DaAnnullare(), *avanti = DaRipetere();
-    SetMenuItemText(menuModifica, voceAnnulla, testoVoce(indietro, true));
-    SetMenuItemText(menuModifica, voceRipeti, testoVoce(avanti, false));
-    (avanti ? EnableMenuItem : DisableMenuItem)(menuModifica, voceRipeti);
+    SetMenuItemText(menuModifica, voci::modifica::annulla, testoVoce(indietro, true));
+    SetMenuItemText(menuModifica, voci::modifica::ripeti, testoVoce(avanti, false));
+    (avanti ? EnableMenuItem : DisableMenuItem)(menuModifica, voci::modifica::ripeti);
     annullamento = indietro ? indietro->tipo : std::int32_t{aNiente};
 }
 

@@ -8,10 +8,10 @@
 #include "files/RecuperoFormato.h"
 #include "files/RecuperoPezzi.h"
 #include "files/Risanamento.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Unita.h"
 #include "model/VociDocumento.h"
 
 namespace tessaro {

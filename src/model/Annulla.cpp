@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 
 namespace tessaro {
@@ -35,12 +35,12 @@ std::int32_t TipoArmato() { return std::exchange(armato, aNiente); }
 
 namespace {
 const VoceStato righe[] = {
-    {"annullamento", VoceStato::i32, &annullamento, 0},
-    {"inizioAggiunta", VoceStato::i32, &inizioAggiunta, 0},
-    {"numElementoScalato", VoceStato::i32, &numElementoScalato, 0},
-    {"scalaImmagineX", VoceStato::f64, &scalaImmagineX, 1},
-    {"scalaImmagineY", VoceStato::f64, &scalaImmagineY, 1},
-    {"armato", VoceStato::i32, &armato, 0},
+    voce<annullamento>("annullamento"),
+    voce<inizioAggiunta>("inizioAggiunta"),
+    voce<numElementoScalato>("numElementoScalato"),
+    voce<scalaImmagineX>("scalaImmagineX"),
+    voce<scalaImmagineY>("scalaImmagineY"),
+    {"armato", [] { armato = aNiente; }},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -6,11 +6,11 @@
 #include <deque>
 
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Figura.h"
 #include "model/GiornaleImmagini.h"
 #include "model/Impronta.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/VociDocumento.h"
 
@@ -109,7 +109,7 @@ void poniFigura(const Giornale& g, const StatoFigura& s) {
         i += v.byte;
     }
     if (s.inCorso) return;
-    Azione = 0;
+    Azione = sFermo;
     ContinuaPoligono = 0;
 }
 
@@ -494,8 +494,8 @@ std::span<const VoceDocumento> VociGiornale() { return giornale().voci; }
 
 namespace {
 const VoceStato righe[] = {
-    {"memoriaGiornale", VoceStato::i32, &memoriaGiornale, 256},
-    {"giornale", VoceStato::speciale, nullptr, 0, GiornaleFine, [] { return NumeroJson(PassiGiornale()); }},
+    voce<memoriaGiornale>("memoriaGiornale"),
+    {"giornale", GiornaleFine, [] { return NumeroJson(PassiGiornale()); }},
 };
 const TabellaStato tabella(righe);
 }   // namespace

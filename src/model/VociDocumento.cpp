@@ -3,11 +3,13 @@
 
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 
 namespace tessaro {
@@ -27,7 +29,6 @@ const VoceDocumento voci[] = {
     VoceDi("UnitaMCorrente", V::documento, UnitaMCorrente),
     VoceDi("decimiUnita", V::documento, decimiUnita),
     VoceDi("Scaladis", V::documento, Scaladis),
-    VoceDi("DataUltima", V::documento, DataUltima),
     VoceDi("Xfoglio", V::documento, Xfoglio),
     VoceDi("yfoglio", V::documento, yfoglio),
     VoceDi("XFDecimi", V::documento, XFDecimi),

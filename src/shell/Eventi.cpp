@@ -5,16 +5,21 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Archivia.h"
-#include "shell/Barra.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Modificato.h"
 #include "shell/Passi.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
@@ -24,6 +29,7 @@ namespace tessaro {
 
 namespace {
 
+constinit std::uint8_t theChar = 0;   // last key
 // Palette and read-out after a repaint or a command that may have changed them.
 void aggiornaStrisce() {
     DrawPallette();
@@ -35,7 +41,7 @@ void aggiornaStrisce() {
 void ridipingi() {
     if (noWindow || !theWindow) return;
     SetCursor(ClockCursor);
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     SetPortWindowPort(theWindow);
     BeginUpdate(theWindow);
     ClipRect(GetPortBounds(theWindow));
@@ -48,7 +54,6 @@ void ridipingi() {
     NewDis = 0;
     aggiornaStrisce();
     EndUpdate(theWindow);
-    SetPort(prima);
     SetCursor(arrowCursor);
 }
 
@@ -94,19 +99,19 @@ constexpr Point daNessunaParte{-1, -1};
 constinit Point seguito = daNessunaParte;   // where the pointer was followed to
 
 void seguiPuntatore() {
-    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+    if (Modalita != mSelezione) CheckMouse((KeyModifiers() & shiftKey) != 0);
 }
 
 // A pointer at rest leaves the cursor where the tablet has put it; the button of a sample is over with the next round, so
 // that it holds back no click of the mouse.
 void riposo(bool campione) {
-    if (!campione && Modalita != 0 && Modalita != 2) tabButton = 0;
+    if (!campione && Modalita != mSelezione && Modalita != mSpostamento) tabButton = bNessuno;
 }
 
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
-        if (TabAbilit && tabButton == 1) break;
+        if (TabAbilit && tabButton == bContinua) break;
         if (TabAbilit) seguiPuntatore();   // the tablet may have taken the cursor elsewhere
         DoMouseAction(e);
         break;
@@ -154,7 +159,10 @@ void CheckEvents() {
     const bool qualcosa = WaitNextEvent(e, sonno);
     if (qualcosa) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
-    FinePasso(e, campione);
+    if (campione || PuoCambiare(e.what)) {
+        FinePasso(e);
+        MostraDiverso();
+    }
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
@@ -175,7 +183,8 @@ void CheckEvents() {
 
 namespace {
 const VoceStato righe[] = {
-    {"seguito", VoceStato::speciale, nullptr, 0, [] { seguito = daNessunaParte; }, nullptr},
+    voce<theChar>("theChar"),
+    {"seguito", [] { seguito = daNessunaParte; }, nullptr},
 };
 const TabellaStato tabella(righe);
 

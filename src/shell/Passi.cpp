@@ -7,7 +7,7 @@
 
 #include "editing/AnnullaComando.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Giornale.h"
 #include "platform/Menus.h"
 
@@ -15,8 +15,6 @@ namespace tessaro {
 
 namespace {
 
-// What a hand or the desktop does. A pointer that moves, a repaint, a wheel or a scroll bar changes what is seen and
-// nothing of the drawing: behind them nothing is compared.
 constexpr EventKind mutanti[] = {
     EventKind::mouseDown, EventKind::keyDown,   EventKind::autoKey, EventKind::menuChoice,
     EventKind::goAway,    EventKind::highLevel, EventKind::drop,    EventKind::dialogItem,
@@ -36,8 +34,11 @@ std::string nomeComando(const EventRecord& e) {
 
 }   // namespace
 
-void FinePasso(const EventRecord& e, bool campione) {
-    if (!campione && std::find(std::begin(mutanti), std::end(mutanti), e.what) == std::end(mutanti)) return;
+bool PuoCambiare(EventKind what) {
+    return std::find(std::begin(mutanti), std::end(mutanti), what) != std::end(mutanti);
+}
+
+void FinePasso(const EventRecord& e) {
     NomePasso nome;
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);

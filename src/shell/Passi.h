@@ -5,6 +5,9 @@
 
 namespace tessaro {
 
-void FinePasso(const EventRecord& e, bool campione);   // campione: a sample of the tablet was taken in this round
+// What a hand or the desktop does. A pointer that moves, a repaint, a wheel or a scroll bar changes what is seen and
+// nothing of the drawing: behind them nothing is compared.
+[[nodiscard]] bool PuoCambiare(EventKind what);
+void FinePasso(const EventRecord& e);
 
 }   // namespace tessaro

@@ -10,14 +10,15 @@
 #include "display/Zoom.h"
 #include "files/RecuperoFormato.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "platform/Automation.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
+#include "shell/Modificato.h"
 
 namespace tessaro {
 
@@ -103,6 +104,7 @@ void apri(const DisegnoRecuperato& d) {
     RifaiMenuColori();
     AggiornaBarre();
     DrawPallette();
+    SegnaDiverso();
     NewDis = 1;
     InvalFinestra();
 }
@@ -165,7 +167,7 @@ void OffriRecupero() {
 
 namespace {
 const VoceStato righe[] = {
-    {"recupero", VoceStato::speciale, nullptr, 0, FineRecupero, nullptr},
+    {"recupero", FineRecupero},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -5,9 +5,12 @@
 #include <vector>
 
 #include "../display/Scena.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "support/Passi.h"
@@ -136,8 +139,8 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
     CreateMenus();
     const ConGiornale g;
     AggiornaVociAnnulla();
-    EXPECT_EQ(GetMenuItemText(3, voceAnnulla), GetIndString(128, 6));
-    EXPECT_FALSE(IsMenuItemEnabled(3, voceRipeti));
+    EXPECT_EQ(GetMenuItemText(3, voci::modifica::annulla), GetIndString(128, 6));
+    EXPECT_FALSE(IsMenuItemEnabled(3, voci::modifica::ripeti));
     struct Caso {
         std::int32_t tipo;
         std::int16_t stringa;
@@ -152,11 +155,11 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
         segmento(1, 2, 11, 12);
         PoniAnnulla(c.tipo);
         finePasso();
-        EXPECT_EQ(GetMenuItemText(3, voceAnnulla), GetIndString(128, c.stringa)) << c.tipo;
+        EXPECT_EQ(GetMenuItemText(3, voci::modifica::annulla), GetIndString(128, c.stringa)) << c.tipo;
         EXPECT_EQ(annullamento, c.tipo);
         annulla();
-        EXPECT_EQ(GetMenuItemText(3, voceRipeti), GetIndString(9170, c.stringa)) << c.tipo;
-        EXPECT_TRUE(IsMenuItemEnabled(3, voceRipeti));
+        EXPECT_EQ(GetMenuItemText(3, voci::modifica::ripeti), GetIndString(9170, c.stringa)) << c.tipo;
+        EXPECT_TRUE(IsMenuItemEnabled(3, voci::modifica::ripeti));
         ripeti();
     }
     segmento(1, 2, 11, 12);
@@ -164,5 +167,5 @@ TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
     nome.comando = "Bring to Front";
     ChiudiPasso(nome);
     AggiornaVociAnnulla();
-    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voceAnnulla)), "Undo “Bring to Front”");
+    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voci::modifica::annulla)), "Undo “Bring to Front”");
 }

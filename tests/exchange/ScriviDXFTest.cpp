@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include "exchange/ScriviDXF.h"
+#include "model/Carattere.h"
+#include "model/Unita.h"
 
 using namespace prova;
 

@@ -2,9 +2,12 @@
 #include "files/Disco.h"
 
 #include "editing/SceltaColori.h"
+#include "files/Blocchi.h"
 #include "files/Impostazioni.h"
 #include "files/ParamGraf.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "platform/Automation.h"
 #include "support/Avvisi.h"
 

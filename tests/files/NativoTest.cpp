@@ -5,11 +5,15 @@
 #include <limits>
 
 #include "digitising/Attacchi.h"
+#include "files/Blocchi.h"
 #include "model/Annulla.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "support/Avvisi.h"
 

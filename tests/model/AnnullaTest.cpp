@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "model/Strumento.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;

@@ -6,7 +6,7 @@
 #include "platform/Automation.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
