@@ -33,6 +33,7 @@ namespace {
 constexpr std::int16_t avvisoMemoria = 128;
 constexpr std::int32_t riservati = 2;   // records 1 and 2 of every drawing
 constexpr std::int16_t angoloNonDetto = 100;
+constexpr std::int16_t primaNuova = 5;   // the first version of the present record
 constexpr std::size_t posizioneConto = 76;
 
 struct Intestazione {
@@ -202,7 +203,7 @@ enum class Sorte : std::uint8_t { entrato, scartato, fine };
 Sorte completa(Lettura& l, Risanamento& r, std::int32_t n) {
     elemento& e = Elem(n);
     if (e.tipo == tPict && !leggiPict(l, n)) return Sorte::fine;
-    if (!r.accetta(e)) {
+    if (!r.accetta(e, l.testa.versione >= primaNuova)) {
         if (e.tipo == tPict) KillPicture(e.pict.maniglia);
         return Sorte::scartato;
     }

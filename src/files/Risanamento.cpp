@@ -6,6 +6,7 @@
 #include <cstring>
 #include <limits>
 
+#include "files/Migrazione.h"
 #include "model/Archivio.h"
 
 namespace tessaro {
@@ -72,7 +73,6 @@ bool poni(Campo& campo, std::int16_t v) {
 bool risanaTesta(elemento& e) {
     constexpr std::int16_t ultimoLucido = 99, ultimaLinea = 9, ultimaClasse = 255;
     constexpr std::uint8_t maxAref = 13;
-    e.selezionato = 0;
     bool mutato = poni(e.lucido, entro(e.lucido, 0, ultimoLucido, 0));
     if (e.tipo == tTesto) return mutato;
     auto& t = e.testa;
@@ -80,14 +80,14 @@ bool risanaTesta(elemento& e) {
     mutato = poni(t.categoria, entro(t.categoria, 1, ultimaClasse, 1)) || mutato;
     mutato = poni(t.insieme, entro(t.insieme, 1, ultimaClasse, 1)) || mutato;
     Aref aref = t.aref;
-    if (aref[0] <= maxAref) return mutato;
+    if (aref[0] <= maxAref || aref == ArefVecchio) return mutato;   // the old forms' own is no damage
     t.aref = Aref{};
     return true;
 }
 
 }   // namespace
 
-bool Risanamento::accetta(elemento& e) {
+bool Risanamento::accetta(elemento& e, bool testaAnche) {
     const bool orfano = e.tipo == tVertice && testaFuori;
     if (e.tipo != tVertice) testaFuori = false;
     if (orfano || !tipoNoto(e.tipo) || !puntiFiniti(e)) {
@@ -95,7 +95,8 @@ bool Risanamento::accetta(elemento& e) {
         ++fuori;
         return false;
     }
-    if (risanaTesta(e)) ++quanti;
+    e.selezionato = 0;
+    if (testaAnche && risanaTesta(e)) ++quanti;
     if (e.tipo == tPoligono && !finiti(e.poli.passoTratt, e.poli.angoloTratt)) {
         e.poli.passoTratt = e.poli.angoloTratt = 0;
         e.poli.tratteggio = 0;

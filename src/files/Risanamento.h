@@ -12,8 +12,9 @@ class Risanamento {
 public:
     explicit Risanamento(std::int32_t prima) : primo(prima) {}
     // Is it a record at all? False for a type that is none, a coordinate that is not finite, and a vertex whose head is
-    // out: it stays out, and is counted. Fields of the record's head that are out of range take what the old forms' take.
-    [[nodiscard]] bool accetta(elemento& e);
+    // out: it stays out, and is counted. Fields that are out of range take what the old forms' take.
+    // `testaAnche`: those of the record's head too; old forms bring theirs in order.
+    [[nodiscard]] bool accetta(elemento& e, bool testaAnche = true);
     // Each record that was accepted once, by rising number, before the next is looked at.
     void passa(std::int32_t n, elemento& e) {
         if (e.tipo == tVertice)

@@ -5,13 +5,18 @@
 #include <span>
 
 #include "model/Archivio.h"
-#include "model/Colori.h"
+#include "model/Carattere.h"
+#include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
+#include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
-#include "model/Unita.h"
 #include "platform/Titolo.h"
 #include "registration/attaccoDinamico.h"
 
@@ -114,7 +119,7 @@ void MostraDiverso() {
 
 namespace {
 const VoceStato righe[] = {
-    {"sempreDiverso", [] { sempreDiverso = false; }},
+    {"sempreDiverso", [] { sempreDiverso = false; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -108,7 +108,7 @@ TEST_F(Impostazioni, GraphicsParametersAreSavedByteForByteAndComeBack) {
     EXPECT_EQ(rappvid, 0.025);
 }
 
-TEST_F(Impostazioni, MissingOrShortGraphicsParametersTakeTheirDefaultsInSilence) {
+TEST_F(Impostazioni, MissingGraphicsParametersTakeTheirDefaultsInSilenceAndShortOnesSaySo) {
     Byte corto;
     corto.i16(13).u8(1).u8(0).u8(0).u8(0).f64(100).f64(77).f64(0).f64(80).i16(8000);
     for (const bool manca : {true, false}) {
@@ -120,7 +120,7 @@ TEST_F(Impostazioni, MissingOrShortGraphicsParametersTakeTheirDefaultsInSilence)
         LargTav = AltTav = 1;
         if (!manca) metti(impostazione("PGraf56"), corto);
         avvia();
-        EXPECT_TRUE(avvisi.empty());
+        EXPECT_EQ(avvisi.empty(), manca);
         EXPECT_EQ(ItemUnit, 18);
         EXPECT_EQ(UnitaMCorrente, 6);
         EXPECT_EQ(tipoAngolo, 1);

@@ -167,7 +167,7 @@ TEST(Nativo, WhatIsWrittenComesBack) {
     comeIBlocchi();
     OKAttacco5 = 1;
     xAttacco5 = 5;
-    segmento(1, 2, 3, std::numeric_limits<double>::quiet_NaN());
+    segmento(1, 2, 3, -1e300);
     const auto testaPoli = polilinea({{1, 2}, {3, 4}, {5, 6}});
     testo(5, 6, "Caff\x8E", 33);
     arco(1, 2, 3, 4, 5);

@@ -141,14 +141,12 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
     }
 }
 
-TEST_F(Aperto, RequestsThatAreNotBuiltBeepAndChangeNothing) {
-    for (const std::int16_t item : std::initializer_list<std::int16_t>{42, 43, 46}) {
-        PoniAnnulla(aElemento);
-        theItem = item;
-        archivia();
-        EXPECT_EQ(annullamento, aElemento) << item;
-    }
-    EXPECT_EQ(prova::suoni, 3);
+TEST_F(Aperto, ARequestThatIsNotBuiltBeepsAndChangesNothing) {
+    PoniAnnulla(aElemento);
+    theItem = 46;
+    archivia();
+    EXPECT_EQ(annullamento, aElemento);
+    EXPECT_EQ(prova::suoni, 1);
     EXPECT_EQ(indElem, 3);
 }
 

@@ -12,7 +12,7 @@
 #include "model/Colori.h"
 #include "model/Penna.h"
 #include "platform/Menus.h"
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
 #include "platform/Quickdraw.h"
