@@ -144,11 +144,7 @@ struct VoceModifica {
     void (*azione)();
 };
 constexpr VoceModifica modifiche[] = {
-    {voci::modifica::annulla, true,
-     [] {
-         AnnullaUltima();
-         RistabilisciSelezione();   // what is gone is no longer selected
-     }},
+    {voci::modifica::annulla, true, AnnullaUltima},
     {voci::modifica::taglia, true, taglia},
     {voci::modifica::copia, true, [] { PutPicScrap(); }},
     {voci::modifica::incolla, true, IncollaPict},

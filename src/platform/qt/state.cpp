@@ -15,7 +15,6 @@
 #include "platform/Automation.h"
 #include "platform/Files.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
 
 namespace tessaro {
 
