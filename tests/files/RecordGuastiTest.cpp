@@ -1,4 +1,5 @@
 // Records and measures of a file that cannot be what they say: what comes in, what stays out, and what is told.
+#include <cmath>
 #include <limits>
 
 #include "files/Disco.h"
@@ -17,7 +18,7 @@ using namespace prova;
 
 namespace {
 
-constexpr double infinito = std::numeric_limits<double>::infinity(), nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinito = std::numeric_limits<double>::infinity(), nessuno = std::numeric_limits<double>::quiet_NaN();
 
 std::string detto() { return avvisi.empty() ? std::string() : avvisi.back().testo; }
 
@@ -36,9 +37,9 @@ TEST(RecordGuasti, ATypeThatIsNoneAndAPlaceThatIsNoNumberStayOutAndAreCounted) {
     };
     const Caso casi[] = {
         {{rSegmento(1, 2, 3, 4), record(3), rSegmento(5, 6, 7, 8)}, 2, 1},
-        {{rSegmento(1, nan, 3, 4), record(200), rSegmento(5, 6, infinito, 8)}, 0, 3},
+        {{rSegmento(1, nessuno, 3, 4), record(200), rSegmento(5, 6, infinito, 8)}, 0, 3},
         {{rTesta(1, 1, 2), rVertice(2, 2, 1), rVertice(3, -infinito, 2), rSegmento(1, 2, 3, 4)}, 3, 1},
-        {{rTesta(nan, 1, 2), rVertice(2, 2, 1), rVertice(3, 3, 2), rSegmento(1, 2, 3, 4)}, 1, 3},
+        {{rTesta(nessuno, 1, 2), rVertice(2, 2, 1), rVertice(3, 3, 2), rSegmento(1, 2, 3, 4)}, 1, 3},
     };
     for (const Caso& c : casi) {
         apri(c.elementi);
@@ -74,7 +75,7 @@ TEST(RecordGuasti, AScaleOrUnitThatIsNothingKeepsThePresentOne) {
     Blocchi blocchi;
     apri({rSegmento(1, 2, 3, 4)}, blocchi);
     const double scala = Scaladis, unita = decimiUnita;
-    for (const double v : {0.0, -5.0, infinito, nan}) {
+    for (const double v : {0.0, -5.0, infinito, nessuno}) {
         blocchi.scala = blocchi.decimi = v;
         apri({rSegmento(1, 2, 3, 4)}, blocchi);
         EXPECT_EQ(Scaladis, scala);

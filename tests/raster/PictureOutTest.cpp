@@ -11,10 +11,17 @@
 
 #include <gtest/gtest.h>
 
+#include "display/Disegno.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Images.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
@@ -45,7 +52,7 @@ protected:
         const FSSpec file = FSMakeFSSpec((cartella / nome).string());
         std::int16_t ref = 0;
         if (FSpOpenReplacing(file, 0, 0, ref) != noErr) return {};
-        theItem = 43;
+        theItem = rPictSel;
         const bool bene = SuffissoImmagine(file) ? PutImageFile(ref, file) : PutPictFile(ref);
         if (!bene) {
             FSAbandon(ref);

@@ -143,7 +143,8 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
 
 TEST_F(Aperto, ARequestThatIsNotBuiltBeepsAndChangesNothing) {
     PoniAnnulla(aElemento);
-    theItem = 46;
+    constexpr std::int16_t diNessuno = 46;
+    theItem = diNessuno;
     archivia();
     EXPECT_EQ(annullamento, aElemento);
     EXPECT_EQ(prova::suoni, 1);
