@@ -16,6 +16,7 @@
 #include "editing/Sposta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
+#include "model/Giornale.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
@@ -38,7 +39,6 @@ void disegno(std::int32_t quanti) {
     AggiornaTolleranze();
     SetPort(&porta);
     ClipRect(Rect{});   // nothing is drawn: these measure the editing alone
-    ripetiSpostamento = SpostaSelezione;
     std::mt19937 caso(11);
     std::uniform_real_distribution<double> px(0, 1600), py(0, 1000), passo(-20, 20), raggio(3, 10);
     std::uniform_int_distribution<int> cento(0, 99);
@@ -145,18 +145,22 @@ void annullaCancellazione(benchmark::State& state) {
         indElem = modificati;
         annullamento = aNiente;
         NessunaSelezione();
+        GiornaleNuovo();
         SelezionaTutto();
         CancellaSelezione();
+        ChiudiPasso({});
     };
-    confronta(state, 4, pronto, AnnullaUltima);
+    confronta(state, 8, pronto, AnnullaUltima);
 }
 void annullaSpostamento(benchmark::State& state) {
     disegno(modificati);
     SelezionaTutto();
     XDeltaSpost = 1;
+    GiornaleNuovo();
     SpostaSelezione();
+    ChiudiPasso({});
     confronta(
-        state, 4, [] {}, AnnullaUltima);
+        state, 8, [] { RipetiUltima(); }, AnnullaUltima);
 }
 
 }   // namespace

@@ -57,10 +57,6 @@ void cambiaCampo(f16* (*campoDi)(elemento&), std::int16_t valore) {
     const auto cambia = [&](std::int32_t n) {
         f16* campo = campoDi(Elem(n));
         if (campo == nullptr) return false;
-        if (!Puntosel.multipla) {
-            recuperaElemento = Elem(n);
-            daRecuperare = n;
-        }
         *campo = valore;
         return true;
     };

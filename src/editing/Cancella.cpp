@@ -1,5 +1,5 @@
-// Deleting the selection and changing its place in the drawing order. What is taken out is copied behind the live end,
-// the rest closes up, and the copies come to stand behind it: a stable parting of the array, by runs of records.
+// Deleting the selection and changing its place in the drawing order, by runs of records: the rest closes up. For a new
+// place what is taken out is first copied behind the live end, and the copies come to stand behind the rest.
 #include "editing/Cancella.h"
 
 #include <algorithm>
@@ -92,9 +92,8 @@ void chiudi(const Tratti& tratti) {
 }
 
 // Takes the runs out of the array: the rest comes first, behind it, when all could be kept, the runs in their order.
-// False when the room did not suffice; indElem is left alone. `perduti` is told of the runs before they go for good.
-template <class Perduti>
-bool separa(const Tratti& tratti, Perduti perduti) {
+// False when the room did not suffice; indElem is left alone.
+bool separa(const Tratti& tratti) {
     const std::int32_t tolti = somma(tratti);
     if (!Puntosel.multipla && tolti == 1) {   // turned round in place, even in a full store
         const elemento tolto = Elem(tratti.front().da);
@@ -103,7 +102,6 @@ bool separa(const Tratti& tratti, Perduti perduti) {
         return true;
     }
     const bool tutti = parcheggia(tratti) == tolti;
-    if (!tutti) perduti(tratti);
     chiudi(tratti);
     if (tutti) CopiaRecord(indElem - tolti + 1, indElem + 1, tolti);
     return tutti;
@@ -131,18 +129,17 @@ void rilasciaImmagini(const Tratti& tratti) {
 void CancellaSelezione() {
     if (Puntosel.attiva) FineFigura();
     PoniAnnulla(aNiente);
-    AnnullaIndElem = indElem;
     if (!Puntosel.attiva) return;
     const Tratti tratti = trattiSelezionati();
-    const bool tornabile = !tratti.empty() && separa(tratti, rilasciaImmagini);
-    indElem -= somma(tratti);
+    if (!tratti.empty()) {
+        rilasciaImmagini(tratti);
+        chiudi(tratti);
+        indElem -= somma(tratti);
+        PoniAnnulla(aCancella);
+    }
     selezionePrec = 0;
     AzzeraPuntosel();
     AzzeraRettSel();
-    if (tornabile) {
-        annullamento = aCancella;
-        TestoAnnulla(1);
-    }
     InvalFinestra();
 }
 
@@ -156,7 +153,7 @@ void AvantiEIndietroSelezione(bool avanti) {
         SysBeep(30);
         return;
     }
-    const bool inFondo = !tratti.empty() && separa(tratti, [](const Tratti&) {});
+    const bool inFondo = !tratti.empty() && separa(tratti);
     if (inFondo && !avanti) std::rotate(&Elem(3), &Elem(indElem - tolti + 1), &Elem(indElem) + 1);
     for (std::int32_t i = 3; i <= indElem; ++i) Elem(i).selezionato = 0;
     selezionePrec = 0;

@@ -5,10 +5,9 @@
 
 namespace tessaro {
 
-// Takes the selection out. The records stay parked behind indElem, in their old order up to AnnullaIndElem, where the
-// undo finds them; without room for that they are gone for good and annullamento stays 0.
+// Takes the selection out; the rest closes up.
 void CancellaSelezione();
-// The selection goes to the end of the drawing order (avanti) or to its beginning; no undo.
+// The selection goes to the end of the drawing order (avanti) or to its beginning.
 void AvantiEIndietroSelezione(bool avanti);
 
 }   // namespace tessaro

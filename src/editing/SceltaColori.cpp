@@ -30,17 +30,13 @@ constexpr std::int16_t coloriFissi = 7;   // the first ones cannot be deleted
 constexpr std::int16_t nomeLungo = -5;
 constexpr std::int16_t avvisoFissi = 3014, avvisoCancella = 3003, bottoneCancella = 2;
 
-// A colour goes: `cambia` turns the number of everything that holds one. Parked records and the copy of an undo are
-// part of the drawing that comes back.
+// A colour goes: `cambia` turns the number of everything that holds one.
 template <class Cambia>
 void rinumera(Cambia cambia) {
     const auto uno = [&](elemento& e) {
         if (f16* c = ColoreDi(e); c != nullptr) *c = cambia(std::int16_t{*c});
     };
-    const std::int32_t ultimo =
-        annullamento == aCancella ? std::min(std::max(AnnullaIndElem, indElem), maxElementi) : indElem;
-    for (std::int32_t n = 3; n <= ultimo; ++n) uno(Elem(n));
-    uno(recuperaElemento);
+    for (std::int32_t n = 3; n <= indElem; ++n) uno(Elem(n));
 }
 
 class TSceltaColori : public TParametri {

@@ -77,7 +77,6 @@ bool spostamentoFinito() {
 void SpostaMesh() {
     const bool origine = Puntosel.oggetto == oMeshOrigine;
     Mesh& m = origine ? meshOrigine : meshDestinazione;
-    (origine ? undoMeshOrigine : undoMeshDestinazione) = m;
     spostaNodi(m);
     PoniAnnulla(origine ? aMeshOrigine : aMeshDestinazione);
 }

@@ -24,13 +24,6 @@ bool vicino(const puntot& p, double x, double y) {
 
 bool doppioClick(const EventRecord& e) { return e.when - Tempo < GetDblTime(); }
 
-// The copy that the undo of a change brings back.
-void conserva(std::int32_t n) {
-    recuperaElemento = Elem(n);
-    daRecuperare = n;
-    PoniAnnulla(aNiente);
-}
-
 // A field is no reference: the edit works on locals, which come back to the record.
 template <class Modifica>
 void conCampi(f64& fx, f64& fy, f64& fz, Modifica modifica) {
@@ -46,7 +39,7 @@ void conCampi(f64& fx, f64& fy, f64& fz, Modifica modifica) {
 bool muoviMarker(const EventRecord& event, const puntot& p) {
     auto& m = Elem(Puntosel.indice).mark;
     if (!vicino(p, m.x, m.y)) return false;
-    conserva(Puntosel.indice);
+    PoniAnnulla(aNiente);
     conCampi(m.x, m.y, m.z, [&](double& x, double& y, double& z) {
         if (ModificaC(event, x, y, z)) InvalWind();
     });
@@ -59,7 +52,7 @@ bool muoviSegmento(const EventRecord& event, const puntot& p) {
     auto& s = Elem(Puntosel.indice).segm;
     const bool primo = vicino(p, s.x1, s.y1);
     if (!primo && !vicino(p, s.x2, s.y2)) return false;
-    conserva(Puntosel.indice);
+    PoniAnnulla(aNiente);
     const auto modifica = [&](f64& fx, f64& fy, f64& fz, double fissoX, double fissoY) {
         conCampi(fx, fy, fz, [&](double& x, double& y, double& z) {
             if (ModificaC(event, x, y, z)) return;
@@ -96,7 +89,7 @@ void figuraCorrenteScala(std::int32_t testa, std::int32_t passo) {
 }
 
 void togliVertice(std::int32_t testa, std::int32_t n) {
-    PoniAnnulla(aNiente);   // Kept: no undo. First, while it still finds parked records behind indElem
+    PoniAnnulla(aNiente);
     if (n == testa) copiaPunto(testa, testa + 1);
     const std::int32_t via = n == testa ? testa + 1 : n;
     CopiaRecord(via, via + 1, indElem - via);
@@ -123,7 +116,7 @@ void inserisciVertice(std::int32_t testa, std::int32_t n) {
 }
 
 void trascinaVertice(const EventRecord& event, std::int32_t testa, std::int32_t n) {
-    conserva(n);
+    PoniAnnulla(aNiente);
     auto& v = Elem(n).poli;
     conCampi(v.x, v.y, v.z, [&](double& x, double& y, double& z) {
         if (ModificaC(event, x, y, z)) return;
@@ -166,7 +159,6 @@ bool muoviPolilinea(const EventRecord& event, const puntot& p) {
 
 bool modificaCurva(const EventRecord& event, bool colpita, bool cerchio) {
     if (!colpita || !doppioClick(event)) return colpita;
-    conserva(Puntosel.indice);
     PoniAnnulla(aElemento);
     ModificaCurva(Puntosel.indice, cerchio);
     return true;

@@ -15,6 +15,7 @@
 #include "model/Mesh.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
+#include "model/VociDocumento.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
@@ -211,6 +212,11 @@ const VoceStato righe[] = {
     voce<DataUltima>("DataUltima"),
 };
 const TabellaStato tabella(righe);
+}   // namespace
+
+namespace {
+const VoceDocumento delGiornale[] = {VoceDi("DataUltima", VoceDocumento::documento, DataUltima)};
+const VociDocumento tabellaGiornale(delGiornale);
 }   // namespace
 
 }   // namespace tessaro

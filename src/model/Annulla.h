@@ -1,37 +1,33 @@
-// One level of undo. The last operation decides the kind; each kind has its own trick instead of a journal.
+// The kinds of undo: what a command arms names the menu item and tells what the step that ends behind it was. The steps
+// themselves are the journal's (model/Giornale.h).
 #pragma once
 
 #include <cstdint>
-
-#include "model/Elemento.h"
 
 namespace tessaro {
 
 enum TipoAnnulla : std::int32_t {
     aNiente = 0,
-    aCancella = 1,   // records parked from indElem + 1 to AnnullaIndElem
+    aCancella = 1,   // records were deleted
     aSposta = 5,     // the selection was moved
-    aAggiunta = 6,   // records from inizioAggiunta + 1 to indElem
-    aElemento = 7,   // record daRecuperare against recuperaElemento
+    aAggiunta = 6,   // records were added
+    aElemento = 7,   // one record was changed
     aMeshOrigine = 8,
     aMeshDestinazione = 9,
-    aScalaPict = 10,   // one way
+    aScalaPict = 10,
 };
 
-extern std::int32_t annullamento;               // TipoAnnulla
-extern std::int32_t AnnullaIndElem;             // top of the parked records
+// TipoAnnulla: what the running command has armed; at rest the kind of the step that Undo takes back, 0 when there is none
+// or its command arms no kind.
+extern std::int32_t annullamento;
 extern std::int32_t inizioAggiunta;             // indElem before an addition
-extern elemento recuperaElemento;               // saved copy of one record
-extern std::int32_t daRecuperare;               // its number, 0 when there is none
-extern std::int32_t numElementoScalato;         // the scaled picture's record
-extern double scalaImmagineX, scalaImmagineY;   // its factors, 1
+extern std::int32_t numElementoScalato;         // the picture scaled last
+extern double scalaImmagineX, scalaImmagineY;   // factors of the last scaling of a picture, 1
 
-void PoniAnnulla(std::int32_t kind);       // arms an undo: gives parked pictures up, sets Edit item 1's text
-void TestoAnnulla(std::int16_t stringa);   // Edit item 1's text := string of list 128
+void PoniAnnulla(std::int32_t kind);   // arms a kind; a move's deltas become those of the way back
+std::int32_t TipoArmato();             // the kind armed last since the last call, aNiente when none was
 
-// The kind's own action, first half of the undo command. True when the drawing changed and is to be redrawn.
-// Kind 5 calls ripetiSpostamento.
-bool EseguiAnnulla();
-extern void (*ripetiSpostamento)();   // SpostaSelezione; set by editing at start
+// Edit's first item for a kind: string of list 128.
+std::int16_t StringaAnnulla(std::int32_t kind);
 
 }   // namespace tessaro

@@ -51,8 +51,10 @@ void CopiaRecord(std::int32_t to, std::int32_t from, std::int32_t count);
 using PicHandle = std::int32_t;
 PicHandle NewPict(std::string bytes);
 const std::string& PictBytes(PicHandle h);   // empty for 0 or a number given up
-void KillPicture(PicHandle h);               // gives it up; 0 and unknown numbers are ignored
-std::int64_t PictMemory();                   // bytes held by all of them
+// Gives it up; 0 and unknown numbers are ignored. While the journal can bring it back its data stay.
+void KillPicture(PicHandle h);
+extern bool (*pictTrattenuta)(PicHandle h);   // set by the journal: does it name this picture?
+std::int64_t PictMemory();                    // bytes held by all of them
 // Told when a picture is given up or the store is emptied, so that decoded copies can go too. One listener.
 extern void (*pictDimenticata)(PicHandle h);
 

@@ -8,6 +8,7 @@
 namespace tessaro {
 
 void (*pictDimenticata)(PicHandle) = nullptr;
+bool (*pictTrattenuta)(PicHandle) = nullptr;
 
 namespace {
 
@@ -21,9 +22,16 @@ Deposito& deposito() {
     return d;
 }
 
+void cancella(Deposito& d, std::unordered_map<PicHandle, std::string>::iterator i) {
+    const PicHandle h = i->first;
+    d.byte -= static_cast<std::int64_t>(i->second.size());
+    d.dati.erase(i);
+    if (pictDimenticata) pictDimenticata(h);
+}
+
 void svuota() {
     Deposito& d = deposito();
-    while (!d.dati.empty()) KillPicture(d.dati.begin()->first);
+    while (!d.dati.empty()) cancella(d, d.dati.begin());
     d.ultimo = 0;
 }
 
@@ -52,10 +60,8 @@ const std::string& PictBytes(PicHandle h) {
 void KillPicture(PicHandle h) {
     Deposito& d = deposito();
     const auto i = d.dati.find(h);
-    if (i == d.dati.end()) return;
-    d.byte -= static_cast<std::int64_t>(i->second.size());
-    d.dati.erase(i);
-    if (pictDimenticata) pictDimenticata(h);
+    if (i == d.dati.end() || (pictTrattenuta && pictTrattenuta(h))) return;
+    cancella(d, i);
 }
 
 std::int64_t PictMemory() { return deposito().byte; }

@@ -75,6 +75,7 @@ enum : std::int16_t {
     suLucido = 16,
     scalaImmagine = 17,
     immagineDaSelezione = 18,
+    ripeti = 19,
 };
 }
 namespace disegna {

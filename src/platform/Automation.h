@@ -25,8 +25,8 @@ struct Avvio {
 void StartToolbox(int& argc, char** argv, const Avvio& avvio);   // once, before Initialize
 void StopToolbox();
 const Avvio& AvvioInForza();
-// Called on SIGTERM and SIGINT before the program leaves, and when the session ends: writes the recovery copy. Set by the
-// files; null while there is nothing to write.
+// Called on SIGTERM and SIGINT before the program leaves, and when the session ends: brings the recovery file down to the
+// disk. Set by the shell.
 extern void (*salvaRecupero)();
 std::string AppFolder();   // where the executable stands
 

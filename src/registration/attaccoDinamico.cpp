@@ -11,6 +11,7 @@
 #include "display/Zoom.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
+#include "model/VociDocumento.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
@@ -261,5 +262,26 @@ const VoceStato righe[] = {
 const TabellaStato tabella(righe);
 
 }   // namespace
+
+// What the journal keeps of it. What a preparation works out comes along with what it is worked out from.
+struct VociAttacco {
+    using V = VoceDocumento;
+    inline static ActiveAttach& a = attaccoAttivo;
+    inline static const VoceDocumento voci[] = {
+        VoceDi("attacco.tipo", V::documento, a.tipo),
+        VoceDi("attacco.xAtt", V::documento, a.xAtt),
+        VoceDi("attacco.yAtt", V::documento, a.yAtt),
+        VoceDi("attacco.opzione", V::documento, a.opzione),
+        VoceDi("attacco.modificato", V::documento, a.modificato),
+        VoceDi("attacco.radioTipo", V::documento, a.radioTipo),
+        VoceDi("attacco.rotazione", V::derivata, a.rotazione),
+        VoceDi("attacco.transf", V::derivata, a.transf),
+        VoceDi("attacco.lavoro", V::derivata, a.lavoro),
+        VoceDi("attacco.coef", V::derivata, a.coef),
+        VoceDi("attacco.fuga", V::derivata, a.fuga),
+        VoceDi("attacco.preparato", V::derivata, a.preparato),
+    };
+    inline static const VociDocumento tabella{voci};
+};
 
 }   // namespace tessaro

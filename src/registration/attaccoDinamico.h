@@ -66,6 +66,7 @@ public:
     std::int16_t radioTipo = 28;   // tipo + 27
 
 private:
+    friend struct VociAttacco;   // the rows that the journal keeps of it
     void similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2);
     void trasformaTesto(elemento& e);
     void Riprendi() override;

@@ -21,6 +21,7 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Figura.h"
+#include "model/Giornale.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Voci.h"
@@ -30,6 +31,7 @@
 #include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
+#include "shell/Recupero.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -209,7 +211,10 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::niente: break;
     }
     if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
-    if (uscita || !r.delDocumento) return;
+    if (!r.delDocumento) return;
+    if (r.opera == Opera::leggi) GiornaleNuovo();   // even of one that was not read whole
+    if (!uscita) RicominciaRecupero();
+    if (uscita) return;
     if (!scrive && !lettoIntero) {   // a save must not put what is left over the file that has more
         SegnaDiverso();
         return;

@@ -144,11 +144,7 @@ struct VoceModifica {
     void (*azione)();
 };
 constexpr VoceModifica modifiche[] = {
-    {voci::modifica::annulla, true,
-     [] {
-         AnnullaUltima();
-         RistabilisciSelezione();   // what is gone is no longer selected
-     }},
+    {voci::modifica::annulla, true, AnnullaUltima},
     {voci::modifica::taglia, true, taglia},
     {voci::modifica::copia, true, [] { PutPicScrap(); }},
     {voci::modifica::incolla, true, IncollaPict},
@@ -163,6 +159,7 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::suLucido, true, [] { PoniLucido(); }},
     {voci::modifica::scalaImmagine, true, ScalaImmagine},
     {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
+    {voci::modifica::ripeti, true, RipetiUltima},
 };
 
 }   // namespace

@@ -20,7 +20,9 @@
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
+#include "shell/Passi.h"
 #include "shell/Rapporto.h"
+#include "shell/Recupero.h"
 #include "shell/Trascinamento.h"
 
 namespace tessaro {
@@ -106,12 +108,6 @@ void riposo(bool campione) {
     if (!campione && Modalita != mSelezione && Modalita != mSpostamento) tabButton = bNessuno;
 }
 
-// Repaints and scrolling leave the drawing as it is: they need no look at it.
-bool puoCambiare(EventKind what) {
-    return what != EventKind::updateEvt && what != EventKind::scroll && what != EventKind::wheel
-           && what != EventKind::activateEvt && what != EventKind::osEvt && what != EventKind::mouseUp;
-}
-
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
@@ -153,14 +149,21 @@ void consuma(EventRecord& e) {
 
 }   // namespace
 
+namespace {
+constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
+}   // namespace
+
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
-    if (WaitNextEvent(e, sonno)) {
-        consuma(e);
-        if (puoCambiare(e.what)) MostraDiverso();
-    }
+    const bool qualcosa = WaitNextEvent(e, sonno);
+    if (qualcosa) consuma(e);
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
+    if (campione || PuoCambiare(e.what)) {
+        FinePasso(e);
+        MostraDiverso();
+    }
+    RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
     if (noWindow) {
@@ -168,6 +171,7 @@ void CheckEvents() {
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);

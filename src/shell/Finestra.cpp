@@ -14,6 +14,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Giornale.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
 #include "model/Registrazione.h"
@@ -23,7 +24,6 @@
 #include "model/Unita.h"
 #include "model/Vista.h"
 #include "model/Voci.h"
-#include "platform/Automation.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -155,9 +155,11 @@ void mostra() {
     inizializzaMainToolbar();
 }
 
-// What a drawing takes with it; the pictures of what an undo had parked are gone by then.
+// What a drawing takes with it.
 void chiudiDisegno() {
     PoniAnnulla(aNiente);
+    ChiudiPasso({});   // a picture that the last command gave up is a step's until now
+    GiornaleFine();
     for (std::int32_t n = 3; n <= indElem; ++n)
         if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
     DisposeWindow(theWindow);
@@ -165,7 +167,7 @@ void chiudiDisegno() {
     VScroll = HScroll = panel = nullptr;
     bottoneToolbar = {};
     noWindow = 1;
-    salvaRecupero = nullptr;
+    FineRecupero();
     AzzeraArchivio();
     indElem = 1;
     senzaAttacchi();
@@ -206,7 +208,8 @@ void SetUpWindow() {
     Croce();
     AbilitaMenu(true);
     SegnaSalvato();
-    salvaRecupero = ScriviRecupero;
+    GiornaleNuovo();
+    RicominciaRecupero();
 }
 
 std::uint8_t TuttoChiuso() {

@@ -43,6 +43,7 @@
 #include "script/Copione.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
+#include "shell/ImpostazioniGiornale.h"
 #include "shell/Recupero.h"
 
 namespace tessaro {
@@ -137,9 +138,10 @@ void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
     apriDisegno = SetUpWindow;
-    ripetiSpostamento = SpostaSelezione;
+    PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
+    LeggiParGiornale();
     allocaArchivio();
     predisponiMenu();
     predisponiTesto();
@@ -188,10 +190,11 @@ void cicloPrincipale(const Opzioni& opzioni) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-    if (!opzioni.avvio.script) OffriRecupero();
+    OffriRecupero();
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
     while (!fine) CheckEvents();
+    FineRecupero();
     FineDWG();
 }
 

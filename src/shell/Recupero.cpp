@@ -1,94 +1,175 @@
-// The recovery copy lies among the settings, with the drawing's name in a file beside it.
+// One recovery file at a time, begun at a drawing's first step (of a large one when it is opened, so that no keystroke
+// waits for it). Its lock tells a program that lives from one that died.
 #include "shell/Recupero.h"
 
+#include <array>
+#include <ctime>
 #include <string>
 
-#include "files/Nativo.h"
-#include "files/Richieste.h"
+#include "display/palette.h"
+#include "display/Zoom.h"
+#include "files/RecuperoFormato.h"
 #include "model/Archivio.h"
+#include "model/Colori.h"
 #include "model/Documento.h"
+#include "model/TabellaStato.h"
+#include "platform/Automation.h"
 #include "platform/Dialogs.h"
-#include "platform/Files.h"
+#include "platform/Events.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
 #include "shell/Modificato.h"
-#include "text/FileDati.h"
 
 namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t avvisoRecupero = 9103, rispondeApri = 1;
+constexpr std::int16_t avvisoRecupero = 9103, rispondeApri = 1, avvisoDisco = 9108;
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
+constexpr std::int32_t grande = 100000;      // records: from here on the file is begun at the opening
+constexpr std::uint32_t riprova = 30 * 60;   // ticks until a disk that refused is tried again
+const char* const suffisso = ".recovery";
 
-FSSpec copia() { return FSMakeFSSpecIn(SettingsFolder(), "recupero.ts3d"); }
-FSSpec nomeCopia() { return FSMakeFSSpecIn(SettingsFolder(), "recupero.name"); }
-
-bool apri(const FSSpec& file) { return FSpOpenReplacing(file, creatoreTSC3, tipoTS3D, RefNum) == noErr; }
-
-void chiudi() {
-    if (uscita)
-        FSAbandon(RefNum);
-    else
-        FSClose(RefNum);
+struct Corrente {
+    ScritturaRecupero scrittura;
+    bool guasto = false;   // the disk has refused: what is in the file stays, and no step is added behind a gap
+    bool detto = true;     // and the person knows
+    bool daScaricare = false;
+    std::uint32_t quando = 0;   // ticks of the last refusal
+};
+Corrente& stato() {
+    static Corrente s;
+    return s;
 }
 
-std::string leggiNome() {
-    std::int16_t ref = 0;
-    if (FSpOpenDF(nomeCopia(), fsRdPerm, ref) != noErr) return GetIndString(listaNomi, nomeSenzaTitolo);
-    std::string nome(255, '\0');
-    auto n = static_cast<std::int32_t>(nome.size());
-    FSRead(ref, n, nome.data());
-    FSClose(ref);
-    nome.resize(static_cast<std::size_t>(n));
-    return nome;
+std::int64_t adesso() { return static_cast<std::int64_t>(std::time(nullptr)); }
+
+std::string nomeFile() {
+    static std::int32_t numero = 0;
+    return StateFolder() + "/drawing-" + std::to_string(adesso()) + "-" + std::to_string(ProcessNumber()) + "-"
+           + std::to_string(++numero) + suffisso;
 }
 
-void scarta() {
-    FSpDelete(copia());
-    FSpDelete(nomeCopia());
+void rifiutato(Corrente& s) {
+    s.detto = s.detto && s.guasto;
+    s.guasto = true;
+    s.quando = TickCount();
+}
+
+// A new file with the drawing of the moment; one that lies there already goes only when it is written.
+void comincia(Corrente& s, bool diverso) {
+    ScritturaRecupero nuova;
+    nuova.file = StateCreate(nomeFile());
+    if (nuova.file == 0 || !ScriviInizio(nuova, NomeD.str(), adesso(), diverso)) {
+        StateClose(nuova.file, true);
+        rifiutato(s);
+        return;
+    }
+    StateClose(s.scrittura.file, true);
+    s.scrittura = std::move(nuova);
+    s.guasto = false;
+    s.daScaricare = true;
+}
+
+void passo(const Transizione& t) {
+    Corrente& s = stato();
+    if (s.guasto && TickCount() - s.quando < riprova) return;
+    if (s.scrittura.file == 0 || s.guasto) {
+        comincia(s, true);
+    } else if (ScriviPasso(s.scrittura, t, adesso())) {
+        s.daScaricare = true;
+    } else {
+        rifiutato(s);
+    }
+}
+
+std::string data(std::int64_t secondi) {
+    const auto t = static_cast<std::time_t>(secondi);
+    std::array<char, 32> testo{};
+    if (const std::tm* giorno = std::localtime(&t)) std::strftime(testo.data(), testo.size(), "%Y-%m-%d %H:%M", giorno);
+    return testo.data();
+}
+
+// The drawing has no file: its next save asks where to.
+void apri(const DisegnoRecuperato& d) {
+    SetUpWindow();
+    AccogliRecupero(d);
+    GiornaleNuovo();
+    NomeD = PStr255(std::string_view(d.nome));
+    comincia(stato(), true);
+    NomeD = PStr255(std::string_view(GetIndString(listaNomi, nomeSenzaTitolo)));
+    NomeLavoro = NomeD;
+    myFSS = FSSpec{};
+    SetWTitle(theWindow, NomeLavoro.view());
+    RifaiMenuColori();
+    AggiornaBarre();
+    DrawPallette();
+    SegnaDiverso();
+    NewDis = 1;
+    InvalFinestra();
 }
 
 }   // namespace
 
-void ScriviRecupero() {
-    if (noWindow || indElem <= 2) return;
-    // The signal may come while another file is in use.
-    const std::int16_t inUso = RefNum;
-    const std::uint8_t uscitaPrima = uscita;
-    uscita = 0;
-    if (apri(copia())) {
-        ScriviDisegno(versioneNativa);
-        chiudi();
+void FineRecupero() {
+    Corrente& s = stato();
+    StateClose(s.scrittura.file, true);
+    s = Corrente{};
+}
+
+void RicominciaRecupero() {
+    FineRecupero();
+    if (!noWindow && indElem > grande) comincia(stato(), false);
+}
+
+bool RecuperoDaScaricare() { return stato().daScaricare; }
+
+void RecuperoARiposo(bool fermo) {
+    Corrente& s = stato();
+    if (fermo && s.daScaricare) {
+        StateFlush(s.scrittura.file);
+        s.daScaricare = false;
     }
-    if (apri(nomeCopia())) {
-        writeDisco(NomeD);
-        chiudi();
-    }
-    RefNum = inUso;
-    uscita = uscitaPrima;
+    if (s.detto) return;
+    s.detto = true;
+    StopAlert(avvisoDisco);
+}
+
+void PreparaRecupero() {
+    dopoTransizione = passo;
+    salvaRecupero = [] { RecuperoARiposo(true); };
 }
 
 void OffriRecupero() {
-    FInfo info;
-    if (FSpGetFInfo(copia(), info) != noErr) return;
-    ParamText(leggiNome(), "", "", "");
-    if (CautionAlert(avvisoRecupero) != rispondeApri) {
-        scarta();
+    for (const std::string& percorso : StateFiles(suffisso)) {
+        const StateFile f = StateTakeOver(percorso);
+        if (f == 0) continue;
+        DisegnoRecuperato d;
+        if (!LeggiRecupero(f, d) || !d.diverso) {
+            StateClose(f, true);
+            continue;
+        }
+        ParamText(d.nome, data(d.secondi), "", "");
+        if (CautionAlert(avvisoRecupero) != rispondeApri) {
+            StateClose(f, true);
+            continue;
+        }
+        const bool entra = static_cast<std::int64_t>(d.record.size()) <= maxElementi;
+        if (TuttoChiuso()) {
+            apri(d);
+            StateClose(f, entra && !stato().guasto);   // what is nowhere else stays where it is
+        } else {
+            StateClose(f, false);
+        }
         return;
     }
-    if (!TuttoChiuso()) return;
-    myFSS = copia();
-    theItem = rApriDato;
-    archivia();
-    if (uscita) return;   // what cannot be read stays where it is
-    // The next save asks where to: the copy is no place for a document.
-    NomeD = PStr255(std::string_view(GetIndString(listaNomi, nomeSenzaTitolo)));
-    NomeLavoro = NomeD;
-    myFSS = FSSpec{};
-    if (!noWindow) SetWTitle(theWindow, NomeLavoro.view());
-    SegnaDiverso();
-    scarta();
 }
+
+namespace {
+const VoceStato righe[] = {
+    {"recupero", FineRecupero},
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

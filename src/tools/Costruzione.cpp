@@ -15,6 +15,7 @@
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "model/VociDocumento.h"
 #include "platform/Events.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
@@ -447,6 +448,18 @@ const VoceStato righe[] = {
     voce<percorsoMisurato>("percorsoMisurato"),
 };
 const TabellaStato tabella(righe);
+
+const VoceDocumento delGiornale[] = {
+    VoceDi("PuntoCurva1", VoceDocumento::elastico, PuntoCurva1),
+    VoceDi("PuntoCurva2", VoceDocumento::elastico, PuntoCurva2),
+    VoceDi("PuntoCurva3", VoceDocumento::elastico, PuntoCurva3),
+    VoceDi("CentroCorrente", VoceDocumento::elastico, CentroCorrente),
+    VoceDi("RaggioCorrente", VoceDocumento::elastico, RaggioCorrente),
+    VoceDi("AngInizCorrente", VoceDocumento::elastico, AngInizCorrente),
+    VoceDi("AngInizio", VoceDocumento::elastico, AngInizio),
+    VoceDi("AmpiezzaAngCorrente", VoceDocumento::elastico, AmpiezzaAngCorrente),
+};
+const VociDocumento tabellaGiornale(delGiornale);
 
 }   // namespace
 

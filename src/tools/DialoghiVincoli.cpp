@@ -68,8 +68,6 @@ public:
         passoX = x;
         passoY = y;
         terzo = z;
-        // The grid is no record: this arms the undo of a change with nothing to bring back.
-        daRecuperare = 0;
         PoniAnnulla(aElemento);
     }
 

@@ -1,124 +1,171 @@
 // The undo command round a figure in progress and a selection.
 #include "editing/AnnullaComando.h"
 
+#include <tuple>
+#include <vector>
+
 #include "../display/Scena.h"
-#include "editing/Cancella.h"
 #include "editing/Scelta.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "support/Passi.h"
+#include "text/PascalString.h"
 #include "tools/Costruzione.h"
 
 using namespace tessaro;
 using namespace prova;
 
-TEST(AnnullaComando, AFigureGoesComesBackAndDropsTheSelection) {
+TEST(AnnullaComando, AFigureGoesAndComesBackAndWhatStaysKeepsItsSelection) {
     const Scena s;
+    const ConGiornale g;
     segmento(1, 1, 2, 2);
-    inizioAggiunta = indElem;
+    finePasso();
     const std::int32_t testa = polilinea({{10, 10}, {20, 20}, {30, 10}});
     PoniAnnulla(aAggiunta);
-    AnnullaUltima();
+    finePasso();
+    annulla();
     EXPECT_EQ(indElem, testa - 1);
     Elem(3).selezionato = 1;
-    Puntosel.attiva = 1;
-    AnnullaUltima();
+    Puntosel = {1, 0, 1, oSegmento, 3};
+    ripeti();
     EXPECT_EQ(indElem, testa + 2);
-    EXPECT_FALSE(Puntosel.attiva);
-    EXPECT_FALSE(Elem(3).selezionato);
-    AnnullaUltima();
+    EXPECT_EQ(Puntosel.indice, 3);
+    EXPECT_TRUE(Elem(3).selezionato);
+    Elem(3).selezionato = 0;
+    Elem(testa).selezionato = 1;
+    Puntosel = {1, 0, 1, oPoligono, testa};
+    annulla();
     EXPECT_EQ(indElem, testa - 1);
-}
-
-TEST(AnnullaComando, ASegmentInProgressGoesBackToTheStartOfTheOneBefore) {
-    const Scena s;
-    segmento(1, 2, 11, 12, 3);
-    segmento(11, 12, 40, 50, 8);
-    Azione = sPrimoPunto;
-    Xini = 40;
-    Yini = 50;
-    AnnullaUltima();
-    EXPECT_EQ(indElem, 3);
-    EXPECT_EQ(Xini, 11);
-    EXPECT_EQ(Yini, 12);
-    EXPECT_EQ(Zinizio, 8);
-    // The kind's own action comes first: the addition goes, then the segment below it.
-    inizioAggiunta = indElem;
-    segmento(11, 12, 60, 60);
-    PoniAnnulla(aAggiunta);
-    AnnullaUltima();
+    EXPECT_FALSE(Puntosel.attiva);   // what was selected is gone
+    annulla();
     EXPECT_EQ(indElem, 2);
-    EXPECT_EQ(Xini, 1);
-    AnnullaUltima();   // nothing below: the reserved records stay
-    EXPECT_GE(indElem, 2);
 }
 
-TEST(AnnullaComando, APolylineInProgressIsNotTakenApart) {
+// Told of the undo with one level, where it took whatever was selected by then.
+TEST(AnnullaComando, AMoveTakesBackWhatMovedAndNotWhatIsSelectedNow) {
     const Scena s;
-    polilinea({{10, 10}, {20, 20}});
-    const std::int32_t ultimo = indElem;
-    Azione = sPrimoPunto;
-    Xini = 20;
-    AnnullaUltima();
-    EXPECT_EQ(indElem, ultimo);
-    EXPECT_EQ(Xini, 20);
+    segmento(1, 1, 2, 2);
+    segmento(5, 5, 6, 6);
+    const ConGiornale g;
+    Elem(3).segm.x1 = 100;
+    PoniAnnulla(aSposta);
+    finePasso();
+    Elem(4).selezionato = 1;
+    Puntosel = {1, 0, 1, oSegmento, 4};
+    annulla();
+    EXPECT_EQ(Elem(3).segm.x1, 1);
+    EXPECT_EQ(Elem(4).segm.x1, 5);
+    EXPECT_TRUE(Elem(4).selezionato);
+    EXPECT_EQ(Puntosel.indice, 4);
+    EXPECT_EQ(rettSel.xmin, 5);
 }
 
-TEST(AnnullaComando, AMeasuredPathLosesAPointBehindTheKindsOwnAction) {
+TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
+    struct Caso {
+        std::int32_t strumento;
+        std::int32_t punti;
+    };
+    for (const Caso& c : {Caso{1, 4}, {0, 1}, {5, 1}, {6, 2}}) {   // polyline, segment, circle, arc
+        SCOPED_TRACE(c.strumento);
+        const Scena s;
+        const ConGiornale g;
+        Modalita = 1;
+        operazCorrente = c.strumento;
+        marker(500, 500);
+        finePasso();
+        std::vector<std::tuple<std::int32_t, std::int32_t, double, double>> stati;
+        const auto stato = [] { return std::tuple(Azione, indElem, Azione ? Xini : 0, Azione ? Yini : 0); };
+        for (std::int32_t i = 0; i < c.punti; ++i) {
+            stati.push_back(stato());
+            xcurs = 100 + 10 * i;
+            ycurs = 100 + 20 * (i % 2);
+            tabButton = 1;
+            MuoviElastico();
+            c.strumento <= 1 ? PuntoDiLinea() : PuntoDiCurva();
+            EXPECT_TRUE(finePasso());
+        }
+        for (std::size_t i = stati.size(); i-- > 0;) {
+            annulla();
+            EXPECT_EQ(stato(), stati[i]) << i;
+        }
+        annulla();   // and then the marker
+        EXPECT_EQ(indElem, 2);
+        for (std::int32_t i = 0; i < c.punti; ++i) ripeti();
+        EXPECT_EQ(stato(), stati.back());
+        Azione = 0;
+        ContinuaPoligono = 0;
+    }
+}
+
+TEST(AnnullaComando, AFigureThatWasGivenUpLeavesNoStep) {
     const Scena s;
+    const ConGiornale g;
+    Modalita = 1;
+    xcurs = 100;
+    tabButton = 1;
+    PuntoDiLinea();
+    ASSERT_TRUE(finePasso());
+    Azione = 0;
+    finePasso();
+    EXPECT_EQ(DaAnnullare(), nullptr);
+}
+
+TEST(AnnullaComando, AMeasuredPathLosesAPointAndTheDrawingNothing) {
+    const Scena s;
+    const ConGiornale g;
     segmento(1, 2, 11, 12);
     PoniAnnulla(aAggiunta);
-    static std::int32_t visti = 0, passi = 0;
-    visti = passi = 0;
-    percorsoMisurato.indietro = [] {
-        visti = indElem;
-        ++passi;
-    };
-    AnnullaUltima();
-    EXPECT_EQ(passi, 0);
-    Azione = sPercorso;
-    AnnullaUltima();
+    finePasso();
+    static std::int32_t passi = 0;
+    passi = 0;
+    percorsoMisurato.indietro = [] { ++passi; };
+    Azione = 5;
+    annulla();
     EXPECT_EQ(passi, 1);
-    EXPECT_EQ(visti, indElem);
-    Azione = sFermo;
+    EXPECT_EQ(indElem, 3);
+    Azione = 0;
+    annulla();
+    EXPECT_EQ(passi, 1);
+    EXPECT_EQ(indElem, 2);
 }
 
-TEST(AnnullaComando, TheMenuSaysWhatComesBack) {
+TEST(AnnullaComando, TheMenuNamesTheCommandInBothDirections) {
     const Scena s;
     CreateMenus();
-    const auto dice = [](std::int16_t stringa) { return GetMenuItemText(3, 1) == GetIndString(128, stringa); };
+    const ConGiornale g;
+    AggiornaVociAnnulla();
+    EXPECT_EQ(GetMenuItemText(3, voci::modifica::annulla), GetIndString(128, 6));
+    EXPECT_FALSE(IsMenuItemEnabled(3, voci::modifica::ripeti));
     struct Caso {
         std::int32_t tipo;
         std::int16_t stringa;
     };
-    for (const Caso& c : {Caso{aNiente, 6},
-                          {aCancella, 1},
-                          {2, 2},
-                          {3, 3},
-                          {4, 4},
+    for (const Caso& c : {Caso{aCancella, 1},
                           {aSposta, 5},
                           {aAggiunta, 7},
                           {aElemento, 4},
                           {aMeshOrigine, 9},
                           {aMeshDestinazione, 10},
                           {aScalaPict, 11}}) {
+        segmento(1, 2, 11, 12);
         PoniAnnulla(c.tipo);
-        EXPECT_TRUE(dice(c.stringa)) << c.tipo;
+        finePasso();
+        EXPECT_EQ(GetMenuItemText(3, voci::modifica::annulla), GetIndString(128, c.stringa)) << c.tipo;
+        EXPECT_EQ(annullamento, c.tipo);
+        annulla();
+        EXPECT_EQ(GetMenuItemText(3, voci::modifica::ripeti), GetIndString(9170, c.stringa)) << c.tipo;
+        EXPECT_TRUE(IsMenuItemEnabled(3, voci::modifica::ripeti));
+        ripeti();
     }
-    PoniAnnulla(aNiente);
     segmento(1, 2, 11, 12);
-    SelezionaTutto();
-    Puntosel.oggetto = oSegmento;
-    Puntosel.indice = 3;
-    CancellaSelezione();
-    EXPECT_TRUE(dice(1));
-    AnnullaUltima();
-    EXPECT_TRUE(dice(8));   // not "addition": it puts the deletion back
-    AnnullaUltima();
-    EXPECT_TRUE(dice(1));
-    segmento(1, 2, 11, 12);   // takes the offer off, but leaves the menu to who ends the figure
-    EXPECT_EQ(annullamento, aNiente);
-    EXPECT_TRUE(dice(1));
+    NomePasso nome;
+    nome.comando = "Bring to Front";
+    ChiudiPasso(nome);
+    AggiornaVociAnnulla();
+    EXPECT_EQ(MacToUtf8(GetMenuItemText(3, voci::modifica::annulla)), "Undo “Bring to Front”");
 }

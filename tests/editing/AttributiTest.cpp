@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "../support/Foglio.h"
+#include "../support/Passi.h"
 #include "display/Tratteggi.h"
 #include "editing/Aref.h"
 #include "editing/LucidiClassi.h"
@@ -84,14 +85,20 @@ TEST(AttributiSel, EachTypeTakesTheFieldsThatItHas) {
 
 TEST(AttributiSel, OneElementIsUndoneAndDoneAgain) {
     unoPerTipo();
+    const ConGiornale g;
     seleziona(9, oCerchio);
     CambiaColoreSel(4);
+    finePasso();
     CambiaSpessSel(7);
     EXPECT_EQ(annullamento, aElemento);
-    EXPECT_TRUE(EseguiAnnulla());
+    finePasso();
+    EXPECT_TRUE(AnnullaPasso().fatto);
     EXPECT_EQ(Elem(9).cerc.spessore, 1);
-    EXPECT_EQ(Elem(9).cerc.colore, 4);   // one step only
-    EXPECT_TRUE(EseguiAnnulla());
+    EXPECT_EQ(Elem(9).cerc.colore, 4);
+    EXPECT_TRUE(AnnullaPasso().fatto);
+    EXPECT_EQ(Elem(9).cerc.colore, 1);
+    RipetiPasso();
+    EXPECT_TRUE(RipetiPasso().fatto);
     EXPECT_EQ(Elem(9).cerc.spessore, 7);
 }
 

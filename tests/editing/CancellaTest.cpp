@@ -8,6 +8,7 @@
 #include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "support/Passi.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -44,32 +45,33 @@ void seiRecord() {
 
 }   // namespace
 
-TEST(Cancella, TheDeletedLieBehindTheRestInTheirOldOrderAndComeBackThere) {
+TEST(Cancella, TheRestClosesUpAndTheDeletedComeBackToTheirPlaces) {
     struct Caso {
         std::initializer_list<std::int32_t> scelti;
         std::vector<int> dopo;
         std::int32_t tolti;
     };
-    for (const Caso& c : {Caso{{3}, {4, 5, 6, 7, 8, 3}, 1},
-                          {{8}, {3, 4, 5, 6, 7, 8}, 1},
-                          {{5}, {3, 4, 8, 5, 6, 7}, 3},
-                          {{3, 5}, {4, 8, 3, 5, 6, 7}, 4},
-                          {{4, 8}, {3, 5, 6, 7, 4, 8}, 2},
-                          {{3, 4, 5, 8}, {3, 4, 5, 6, 7, 8}, 6}}) {
+    for (const Caso& c : {Caso{{3}, {4, 5, 6, 7, 8}, 1},
+                          {{8}, {3, 4, 5, 6, 7}, 1},
+                          {{5}, {3, 4, 8}, 3},
+                          {{3, 5}, {4, 8}, 4},
+                          {{4, 8}, {3, 5, 6, 7}, 2},
+                          {{3, 4, 5, 8}, {}, 6}}) {
         const Scena s;
         NessunaSelezione();
         annullamento = aNiente;
         seiRecord();
         scegli(c.scelti);
+        const ConGiornale g;
         CancellaSelezione();
         EXPECT_EQ(indElem, 8 - c.tolti);
-        EXPECT_EQ(AnnullaIndElem, 8);
         EXPECT_EQ(annullamento, aCancella);
         EXPECT_FALSE(Puntosel.attiva);
-        EXPECT_EQ(ordine(8), c.dopo);
-        AnnullaUltima();
+        EXPECT_EQ(ordine(indElem), c.dopo);
+        finePasso();
+        annulla();
         EXPECT_EQ(indElem, 8);
-        EXPECT_EQ(annullamento, aAggiunta);
+        EXPECT_EQ(ordine(8), (std::vector<int>{3, 4, 5, 6, 7, 8}));   // in their old places
         for (std::int32_t i = 3; i <= 8; ++i) EXPECT_FALSE(Elem(i).selezionato) << i;
     }
 }
@@ -81,57 +83,28 @@ TEST(Cancella, WithoutSelectionOnlyTheUndoGoes) {
     CancellaSelezione();
     EXPECT_EQ(indElem, 8);
     EXPECT_EQ(annullamento, aNiente);
-    EXPECT_EQ(AnnullaIndElem, 8);
 }
 
-TEST(Cancella, WithoutRoomItDeletesForGoodAndGivesPicturesUp) {
-    struct Caso {
-        std::int32_t capacita;
-        std::initializer_list<std::int32_t> scelti;
-        bool tornabile;
-    };
-    for (const Caso& c : {Caso{8, {4}, true},   // turned round in place
-                          {11, {5}, false},     // a polyline wants a record to spare
-                          {12, {5}, true},
-                          {9, {3, 8}, false},
-                          {10, {3, 8}, true},
-                          {12, {3, 5}, false},
-                          {13, {3, 5}, true}}) {
-        const Scena s;
-        fogliovuoto(c.capacita);
-        seiRecord();
-        scegli(c.scelti);
-        CancellaSelezione();
-        EXPECT_EQ(annullamento, c.tornabile ? aCancella : aNiente) << c.capacita;
-        EXPECT_LT(indElem, 8);
-        EXPECT_LE(indElem, 7);
-    }
+TEST(Cancella, AFullStoreDeletesAndBringsBackAll) {
     const Scena s;
-    fogliovuoto(5);
-    segmento(1, 1, 2, 2);
-    segmento(1, 1, 2, 2);
-    const std::int32_t n = immagine(1, 1, 5, 5, "dati");
-    const PicHandle h = Elem(n).pict.maniglia;
-    scegli({3, n});
+    fogliovuoto(8);
+    seiRecord();
+    const ConGiornale g;
+    scegli({3, 5});
     CancellaSelezione();
-    EXPECT_EQ(indElem, 3);
-    EXPECT_EQ(annullamento, aNiente);
-    EXPECT_TRUE(PictBytes(h).empty());
+    EXPECT_EQ(indElem, 4);
+    finePasso();
+    annulla();
+    EXPECT_EQ(ordine(8), (std::vector<int>{3, 4, 5, 6, 7, 8}));
 }
 
-TEST(Cancella, AParkedPictureStaysUntilTheNextOperation) {
+TEST(Cancella, ADeletedPictureIsGivenUpWhereNothingCanBringItBack) {
     const Scena s;
-    segmento(1, 1, 2, 2);
     const std::int32_t n = immagine(1, 1, 5, 5, "dati");
     const PicHandle h = Elem(n).pict.maniglia;
     scegli({n});
     Puntosel.oggetto = oPict;
     CancellaSelezione();
-    EXPECT_EQ(PictBytes(h), "dati");
-    AnnullaUltima();
-    EXPECT_EQ(PictBytes(Elem(n).pict.maniglia), "dati");
-    AnnullaUltima();
-    PoniAnnulla(aNiente);
     EXPECT_TRUE(PictBytes(h).empty());
 }
 

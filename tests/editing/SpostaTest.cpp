@@ -8,6 +8,7 @@
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
+#include "support/Passi.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -22,10 +23,10 @@ void delta(double x, double y, double z) {
 
 TEST(SpostaTest, EveryPointMovesOnceAndOnlyPointsWithAnElevationRise) {
     const Scena s;
-    ripetiSpostamento = SpostaSelezione;
     const std::int32_t seg = segmento(1, 2, 3, 4, 5, 6), segno = marker(7, 8, 9),
                        poli = polilinea({{1, 1}, {2, 2}, {3, 3}}), cer = cerchio(10, 20, 5),
                        scritta = testo(30, 40, "a"), pict = immagine(1, 2, 30, 40, "d");
+    const ConGiornale g;
     SelezionaTutto();
     const RettSel prima = rettSel;
     delta(100, 200, 3);
@@ -47,20 +48,23 @@ TEST(SpostaTest, EveryPointMovesOnceAndOnlyPointsWithAnElevationRise) {
     EXPECT_EQ(rettSel.ymax, prima.ymax + 200);
     EXPECT_EQ(annullamento, aSposta);
     EXPECT_EQ(XDeltaSpost, -100);
-    AnnullaUltima();
+    finePasso();
+    annulla();
     EXPECT_EQ(Elem(poli + 2).vert.x, 3);
     EXPECT_EQ(rettSel.xmin, prima.xmin);
-    AnnullaUltima();
+    EXPECT_EQ(XDeltaSpost, 100);
+    ripeti();
     EXPECT_EQ(Elem(poli + 2).vert.x, 103);
 }
 
-TEST(SpostaTest, AMeshKeepsACopyForItsOwnUndo) {
+TEST(SpostaTest, AMeshMovesByItselfAndBack) {
     const Scena s;
     for (Mesh* m : {&meshOrigine, &meshDestinazione}) {
         m->nx = m->ny = 2;
         m->x[1][1] = 10;
         m->x[0][2] = 7;   // beside the grid
     }
+    const ConGiornale g;
     delta(1, 2, 3);
     Puntosel.oggetto = oMeshOrigine;
     SpostaMesh();
@@ -68,9 +72,9 @@ TEST(SpostaTest, AMeshKeepsACopyForItsOwnUndo) {
     EXPECT_EQ(meshOrigine.x[1][1], 11);
     EXPECT_EQ(meshOrigine.y[0][0], 2);
     EXPECT_EQ(meshOrigine.x[0][2], 7);
-    EXPECT_EQ(undoMeshOrigine.x[1][1], 10);
     EXPECT_EQ(meshDestinazione.x[1][1], 10);
-    AnnullaUltima();
+    finePasso();
+    annulla();
     EXPECT_EQ(meshOrigine.x[1][1], 10);
     Puntosel.oggetto = oMeshDestinazione;
     SpostaMesh();

@@ -83,22 +83,7 @@ TEST(Vertici, InsertingDoublesThePointAndStopsAtAFullStore) {
     EXPECT_TRUE(tocca(50, 10, cmdKey));
     controllaPolilinea(a, 4);
     controllaPolilinea(b + 3, 1);
-    EXPECT_EQ(daRecuperare, a + 2);
     EXPECT_EQ(annullamento, aElemento);
-}
-
-// A picture parked by a deletion is given up before records move over it, and a live one is not taken for it.
-TEST(Vertici, ParkedPicturesGoAndLiveOnesStay) {
-    const Scena s;
-    const std::int32_t a = polilinea({{10, 10}, {50, 10}, {50, 50}});
-    const PicHandle viva = Elem(immagine(1, 1, 5, 5, "viva")).pict.maniglia;
-    const PicHandle morta = Elem(immagine(1, 1, 5, 5, "morta")).pict.maniglia;
-    AnnullaIndElem = indElem--;
-    annullamento = aCancella;
-    tieni(a, oPoligono);
-    EXPECT_TRUE(tocca(50, 10, optionKey));
-    EXPECT_EQ(PictBytes(viva), "viva");
-    EXPECT_TRUE(PictBytes(morta).empty());
 }
 
 TEST(Vertici, ASummaryThatOutlivesItsRecordCatchesNothing) {

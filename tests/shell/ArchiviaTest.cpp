@@ -9,8 +9,8 @@
 #include "model/Annulla.h"
 #include "model/Documento.h"
 #include "shell/Archivia.h"
-#include "shell/Recupero.h"
 #include "support/Avvisi.h"
+#include "support/Passi.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -98,7 +98,7 @@ TEST_F(Aperto, APlaceThatCannotBeWrittenSaysSo) {
     }
 }
 
-TEST_F(Aperto, OpeningTakesTheNameAndCanBeUndone) {
+TEST_F(Aperto, OpeningTakesTheNameAndBeginsAnEmptyJournal) {
     const std::string file = cartella / "carta.ts3d";
     metti(file, disegno(12, {record(tMarker), record(tMarker)}));
     bottoni[3001] = 1;
@@ -110,8 +110,8 @@ TEST_F(Aperto, OpeningTakesTheNameAndCanBeUndone) {
     EXPECT_EQ(NomeD.str(), "carta.ts3d");
     EXPECT_EQ(NomeLavoro.str(), "carta.ts3d");
     EXPECT_EQ(GetWTitle(theWindow), "carta.ts3d");
-    EXPECT_EQ(annullamento, aAggiunta);
-    EXPECT_EQ(inizioAggiunta, 2);
+    EXPECT_FALSE(finePasso());
+    EXPECT_EQ(DaAnnullare(), nullptr);
 }
 
 TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
@@ -168,24 +168,4 @@ TEST_F(Aperto, APictureDroppedOnAFullDrawingIsSilent) {
     LeggiDropPict(FSMakeFSSpec(cartella / "foto.png"));
     EXPECT_EQ(prova::suoni, 0);
     EXPECT_EQ(indElem, maxElementi);
-}
-
-TEST_F(Aperto, TheRecoveryCopyIsOfferedUnderTheDrawingsName) {
-    NomeD = NomeLavoro = "rilievo.ts3d";
-    PoniAnnulla(aElemento);
-    ScriviRecupero();
-    EXPECT_EQ(annullamento, aElemento);   // a session that goes on after all has lost nothing
-    bottoni[3001] = 1;
-    ASSERT_TRUE(TuttoChiuso());
-    SetUpWindow();
-    avvisi.clear();
-    bottoni[9103] = 1;
-    OffriRecupero();
-    ASSERT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9103});
-    EXPECT_NE(avvisi[0].testo.find("rilievo.ts3d"), std::string::npos);
-    EXPECT_EQ(indElem, 3);
-    EXPECT_EQ(NomeD.str(), "Untitled");   // the next save asks where to
-    avvisi.clear();
-    OffriRecupero();
-    EXPECT_TRUE(avvisi.empty());
 }

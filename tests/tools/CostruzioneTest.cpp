@@ -9,6 +9,7 @@
 #include "model/Vincoli.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
+#include "support/Passi.h"
 #include "tools/Costruzione.h"
 #include "tools/Marker.h"
 
@@ -115,12 +116,16 @@ TEST(Costruzione, ADifferenceInElevationAloneIsALength) {
 TEST(Costruzione, APolylinesUndoTakesAllItsSides) {
     fogliovuoto();
     segmento(0, 0, 1, 1);
+    const ConGiornale g;
     strumento(1);
     clic(100, 100);
+    finePasso();
     clic(200, 100);
     EXPECT_EQ(ContinuaPoligono, 1);
     EXPECT_EQ(annullamento, aNiente);   // armed when the polyline ends, not after each vertex
+    finePasso();
     clic(200, 200);
+    finePasso();
     clic(150, 250, doppio);
     EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(ContinuaPoligono, 0);
@@ -130,10 +135,12 @@ TEST(Costruzione, APolylinesUndoTakesAllItsSides) {
     EXPECT_EQ(Elem(6).vert.y, 200.0);
     EXPECT_EQ(annullamento, aAggiunta);
     EXPECT_EQ(inizioAggiunta, 3);
-    EseguiAnnulla();
+    finePasso();
+    AnnullaPasso();
     EXPECT_EQ(indElem, 3);
-    EseguiAnnulla();
+    RipetiPasso();
     EXPECT_EQ(indElem, 6);
+    EXPECT_EQ(Azione, 0);
 }
 
 TEST(Costruzione, ATypedLastPointEndsThePolylineWithIt) {

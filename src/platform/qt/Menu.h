@@ -19,7 +19,7 @@ enum class FiguraVoce : std::uint8_t { nessuna, retino, riga, colore };
 
 struct VoceMenu {
     std::string testo;               // UTF-8
-    std::string tasto;               // "Ctrl+N"; empty for none
+    std::string tasto;               // "Ctrl+N", several with commas; empty for none
     std::int16_t sottomenu = 0;      // number of the menu that hangs here
     std::int16_t figuraNumero = 0;   // pattern, thickness or colour that the icon shows
     FiguraVoce figura = FiguraVoce::nessuna;

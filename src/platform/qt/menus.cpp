@@ -149,7 +149,9 @@ QAction* creaAzione(QMenu* q, std::int16_t menu, std::int16_t item, const VoceMe
     }
     auto* a = q->addAction(QString());
     a->setMenuRole(QAction::NoRole);
-    if (!v.tasto.empty()) a->setShortcut(QKeySequence(daUtf8(v.tasto)));
+    QList<QKeySequence> tasti;
+    for (const QString& t : daUtf8(v.tasto).split(QLatin1Char(','), Qt::SkipEmptyParts)) tasti << QKeySequence(t);
+    a->setShortcuts(tasti);   // the first one is shown
     if (v.unica)
         (new QActionGroup(a))->addAction(a);   // a group of one: drawn as a radio mark, never held by the toolkit
     QObject::connect(a, &QAction::triggered, a, [menu, item] { scelta(menu, item); });
@@ -261,6 +263,11 @@ void SetMenuItemText(std::int16_t menu, std::int16_t item, std::string_view macR
 std::string GetMenuItemText(std::int16_t menu, std::int16_t item) {
     const VoceMenu* v = voceDi(menu, item);
     return v == nullptr ? std::string() : Utf8ToMac(v->testo);
+}
+
+std::string GetMenuTitle(std::int16_t menu) {
+    const MenuDati* m = menuDi(menu);
+    return m == nullptr ? std::string() : Utf8ToMac(senzaMnemonico(m->titolo));
 }
 
 void AppendMenu(std::int16_t menu, std::string_view macRoman) {

@@ -1,0 +1,503 @@
+// Shadow, steps, and the way between them.
+#include "model/Giornale.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+
+#include "model/Annulla.h"
+#include "model/Figura.h"
+#include "model/GiornaleImmagini.h"
+#include "model/Impronta.h"
+#include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
+#include "model/VociDocumento.h"
+
+namespace tessaro {
+
+constinit std::int32_t memoriaGiornale = 256;
+void (*dopoTransizione)(const Transizione&) = nullptr;
+
+namespace {
+
+using Byte = std::vector<unsigned char>;
+
+constexpr std::int32_t recordPerPagina = 512;
+
+// The figure in progress at a moment: the bytes of its rows, and whether there is one.
+struct StatoFigura {
+    bool inCorso = false;
+    Byte byte;
+};
+
+struct Passo {
+    NomePasso nome;
+    std::vector<TrattoDiverso> tratti;   // from the state before to the state behind
+    std::vector<elemento> altri;         // records of the side that is not in the drawing, stretch by stretch
+    std::vector<RigaDiversa> righe;
+    Byte altriByte;                        // bytes of the rows, of the same side
+    StatoFigura figuraPrima, figuraDopo;   // empty where neither has a figure in progress
+    std::int64_t figura = 0;               // the figure that it is a part of, 0 for none
+    bool chiusa = false;                   // that figure is finished
+
+    [[nodiscard]] bool vuoto() const { return tratti.empty() && righe.empty(); }
+    [[nodiscard]] std::int64_t peso() const {
+        return static_cast<std::int64_t>(sizeof *this + tratti.size() * sizeof(TrattoDiverso)
+                                         + altri.size() * sizeof(elemento) + righe.size() * sizeof(RigaDiversa)
+                                         + altriByte.size() + figuraPrima.byte.size() + figuraDopo.byte.size());
+    }
+};
+
+// The drawing as it was at the last step's end.
+struct Ombra {
+    std::vector<elemento> record;
+    std::vector<std::uint64_t> impronte;   // a page each
+    Byte righe;                            // documento and derivata, one after the other
+    StatoFigura figura;
+};
+
+struct Giornale {
+    bool aperto = false;
+    std::vector<VoceDocumento> voci;
+    Ombra ombra;
+    std::deque<Passo> passi;
+    std::size_t fatti = 0;     // steps that lie behind; those from here on can be done again
+    std::int64_t peso = 0;     // of the steps' own bytes
+    std::int64_t figure = 0;   // number of the last figure begun
+    ImmaginiTrattenute immagini;
+};
+Giornale& giornale() {
+    static Giornale g;
+    return g;
+}
+
+bool delDisegno(const VoceDocumento& v) { return v.genere <= VoceDocumento::derivata; }
+
+// --- the figure in progress
+
+StatoFigura leggiFigura(const Giornale& g) {
+    StatoFigura s;
+    s.inCorso = FiguraInCorso();
+    for (const VoceDocumento& v : g.voci) {
+        if (delDisegno(v)) continue;
+        const auto* p = static_cast<const unsigned char*>(v.dove);
+        s.byte.insert(s.byte.end(), p, p + v.byte);
+    }
+    return s;
+}
+
+bool figuraCambiata(const Giornale& g, const StatoFigura& ora) {
+    const StatoFigura& prima = g.ombra.figura;
+    if (!prima.inCorso && !ora.inCorso) return false;
+    if (prima.inCorso != ora.inCorso) return true;
+    std::size_t i = 0;
+    for (const VoceDocumento& v : g.voci) {
+        if (delDisegno(v)) continue;
+        if (v.genere == VoceDocumento::figura && std::memcmp(&prima.byte[i], &ora.byte[i], v.byte) != 0) return true;
+        i += v.byte;
+    }
+    return false;
+}
+
+// The tool stays the one in hand unless there is a figure that needs its own.
+void poniFigura(const Giornale& g, const StatoFigura& s) {
+    std::size_t i = 0;
+    for (const VoceDocumento& v : g.voci) {
+        if (delDisegno(v)) continue;
+        if (s.inCorso || v.genere != VoceDocumento::strumento) std::memcpy(v.dove, &s.byte[i], v.byte);
+        i += v.byte;
+    }
+    if (s.inCorso) return;
+    Azione = sFermo;
+    ContinuaPoligono = 0;
+}
+
+// --- rows of the document
+
+Byte leggiRighe(const Giornale& g) {
+    Byte b;
+    for (const VoceDocumento& v : g.voci) {
+        if (!delDisegno(v)) continue;
+        const auto* p = static_cast<const unsigned char*>(v.dove);
+        b.insert(b.end(), p, p + v.byte);
+    }
+    return b;
+}
+
+// Fills a step with what differs from the shadow. Derived rows come along only where something else is a step.
+void confrontaRighe(Giornale& g, Passo& p, bool ancheDerivate) {
+    std::size_t i = 0;
+    for (std::uint32_t n = 0; n < g.voci.size(); ++n) {
+        const VoceDocumento& v = g.voci[n];
+        if (!delDisegno(v)) continue;
+        const auto* ora = static_cast<const unsigned char*>(v.dove);
+        const unsigned char* prima = &g.ombra.righe[i];
+        i += v.byte;
+        if ((v.genere == VoceDocumento::derivata) != ancheDerivate || std::memcmp(ora, prima, v.byte) == 0) continue;
+        std::uint32_t da = 0, a = v.byte;
+        while (ora[da] == prima[da]) ++da;
+        while (ora[a - 1] == prima[a - 1]) --a;
+        p.righe.push_back({n, da, a - da});
+        p.altriByte.insert(p.altriByte.end(), prima + da, prima + a);
+    }
+}
+
+void scambiaRighe(const Giornale& g, Passo& p) {
+    std::size_t i = 0;
+    for (const RigaDiversa& r : p.righe) {
+        auto* dove = static_cast<unsigned char*>(g.voci[r.voce].dove) + r.da;
+        std::swap_ranges(dove, dove + r.quanti, p.altriByte.begin() + static_cast<std::ptrdiff_t>(i));
+        i += r.quanti;
+    }
+}
+
+// --- records
+
+std::vector<std::uint64_t> impronteDelDisegno() {
+    std::vector<std::uint64_t> pagine;
+    pagine.reserve(static_cast<std::size_t>(indElem / recordPerPagina + 1));
+    for (std::int32_t n = 1; n <= indElem; n += recordPerPagina)
+        pagine.push_back(ImprontaRecord(&Elem(n), std::min(recordPerPagina, indElem - n + 1)));
+    return pagine;
+}
+
+std::span<const elemento> vivi(std::size_t da, std::size_t a) { return {ArrElementi + da, a - da}; }
+
+void sposta(std::vector<TrattoDiverso>& tratti, std::size_t di) {
+    for (TrattoDiverso& t : tratti) {
+        t.prima += static_cast<std::int32_t>(di);
+        t.dopo += static_cast<std::int32_t>(di);
+    }
+}
+
+// Pages that differ, each on its own, as long as no record has another number; else all from the first on.
+std::vector<TrattoDiverso> confrontaRecord(const Ombra& ombra, const std::vector<std::uint64_t>& pagine) {
+    const std::size_t prima = ombra.record.size(), dopo = static_cast<std::size_t>(indElem);
+    const std::size_t comuni = std::min(pagine.size(), ombra.impronte.size());
+    std::vector<std::size_t> diverse;
+    for (std::size_t p = 0; p < comuni; ++p)
+        if (pagine[p] != ombra.impronte[p]) diverse.push_back(p);
+    if (prima == dopo && diverse.empty()) return {};
+    const std::size_t inizio = (diverse.empty() ? comuni : diverse.front()) * recordPerPagina;
+    const auto da = [&](std::size_t d, std::size_t finePrima, std::size_t fineDopo) {
+        std::vector<TrattoDiverso> t =
+            TrattiDiversi(std::span(ombra.record).subspan(d, finePrima - d), vivi(d, fineDopo));
+        sposta(t, d);
+        return t;
+    };
+    if (prima != dopo) return da(std::min({inizio, prima, dopo}), prima, dopo);
+    std::vector<TrattoDiverso> tratti;
+    for (const std::size_t p : diverse) {
+        const std::size_t d = p * recordPerPagina, a = std::min(d + recordPerPagina, dopo);
+        for (std::size_t i = d; i < a; ++i) {
+            if (StessoRecord(ombra.record[i], ArrElementi[i])) continue;
+            const auto n = static_cast<std::int32_t>(i);
+            if (!tratti.empty() && tratti.back().prima + tratti.back().quantiPrima == n) {
+                ++tratti.back().quantiPrima;
+                ++tratti.back().quantiDopo;
+            } else {
+                tratti.push_back({n, 1, n, 1});
+            }
+        }
+    }
+    const std::size_t fine = std::min((diverse.back() + 1) * recordPerPagina, dopo);
+    std::size_t cambiati = 0;
+    for (const TrattoDiverso& t : tratti) cambiati += static_cast<std::size_t>(t.quantiPrima);
+    // Most of a stretch has changed: things may have moved within it.
+    return cambiati * 2 > fine - inizio ? da(inizio, fine, fine) : tratti;
+}
+
+bool alPosto(const std::vector<TrattoDiverso>& tratti) {
+    return std::all_of(tratti.begin(), tratti.end(),
+                       [](const TrattoDiverso& t) { return t.quantiPrima == t.quantiDopo; });
+}
+
+// The shadow takes over what the drawing has now in the stretches' new places; digests follow.
+void aggiornaOmbra(Ombra& ombra, const std::vector<TrattoDiverso>& tratti) {
+    if (tratti.empty()) return;
+    const auto copia = [&](std::size_t da, std::size_t a) {
+        if (a > da) std::memcpy(&ombra.record[da], ArrElementi + da, (a - da) * sizeof(elemento));
+    };
+    const auto fine = static_cast<std::size_t>(indElem);
+    if (alPosto(tratti)) {
+        for (const TrattoDiverso& t : tratti) {
+            const auto da = static_cast<std::size_t>(t.dopo);
+            copia(da, da + static_cast<std::size_t>(t.quantiDopo));
+        }
+        return;
+    }
+    if (ombra.record.capacity() < fine) {   // in steps of half as much again, at most the whole store
+        const auto tutto = static_cast<std::size_t>(maxElementi);
+        ombra.record.reserve(std::min(std::max(fine, ombra.record.capacity() + ombra.record.capacity() / 2), tutto));
+    }
+    ombra.record.resize(fine);
+    copia(static_cast<std::size_t>(tratti.front().dopo), fine);
+}
+
+void rifaiImpronte(Ombra& ombra, const std::vector<TrattoDiverso>& tratti) {
+    if (tratti.empty()) return;
+    const auto una = [&](std::size_t p) {
+        const auto n = static_cast<std::int32_t>(p) * recordPerPagina + 1;
+        ombra.impronte[p] = ImprontaRecord(&Elem(n), std::min(recordPerPagina, indElem - n + 1));
+    };
+    const auto pagina = [](std::int32_t i) { return static_cast<std::size_t>(i / recordPerPagina); };
+    ombra.impronte.resize(static_cast<std::size_t>((indElem + recordPerPagina - 1) / recordPerPagina));
+    if (!alPosto(tratti)) {
+        for (std::size_t p = pagina(tratti.front().dopo); p < ombra.impronte.size(); ++p) una(p);
+        return;
+    }
+    std::size_t prossima = 0;
+    for (const TrattoDiverso& t : tratti) {
+        for (std::size_t p = std::max(prossima, pagina(t.dopo)); p <= pagina(t.dopo + t.quantiDopo - 1); ++p) {
+            una(p);
+            prossima = p + 1;
+        }
+    }
+}
+
+std::vector<TrattoDiverso> rovescio(const std::vector<TrattoDiverso>& tratti) {
+    std::vector<TrattoDiverso> r;
+    r.reserve(tratti.size());
+    for (const TrattoDiverso& t : tratti) r.push_back({t.dopo, t.quantiDopo, t.prima, t.quantiPrima});
+    return r;
+}
+
+// Does a record that takes another's place stand for the same thing? Then it keeps its flag of selection.
+bool succede(const elemento& nuovo, const elemento& vecchio) { return nuovo.tipo == vecchio.tipo; }
+
+// The stretches of the drawing give way to `nuovi`; what they held comes back. Within a stretch records follow each other
+// in order as long as the kinds are the same: a polyline that loses a vertex is still that polyline. Flags of selection
+// go with what they are on.
+std::vector<elemento> sostituisci(const std::vector<TrattoDiverso>& tratti, const std::vector<elemento>& nuovi,
+                                  EsitoPasso& esito) {
+    std::vector<elemento> tolti, coda;
+    tolti.reserve(nuovi.size());
+    const auto inizio = static_cast<std::size_t>(tratti.front().prima);
+    const bool stessi = alPosto(tratti);
+    const std::int32_t scelto = esito.indice - 1;
+    std::int32_t segue = scelto < tratti.front().prima ? scelto : -1;
+    std::size_t letto = inizio, preso = 0;
+    for (const TrattoDiverso& t : tratti) {
+        const auto da = static_cast<std::size_t>(t.prima), a = da + static_cast<std::size_t>(t.quantiPrima);
+        if (scelto >= static_cast<std::int32_t>(letto) && scelto < t.prima) segue = scelto + t.dopo - t.prima;
+        if (!stessi) coda.insert(coda.end(), ArrElementi + letto, ArrElementi + da);
+        tolti.insert(tolti.end(), ArrElementi + da, ArrElementi + a);
+        bool seguono = true;
+        for (std::int32_t i = 0; i < t.quantiDopo; ++i) {
+            elemento e = nuovi[preso++];
+            seguono = seguono && i < t.quantiPrima && succede(e, ArrElementi[t.prima + i]);
+            e.selezionato = seguono ? ArrElementi[t.prima + i].selezionato : std::uint8_t{0};
+            if (seguono && scelto == t.prima + i) segue = t.dopo + i;
+            if (stessi)
+                ArrElementi[t.dopo + i] = e;
+            else
+                coda.push_back(e);
+        }
+        esito.alPosto = esito.alPosto && seguono && stessi;
+        letto = a;
+    }
+    if (scelto >= static_cast<std::int32_t>(letto))
+        segue = scelto + tratti.back().dopo + tratti.back().quantiDopo - static_cast<std::int32_t>(letto);
+    esito.indice = segue + 1;
+    if (stessi) return tolti;
+    coda.insert(coda.end(), ArrElementi + letto, ArrElementi + indElem);
+    std::copy(coda.begin(), coda.end(), ArrElementi + inizio);
+    indElem = static_cast<std::int32_t>(inizio + coda.size());
+    return tolti;
+}
+
+void avvisa(const std::vector<TrattoDiverso>& tratti, const std::vector<RigaDiversa>& righe) {
+    if (dopoTransizione && !(tratti.empty() && righe.empty())) dopoTransizione({tratti, righe});
+}
+
+// --- steps
+
+void perdi(Giornale& g, Passo& p) {
+    g.peso -= p.peso();
+    g.immagini.lascia(p.altri);
+}
+
+void perdiRipetibili(Giornale& g) {
+    while (g.passi.size() > g.fatti) {
+        perdi(g, g.passi.back());
+        g.passi.pop_back();
+    }
+}
+
+// The oldest go first, a finished figure as a whole; the last step always stays.
+void contieni(Giornale& g) {
+    const std::int64_t limite = std::int64_t{memoriaGiornale} * 1024 * 1024;
+    while (g.passi.size() > 1 && g.peso + g.immagini.soloPassi() > limite) {
+        const std::int64_t figura = g.passi.front().figura;
+        do {
+            perdi(g, g.passi.front());
+            g.passi.pop_front();
+            if (g.fatti > 0) --g.fatti;
+        } while (figura != 0 && g.passi.size() > 1 && g.passi.front().figura == figura);
+    }
+}
+
+// A figure is finished: its steps go together from now on. One that has stored nothing leaves no trace.
+void chiudiFigura(Giornale& g, std::int64_t figura) {
+    const auto primo =
+        std::find_if(g.passi.rbegin(), g.passi.rend(), [&](const Passo& p) { return p.figura != figura; }).base();
+    if (std::all_of(primo, g.passi.end(), [](const Passo& p) { return p.vuoto(); })) {
+        for (auto p = primo; p != g.passi.end(); ++p) perdi(g, *p);
+        g.passi.erase(primo, g.passi.end());
+        g.fatti = g.passi.size();
+        return;
+    }
+    for (auto p = primo; p != g.passi.end(); ++p) p->chiusa = true;
+    g.passi.back().nome.punto = false;
+}
+
+void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
+    const std::vector<TrattoDiverso> tratti = indietro ? rovescio(p.tratti) : p.tratti;
+    const StatoFigura& figura = indietro ? p.figuraPrima : p.figuraDopo;
+    if (!tratti.empty()) {
+        std::vector<elemento> tolti = sostituisci(tratti, p.altri, esito);
+        g.immagini.scambia(tolti, p.altri);
+        g.peso += (static_cast<std::int64_t>(tolti.size()) - static_cast<std::int64_t>(p.altri.size()))
+                  * static_cast<std::int64_t>(sizeof(elemento));
+        p.altri = std::move(tolti);
+    }
+    scambiaRighe(g, p);
+    if (!figura.byte.empty()) poniFigura(g, figura);
+    aggiornaOmbra(g.ombra, tratti);
+    rifaiImpronte(g.ombra, tratti);
+    g.ombra.righe = leggiRighe(g);
+    g.ombra.figura = leggiFigura(g);
+    if (p.figura != 0) g.figure = std::max(g.figure, p.figura);
+    esito.fatto = true;
+    esito.righe = esito.righe || !p.righe.empty();
+    avvisa(tratti, p.righe);
+}
+
+bool trattieni(PicHandle h) { return giornale().immagini.nominata(h); }
+
+}   // namespace
+
+void GiornaleNuovo() {
+    GiornaleFine();
+    Giornale& g = giornale();
+    for (const VociDocumento* t = VociDocumento::prima; t; t = t->prossima)
+        g.voci.insert(g.voci.end(), t->righe.begin(), t->righe.end());
+    // By name: the order of start-up of the files says nothing.
+    std::sort(g.voci.begin(), g.voci.end(),
+              [](const VoceDocumento& a, const VoceDocumento& b) { return std::strcmp(a.nome, b.nome) < 0; });
+    g.ombra.record.assign(ArrElementi, ArrElementi + indElem);
+    g.ombra.impronte = impronteDelDisegno();
+    g.ombra.righe = leggiRighe(g);
+    g.ombra.figura = leggiFigura(g);
+    g.immagini.entra(g.ombra.record);
+    g.aperto = true;
+    pictTrattenuta = trattieni;
+}
+
+void GiornaleFine() {
+    Giornale& g = giornale();
+    pictTrattenuta = nullptr;
+    g.fatti = 0;
+    perdiRipetibili(g);
+    g = Giornale{};
+}
+
+bool GiornaleAperto() { return giornale().aperto; }
+
+bool ChiudiPasso(const NomePasso& nome) {
+    Giornale& g = giornale();
+    if (!g.aperto) return false;
+    StatoFigura figura = leggiFigura(g);
+    const bool diFigura = figuraCambiata(g, figura);
+    std::vector<std::uint64_t> pagine = impronteDelDisegno();
+    Passo p;
+    p.tratti = confrontaRecord(g.ombra, pagine);
+    confrontaRighe(g, p, false);
+    if (p.vuoto() && !diFigura) return false;
+    if (!p.vuoto()) confrontaRighe(g, p, true);
+    p.nome = nome;
+    const bool era = g.ombra.figura.inCorso, c = figura.inCorso;
+    if (c && !era) ++g.figure;
+    if (era || c) {
+        p.figura = g.figure;
+        p.figuraPrima = g.ombra.figura;
+        p.figuraDopo = figura;
+        p.nome.punto = c;
+    }
+    std::size_t quanti = 0;
+    for (const TrattoDiverso& t : p.tratti) quanti += static_cast<std::size_t>(t.quantiPrima);
+    p.altri.reserve(quanti);
+    for (const TrattoDiverso& t : p.tratti) {
+        const auto da = g.ombra.record.begin() + t.prima;
+        p.altri.insert(p.altri.end(), da, da + t.quantiPrima);
+        g.immagini.entra(vivi(static_cast<std::size_t>(t.dopo), static_cast<std::size_t>(t.dopo + t.quantiDopo)));
+    }
+    g.immagini.esce(p.altri);
+    aggiornaOmbra(g.ombra, p.tratti);
+    g.ombra.impronte = std::move(pagine);
+    g.ombra.righe = leggiRighe(g);
+    g.ombra.figura = std::move(figura);
+    perdiRipetibili(g);
+    g.peso += p.peso();
+    g.passi.push_back(std::move(p));
+    g.fatti = g.passi.size();
+    avvisa(g.passi.back().tratti, g.passi.back().righe);
+    if (era && !c) chiudiFigura(g, g.figure);
+    contieni(g);
+    return true;
+}
+
+const NomePasso* DaAnnullare() {
+    const Giornale& g = giornale();
+    return g.fatti == 0 ? nullptr : &g.passi[g.fatti - 1].nome;
+}
+
+// A finished figure has its name from its last step.
+const NomePasso* DaRipetere() {
+    const Giornale& g = giornale();
+    if (g.fatti == g.passi.size()) return nullptr;
+    std::size_t i = g.fatti;
+    const Passo& primo = g.passi[i];
+    if (primo.chiusa)
+        while (i + 1 < g.passi.size() && g.passi[i + 1].figura == primo.figura) ++i;
+    return &g.passi[i].nome;
+}
+
+EsitoPasso AnnullaPasso() {
+    Giornale& g = giornale();
+    EsitoPasso esito;
+    esito.indice = Puntosel.indice;
+    if (g.fatti == 0) return esito;
+    const std::int64_t figura = g.passi[g.fatti - 1].chiusa ? g.passi[g.fatti - 1].figura : 0;
+    do {
+        applica(g, g.passi[--g.fatti], true, esito);
+    } while (figura != 0 && g.fatti > 0 && g.passi[g.fatti - 1].figura == figura);
+    return esito;
+}
+
+EsitoPasso RipetiPasso() {
+    Giornale& g = giornale();
+    EsitoPasso esito;
+    esito.indice = Puntosel.indice;
+    if (g.fatti == g.passi.size()) return esito;
+    const std::int64_t figura = g.passi[g.fatti].chiusa ? g.passi[g.fatti].figura : 0;
+    do {
+        applica(g, g.passi[g.fatti++], false, esito);
+    } while (figura != 0 && g.fatti < g.passi.size() && g.passi[g.fatti].figura == figura);
+    return esito;
+}
+
+std::int64_t PesoGiornale() { return giornale().peso + giornale().immagini.soloPassi(); }
+std::int32_t PassiGiornale() { return static_cast<std::int32_t>(giornale().fatti); }
+std::span<const VoceDocumento> VociGiornale() { return giornale().voci; }
+
+namespace {
+const VoceStato righe[] = {
+    voce<memoriaGiornale>("memoriaGiornale"),
+    {"giornale", GiornaleFine, [] { return NumeroJson(PassiGiornale()); }},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro
