@@ -21,6 +21,7 @@
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
 #include "shell/Recupero.h"
+#include "shell/Trascinamento.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -32,7 +33,7 @@ constexpr std::int16_t menuArchivio = 2, menuModifica = 3, voceNuovo = 1;
 constexpr std::int16_t avvisoSalva = 3001, risponde2Salva = 2, risponde3Annulla = 3;
 constexpr std::int16_t dialogoInformazioni = 1033, listaInformazioni = 9121;
 
-constexpr std::int16_t vociArchivio[] = {3, 4, 5, 7, 11, 14};
+constexpr std::int16_t vociArchivio[] = {3, 4, 5, 7, 11, 14, 17};
 constexpr std::int16_t vociModifica[] = {1, 4, 5};
 // Drawing, transforming, zooming, exporting, attributes and constraints make no sense without a drawing.
 constexpr std::int16_t menuDisegno[] = {4,   5,   20,  22,  23,  24,  40,  100, 101,
@@ -130,6 +131,7 @@ void chiudiDisegno() {
     PoniAnnulla(aNiente);
     for (std::int32_t n = 3; n <= indElem; ++n)
         if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
+    RemoveDragHandlers();
     DisposeWindow(theWindow);
     theWindow = nullptr;
     VScroll = HScroll = panel = nullptr;
@@ -174,6 +176,7 @@ void SetUpWindow() {
     primoZoom();
     mostra();
     Croce();
+    InstallDragHandlers();
     AbilitaMenu(true);
     salvaRecupero = ScriviRecupero;
 }
