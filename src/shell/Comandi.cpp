@@ -11,6 +11,8 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Stampa.h"
+#include "display/StampaPiastrelle.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "dwg/DbDumper.h"
@@ -82,6 +84,11 @@ void DoArchivio() {
     case 4:
     case 5: archivia(); break;
     case 9: FormatoXYZ(0); break;
+    case 13: DoPageSetupDialog(); break;
+    case 14: Stampa(); break;
+    case 17:
+        if (AnteprimaStampa()) Stampa();
+        break;
     case 16: fine = TuttoChiuso(); break;
     default: break;
     }
