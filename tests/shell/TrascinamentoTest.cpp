@@ -28,8 +28,8 @@ TEST(Trascinamento, TheFirstItemTellsWhetherADropWouldBeTaken) {
         bool preso;
     };
     const Caso casi[] = {
-        {"map.TS3D", true},    {"map.tc3d", true},  {"map.ts3d", true},    // the last by its kind
-        {".tc3d", true},       {"a.DXF", true},     {"b.dxf.txt", true},   // a suffix anywhere in the name
+        {"map.TS3D", true},    {"map.tc3d", true},  {".tc3d", true},
+        {"a.DXF", true},       {"b.dxf.txt", true},   // a suffix anywhere in the name
         {"points.XYZ", true},  {"sheet.jpg", true}, {"old.pict", true},
         {"letter.odt", false}, {"abcd", false},     {"tc3d", false},   // four characters, whatever they are
         {"plan.Dxf", false},   {"README", false},
