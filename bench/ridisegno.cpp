@@ -12,7 +12,6 @@
 
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"

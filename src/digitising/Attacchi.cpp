@@ -1,13 +1,17 @@
 // Setting control points: source points in records 1 and 2, destination points in the live transformation.
 #include "digitising/Attacchi.h"
 
+#include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Disegno.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
 #include "registration/attaccoDinamico.h"
@@ -79,7 +83,7 @@ void copiePunti12() {
 void aggiornaTrasformazioni() {
     if (Elem(2).att.coordReali) CalcTransfC();
     if (!attaccoAttivo.GetModificato()) return;
-    attaccoAttivo.PreparaAttacco();
+    ErroreAlert(attaccoAttivo.PreparaAttacco());
     InvalWind();
 }
 
@@ -199,7 +203,7 @@ void AttaccoDin(std::int16_t n) {
     if (!digitato) Croce();
     for (const Coppia& c : {prima, destinazione(n)}) invalidaAttorno(c);   // black in xor leaves a stain of a blue mark
     if (attaccoAttivo.GetModificato()) {
-        attaccoAttivo.PreparaAttacco();
+        ErroreAlert(attaccoAttivo.PreparaAttacco());
         InvalWind();
     }
     IntroDigitale = 0;

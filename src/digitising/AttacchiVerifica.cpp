@@ -8,7 +8,8 @@
 #include "digitising/RegistrazioneValida.h"
 #include "display/Zoom.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
 #include "registration/attaccoDinamico.h"
@@ -77,12 +78,11 @@ void TrasformaPuntiOrigine() {
 }
 
 void do_Trasforma() {
-    constexpr std::int16_t origine = 2, destinazione = 7;
     constexpr std::int32_t lampeggio = 30;   // ticks of a menu's blink: only a script's clock sees them
     if (AvvioInForza().script) Delay(lampeggio);
-    if (theItem == origine && !noWindow) {
+    if (theItem == voci::trasforma::origineDaSelezione && !noWindow) {
         TrasformaPuntiOrigine();
-    } else if (theItem == destinazione && !noWindow) {
+    } else if (theItem == voci::trasforma::destinazioneDaSelezione && !noWindow) {
         attaccoAttivo.TrasformaPuntiDestinazione();
     } else {
         SysBeep(30);

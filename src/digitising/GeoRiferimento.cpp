@@ -5,10 +5,15 @@
 #include "digitising/Attacchi.h"
 #include "digitising/RegistrazioneValida.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {
+
+constinit double XFVisual = 0;
+constinit double YFVisual = 0;
 
 namespace {
 
@@ -65,7 +70,7 @@ public:
     void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         HiliteDialogItem(theDialog, ripristinaItem, 255);
         Giro(campoX);
     }
@@ -89,11 +94,18 @@ public:
 }   // namespace
 
 void ParGeoRefer(std::uint8_t grafico) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParGeoRefer d;
     d.Poni(1, 2, 0, 7, 135);
     d.Param(grafico != 0);
-    SetPort(prima);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<XFVisual>("XFVisual"),
+    voce<YFVisual>("YFVisual"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

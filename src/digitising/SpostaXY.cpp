@@ -1,7 +1,7 @@
 // Keeping the drawing on positive coordinates: its extent by points, and the shift of everything.
 #include "digitising/Attacchi.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Dialogs.h"
 
 namespace tessaro {

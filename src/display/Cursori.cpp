@@ -5,9 +5,20 @@
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
+#include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "tools/Costruzione.h"
 
 namespace tessaro {
+
+constinit double SpessorePenna = 2.5;
+constinit std::uint8_t DisegnaPict = 0;
+constinit std::uint8_t StoStampando = 0;
 
 namespace {
 
@@ -42,6 +53,14 @@ void larghezzaLinea(std::int16_t numeratore, std::int16_t denominatore) {
 
 }   // namespace
 
+void ColoreDaTabella(std::int16_t numero) {
+    if (numero < 1 || numero > coloriPresenti || numero > maxColori) {
+        ForeColor(blackColor);
+        return;
+    }
+    RGBForeColor(arrColori[static_cast<std::size_t>(numero - 1)].rgb);
+}
+
 void PennaAttuale() {
     PenPat(PatAttuale);
     PenMode(ModoAttuale);
@@ -54,7 +73,7 @@ void Dis_Cursor2(const double& x, const double& y) { croce(x, y, 4, 1); }
 void Dis_CursSel(const double& x, const double& y) { croce(x, y, 8, 2); }
 
 void Croce() {
-    if (Modalita == 2 && Sposta2ndClick) {
+    if (Modalita == mSpostamento && Sposta2ndClick) {
         Dis_Cursor2(xcurs, ycurs);
     } else {
         dis_cursor(xcurs, ycurs);
@@ -62,16 +81,16 @@ void Croce() {
 }
 
 void Elastico() {
-    if (Azione == 0) return;
-    const bool curva = Azione != 5 && (operazCorrente == 5 || operazCorrente == 6);
+    if (Azione == sFermo) return;
+    const bool curva = Azione != sPercorso && (operazCorrente == opCerchio || operazCorrente == opArco);
     const Stato stato;
     const std::int16_t spessPrima = spess;
     spess = static_cast<std::int16_t>(spessore / 2);
     pennaXor(spessore);
     PenPat(PatAttuale);
-    if (!curva || (Azione == 1 && CurvePerPunti)) {
+    if (!curva || (Azione == sPrimoPunto && CurvePerPunti)) {
         fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
-    } else if (Azione == 8 && operazCorrente == 6) {
+    } else if (Azione == sTerzoPunto && operazCorrente == opArco) {
         fai(tArco, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
     } else {
         fai(tCerchio, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, 0, 0);
@@ -103,5 +122,14 @@ void PenSizeLaser(std::int16_t size) {
     (void)size;
     if (DisegnaPict) larghezzaLinea(arrotonda16(28.35 * SpessorePenna), 100);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<SpessorePenna>("SpessorePenna"),
+    voce<DisegnaPict>("DisegnaPict"),
+    voce<StoStampando>("StoStampando"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

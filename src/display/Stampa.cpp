@@ -7,9 +7,11 @@
 #include "display/Disegno.h"
 #include "display/StampaPiastrelle.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -225,15 +227,14 @@ bool DopoStampa() {
 
 namespace {
 const VoceStato righe[] = {
-    {"hPageFormat", VoceStato::speciale, nullptr, 0, SetUpPrPort, nullptr},
-    {"destTypeP", VoceStato::i16, &destTypeP, 0},
-    {"destLocationP", VoceStato::speciale, nullptr, 0,
+    {"hPageFormat", SetUpPrPort},
+    voce<destTypeP>("destTypeP"),
+    {"destLocationP",
      [] {
          destFormatP.clear();
          destLocationP.clear();
-     },
-     nullptr},
-    {"rectgr", VoceStato::speciale, nullptr, 0, [] { rectgr = {}; },
+     }},
+    {"rectgr", [] { rectgr = {}; },
      [] {
          return "[" + NumeroJson(rectgr.left) + "," + NumeroJson(rectgr.top) + "," + NumeroJson(rectgr.right) + ","
                 + NumeroJson(rectgr.bottom) + "]";

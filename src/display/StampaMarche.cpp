@@ -4,7 +4,7 @@
 #include <string>
 
 #include "display/StampaPiastrelle.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Fonts.h"
 #include "platform/Resources.h"
 

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 
 namespace tessaro {
 
@@ -117,9 +117,7 @@ bool PiastrellaVuota(const Piastrelle& p, std::int32_t n) {
 }
 
 namespace {
-const VoceStato righe[] = {
-    {"scelteStampa", VoceStato::speciale, nullptr, 0, [] { scelteStampa = {}; }, nullptr},
-};
+const VoceStato righe[] = {{"scelteStampa", [] { scelteStampa = {}; }}};
 const TabellaStato tabella(righe);
 }   // namespace
 

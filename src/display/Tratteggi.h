@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "model/Elemento.h"
+
 namespace tessaro {
 
 extern std::uint8_t UscitaTratt;   // a hatch has been given up for want of memory, 0
@@ -11,5 +13,7 @@ void Hatch_Poligon(std::int32_t index);     // the hatch of the polyline at `ind
 void ESCITRATTEGGIO();                      // alert 3012; hatches are hidden from then on
 void PoniTratteggi();                       // dialog 9130: the hatch of the selected polylines, or of new ones
 void TratteggiaNuovo(std::int32_t testa);   // a head just stored takes the hatch of new ones, TrattCorrente
+
+extern elemento TrattCorrente;   // hatch template: type 7, hatch fields zero
 
 }   // namespace tessaro

@@ -4,7 +4,7 @@
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -60,7 +60,7 @@ void TPoniTratteggi::inggene() {
 }
 
 void TPoniTratteggi::Dialogo() {
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     Display();
     SelectDialogItemText(theDialog, campoAngolo, 0, 100);
     do {
@@ -70,8 +70,6 @@ void TPoniTratteggi::Dialogo() {
         if (itemCorrente == okItem) inggene();
         OscuraAnnulla();
     } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TPoniTratteggi::Tratt() {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "raster/perRighe.h"
+#include "raster/PerRighe.h"
 
 namespace tessaro {
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <new>
 
-#include "raster/perRighe.h"
+#include "raster/PerRighe.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {

@@ -4,11 +4,16 @@
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
 #include "model/Vista.h"
 
 namespace tessaro {
+
+constinit Point PosBaseSpost{};
 
 namespace {
 
@@ -90,5 +95,12 @@ void SpostaContorno() {
     MostraContorno();
     PosBaseSpost = ora;
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<PosBaseSpost>("PosBaseSpost"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

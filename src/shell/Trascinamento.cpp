@@ -7,7 +7,8 @@
 #include "dwg/DbDumper.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 #include "platform/Drags.h"
 #include "platform/Files.h"
@@ -23,11 +24,13 @@ namespace {
 constexpr OSType testo = tipoDi("TEXT"), disegno = tipoDi("TS3D");
 constexpr std::size_t lungoSuffisso = 5;   // of a drawing's name, point included
 
-std::string_view fineDi(const FSSpec& file) {
-    const std::string_view nome = file.nome;
-    return nome.size() < lungoSuffisso ? std::string_view() : nome.substr(nome.size() - lungoSuffisso);
+bool eDisegno(const FSSpec& file, OSType tipo) {
+    if (tipo == disegno) return true;
+    const auto punto = file.nome.rfind('.');
+    if (punto == std::string::npos) return false;
+    const std::string fine = Minuscole(file.nome.substr(punto));
+    return fine == ".ts3d" || fine == ".tc3d";
 }
-bool suffissoDisegno(std::string_view fine) { return fine == ".tc3d" || fine == ".TS3D"; }
 
 FInfo infoDi(const FSSpec& file) {
     FInfo info;
@@ -56,7 +59,7 @@ bool fileAccettato(const FSSpec& file) {
     if (FileImmagine(file.percorso)) return true;
     // Kept: a name of four characters is refused, whatever it holds.
     if (file.nome.size() < lungoSuffisso) return false;
-    return suffissoDisegno(fineDi(file)) || infoDi(file).fdType == disegno || testoLeggibile(file.nome) || eCad(file);
+    return eDisegno(file, infoDi(file).fdType) || testoLeggibile(file.nome) || eCad(file);
 }
 
 }   // namespace
@@ -89,13 +92,13 @@ void RemoveDragHandlers() {
 namespace {
 
 void leggiImmagine(const FSSpec& file) {
-    if (Modalita != 0) CheckMouse(false);
+    if (Modalita != mSelezione) CheckMouse(false);
     LeggiDropPict(file);
 }
 
 void riceviFile(const FSSpec& file, std::uint16_t tasti) {
     const OSType tipo = infoDi(file).fdType;
-    if (tipo == disegno || suffissoDisegno(fineDi(file))) {
+    if (eDisegno(file, tipo)) {
         LeggiDropTS3D(file, tasti);
     } else if (eCad(file) && (tasti & optionKey) == 0) {
         ImportaDWGFile(file);
@@ -109,7 +112,7 @@ void riceviFile(const FSSpec& file, std::uint16_t tasti) {
 void riceviPict(const std::string& dati) {
     constexpr std::int32_t bloccoMinimo = 100000;   // bytes
     if (CompactMem() <= bloccoMinimo) return;
-    if (Modalita != 0) CheckMouse(false);
+    if (Modalita != mSelezione) CheckMouse(false);
     MyInsertPICT(dati);
 }
 

@@ -10,6 +10,7 @@
 
 #include "digitising/Attacchi.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
 #include "support/Attacco.h"
@@ -301,8 +302,8 @@ TEST(AttaccoDinamico, AnAngleIsRoundedAndStaysWithinATurn) {
         std::int16_t voluto;
     };
     constexpr Caso casi[] = {
-        {0, 100, 30.7, 131}, {0, 10, -10.7, 399}, {0, 0, -1.7, 398},   {0, 250, 0.99, 251}, {0, 390, 10.2, 0},
-        {1, 100, 30.7, 131}, {1, 10, 0.9, 11},    {1, 10, -10.7, 399},
+        {0, 100, 30.7, 131}, {0, 10, -10.7, 399}, {0, 0, -1.7, 398}, {0, 250, 0.99, 251},
+        {0, 390, 10.2, 0},   {1, 100, 30.7, 131}, {1, 10, 0.9, 11},  {1, 10, -10.7, 399},
     };
     for (const Caso& c : casi) {
         std::array<Coppia, 4> src = quadrato;

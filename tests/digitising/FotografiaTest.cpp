@@ -10,6 +10,7 @@
 
 #include "digitising/Attacchi.h"
 #include "display/Disegno.h"
+#include "model/Cursore.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Immagini.h"

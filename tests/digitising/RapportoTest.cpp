@@ -8,6 +8,7 @@
 #include "digitising/Attacchi.h"
 #include "digitising/RapportoAttacchi.h"
 #include "digitising/RapportoTesti.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "support/Avvisi.h"

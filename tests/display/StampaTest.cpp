@@ -7,7 +7,11 @@
 
 #include "display/Disegno.h"
 #include "display/StampaPiastrelle.h"
+#include "model/Carattere.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/pict/Pict.h"
 #include "support/Avvisi.h"

@@ -13,7 +13,7 @@
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "platform/pict/Codici.h"

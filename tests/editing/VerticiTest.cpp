@@ -3,10 +3,13 @@
 
 #include "../display/Scena.h"
 #include "editing/Conversioni.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
-#include "support/Ascolto.h"
+#include "model/Unita.h"
+#include "model/Vista.h"
+#include "support/Avvisi.h"
 #include "text/Conversione.h"
 
 using namespace tessaro;
@@ -119,7 +122,6 @@ TEST(Vertici, ASummaryThatOutlivesItsRecordCatchesNothing) {
 
 TEST(Conversioni, AnArcEndsWhereItEndsAndAPolylineGivesItsSides) {
     const Scena s;
-    const Ascolto ascolto;
     orientCorrente = orientAzimut;
     NumLatiPoligono = 3;
     const std::int32_t a = arco(100, 100, 50, 0, 90);
@@ -136,12 +138,12 @@ TEST(Conversioni, AnArcEndsWhereItEndsAndAPolylineGivesItsSides) {
     EXPECT_EQ(Elem(a + 9).segm.x2, Elem(a + 5).vert.x);
     EXPECT_EQ(annullamento, aAggiunta);
     EXPECT_EQ(inizioAggiunta, a + 5);
-    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     tieni(a, oArco);
     TrasformaSegmentiSel();
     EXPECT_EQ(indElem, a + 9);
     EXPECT_EQ(annullamento, aNiente);
-    EXPECT_EQ(ascolto.suoni, 1);
+    EXPECT_EQ(prova::suoni, 1);
 }
 
 // The button is up again at once: neither point moves.

@@ -5,11 +5,15 @@
 #include <limits>
 
 #include "digitising/Attacchi.h"
+#include "files/Blocchi.h"
 #include "model/Annulla.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "support/Avvisi.h"
 
@@ -163,7 +167,7 @@ TEST(Nativo, WhatIsWrittenComesBack) {
     comeIBlocchi();
     OKAttacco5 = 1;
     xAttacco5 = 5;
-    segmento(1, 2, 3, std::numeric_limits<double>::quiet_NaN());
+    segmento(1, 2, 3, -1e300);
     const auto testaPoli = polilinea({{1, 2}, {3, 4}, {5, 6}});
     testo(5, 6, "Caff\x8E", 33);
     arco(1, 2, 3, 4, 5);

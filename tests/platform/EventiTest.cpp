@@ -14,6 +14,7 @@
 #include "platform/Automation.h"
 #include "platform/qt/Interno.h"
 #include "platform/Windows.h"
+#include "support/Avvisi.h"
 
 using namespace tessaro;
 
@@ -62,7 +63,7 @@ protected:
     void TearDown() override {
         svuota();
         DisposeWindow(w);
-        SetCopione(nullptr);
+        prova::ganciDellaSuite();
     }
     void svuota() {
         EventRecord e;

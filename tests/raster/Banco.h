@@ -10,13 +10,13 @@
 #include <vector>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/pict/Pict.h"
 #include "raster/Percorri.h"
-#include "raster/perRighe.h"
+#include "raster/PerRighe.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"

@@ -3,6 +3,7 @@
 
 #include "../display/Scena.h"
 #include "display/RiquadroTesto.h"
+#include "model/Archivio.h"
 #include "model/Selezione.h"
 
 using namespace tessaro;

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Unita.h"
 #include "platform/pict/Pict.h"
 #include "raster/InserisciPict.h"
 #include "support/Avvisi.h"

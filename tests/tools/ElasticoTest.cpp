@@ -4,6 +4,9 @@
 #include <algorithm>
 
 #include "display/Disegno.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "platform/paint/RasterPort.h"
 #include "support/Foglio.h"
@@ -45,16 +48,17 @@ void muovi(double x, double y) {
     Croce();
     xcurs = x;
     ycurs = y;
-    const bool segmento = Azione == 5 || operazCorrente < 2 || (Azione == 1 && CurvePerPunti);
-    if (Azione) FaiElemento(segmento ? tSegmento : Azione == 8 && operazCorrente == 6 ? tArco : tCerchio);
+    const bool segmento = Azione == sPercorso || operazCorrente < opTesto || (Azione == sPrimoPunto && CurvePerPunti);
+    if (Azione)
+        FaiElemento(segmento ? tSegmento : Azione == sTerzoPunto && operazCorrente == opArco ? tArco : tCerchio);
     Croce();
 }
 
 void premi(std::int16_t bottone) {
     tabButton = bottone;
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 8) {
+    } else if (Azione == sTerzoPunto) {
         FineArcoRaggio();
     } else {
         FineSegm();
@@ -74,7 +78,7 @@ TEST(Elastico, AFigureGivenUpLeavesTheScreenAsItWas) {
         premi(1);
         for (const double x : {350, 520, 780}) muovi(x, 420);
         premi(0);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
         EXPECT_EQ(schermo.segnati(), 0);
     }
 }
@@ -104,7 +108,7 @@ TEST(Elastico, AFinishedFigureStandsAloneAsARepaintWouldDrawIt) {
         if (Azione) premi(1);
         muovi(610, 520);
         if (Azione) premi(1);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
         const int lasciati = schermo.segnati();
         EXPECT_GT(lasciati, 20);
 

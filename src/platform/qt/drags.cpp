@@ -15,9 +15,9 @@
 #include <utility>
 
 #include "platform/qt/DatiNostri.h"
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 
