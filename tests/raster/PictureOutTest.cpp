@@ -11,16 +11,17 @@
 
 #include <gtest/gtest.h>
 
-#include "model/Archivio.h"
 #include "display/Disegno.h"
+#include "files/Richieste.h"
+#include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
+#include "model/Selezione.h"
 #include "model/Stato.h"
 #include "model/Strumento.h"
-#include "model/Unita.h"
-#include "model/Selezione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Images.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
