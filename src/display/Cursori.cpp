@@ -48,7 +48,7 @@ void larghezzaLinea(std::int16_t numeratore, std::int16_t denominatore) {
     const auto n = static_cast<std::uint16_t>(numeratore), d = static_cast<std::uint16_t>(denominatore);
     const std::array<char, 4> byte{static_cast<char>(n >> 8), static_cast<char>(n & 255), static_cast<char>(d >> 8),
                                    static_cast<char>(d & 255)};
-    PicComment(182, {byte.data(), byte.size()});
+    PicComment(setLineWidth, {byte.data(), byte.size()});
 }
 
 }   // namespace
@@ -106,15 +106,15 @@ void SospendiAz() {
 
 void CommBegin() {
     if (!DisegnaPict) return;
-    PicComment(130, {});
-    PicComment(140, {});
+    PicComment(picDwgBeg, {});
+    PicComment(dashedBegin, {});
     larghezzaLinea(12, 10);
 }
 
 void CommEnd() {
     if (!DisegnaPict) return;
-    PicComment(141, {});
-    PicComment(131, {});
+    PicComment(dashedEnd, {});
+    PicComment(picDwgEnd, {});
 }
 
 // Kept: the width sent follows SpessorePenna alone, whatever the size of the pen on the screen.

@@ -84,9 +84,10 @@ void disegnaCrociata(const Rect& r) {
     ForeColor(blackColor);
     FrameRect(r);
     MoveTo(r.left, r.top);
-    LineTo(r.right - 1, r.bottom - 1);
-    MoveTo(r.left, r.bottom - 1);
-    LineTo(r.right - 1, r.top);
+    const std::int32_t pixel = GetPort()->finezza;
+    LineTo(r.right - pixel, r.bottom - pixel);
+    MoveTo(r.left, r.bottom - pixel);
+    LineTo(r.right - pixel, r.top);
 }
 
 void copia(GrafPort& port, const std::vector<std::uint32_t>& pixel, std::int32_t w, std::int32_t h, const Rect& dst,
@@ -196,6 +197,8 @@ void DisPict(std::int32_t index) {
     const PicHandle h = p.maniglia;
     // Pictures and paper take the picture itself; a copy at the screen's resolution would be too coarse for them.
     if (dynamic_cast<RasterPort*>(&port) == nullptr) {
+        // A picture's pens are its own.
+        if (StoStampando) PicComment(setLineWidth, std::string_view("\0\1\0\1", 4));
         DrawPicture(PictBytes(h), dst);
     } else {
         Copia& c = copiaDi(h);

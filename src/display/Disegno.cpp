@@ -77,10 +77,12 @@ class Filtro {
     std::array<std::uint8_t, 101> visibile{};   // by sheet; the last entry stands for numbers that are none
 
 public:
-    Filtro() : perPixel(1 / scalavid), tutto(AnteprimaAttiva()) {
+    Filtro() : perPixel(GetPort()->finezza / scalavid), tutto(AnteprimaAttiva()) {
         const Rect r = AreaDisegnabile();
-        area = {(static_cast<double>(r.left) + OrigX) * perPixel, (static_cast<double>(r.top) + OrigY) * perPixel,
-                (static_cast<double>(r.right) + OrigX) * perPixel, (static_cast<double>(r.bottom) + OrigY) * perPixel};
+        const auto foglio = [](std::int32_t p, std::int32_t orig) {
+            return (static_cast<double>(p) + orig) / scalavid;
+        };
+        area = {foglio(r.left, OrigX), foglio(r.top, OrigY), foglio(r.right, OrigX), foglio(r.bottom, OrigY)};
         if (EmptyRect(r)) area = {1, 1, -1e300, -1e300};
         for (std::int16_t i = 0; i < 100; ++i) visibile[static_cast<std::size_t>(i)] = LucidoVisibile(i);
     }
@@ -121,9 +123,10 @@ public:
     // Round the anchor, whatever the angle: as far as the string was measured or as its letters may reach, since the
     // smallest size and the fonts of another machine widen it.
     [[nodiscard]] bool passaTesto(const elemento& e) const {
-        const double corpo = std::fabs(e.test.dimensione * ScalaTesto) + 2;
+        const double scala = ScalaTesto / GetPort()->finezza;
+        const double corpo = std::fabs(e.test.dimensione * scala) + 2;
         const double lungo =
-            std::max(std::fabs(e.test.larghezza * ScalaTesto), 1.5 * corpo * static_cast<double>(ScrittaDi(e).size()));
+            std::max(std::fabs(e.test.larghezza * scala), 1.5 * corpo * static_cast<double>(ScrittaDi(e).size()));
         const double x = e.test.x, y = e.test.y;
         return tocca(x, y, x, y, (lungo + 2 * corpo) * perPixel);
     }
@@ -156,9 +159,10 @@ public:
             larghezza = spessoreElem;
             // A width from a damaged record is held to what a view can show.
             const auto pixel = std::clamp<std::int16_t>(spessoreElem, 0, 1000);
-            PenSize(pixel, pixel);
+            const std::int32_t lato = pixel * GetPort()->finezza;
+            PenSize(lato, lato);
             PenSizeLaser(static_cast<std::int16_t>(pixel - 1));
-            spess = static_cast<std::int16_t>(pixel / 2);
+            spess = static_cast<std::int16_t>(lato / 2);
         }
     }
 };
@@ -192,7 +196,7 @@ class Scansione {
         penna.poni(e.poli.colore, e.poli.pattern, e.poli.spessore, LucidoGrigio(e.lucido));
         FaiPoly(i);
         if (!VisioneGraf.mostraTratteggi || !e.poli.tratteggio) return;
-        PenSize(1, 1);
+        PenSize(GetPort()->finezza, GetPort()->finezza);
         Hatch_Poligon(i);
         penna.dimentica();
     }
@@ -303,11 +307,13 @@ void Disegna() {
     CommBegin();
     faiFoglio();
     pennaNera(patCopy);
-    if (OKAttacco5) DisAttacco5();
-    attaccoAttivo.Disegna();
+    if (!DisegnaPict) {   // paper and pictures show no control points
+        if (OKAttacco5) DisAttacco5();
+        attaccoAttivo.Disegna();
+    }
     pennaNera(patCopy);
     Scansione().esegui<false>();
-    PenSize(1, 1);
+    PenSize(GetPort()->finezza, GetPort()->finezza);
     spess = 0;
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {

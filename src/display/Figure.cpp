@@ -39,13 +39,17 @@ Curva curvaTrasformata(const Curva& c) {
 
 constexpr std::int32_t troppoGrande = 16000;   // pixels of extent above which an oval is drawn by its points
 
+// On a page a frame's line runs where the figure is, and the area ends there.
+bool suPagina() { return GetPort()->finezza > 1; }
+
 // The rectangle of a circle's frame; false when it is too large for a port's ovals.
 bool rettangoloDi(const Curva& c, Rect& r) {
     Point a, b;
     if (!PuntoIntero(c.cx - c.raggio, c.cy - c.raggio, a) || !PuntoIntero(c.cx + c.raggio, c.cy + c.raggio, b))
         return false;
     r = Rect{a.v - spess, a.h - spess, b.v + spess, b.h + spess};
-    return r.right - r.left <= troppoGrande && r.bottom - r.top <= troppoGrande;
+    const std::int64_t massimo = std::int64_t{troppoGrande} * GetPort()->finezza;
+    return std::int64_t{r.right} - r.left <= massimo && std::int64_t{r.bottom} - r.top <= massimo;
 }
 
 Polygon figura;                // the polygon being drawn; kept so that a repaint does not allocate
@@ -100,6 +104,7 @@ void riempiCurva(const Curva& c, bool intera, std::int16_t pattern, std::int16_t
         vela(lucido, [] { PaintPoly(figura); });
         return;
     }
+    if (suPagina()) r = InsetRect(r, spess, spess);
     if (intera) {
         FillOval(r, area);
         vela(lucido, [&] { PaintOval(r); });
@@ -142,8 +147,10 @@ void poligono(std::int32_t testa, std::int32_t ultimo, bool riempi, bool comeDiv
     const std::int16_t area = Elem(testa).poli.patternArea;
     if (riempi && area > 0) {
         if (!intero) TagliaPoligono(figuraD, figura);
+        if (suPagina()) OffsetPoly(figura, spess, spess);
         FillPoly(figura, PatternVista(GetIndPattern(area)));
         vela(Elem(testa).lucido, [] { PaintPoly(figura); });
+        if (suPagina()) OffsetPoly(figura, -spess, -spess);
     }
     if (intero) {
         FramePoly(figura);

@@ -20,7 +20,7 @@ struct RettD {
 };
 
 // Pixels beyond this are not given to a port: stored pictures hold 16 bits, rasters must not overflow.
-inline std::int64_t LimitePixel() { return DisegnaPict ? 30000 : std::int64_t{1} << 28; }
+inline std::int64_t LimitePixel() { return DisegnaPict && !StoStampando ? 30000 : std::int64_t{1} << 28; }
 
 // The nearest whole number, half away from zero.
 inline std::int64_t PixelVicino(double t) {

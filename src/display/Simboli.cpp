@@ -36,7 +36,8 @@ void DisQuadrato(std::int32_t h, std::int32_t v) { FrameRect(SetRect(h - 2, v - 
 
 void DisCroce(std::int32_t h, std::int32_t v) {
     // Kept: the horizontal stroke is not centred in Y when the pen is thick.
-    tratto(h - 2, v + spess, h + 2, v + spess);
+    const std::int32_t giu = spess / GetPort()->finezza;
+    tratto(h - 2, v + giu, h + 2, v + giu);
     tratto(h, v - 2, h, v + 2);
 }
 
@@ -59,8 +60,9 @@ void etichetta(const Aref& aref, double x, double y, std::int32_t dh, std::int32
     const std::size_t lunga = aref[0] < aref.size() ? aref[0] : aref.size() - 1;
     Point p;
     if (lunga == 0 || !PuntoIntero(x, y, p)) return;
-    constexpr std::int32_t contorno = 300;   // pixels: wider than the longest tag
+    const std::int32_t contorno = 300 * GetPort()->finezza;   // pixels: wider than the longest tag
     if (!PtInRect(p, InsetRect(area, -contorno, -contorno))) return;
+    const ScalaMarca scala(p);
     MoveTo(p.h + dh, p.v + dv);
     DrawString({reinterpret_cast<const char*>(aref.data()) + 1, lunga});
 }
@@ -80,6 +82,7 @@ void disegnaRete(const Mesh& m, std::int32_t colore) {
 void DisegnaMarker(std::int16_t forma, std::int32_t h, std::int32_t v) {
     h -= spess;
     v -= spess;
+    const ScalaMarca scala(Point{v, h});
     switch (forma) {
     case 1: DisAsterisco(h, v); break;
     case 2: DisTriangolo(h, v); break;
@@ -129,13 +132,16 @@ void DisegnaMesh() {
 
 void faiFoglio() {
     const Pattern prima = GetPenState().pnPat;
-    PenSize(2, 2);
+    const std::int32_t pixel = GetPort()->finezza;
+    PenSize(2 * pixel, 2 * pixel);
     PenPat(PatternVista(qdGray));
     PenMode(patOr);
     ForeColor(redColor);
     const double larghezza = XFDecimi, altezza = YFDecimi;
-    FrameRect(Rect{PixelTenuto(YVidD(0) - 1), PixelTenuto(XVidD(0) - 1), PixelTenuto(YVidD(altezza) - 1),
-                   PixelTenuto(XVidD(larghezza) - 1)});
+    // On paper the middle of the line is the sheet's edge.
+    const std::int32_t oltre = StoStampando ? pixel : -pixel;
+    FrameRect(Rect{PixelTenuto(YVidD(0) - pixel), PixelTenuto(XVidD(0) - pixel), PixelTenuto(YVidD(altezza) + oltre),
+                   PixelTenuto(XVidD(larghezza) + oltre)});
     PenPat(prima);
 }
 

@@ -21,9 +21,6 @@ namespace tessaro {
 
 namespace {
 
-// Comments of a stored picture: a turned text begins, ends, its centre; a bitmap that stands for it begins, ends.
-enum : std::int16_t { textBegin = 150, textEnd = 151, textCenter = 154, bitmapBegin = 190, bitmapEnd = 191 };
-
 constexpr std::int16_t orizzontale = 100;
 constexpr std::int16_t corpoMinimo = 2;
 
@@ -73,7 +70,7 @@ void perStampante(const Testo& t) {
     grande(rotazione, 0, 2);
     grande(rotazione, giro, 2);
     grande(rotazione, 0, 2);
-    grande(rotazione, giro * 65536, 4);
+    grande(rotazione, static_cast<std::int32_t>(std::llround(std::clamp(t.gradi, -32767.0, 32767.0) * 65536)), 4);
     PicComment(textBegin, rotazione);
     MoveTo(t.dove.h, t.dove.v);
     PicComment(textCenter, std::string(8, '\0'));
@@ -116,6 +113,8 @@ BitMapPtr immagineGirata(const Testo& t, Point& da) {
 void comeBitmap(const Testo& t) {
     PicComment(bitmapBegin, {});
     Point da;
+    // A page has turned the letters themselves.
+    if (GetPort()->giraTesti) return PicComment(bitmapEnd, {});
     if (const BitMapPtr b = immagineGirata(t, da)) PlotBitMap(b.get(), t.dove.h + da.h, t.dove.v + da.v, srcOr);
     PicComment(bitmapEnd, {});
 }

@@ -10,6 +10,7 @@
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
 #include "editing/TestoSelezione.h"
+#include "editing/TrascinaFuori.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Strumento.h"
@@ -153,7 +154,9 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     }
     if (preso || !Button()) {
         Tempo = event.when;
-    } else if (!opzione) {   // Option held beside everything is for dragging out, which a window does not offer yet
+    } else if (opzione) {   // beside everything
+        MyDoStartDrag();
+    } else {
         preso = daRettangolo();
     }
     if (preso && Puntosel.oggetto < oMeshOrigine) riassumi(ripresa);

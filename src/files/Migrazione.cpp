@@ -102,7 +102,7 @@ void muovi(const Mossa& m, const std::uint8_t* vecchio, const Disco& nuovo) {
     case reale: {
         std::array<std::uint8_t, 10> x;
         std::copy_n(da, x.size(), x.begin());
-        const double v = EndiansDouble_NtoB(x80told(x));
+        const double v = EndiansDouble_NtoB(static_cast<double>(x80told(x)));
         std::memcpy(nuovo.p + m.a, &v, sizeof v);
         break;
     }

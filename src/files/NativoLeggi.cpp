@@ -94,8 +94,8 @@ bool leggiIntestazione(Lettura& l) {
     if (resto() < byteIntestazione(l.testa.versione)) return false;
     if (l.testa.versione < 4) return true;
     if (l.testa.versione == 4) {
-        l.testa.x5 = x80told(leggiExtended());
-        l.testa.y5 = x80told(leggiExtended());
+        l.testa.x5 = static_cast<double>(x80told(leggiExtended()));
+        l.testa.y5 = static_cast<double>(x80told(leggiExtended()));
     } else {
         l.testa.x5 = leggir();
         l.testa.y5 = leggir();

@@ -56,6 +56,7 @@ enum : std::int16_t {
     impostaPagina = 13,
     stampa = 14,
     esci = 16,
+    anteprima = 17,
 };
 }
 namespace modifica {

@@ -45,6 +45,10 @@ struct Copione {
     bool (*file)(bool save, std::string& pathUtf8);
     std::int16_t (*popup)();
     bool (*colore)(std::uint16_t& r, std::uint16_t& g, std::uint16_t& b);
+    // The print dialog: a file for the pages; first and last stay as they are when the answer names none.
+    bool (*stampa)(std::string& pathUtf8, std::int32_t& first, std::int32_t& last);
+    // The page set-up: paper in millimetres, left as it is when the answer names none.
+    bool (*carta)(double& width, double& height);
     void (*beep)(std::int32_t duration);
 };
 void SetCopione(const Copione* copione);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/Events.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 
@@ -39,6 +40,8 @@ void SetDialogItemMenu(DialogPtr d, std::int16_t item,
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
+// What a canvas item shows, copied.
+void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);
 
 // Fill ^0 to ^3 in the texts of the dialogs and alerts opened from now on.

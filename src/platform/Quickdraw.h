@@ -90,6 +90,12 @@ public:
     Point origin;             // SetOrigin's: logical coordinates of the top left pixel
     Region clip;              // only pixels in it are touched; at start the whole port
     std::int32_t ratio = 1;   // device pixels per logical pixel, 1 or more
+    // Coordinates per logical pixel: 1, and above it on a page, which is measured finer than a screen. Whoever draws
+    // something of so many pixels (pens, marks) multiplies by it.
+    std::int32_t finezza = 1;
+    Point centroMarca;   // with `marca` set, coordinates are pixels counted from here (ScalaMarca)
+    bool marca = false;
+    bool giraTesti = false;   // understands the comments of turned text and needs no bitmap in its place
     PenState pen;
     TextState text;
     RGBColor foreground;   // black
@@ -113,6 +119,20 @@ public:
     virtual void stdComment(std::int16_t kind, std::string_view data) = 0;   // picture comments; rasters ignore them
 };
 
+// The comments that a page's port understands and all others pass over.
+enum : std::int16_t {
+    picDwgBeg = 130,
+    picDwgEnd = 131,
+    textBegin = 150,   // 2 bytes, angle (16 bits), 2 bytes, angle (Fixed, degrees clockwise)
+    textEnd = 151,
+    textCenter = 154,     // the point to turn about, from the pen (Fixed v, h)
+    setLineWidth = 182,   // what a pen of one pixel measures in points: numerator, denominator (16 bits each)
+    bitmapBegin = 190,    // a bitmap in the place of what the comments before it have told
+    bitmapEnd = 191,
+    dashedBegin = 140,
+    dashedEnd = 141,
+};
+
 using GrafPtr = GrafPort*;
 
 GrafPtr GetPort();            // never null: without a window a port that draws nowhere
@@ -129,7 +149,7 @@ void Move(std::int32_t dh, std::int32_t dv);
 void LineTo(std::int32_t h, std::int32_t v);
 void Line(std::int32_t dh, std::int32_t dv);
 Point GetPen();
-void PenNormal();   // size 1, copy, black pattern
+void PenNormal();   // size of one pixel, copy, black pattern
 void PenSize(std::int32_t width, std::int32_t height);
 void PenMode(std::int16_t mode);
 void PenPat(const Pattern& p);
@@ -141,6 +161,19 @@ void ForeColor(std::int32_t fixedColour);
 void BackColor(std::int32_t fixedColour);
 void RGBForeColor(const RGBColor& c);
 void RGBBackColor(const RGBColor& c);
+
+// While it lives, the current port takes coordinates as pixels counted from `centro`: a mark of fixed size stays as large
+// on a page as it is on the screen. Ports of whole pixels take no notice.
+class ScalaMarca {
+public:
+    explicit ScalaMarca(Point centro);
+    ~ScalaMarca();
+    ScalaMarca(const ScalaMarca&) = delete;
+    ScalaMarca& operator=(const ScalaMarca&) = delete;
+
+private:
+    GrafPtr porto;
+};
 
 // --- figures
 void FrameRect(const Rect& r);

@@ -81,6 +81,9 @@ constexpr Copione ganci{
     .popup = [] { return protetto(RispondiPopup); },
     .colore = [](std::uint16_t& r, std::uint16_t& g,
                  std::uint16_t& b) { return protetto([&] { return RispondiColore(r, g, b); }); },
+    .stampa = [](std::string& path, std::int32_t& first,
+                 std::int32_t& last) { return protetto([&] { return RispondiStampa(path, first, last); }); },
+    .carta = [](double& width, double& height) { return protetto([&] { return RispondiCarta(width, height); }); },
     .beep = [](std::int32_t duration) { Stampa("beep " + std::to_string(duration)); },
 };
 

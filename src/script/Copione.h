@@ -14,6 +14,8 @@ struct Opzioni {
     Avvio avvio;
     std::string copione;                  // --script; "-" is standard input; empty: no script
     std::vector<std::string> documenti;   // other arguments: drawings to open, UTF-8
+    bool stampa = false;                  // --print: the drawings are printed, and that is all
+    std::string stampaSu;                 // --print-to: the same, onto this PDF file
     bool aiuto = false;                   // --help or -h
     bool versione = false;                // --version
 };

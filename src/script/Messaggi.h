@@ -42,6 +42,8 @@ enum class Avviso : std::int16_t {
     fineAnticipata,        // the program ended before this line
     figura,                // the picture ^0 cannot be written
     disegnoAssente,        // no drawing is open
+    stampaInattesa,        // the print dialog opened and no answer waits for it
+    cartaInattesa,         // the page set-up opened and no answer waits for it
 };
 
 std::string TestoAvviso(Avviso quale, const std::string& p0 = {}, const std::string& p1 = {});   // UTF-8

@@ -47,6 +47,12 @@ constexpr Opzione opzioni[] = {
          o.avvio.language = v;
          return v == "en" || v == "it";
      }},
+    {"--print-to",
+     [](std::string_view v, Opzioni& o) {
+         o.stampaSu = v;
+         return !v.empty();
+     }},
+    {"--print", nullptr, &Opzioni::stampa},
     {"--help", nullptr, &Opzioni::aiuto},
     {"-h", nullptr, &Opzioni::aiuto},
     {"--version", nullptr, &Opzioni::versione},

@@ -36,12 +36,26 @@ struct RispostaColore {
     std::int32_t riga = 0;
 };
 
+struct RispostaStampa {
+    bool annulla = false;
+    std::string path;
+    std::int32_t prima = 0, ultima = 0;   // 0: all pages
+    std::int32_t riga = 0;
+};
+struct RispostaCarta {
+    bool annulla = false;
+    double larga = 0, alta = 0;   // mm; 0: as it is
+    std::int32_t riga = 0;
+};
+
 std::deque<RispostaDialogo> dialoghi;
 std::vector<RispostaDialogo> aperti;
 std::deque<RispostaAvviso> avvisi;
 std::deque<RispostaFile> file;
 std::deque<RispostaPopup> popup;
 std::deque<RispostaColore> colori;
+std::deque<RispostaStampa> stampe;
+std::deque<RispostaCarta> carte;
 
 template <class T>
 T prima(std::deque<T>& coda, Avviso inatteso) {
@@ -85,12 +99,16 @@ void rispostaAvviso(const Parole& p, std::int32_t riga) {
     avvisi.push_back({corto(p[1].testo), corto(p[2].testo), riga});
 }
 
+std::string assoluto(const std::string& path) {
+    std::error_code guasto;
+    const auto intero = std::filesystem::absolute(path, guasto);
+    return guasto ? path : intero.string();
+}
+
 void rispostaFile(const Parole& p, std::int32_t riga) {
     pretendi(p.size() == 2);
     const bool via = annulla(p);
-    std::error_code guasto;
-    const auto assoluto = std::filesystem::absolute(p[1].testo, guasto);
-    file.push_back({via, via || guasto ? p[1].testo : assoluto.string(), riga});
+    file.push_back({via, via ? p[1].testo : assoluto(p[1].testo), riga});
 }
 
 void rispostaPopup(const Parole& p, std::int32_t riga) {
@@ -105,15 +123,36 @@ void rispostaColore(const Parole& p, std::int32_t riga) {
     colori.push_back({false, componente(p[1].testo), componente(p[2].testo), componente(p[3].testo), riga});
 }
 
-void nonCostruita(const Parole& p, std::int32_t) { sbaglia(Avviso::nonCostruito, "answer " + p[0].testo); }
+void rispostaStampa(const Parole& p, std::int32_t riga) {
+    if (annulla(p)) return void(stampe.push_back({true, {}, 0, 0, riga}));
+    pretendi(p.size() == 2 || p.size() == 4);
+    RispostaStampa r{false, assoluto(p[1].testo), 0, 0, riga};
+    if (p.size() == 4) {
+        r.prima = Intero(p[2].testo, 1, 1000000);
+        r.ultima = Intero(p[3].testo, 1, 1000000);
+    }
+    stampe.push_back(std::move(r));
+}
+
+void rispostaCarta(const Parole& p, std::int32_t riga) {
+    if (annulla(p)) return void(carte.push_back({true, 0, 0, riga}));
+    pretendi(p.size() == 1 || p.size() == 3);
+    RispostaCarta r{false, 0, 0, riga};
+    if (p.size() == 3) {
+        r.larga = Reale(p[1].testo);
+        r.alta = Reale(p[2].testo);
+        pretendi(r.larga > 0 && r.alta > 0);
+    }
+    carte.push_back(r);
+}
 
 struct Genere {
     std::string_view nome;
     void (*accoda)(const Parole& p, std::int32_t riga);
 };
 constexpr Genere generi[] = {
-    {"dialog", rispostaDialogo}, {"alert", rispostaAvviso}, {"file", rispostaFile},  {"popup", rispostaPopup},
-    {"colour", rispostaColore},  {"print", nonCostruita},   {"setup", nonCostruita},
+    {"dialog", rispostaDialogo}, {"alert", rispostaAvviso}, {"file", rispostaFile},   {"popup", rispostaPopup},
+    {"colour", rispostaColore},  {"print", rispostaStampa}, {"setup", rispostaCarta},
 };
 
 template <class T>
@@ -148,6 +187,8 @@ std::int32_t RigaRispostaRimasta() {
     piuVecchia(file, riga);
     piuVecchia(popup, riga);
     piuVecchia(colori, riga);
+    piuVecchia(stampe, riga);
+    piuVecchia(carte, riga);
     return riga;
 }
 
@@ -219,6 +260,27 @@ bool RispondiColore(std::uint16_t& r, std::uint16_t& g, std::uint16_t& b) {
     r = c.r;
     g = c.g;
     b = c.b;
+    return true;
+}
+
+bool RispondiStampa(std::string& path, std::int32_t& first, std::int32_t& last) {
+    const RispostaStampa r = prima(stampe, Avviso::stampaInattesa);
+    if (r.annulla) return false;
+    path = r.path;
+    if (r.prima > 0) {
+        first = r.prima;
+        last = r.ultima;
+    }
+    return true;
+}
+
+bool RispondiCarta(double& width, double& height) {
+    const RispostaCarta r = prima(carte, Avviso::cartaInattesa);
+    if (r.annulla) return false;
+    if (r.larga > 0) {
+        width = r.larga;
+        height = r.alta;
+    }
     return true;
 }
 

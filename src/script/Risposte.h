@@ -26,6 +26,8 @@ void ChiudiDialogo(std::int16_t id);
 bool RispondiFile(std::string& path);
 std::int16_t RispondiPopup();
 bool RispondiColore(std::uint16_t& r, std::uint16_t& g, std::uint16_t& b);
+bool RispondiStampa(std::string& path, std::int32_t& first, std::int32_t& last);
+bool RispondiCarta(double& width, double& height);
 
 void Stampa(const std::string& riga);   // a line on standard output, at once
 

@@ -11,6 +11,8 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Stampa.h"
+#include "display/StampaPiastrelle.h"
 #include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "dwg/DbDumper.h"
@@ -103,6 +105,11 @@ void DoArchivio() {
     case salva:
     case salvaCome: archivia(); break;
     case formato: FormatoXYZ(0); break;
+    case impostaPagina: DoPageSetupDialog(); break;
+    case stampa: Stampa(); break;
+    case anteprima:
+        if (AnteprimaStampa()) Stampa();
+        break;
     case esci: fine = TuttoChiuso(); break;
     default: break;
     }

@@ -1,9 +1,12 @@
 // One event and one idle step: the loop's body, with updates, activation and what the desktop asks.
+#include <algorithm>
+
 #include "dialogs/Parametri.h"
 #include "digitising/TavolettaLettori.h"
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Stampa.h"
 #include "display/Zoom.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -81,7 +84,25 @@ void dalDesktop(const EventRecord& e) {
         if (noWindow) SetUpWindow();
     } else if (e.classe == "odoc" && !e.percorsi.empty()) {
         ApriPercorso(e.percorsi.front().c_str());
+    } else if (e.classe == "pdoc") {
+        HandlePDOC(e.percorsi);
     }
+}
+
+// What is told apart from a repaint, an activation or a moved bar: the person goes on working.
+bool eAzione(EventKind k) {
+    constexpr EventKind azioni[] = {EventKind::mouseDown,  EventKind::keyDown, EventKind::autoKey,
+                                    EventKind::menuChoice, EventKind::goAway,  EventKind::highLevel,
+                                    EventKind::drop,       EventKind::button,  EventKind::dialogItem,
+                                    EventKind::tablet,     EventKind::pen};
+    return std::find(std::begin(azioni), std::end(azioni), k) != std::end(azioni);
+}
+
+// Behind a print nobody works on a screen without control points and selection.
+void rimettiDopoStampa(EventKind k) {
+    if (!eAzione(k) || !DopoStampa() || noWindow) return;
+    InvalWind();
+    ridipingi();
 }
 
 void tasto(const EventRecord& e) {
@@ -109,6 +130,7 @@ void riposo(bool campione) {
 }
 
 void consuma(EventRecord& e) {
+    rimettiDopoStampa(e.what);
     switch (e.what) {
     case EventKind::mouseDown:
         if (TabAbilit && tabButton == bContinua) break;

@@ -31,6 +31,7 @@
 #include "shell/Archivia.h"
 #include "shell/Modificato.h"
 #include "shell/Recupero.h"
+#include "shell/Trascinamento.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -44,8 +45,8 @@ constexpr std::int16_t dialogoInformazioni = 1033, listaInformazioni = 9121;
 
 // Kept: 11 is a line between the items, and nothing shows that it is off.
 constexpr std::int16_t vociArchivio[] = {
-    voci::archivio::chiudi, voci::archivio::salva, voci::archivio::salvaCome, voci::archivio::esporta, 11,
-    voci::archivio::stampa};
+    voci::archivio::chiudi, voci::archivio::salva,    voci::archivio::salvaCome, voci::archivio::esporta, 11,
+    voci::archivio::stampa, voci::archivio::anteprima};
 constexpr std::int16_t vociModifica[] = {voci::modifica::annulla, voci::modifica::copia, voci::modifica::incolla};
 // Drawing, transforming, zooming, exporting, attributes and constraints make no sense without a drawing.
 constexpr std::int16_t conDisegno[] = {
@@ -162,6 +163,7 @@ void chiudiDisegno() {
     GiornaleFine();
     for (std::int32_t n = 3; n <= indElem; ++n)
         if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
+    RemoveDragHandlers();
     DisposeWindow(theWindow);
     theWindow = nullptr;
     VScroll = HScroll = panel = nullptr;
@@ -206,6 +208,7 @@ void SetUpWindow() {
     primoZoom();
     mostra();
     Croce();
+    InstallDragHandlers();
     AbilitaMenu(true);
     SegnaSalvato();
     GiornaleNuovo();

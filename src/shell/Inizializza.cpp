@@ -14,6 +14,7 @@
 #include "dialogs/Parametri.h"
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
+#include "display/Stampa.h"
 #include "display/Zoom.h"
 #include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
@@ -162,6 +163,20 @@ void ApriPercorso(const char* pathUtf8) {
     archivia();
 }
 
+bool HandlePDOC(const std::vector<std::string>& percorsi) {
+    if (percorsi.empty() || !TuttoChiuso()) return false;
+    bool bene = true;
+    for (const std::string& percorso : percorsi) {
+        ApriPercorso(percorso.c_str());
+        const bool letto = !noWindow && !uscita;
+        if (!letto || DoPrint() != 0) {
+            SysBeep(30);
+            bene = false;
+        }
+    }
+    return bene;
+}
+
 namespace {
 
 int guastoOpzioni(const std::string& guasto) {
@@ -176,7 +191,18 @@ bool soloInformazioni(const Opzioni& opzioni) {
     return true;
 }
 
-void cicloPrincipale(const Opzioni& opzioni) {
+// Prints the drawings named and leaves; gives the exit status.
+int soloStampa(const Opzioni& opzioni) {
+    if (!opzioni.stampaSu.empty()) {
+        PMPrintSettings s;
+        s.luogo = FSMakeFSSpec(opzioni.stampaSu).percorso;
+        PMFlattenPrintSettings(s, hPrintSettings);
+    }
+    return HandlePDOC(opzioni.documenti) ? 0 : 1;
+}
+
+// Gives the exit status.
+int cicloPrincipale(const Opzioni& opzioni) {
     InizioDWG();
     inizio = 1;
     TabAbilit = 0;
@@ -190,12 +216,22 @@ void cicloPrincipale(const Opzioni& opzioni) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
+<<<<<<< HEAD
     OffriRecupero();
+=======
+    if (!opzioni.avvio.script) OffriRecupero();
+    if (opzioni.stampa || !opzioni.stampaSu.empty()) {
+        const int esito = soloStampa(opzioni);
+        FineDWG();
+        return esito;
+    }
+>>>>>>> h-carta
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
     while (!fine) CheckEvents();
     FineRecupero();
     FineDWG();
+    return EsitoCopione();
 }
 
 }   // namespace
@@ -208,8 +244,7 @@ int TessaroMain(int argc, char** argv) {
     if (!PreparaCopione(opzioni.copione, guasto)) return guastoOpzioni(guasto);
     StartToolbox(argc, argv, opzioni.avvio);
     Initialize();
-    cicloPrincipale(opzioni);
-    const int esito = EsitoCopione();
+    const int esito = cicloPrincipale(opzioni);
     StopToolbox();
     return esito;
 }

@@ -2,8 +2,10 @@
 // through IOERR2, which sets it.
 #include "text/FileDati.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "text/EndianConvert.h"
 
@@ -43,16 +45,19 @@ std::int32_t leggiLong() { return EndiansLong_BtoN(leggi<std::int32_t>()); }
 double leggir() { return EndiansDouble_BtoN(leggi<double>()); }
 std::array<std::uint8_t, 10> leggiExtended() { return leggi<std::array<std::uint8_t, 10>>(); }
 
-// Sign and 15-bit exponent (bias 16383), then a mantissa of 64 bits whose first is the whole part.
-double x80told(const std::array<std::uint8_t, 10>& x) {
+// Sign and 15-bit exponent (bias 16383), then a mantissa of 64 bits whose first is the whole part; nothing is implied, so
+// a number that is not normalised means what its bits say. Exponent 0 counts as 1. The mantissa fits a long double of 64
+// bits, and the caller's narrowing is then the only rounding.
+long double x80told(const std::array<std::uint8_t, 10>& x) {
+    constexpr int nonNumero = 0x7FFF, scarto = 16383 + 63;
     const int esponente = (x[0] & 0x7F) << 8 | x[1];
     std::uint64_t mantissa = 0;
     for (std::size_t i = 2; i < x.size(); ++i) mantissa = mantissa << 8 | x[i];
-    double v = 0;
-    if (esponente == 0x7FFF)
-        v = (mantissa << 1) == 0 ? HUGE_VAL : std::nan("");
+    long double v = 0;
+    if (esponente == nonNumero)   // the whole bit does not count
+        v = (mantissa << 1) == 0 ? HUGE_VALL : std::numeric_limits<long double>::quiet_NaN();
     else
-        v = std::ldexp(static_cast<double>(mantissa), esponente - 16383 - 63);
+        v = std::ldexp(static_cast<long double>(mantissa), std::max(esponente, 1) - scarto);
     return (x[0] & 0x80) != 0 ? -v : v;
 }
 

@@ -27,7 +27,7 @@ std::int16_t leggii();
 std::int32_t leggiLong();
 double leggir();
 std::array<std::uint8_t, 10> leggiExtended();   // raw bytes of an 80-bit extended
-double x80told(const std::array<std::uint8_t, 10>& x);
+long double x80told(const std::array<std::uint8_t, 10>& x);   // infinite and no numbers too; narrowing rounds once
 void leggiBlocco(void* data, std::int32_t count);
 void scrivib(std::uint8_t v);
 void ScriviChar(std::uint8_t& v);

@@ -1,6 +1,8 @@
 // Drawings of the first versions: other record shapes, 80-bit reals, heads brought within bounds.
 #include "files/Disco.h"
 
+#include <cmath>
+
 #include "files/Migrazione.h"
 #include "model/Lucidi.h"
 #include "model/Registrazione.h"
@@ -200,4 +202,175 @@ TEST(Migrazione, AVersionOneDrawingClearsTheSecondFlagOfRecordTwo) {
         EXPECT_EQ(Elem(2).att.coordReali, 1);
         EXPECT_EQ(Elem(2).att.quattroPunti, versione == 2);
     }
+}
+
+namespace {
+
+// The field of the new record at an offset, from the disk order that a conversion gives.
+double f64Di(const elemento& e, std::size_t dove) {
+    std::uint64_t v = 0;
+    for (std::size_t i = 0; i < 8; ++i) v = v << 8 | reinterpret_cast<const unsigned char*>(&e)[dove + i];
+    return std::bit_cast<double>(v);
+}
+int i16Di(const elemento& e, std::size_t dove) {
+    const auto* p = reinterpret_cast<const unsigned char*>(&e) + dove;
+    return static_cast<std::int16_t>(p[0] << 8 | p[1]);
+}
+
+// Where the fields of a type stand in its old and in its new record.
+struct Campi {
+    unsigned tipo;
+    std::vector<std::pair<std::size_t, std::size_t>> reali, corti, byte, colori;
+};
+
+// Every field holds a value of its own; each must be found at its new place, and the bytes of no other.
+template <class Vecchio, class Converti>
+void provaCampi(const Campi& c, Byte b, Converti converti) {
+    SCOPED_TRACE("type " + std::to_string(c.tipo));
+    for (const auto& [da, a] : c.reali) b.f80(1000.5 + static_cast<double>(da), da);
+    for (const auto& [da, a] : c.corti) b.i16(300 + static_cast<int>(da), da);
+    for (const auto& [da, a] : c.byte) b.u8(100 + static_cast<unsigned>(da), da);
+    for (const auto& [da, a] : c.colori) b.i32(137, da);
+    Vecchio v;
+    if (sizeof v == 68) b.u8(c.tipo, 3);   // also a byte of the first real
+    ASSERT_EQ(b.size(), sizeof v);
+    std::memcpy(v.byte.data(), b.data(), b.size());
+    elemento e;
+    std::memset(reinterpret_cast<void*>(&e), 0x5A, sizeof e);
+    converti(v, e);
+    EXPECT_EQ(e.tipo, c.tipo);
+    for (const auto& [da, a] : c.reali)
+        if (sizeof v != 68 || da != 0) { EXPECT_EQ(f64Di(e, a), 1000.5 + static_cast<double>(da)) << da; }
+    for (const auto& [da, a] : c.corti) EXPECT_EQ(i16Di(e, a), 300 + static_cast<int>(da)) << da;
+    for (const auto& [da, a] : c.byte) EXPECT_EQ(reinterpret_cast<const unsigned char*>(&e)[a], 100 + da) << da;
+    for (const auto& [da, a] : c.colori) EXPECT_EQ(i16Di(e, a), 6) << da;
+}
+
+}   // namespace
+
+TEST(Migrazione, EveryFieldOfTheNewerRecordsGoesToItsPlace) {
+    const std::vector<std::pair<std::size_t, std::size_t>> sei{{34, 28}, {44, 36}, {54, 44},
+                                                               {64, 52}, {74, 60}, {84, 68}};
+    const Campi campi[] = {
+        {0, sei, {{94, 76}, {96, 78}}, {}, {}},
+        {1, sei, {{94, 76}, {96, 78}}, {}, {{98, 80}}},
+        {2, {{34, 28}, {44, 36}, {54, 44}}, {{64, 52}, {66, 54}, {68, 56}}, {}, {{70, 58}}},
+        {4, sei, {{96, 78}}, {{94, 76}, {95, 77}}, {}},
+        {5, {{34, 28}, {44, 36}, {54, 44}, {64, 52}}, {}, {}, {}},
+        {7,
+         {{34, 28}, {44, 36}, {54, 44}, {64, 52}, {74, 60}},
+         {{86, 70}, {88, 72}, {90, 74}},
+         {{84, 68}, {85, 69}},
+         {{92, 76}}},
+        {8, {{34, 28}, {44, 36}, {54, 44}}, {{64, 52}, {66, 54}}, {}, {}},   // a long, by its halves
+        {9, {{18, 12}, {28, 20}}, {{14, 8}, {16, 10}, {82, 72}, {84, 74}}, {{38, 28}, {78, 68}, {80, 70}}, {{86, 76}}},
+        {10, {{34, 28}, {44, 36}, {58, 48}, {68, 56}}, {{54, 44}, {56, 46}}, {}, {}},
+    };
+    for (const Campi& c : campi) provaCampi<elemento_Ext>(c, vecchio102(c.tipo), TrasformaExtDoub);
+}
+
+TEST(Migrazione, EveryFieldOfTheEldestRecordsGoesToItsPlace) {
+    const std::vector<std::pair<std::size_t, std::size_t>> ordine{{0, 28},  {10, 36}, {20, 44},
+                                                                  {30, 52}, {40, 60}, {50, 68}};
+    const Campi campi[] = {
+        {0, ordine, {{60, 76}, {62, 78}}, {}, {}},
+        {1, ordine, {{60, 76}, {62, 78}}, {}, {{64, 80}}},
+        {2, {{0, 28}, {10, 36}, {20, 44}}, {{30, 52}, {32, 54}, {34, 56}}, {}, {{36, 58}}},
+        {4, ordine, {{62, 78}}, {{60, 76}, {61, 77}}, {}},
+        {5, {{0, 28}, {10, 36}, {20, 44}, {30, 52}}, {}, {}, {}},
+    };
+    for (const Campi& c : campi) provaCampi<Oldelemento>(c, Byte(68), TrasformaOldNew);
+}
+
+TEST(Migrazione, ATypeThatDidNotExistKeepsItsHeadAsItStands) {
+    elemento_Ext v;
+    for (const unsigned tipo : {3U, 6U, 11U, 200U}) {
+        const Byte b = vecchio102(tipo, 120).i16(900, 8).i16(77, 14).u8(20, 16).i16(-5, 30).i16(500, 32);
+        std::memcpy(v.byte.data(), b.data(), b.size());
+        elemento e;
+        TrasformaExtDoub(v, e);
+        EXPECT_EQ(i16Di(e, 0), 120);
+        EXPECT_EQ(i16Di(e, 4), 900);
+        EXPECT_EQ(i16Di(e, 8), 77);
+        EXPECT_EQ(e.testa.aref[0], 20);
+        EXPECT_EQ(i16Di(e, 24), -5);
+        EXPECT_EQ(i16Di(e, 26), 500);
+        EXPECT_EQ(f64Di(e, 28), 0);
+    }
+}
+
+TEST(Migrazione, ColoursOfOldHaveTheirNumbers) {
+    const std::pair<std::int32_t, int> colori[] = {{205, 2}, {69, 7}, {137, 6}, {273, 5}, {341, 3},
+                                                   {409, 4}, {33, 1}, {30, 1},  {0, 1},   {-1, 1}};
+    for (const auto& [vecchio, nuovo] : colori) EXPECT_EQ(ColOldToNew(vecchio), nuovo) << vecchio;
+}
+
+TEST(Migrazione, RealsOfEveryKindAreReadOrLeftOut) {
+    struct Caso {
+        const char* che;
+        unsigned segno;
+        std::uint64_t mantissa;
+        double v;
+    };
+    const Caso casi[] = {
+        {"denormal", 0x0000, 0x4000000000000000, 0.0},
+        {"smallest double", 0x3BCD, 0x8000000000000000, 0x1p-1074},
+        {"without its whole bit", 0x4001, 0x4000000000000000, 2.0},
+        {"zero of a high exponent", 0x4500, 0, 0.0},
+        {"negative zero", 0x8000, 0, -0.0},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.che);
+        AzzeraStato();
+        fogliovuoto();
+        Byte m = vecchio102(tMarker);
+        m.numero(c.segno, 2, 34).numero(c.mantissa, 8, 36).f80(7, 44);
+        leggiByte(disegno102(3, {m}));
+        ASSERT_EQ(indElem, 3);
+        EXPECT_EQ(Elem(3).mark.x, c.v);
+        EXPECT_EQ(Elem(3).mark.y, 7.0);
+    }
+    // Infinite ones stay so through the conversion itself.
+    elemento_Ext v;
+    Byte b = vecchio102(tMarker);
+    b.numero(0xFFFF, 2, 34).numero(std::uint64_t{1} << 63, 8, 36);
+    std::memcpy(v.byte.data(), b.data(), b.size());
+    elemento e;
+    TrasformaExtDoub(v, e);
+    EXPECT_EQ(f64Di(e, 28), -HUGE_VAL);
+}
+
+TEST(Migrazione, OldFilesThatWereCutOffKeepTheirWholeElements) {
+    for (const int versione : {1, 2, 3, 4}) {
+        Byte intero;
+        std::size_t record = 102, inizio = versione == 4 ? 23 : 2;
+        if (versione >= 3) {
+            intero = disegno102(versione, {vecchio102(tMarker).f80(5, 34), vecchio102(tMarker).f80(6, 34)});
+        } else {
+            record = 68;
+            Byte uno(68), due(68), m(68);
+            uno.i16(4, 60);
+            due.u8(4, 3);
+            m.u8(2, 3).f80(5, 10);
+            intero.i16(versione).byte(uno).byte(due).byte(m).byte(m);
+        }
+        for (std::size_t n = 0; n < inizio + 4 * record; n += 7) {
+            SCOPED_TRACE(std::to_string(versione) + " cut at " + std::to_string(n));
+            AzzeraStato();
+            avvisi.clear();
+            fogliovuoto(20);
+            leggiByte(std::string_view(intero).substr(0, n));
+            EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101});
+            const auto interi = n < inizio + 2 * record ? 0 : (n - inizio - 2 * record) / record;
+            EXPECT_EQ(indElem, 2 + static_cast<std::int32_t>(interi));
+        }
+    }
+}
+
+TEST(Migrazione, ACountOfSixteenBitsIsTakenWithoutItsSign) {
+    constexpr std::int32_t molti = 40000;
+    fogliovuoto(molti + 10);
+    std::vector<Byte> elementi(molti - 2, vecchio102(tMarker));
+    leggiByte(disegno102(3, elementi));
+    EXPECT_EQ(indElem, molti);
 }

@@ -38,6 +38,8 @@ constexpr Copione ganci{
     .file = [](bool, std::string&) { return false; },
     .popup = []() -> std::int16_t { return 0; },
     .colore = [](std::uint16_t&, std::uint16_t&, std::uint16_t&) { return false; },
+    .stampa = [](std::string&, std::int32_t&, std::int32_t&) { return false; },
+    .carta = [](double&, double&) { return false; },
     .beep = [](std::int32_t) {},
 };
 

@@ -252,6 +252,8 @@ constexpr Copione ganci{
         },
     .popup = []() -> std::int16_t { return static_cast<std::int16_t>(caso->tra(0, 11)); },
     .colore = [](std::uint16_t&, std::uint16_t&, std::uint16_t&) { return false; },
+    .stampa = [](std::string&, std::int32_t&, std::int32_t&) { return false; },
+    .carta = [](double&, double&) { return false; },
     .beep = [](std::int32_t) {},
 };
 

@@ -104,8 +104,15 @@ Point GetPen() { return current().pen.pnLoc; }
 void PenNormal() {
     PenState normal;
     normal.pnLoc = GetPen();
+    normal.pnSize = Point{current().finezza, current().finezza};
     current().pen = normal;
 }
+
+ScalaMarca::ScalaMarca(Point centro) : porto(&current()) {
+    porto->marca = porto->finezza > 1;
+    porto->centroMarca = centro;
+}
+ScalaMarca::~ScalaMarca() { porto->marca = false; }
 
 void PenSize(std::int32_t width, std::int32_t height) { current().pen.pnSize = Point{height, width}; }
 void PenMode(std::int16_t mode) { current().pen.pnMode = mode; }

@@ -53,7 +53,7 @@ EsecutorePict::EsecutorePict(GrafPort& port, std::string_view bytes, const Rect&
     : porto(port), voci(bytes), mappa(voci.sorgente, dst), pennaPrima(port.pen), testoPrima(port.text),
       frontePrima(port.foreground), fondoPrima(port.background), clipPrima(port.clip) {
     penna.bit = area.bit = tuttoNero;
-    porto.pen.pnSize = Point{1, 1};
+    porto.pen.pnSize = Point{porto.finezza, porto.finezza};
     porto.foreground = fronte;
     porto.background = sfondo;
     porto.clip.intersect(dst);

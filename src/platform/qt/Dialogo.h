@@ -24,7 +24,8 @@ enum class TipoVoce : std::uint8_t {
     cursore,
     colore,
     elenco,
-    tabella
+    tabella,
+    figura
 };
 
 // What the program set stands here and holds without widgets too; typing and clicks come from the widget.

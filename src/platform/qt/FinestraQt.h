@@ -10,11 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/Drags.h"
 #include "platform/Events.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/Windows.h"
 
 class QMimeData;
+class QPainter;
 
 namespace tessaro {
 
@@ -37,6 +39,7 @@ protected:
     void tabletEvent(QTabletEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dragMoveEvent(QDragMoveEvent* e) override;
+    void dragLeaveEvent(QDragLeaveEvent* e) override;
     void dropEvent(QDropEvent* e) override;
     bool event(QEvent* e) override;
     bool eventFilter(QObject* o, QEvent* e) override;
@@ -103,6 +106,10 @@ void attivaProgramma(bool attivo);   // the program comes to the front or goes b
 void accodaPercorsi(EventKind what, const char* classe, const QStringList& percorsi, Point where,
                     std::uint16_t modifiers);
 QStringList percorsiLocali(const QMimeData* dati);
+// --- drags over the drawing
+bool traccia(FaseDrag fase, const QMimeData* dati);   // asks the handler; false when a drop would not be taken
+void accodaLasciate(const QMimeData* dati, Point where, std::uint16_t modifiers);
+void disegnaEvidenza(QPainter& p, const QWidget& foglio);   // the highlight, when one is shown
 
 // --- the clock
 void avanzaOrologio(std::uint32_t ticks);

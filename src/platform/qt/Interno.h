@@ -13,6 +13,7 @@
 #include "platform/Events.h"
 #include "platform/Resources.h"
 
+class QDialog;
 class QMainWindow;
 class QMenuBar;
 class QWidget;
@@ -60,6 +61,9 @@ void chiediUscita();   // sets quitPending: every loop unwinds
 std::uint16_t modificatori(Qt::KeyboardModifiers m);
 // Mac Roman character of a key press; 0 when it has none (modifiers, function keys).
 std::uint8_t carattere(int qtKey, const QString& text, Qt::KeyboardModifiers m);
+
+// Shows a request of the toolkit's own and waits for its end; true when it was accepted.
+bool attendi(QDialog& richiesta);
 
 // --- input by a script, at window level
 void iniettaTasto(QWidget* finestra, std::uint8_t macRoman, std::uint16_t modifiers);

@@ -45,6 +45,7 @@ void Foglio::paintEvent(QPaintEvent* e) {
         p.drawImage(dentro, vista,
                     QRect(dentro.x() * ratio, dentro.y() * ratio, dentro.width() * ratio, dentro.height() * ratio));
     }
+    disegnaEvidenza(p, *this);
     if (static_cast<int>(ScreenRatio()) == ratio) return;
     // The window came to a screen of another density. Not here: the port must not change under a paint.
     QTimer::singleShot(0, this, [this] {
@@ -138,20 +139,24 @@ void Foglio::wheelEvent(QWheelEvent* e) {
 }
 
 void Foglio::dragEnterEvent(QDragEnterEvent* e) {
-    if (!percorsiLocali(e->mimeData()).isEmpty()) e->acceptProposedAction();
+    if (traccia(FaseDrag::entra, e->mimeData())) e->acceptProposedAction();
 }
 
 void Foglio::dragMoveEvent(QDragMoveEvent* e) {
+    if (!traccia(FaseDrag::dentro, e->mimeData())) return e->ignore();
     e->acceptProposedAction();
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), 0, 0);
 }
 
+void Foglio::dragLeaveEvent(QDragLeaveEvent*) { traccia(FaseDrag::esce, nullptr); }
+
 void Foglio::dropEvent(QDropEvent* e) {
-    const QStringList percorsi = percorsiLocali(e->mimeData());
-    if (percorsi.isEmpty()) return;
+    const bool accettato = traccia(FaseDrag::dentro, e->mimeData());
+    traccia(FaseDrag::esce, nullptr);
+    if (!accettato) return;
     e->acceptProposedAction();
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), 0, 0);
-    accodaPercorsi(EventKind::drop, "", percorsi, pixel(e->position()), modificatori(e->modifiers()));
+    accodaLasciate(e->mimeData(), pixel(e->position()), modificatori(e->modifiers()));
 }
 
 bool Foglio::event(QEvent* e) {

@@ -227,6 +227,8 @@ private:
             w = campione(c);
         else if (c.tipo == "button" || c.tipo == "default")
             w = bottone(c);
+        else if (c.tipo == "canvas")
+            w = tela(c);
         else if (c.tipo == "picture" && quadro != nullptr)
             w = immagine(c);
         return w;
@@ -263,6 +265,17 @@ private:
             w->setFont(f);
         }
         return w;
+    }
+
+    // Room for a picture that the program draws; its text says to those who do not see it what it shows.
+    QWidget* tela(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::figura);
+        if (quadro == nullptr) return nullptr;
+        auto* w = new QLabel(quadro);
+        w->setFixedSize(c.riga->numero("width", 400), c.riga->numero("height", 300));
+        w->setAlignment(Qt::AlignCenter);
+        w->setAccessibleName(daUtf8(testo(chiave(c.nome))));
+        return registra(v, w);
     }
 
     QWidget* campo(const Cella& c) {

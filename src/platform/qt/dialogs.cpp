@@ -54,7 +54,7 @@ void mostraColore(QAbstractButton& b, std::int32_t rgb) {
 void mostraTesto(const VoceDialogo& v, const QString& testoVisto) {
     if (auto* campo = qobject_cast<QLineEdit*>(v.widget)) {
         if (campo->text() != testoVisto) campo->setText(testoVisto);
-    } else if (auto* fisso = qobject_cast<QLabel*>(v.widget)) {
+    } else if (auto* fisso = qobject_cast<QLabel*>(v.widget); fisso != nullptr && v.tipo != TipoVoce::figura) {
         fisso->setText(testoVisto);
     } else if (auto* bottone = qobject_cast<QAbstractButton*>(v.widget);
                bottone != nullptr && v.tipo != TipoVoce::colore) {
@@ -205,6 +205,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::cursore: static_cast<QSlider*>(v.widget)->setValue(v.valore); break;
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:
+    case TipoVoce::figura:
     case TipoVoce::tabella:
     case TipoVoce::campo: break;
     }
@@ -347,6 +348,15 @@ void SetDialogItemMenu(DialogPtr d, std::int16_t item, std::int16_t menu) {
     scelta->clear();
     for (std::int16_t i = 1; i <= CountMenuItems(menu); ++i) scelta->addItem(daMac(GetMenuItemText(menu, i)));
     scelta->setCurrentIndex(v->valore - 1);
+}
+
+void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p) {
+    const VoceDialogo* v = voceDi(d, item);
+    auto* figura = v == nullptr || v->tipo != TipoVoce::figura ? nullptr : qobject_cast<QLabel*>(v->widget);
+    if (figura == nullptr || EmptyRect(p.bounds)) return;
+    const QImage vista(reinterpret_cast<const uchar*>(p.base), p.bounds.right - p.bounds.left,
+                       p.bounds.bottom - p.bounds.top, p.rowPixels * 4, QImage::Format_RGB32);
+    figura->setPixmap(QPixmap::fromImage(vista.copy()));   // the pixels go with the caller
 }
 
 // Texts with parameters take those now in force.

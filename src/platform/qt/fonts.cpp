@@ -18,6 +18,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/qt/PortaPagina.h"
 #include "platform/Quickdraw.h"
 #include "platform/Resources.h"
 
@@ -265,6 +266,12 @@ Deposito& deposito() {
 }
 
 }   // namespace
+
+QFont FontePagina(std::int16_t font, std::uint8_t face, double corpo, std::int32_t finezza) {
+    QFont f = fontOf(Stile{font, 12, face, finezza});
+    f.setPixelSize(std::max(1, whole(corpo)));
+    return f;
+}
 
 const MascheraTesto& TextMask(std::int16_t font, std::int16_t size, std::uint8_t face, std::int32_t ratio,
                               std::string_view bytes) {

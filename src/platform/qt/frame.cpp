@@ -123,8 +123,12 @@ void attivaProgramma(bool attivo) {
 
 QStringList percorsiLocali(const QMimeData* dati) {
     QStringList r;
-    for (const QUrl& u : dati->urls())
-        if (u.isLocalFile()) r += u.toLocalFile();
+    for (const QUrl& u : dati->urls()) {
+        if (!u.isLocalFile()) continue;
+        // A browser names this machine in the address of a file.
+        const bool qui = u.host() == QLatin1String("localhost") || u.host() == QSysInfo::machineHostName().toLower();
+        r += qui ? u.path() : u.toLocalFile();
+    }
     return r;
 }
 

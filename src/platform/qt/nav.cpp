@@ -88,23 +88,6 @@ void specie(QFileDialog& richiesta, std::int16_t prima) {
                      });
 }
 
-// Shows a request and waits for its end; true when it was accepted.
-bool attendi(QDialog& richiesta) {
-    const Annidato annidato;
-    bool finita = false;
-    QObject::connect(&richiesta, &QDialog::finished, &richiesta, [&finita] {
-        finita = true;
-        sveglia();
-    });
-    richiesta.setWindowModality(Qt::ApplicationModal);
-    richiesta.show();
-    while (!finita && waitStep(Attesa::popup, -1)) {}
-    const bool accettata = finita && richiesta.result() == QDialog::Accepted;
-    richiesta.hide();
-    if (QWidget* sotto = padre(); sotto != nullptr && sotto->isVisible()) sotto->activateWindow();
-    return accettata;
-}
-
 bool daCopione(bool salva, FSSpec& out) {
     std::string percorso;
     if (!copione()->file(salva, percorso)) return false;
@@ -121,6 +104,22 @@ bool daRichiesta(QFileDialog& richiesta, FSSpec& out) {
 }
 
 }   // namespace
+
+bool attendi(QDialog& richiesta) {
+    const Annidato annidato;
+    bool finita = false;
+    QObject::connect(&richiesta, &QDialog::finished, &richiesta, [&finita] {
+        finita = true;
+        sveglia();
+    });
+    richiesta.setWindowModality(Qt::ApplicationModal);
+    richiesta.show();
+    while (!finita && waitStep(Attesa::popup, -1)) {}
+    const bool accettata = finita && richiesta.result() == QDialog::Accepted;
+    richiesta.hide();
+    if (QWidget* sotto = padre(); sotto != nullptr && sotto->isVisible()) sotto->activateWindow();
+    return accettata;
+}
 
 bool NavGetFile(std::string_view prompt, std::int16_t types, FSSpec& out) {
     if (copione() != nullptr) return daCopione(false, out);

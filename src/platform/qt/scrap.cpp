@@ -1,9 +1,6 @@
 // The clipboard on the toolkit's: forms are made when they are asked for.
 #include "platform/Scrap.h"
 
-#include <algorithm>
-#include <map>
-
 #include <QBuffer>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -11,40 +8,12 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "platform/qt/DatiNostri.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {
 
 namespace {
-
-class DatiNostri final : public QMimeData {
-public:
-    explicit DatiNostri(Sapori f) : forme(std::move(f)) {}
-    [[nodiscard]] QStringList formats() const override {
-        QStringList tutte;
-        for (const Sapore& s : forme) tutte << QString::fromStdString(s.mime);
-        return tutte;
-    }
-    [[nodiscard]] bool hasFormat(const QString& mime) const override { return formats().contains(mime); }
-
-protected:
-    [[nodiscard]] QVariant retrieveData(const QString& mime, QMetaType type) const override {
-        // Who asks for an image as such gets one of those that a reader knows.
-        const QString voluta = mime == QLatin1String("application/x-qt-image") ? QStringLiteral("image/png") : mime;
-        const auto s =
-            std::find_if(forme.begin(), forme.end(), [&](const Sapore& x) { return voluta == daUtf8(x.mime); });
-        if (s == forme.end()) return {};
-        const auto [posto, nuovo] = fatte.try_emplace(s->mime);
-        if (nuovo) posto->second = s->fai();
-        const QByteArray bytes(posto->second.data(), static_cast<qsizetype>(posto->second.size()));
-        if (type.id() == QMetaType::QImage) return QImage::fromData(bytes);
-        return bytes;
-    }
-
-private:
-    Sapori forme;
-    mutable std::map<std::string, std::string> fatte;
-};
 
 const QMimeData* appunti() {
     if (!conFinestre()) return nullptr;
