@@ -24,6 +24,7 @@
 #include "platform/pict/Pict.h"
 #include "raster/Indietro.h"
 #include "raster/Lavoro.h"
+#include "raster/Morbida.h"
 #include "raster/Percorri.h"
 #include "raster/perRighe.h"
 #include "raster/raster.h"
@@ -173,6 +174,16 @@ int main() {
         migliore(3, [&] { (void)PercorriIndietro(propria, girata, RichiestaGiro(giro, propria), sempre); });
     riga("rotation by 17 degrees", rotazione, double(gw) * gh, "at most 1.6");
 
+    Campioni campioni;
+    if (!campioni.carica(pict, larghezza, altezza)) misure::fallito("the picture's pixels");
+    CampoInverso campo;
+    campo.larghezza = larghezza;
+    campo.altezza = altezza;
+    if (!CampoDellaMappa(cammino.mappa, cammino.piano, 1, 1, campo)) misure::fallito("the way back");
+    const Ricampionamento liscio{campioni, campo, avuta, densa.formato(), rectGW2};
+    const double morbido = migliore(2, [&] { (void)Ricampiona(liscio, sempre); });
+    riga("smooth", morbido, pixelTotali, "");
+
     const auto griglia = [&](Mesh& m, int lato, const std::array<Coppia, 4>& q) {
         m.nx = m.ny = static_cast<std::int16_t>(lato);
         for (int r = 0; r < lato; ++r)
@@ -203,6 +214,7 @@ int main() {
     cv::setNumThreads(1);
     registra();
     CalcolaVertici(Elem(n), 0);
+    MisuraRaster(false);
     const cv::Mat da = matrice(propria);
     cv::Mat a;
     const cv::Mat m = prospettiva(1);
@@ -214,6 +226,9 @@ int main() {
     const double cvGiro = migliore(3, [&] { cv::warpAffine(da, a, affine, cv::Size(gw, gh), cv::INTER_NEAREST); });
     riga("OpenCV's nearest rotation", cvGiro, double(gw) * gh, "");
     rapporto("rotation over OpenCV's", rotazione, cvGiro, "at most 1");
+    const double cubico = migliore(2, [&] { cv::warpPerspective(da, a, m, misura, cv::INTER_CUBIC); });
+    riga("OpenCV's cubic warp", cubico, pixelTotali, "");
+    rapporto("smooth over OpenCV's cubic", morbido, cubico, "at most 1.5");
     filiRaster = 2;
     cv::setNumThreads(2);
     const double due = migliore(

@@ -20,7 +20,6 @@ constexpr std::int32_t passoRete = 8;   // pixels between the places that are se
 
 using Quattro = float __attribute__((vector_size(16)));
 using Interi = std::int32_t __attribute__((vector_size(16)));
-using Byte4 = std::uint8_t __attribute__((vector_size(4)));
 using Byte16 = std::uint8_t __attribute__((vector_size(16)));
 
 #define IN_LINEA inline __attribute__((always_inline))
@@ -50,11 +49,14 @@ class Posti {
 public:
     Posti(const CampoInverso& field, const Rect& area) : campo(field), bordo(area) {}
     void riga(std::int32_t r, std::int32_t da, std::int32_t n, Punto* p) {
-        if (campo.cerca) { rete(r); }
-        for (std::int32_t i = 0; i < n; ++i) {
-            p[i] = campo.cerca ? traNodi(r, da + i) : perMatrice(campo, da + i + 0.5, r + 0.5);
-            if (campo.conLente) p[i] = conLente(campo, p[i]);
+        if (campo.cerca) {
+            rete(r);
+            for (std::int32_t i = 0; i < n; ++i) p[i] = traNodi(r, da + i);
+        } else {
+            for (std::int32_t i = 0; i < n; ++i) p[i] = perMatrice(campo, da + i + 0.5, r + 0.5);
         }
+        if (campo.conLente)
+            for (std::int32_t i = 0; i < n; ++i) p[i] = conLente(campo, p[i]);
     }
 
 private:
@@ -119,10 +121,20 @@ struct Pesi {
 };
 const Pesi pesi;
 
+// Pixel k of four side by side, by shuffles: compilers take a conversion of bytes apart.
+template <int k>
+IN_LINEA Quattro pixelDi(Byte16 b) {
+    constexpr int z = 16;   // of a vector of zeros
+    const Byte16 nulla{};
+    const Byte16 larghi =
+        __builtin_shufflevector(b, nulla, 4 * k, z, z, z, 4 * k + 1, z, z, z, 4 * k + 2, z, z, z, 4 * k + 3, z, z, z);
+    return __builtin_convertvector(reinterpret_cast<Interi>(larghi), Quattro);
+}
+
 IN_LINEA Quattro canali(std::uint32_t p) {
-    Byte4 b;
+    Byte16 b{};
     std::memcpy(&b, &p, 4);
-    return __builtin_convertvector(b, Quattro);
+    return pixelDi<0>(b);
 }
 
 IN_LINEA Byte16 minore(Byte16 a, Byte16 b) { return a < b ? a : b; }
@@ -140,18 +152,17 @@ IN_LINEA std::uint32_t cubica(const std::uint32_t* const righe[4], float fu, flo
         std::memcpy(&b, p, 16);
         piccolo = j == 0 ? b : minore(piccolo, b);
         grande = j == 0 ? b : maggiore(grande, b);
-        c += (canali(p[0]) * wx[0] + canali(p[1]) * wx[1] + canali(p[2]) * wx[2] + canali(p[3]) * wx[3])
+        c += (pixelDi<0>(b) * wx[0] + pixelDi<1>(b) * wx[1] + pixelDi<2>(b) * wx[2] + pixelDi<3>(b) * wx[3])
              * wy[static_cast<std::size_t>(j)];
     }
-    const auto gira = [](Byte16 v, int quanti) {
-        Byte16 g;
-        for (int i = 0; i < 16; ++i) g[i] = v[(i + quanti) % 16];
-        return g;
-    };
-    piccolo = minore(piccolo, gira(piccolo, 8));
-    piccolo = minore(piccolo, gira(piccolo, 4));
-    grande = maggiore(grande, gira(grande, 8));
-    grande = maggiore(grande, gira(grande, 4));
+    piccolo = minore(piccolo,
+                     __builtin_shufflevector(piccolo, piccolo, 8, 9, 10, 11, 12, 13, 14, 15, 0, 1, 2, 3, 4, 5, 6, 7));
+    piccolo = minore(piccolo,
+                     __builtin_shufflevector(piccolo, piccolo, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 0, 1, 2, 3));
+    grande =
+        maggiore(grande, __builtin_shufflevector(grande, grande, 8, 9, 10, 11, 12, 13, 14, 15, 0, 1, 2, 3, 4, 5, 6, 7));
+    grande =
+        maggiore(grande, __builtin_shufflevector(grande, grande, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 0, 1, 2, 3));
     std::uint32_t basso, alto;
     std::memcpy(&basso, &piccolo, 4);
     std::memcpy(&alto, &grande, 4);
@@ -240,15 +251,15 @@ const auto coloriMigliori = __builtin_cpu_supports("avx2") && __builtin_cpu_supp
 const auto coloriMigliori = coloriBase;
 #endif
 
-Impronta improntaDi(const Punto* p, const Punto* sotto, std::int32_t n) {
-    const std::int32_t k = std::max(0, n / 2 - 1);
+// From a place, the one to its right if there is one, and the one below.
+Impronta improntaDi(const Punto* p, const Punto& sotto, bool conDestra) {
     Impronta i;
-    if (n > 1) {
-        i.ux = p[k + 1].u - p[k].u;
-        i.vx = p[k + 1].v - p[k].v;
+    if (conDestra) {
+        i.ux = p[1].u - p[0].u;
+        i.vx = p[1].v - p[0].v;
     }
-    i.uy = sotto[k].u - p[k].u;
-    i.vy = sotto[k].v - p[k].v;
+    i.uy = sotto.u - p[0].u;
+    i.vy = sotto.v - p[0].v;
     return i;
 }
 
@@ -257,7 +268,8 @@ struct Banda {
     Posti posti, postiSotto;
     std::vector<TrattoFila> tratti;
     std::vector<std::uint32_t> riga;
-    std::array<Punto, blocco> qui{}, giu{};
+    std::array<Punto, blocco> qui{};
+    Punto giu{};
 
     explicit Banda(const Ricampionamento& r) : q(r), posti(r.campo, r.area), postiSotto(r.campo, r.area) {}
 
@@ -284,8 +296,9 @@ struct Banda {
             for (std::int32_t c = t.da; c < t.a; c += blocco) {
                 const std::int32_t n = std::min(blocco, t.a - c);
                 posti.riga(r, c, n, qui.data());
-                postiSotto.riga(r + 1, c, n, giu.data());
-                const Impronta k = improntaDi(qui.data(), giu.data(), n);
+                const std::int32_t mezzo = std::max(0, n / 2 - 1);
+                postiSotto.riga(r + 1, c + mezzo, 1, &giu);
+                const Impronta k = improntaDi(qui.data() + mezzo, giu, n > 1);
                 if (q.mascheraSorgente != nullptr) tagliaSorgente(n);
                 riga.assign(static_cast<std::size_t>(n), 0xFFFFFFFFU);
                 std::uint8_t* a = q.risultato.riga(r) + std::ptrdiff_t(c) * q.formato.byte();
@@ -348,14 +361,15 @@ bool Campioni::copie(int livello) {
 double Riduzione(const CampoInverso& campo, const Rect& area) {
     double massima = 1;
     Posti sopra(campo, area), sotto(campo, area);
-    std::array<Punto, 2> p{}, g{};
+    std::array<Punto, 2> p{};
+    Punto giu{};
     for (int j = 0; j <= 8; ++j)
         for (int i = 0; i <= 8; ++i) {
             const std::int32_t c = area.left + std::max(0, area.right - area.left - 2) * i / 8,
                                r = area.top + std::max(0, area.bottom - area.top - 2) * j / 8;
             sopra.riga(r, c, 2, p.data());
-            sotto.riga(r + 1, c, 2, g.data());
-            const Impronta k = improntaDi(p.data(), g.data(), 2);
+            sotto.riga(r + 1, c, 1, &giu);
+            const Impronta k = improntaDi(p.data(), giu, true);
             const double piccola = std::min(k.larga(), k.alta());
             if (std::isfinite(piccola)) massima = std::max(massima, piccola);
         }
