@@ -14,6 +14,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
 #include "exchange/FormatoXYZ.h"
@@ -159,6 +160,7 @@ bool soloInformazioni(const Opzioni& opzioni) {
 }
 
 void cicloPrincipale(const Opzioni& opzioni) {
+    InizioDWG();
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
@@ -174,6 +176,7 @@ void cicloPrincipale(const Opzioni& opzioni) {
     // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
     if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
     while (!fine) CheckEvents();
+    FineDWG();
 }
 
 }   // namespace
