@@ -55,8 +55,8 @@ public:
         const auto minuti = static_cast<int>(secondi / 60);
         const bool lunga = minuti > 0;
         const int quanti = lunga ? minuti + 1 : static_cast<int>(std::ceil(secondi));
-        resta->setText(
-            daUtf8(testo(lunga ? "progress.minutes" : "progress.seconds")).replace("^0", QString::number(quanti)));
+        resta->setText(daUtf8(lunga ? testo("progress.minutes") : testo("progress.seconds"))
+                           .replace("^0", QString::number(quanti)));
     }
 
     bool fermata = false;
