@@ -17,6 +17,7 @@
 #include "model/Lucidi.h"
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
+#include "raster/AnteprimaPict.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 
@@ -309,6 +310,7 @@ void Disegna() {
     spess = 0;
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {
+        DisegnaAnteprimaPict();
         DisegnaMesh();
         percorsoMisurato();
         DisegnaSelezione();

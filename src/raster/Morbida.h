@@ -22,6 +22,8 @@ public:
     // `larghezza`, `altezza`: the size for a picture that has no pixels of its own. False when memory lacks or the picture
     // cannot be decoded.
     [[nodiscard]] bool carica(std::string_view pict, std::int32_t larghezza, std::int32_t altezza);
+    // A copy of `massimo` pixels or fewer, or a little more, for the screen. A picture of figures has none.
+    [[nodiscard]] bool caricaRidotta(std::string_view pict, std::int64_t massimo);
     [[nodiscard]] bool copie(int livello);   // makes those down to 2^-livello
     struct Livello {
         std::int32_t w = 0, h = 0;
