@@ -20,6 +20,7 @@
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
 #include "model/Strumento.h"
+#include "raster/AnteprimaPict.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 
@@ -317,6 +318,7 @@ void Disegna() {
     spess = 0;
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {
+        DisegnaAnteprimaPict();
         DisegnaMesh();
         disegnaPercorso();
         DisegnaSelezione();

@@ -8,6 +8,7 @@
 namespace tessaro {
 
 inline constexpr double minRisoluzione = 49, maxRisoluzione = 999;   // points per inch
+inline constexpr std::int16_t spuntaMorbida = 101;                   // of ours, in each of them
 inline constexpr std::int16_t menuBit = 9170;                        // 8, 16, 32 bits
 
 // A group of radio items, the first of which is value 1.

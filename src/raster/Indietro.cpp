@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -78,19 +79,14 @@ IN_LINEA Positivi indice(Quattro colonna, Quattro riga, double larghezza, double
            | ~reinterpret_cast<Positivi>(__builtin_convertvector(buono, Quattro32));
 }
 
-// Only the first `n` of the lanes behind i count.
-IN_LINEA void scrivi(std::uint32_t* a, std::int32_t i, std::int32_t n, Positivi v) {
-    for (int k = 0; k < 4 && i + k < n; ++k) a[i + k] = v[k];
-}
+// Room for whole fours is there.
+IN_LINEA void scrivi(std::uint32_t* a, Positivi v) { std::memcpy(a, &v, sizeof v); }
 
 IN_LINEA bool pieni(const Quattro64& t) { return (t[0] & t[1] & t[2] & t[3]) != 0; }
 
-// The lanes of the last four that lie behind n ask for what the lane before them asks.
-IN_LINEA Quattro colonneDa(std::int32_t primo, std::int32_t i, std::int32_t n) {
-    Quattro32 c = {i, i + 1, i + 2, i + 3};
-    if (i + 4 > n)
-        for (int k = 0; k < 4; ++k) c[k] = std::min(c[k], n - 1);
-    return __builtin_convertvector(c + primo, Quattro);
+IN_LINEA Quattro colonneDa(std::int32_t primo) {
+    const Quattro32 scala = {0, 1, 2, 3};
+    return __builtin_convertvector(scala + primo, Quattro);
 }
 
 struct Sagoma {
@@ -101,10 +97,23 @@ struct Sagoma {
 IN_LINEA bool giro(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n,
                    std::uint32_t* indici) {
     const double Y = double(g.oy) + y, sY = g.s * Y, cY = g.c * Y;
+    const auto dentro = [&](std::int32_t k) {
+        const double X = double(g.ox) + x + k, c = sY + g.c * X, r = cY - g.s * X;
+        return c >= 0 && c < t.larghezza && r >= 0 && r < t.altezza;
+    };
+    if (dentro(0) && dentro(n - 1)) {   // and so is all between
+        for (std::int32_t i = 0; i < n; i += 4) {
+            const Quattro X = colonneDa(g.ox + x + i);
+            const auto c = __builtin_convertvector(sY + g.c * X, Quattro32),
+                       r = __builtin_convertvector(cY - g.s * X, Quattro32);
+            scrivi(indici + i, reinterpret_cast<Positivi>(r) * t.passo + reinterpret_cast<Positivi>(c));
+        }
+        return true;
+    }
     Quattro64 tutti = {-1, -1, -1, -1};
     for (std::int32_t i = 0; i < n; i += 4) {
-        const Quattro X = colonneDa(g.ox + x, i, n);
-        scrivi(indici, i, n, indice(sY + g.c * X, cY - g.s * X, t.larghezza, t.altezza, t.passo, tutti));
+        const Quattro X = colonneDa(g.ox + x + i);
+        scrivi(indici + i, indice(sY + g.c * X, cY - g.s * X, t.larghezza, t.altezza, t.passo, tutti));
     }
     return pieni(tutti);
 }
@@ -131,15 +140,15 @@ IN_LINEA bool lente(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t
     const double cx = l.cx, cy = l.cy;
     Quattro64 tutti = {-1, -1, -1, -1};
     for (std::int32_t i = 0; i < n; i += 4) {
-        const Quattro dx = colonneDa(x, i, n) - cx, zero{};
+        const Quattro dx = colonneDa(x + i) - cx, zero{};
         Quattro k;
-        for (int j = 0; j < 4; ++j) k[j] = perColonna[std::min(i + j, n - 1)];
+        std::memcpy(&k, perColonna + i, sizeof k);
         const Quattro64 destra = dx >= zero;
         const Quattro ampio = destra ? dx : -dx;
         const Quattro fattore = destra ? zero + aDestra : zero + aSinistra;
         const Quattro lungo = arrotondati(ampio * fattore);
         const Quattro colonna = destra ? cx + lungo : cx - lungo;
-        scrivi(indici, i, n,
+        scrivi(indici + i,
                indice(colonna, cy + verso * arrotondati(dy * k), l.t.larghezza, l.t.altezza, l.t.passo, tutti));
     }
     return pieni(tutti);
@@ -193,7 +202,7 @@ RichiestaPixel RichiestaLente(const Bombature& b, const Tela& src) {
     l->t = sagoma(src);
     l->cx = src.larghezza / 2;
     l->cy = src.altezza / 2;
-    for (std::int32_t x = 0; x < src.larghezza; ++x) {
+    for (std::int32_t x = 0; x < src.larghezza + 3; ++x) {   // the last four reach beyond
         l->alto.push_back(l->cx == 0 ? 0 : fattore(x - l->cx, l->cx, b.alto));
         l->basso.push_back(l->cx == 0 ? 0 : fattore(x - l->cx, l->cx, b.basso));
     }

@@ -11,7 +11,7 @@ namespace tessaro {
 inline constexpr std::int32_t bloccoIndietro = 256;
 
 // The source's index for n result pixels of row y from column x on, Tela::passo() a row; nessunaFonte where there is none.
-// True when all n have one.
+// True when all n have one. `indici` has room for bloccoIndietro: up to three behind n may be written.
 inline constexpr std::uint32_t nessunaFonte = 0xFFFFFFFFU;
 using RichiestaPixel = std::function<bool(std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici)>;
 

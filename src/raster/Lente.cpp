@@ -35,7 +35,7 @@ private:
     void mostraLenti();
 
     double letta = 0;
-    std::uint8_t togliVecchia = 0;
+    std::uint8_t togliVecchia = 0, fineMorbido = morbida;
     std::int16_t colori = numeroColori, lente = indiceLenteAttuale;
     Gruppo trasferimento{8, 3, tipoPitc};
 };
@@ -52,6 +52,7 @@ void TRisoluzioneOttica::Display() {
     ScriviCampoReale(campoRisoluzione, letta, 0);
     SetDialogItemValue(theDialog, menuColori, colori);
     SetDialogItemValue(theDialog, cancellaItem, togliVecchia);
+    SetDialogItemValue(theDialog, spuntaMorbida, fineMorbido);
     trasferimento.mostra();
     mostraLenti();
 }
@@ -66,6 +67,10 @@ void TRisoluzioneOttica::ItemColpito() {
         SceltaCorrezioneOttica(0);
         lente = indiceLenteAttuale;
         mostraLenti();
+        break;
+    case spuntaMorbida:
+        CambiaCheck(spuntaMorbida);
+        fineMorbido = fineMorbido == 0;
         break;
     case cancellaItem:
         CambiaCheck(cancellaItem);
@@ -91,6 +96,7 @@ bool TRisoluzioneOttica::Chiedi(double& res, std::uint8_t& cancella) {
     bitColore = BitDi(colori);
     indiceLenteAttuale = lente;
     cancella = togliVecchia;
+    morbida = fineMorbido;
     return true;
 }
 
@@ -111,6 +117,7 @@ void CalcolaVerticiCorrezione(const elemento& pict) {
 }
 
 bool PictureToPixMapCorrezione(PicHandle pict) {
+    if (morbida) return CorrezioneMorbida(pict);
     MisuraRaster(false);
     LavoroRaster lavoro;
     const auto sorgente = SorgentePossibile() && !EmptyRect(rectGW2)

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "registration/attaccoDinamico.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 
@@ -46,6 +48,20 @@ struct Omografia {
     }
 };
 
+// A block that lies inside from end to end: no pixel of it is looked at twice.
+template <class Mappa>
+IN_LINEA void bloccoInterno(const Mappa mappa, const Piano& p, std::int32_t h, std::int32_t n, std::uint32_t* indici) {
+    const Quattro32 scala = {0, 1, 2, 3};
+    for (std::int32_t i = 0; i < n; i += 4) {
+        Punti q{p.x1PictBase + __builtin_convertvector(scala + (h + i), Quattro) * p.stepS, {}};
+        mappa(q);
+        const auto colonne = __builtin_convertvector((q.x - p.x1Pict2) * p.stepD, Quattro32);
+        const auto righe = __builtin_convertvector((q.y - p.y1Pict2) * p.stepD, Quattro32);
+        const Positivi indice = reinterpret_cast<Positivi>(righe) * p.passo + reinterpret_cast<Positivi>(colonne);
+        std::memcpy(indici + i, &indice, sizeof indice);
+    }
+}
+
 struct Limiti {
     double minimo, massimo;
     std::int32_t contati;
@@ -72,7 +88,7 @@ IN_LINEA Limiti blocco(const Mappa mappa, const Piano& p, std::int32_t h, std::i
         const auto colonne = __builtin_convertvector(ub, Quattro32), righe = __builtin_convertvector(wb, Quattro32);
         const auto indice = reinterpret_cast<Positivi>(righe) * p.passo + reinterpret_cast<Positivi>(colonne);
         const Positivi scelto = indice | ~reinterpret_cast<Positivi>(__builtin_convertvector(buono, Quattro32));
-        for (int k = 0; k < 4; ++k) indici[i + k] = scelto[k];
+        std::memcpy(indici + i, &scelto, sizeof scelto);
     }
     Limiti l{minimo[0], massimo[0], static_cast<std::int32_t>(dentro[0] + dentro[1] + dentro[2] + dentro[3])};
     for (int k = 1; k < 4; ++k) {
@@ -83,7 +99,16 @@ IN_LINEA Limiti blocco(const Mappa mappa, const Piano& p, std::int32_t h, std::i
 }
 
 using Calcola = Limiti (*)(const Mappatura&, const Piano&, double, std::int32_t, std::int32_t, std::uint32_t*);
+using CalcolaInterno = void (*)(const Mappatura&, const Piano&, double, std::int32_t, std::int32_t, std::uint32_t*);
 
+void simileInternoBase(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n,
+                       std::uint32_t* out) {
+    bloccoInterno(Simile(m, y), p, h, n, out);
+}
+void omografiaInternaBase(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n,
+                          std::uint32_t* out) {
+    bloccoInterno(Omografia(m, y), p, h, n, out);
+}
 Limiti simileBase(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* out) {
     return blocco(Simile(m, y), p, h, n, out);
 }
@@ -100,11 +125,46 @@ __attribute__((target("avx2"))) Limiti omografiaLarga(const Mappatura& m, const 
                                                       std::int32_t n, std::uint32_t* out) {
     return blocco(Omografia(m, y), p, h, n, out);
 }
+__attribute__((target("avx2"))) void simileInternoLargo(const Mappatura& m, const Piano& p, double y, std::int32_t h,
+                                                        std::int32_t n, std::uint32_t* out) {
+    bloccoInterno(Simile(m, y), p, h, n, out);
+}
+__attribute__((target("avx2"))) void omografiaInternaLarga(const Mappatura& m, const Piano& p, double y, std::int32_t h,
+                                                           std::int32_t n, std::uint32_t* out) {
+    bloccoInterno(Omografia(m, y), p, h, n, out);
+}
 const bool largo = __builtin_cpu_supports("avx2");
+const CalcolaInterno simileInterno = largo ? simileInternoLargo : simileInternoBase;
+const CalcolaInterno omografiaInterna = largo ? omografiaInternaLarga : omografiaInternaBase;
 const Calcola simile = largo ? simileLarga : simileBase, omografia = largo ? omografiaLarga : omografiaBase;
 #else
+const CalcolaInterno simileInterno = simileInternoBase, omografiaInterna = omografiaInternaBase;
 const Calcola simile = simileBase, omografia = omografiaBase;
 #endif
+
+// Along a row both mappings run one way, as long as the horizon is not between the ends: a block whose ends lie well
+// inside lies inside. A pixel of margin is far more than rounding can move.
+bool estremiDentro(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n, EsitoBlocco& e) {
+    double riga[2] = {0, 0};
+    bool davanti[2] = {true, true};
+    for (int k = 0; k < 2; ++k) {
+        double x = p.x1PictBase + (k == 0 ? h : h + n - 1) * p.stepS, yy = y;
+        if (m.specie == SpecieMappa::omografia) {
+            davanti[k] = 1 + (m.coef[6] * x + m.coef[7] * y) > 0;
+            TrasformaOmografia(m.coef, x, yy);
+        } else {
+            Tracoord(m.simile, x, yy, x, yy);
+        }
+        const double u = (x - p.x1Pict2) * p.stepD;
+        riga[k] = (yy - p.y1Pict2) * p.stepD;
+        if (!(u >= 1 && u < p.larghezza - 1.0 && riga[k] >= 1 && riga[k] < p.altezza - 1.0)) return false;
+    }
+    if (davanti[0] != davanti[1]) return false;
+    e.prima = static_cast<std::int32_t>(std::min(riga[0], riga[1])) - 1;
+    e.ultima = static_cast<std::int32_t>(std::max(riga[0], riga[1])) + 1;
+    e.pieno = true;
+    return true;
+}
 
 Limiti costruzione(const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* indici) {
     Limiti l{1e300, -1e300, 0};
@@ -147,9 +207,15 @@ EsitoBlocco IndiciBlocco(const Mappatura& m, const Piano& p, std::int32_t v, std
     if (m.specie == SpecieMappa::costruzione) {
         l = costruzione(p, y, h, n, indici);
     } else {
+        const bool prospettiva = m.specie == SpecieMappa::omografia;
+        EsitoBlocco tutto;
+        if (estremiDentro(m, p, y, h, n, tutto)) {
+            (prospettiva ? omografiaInterna : simileInterno)(m, p, y, h, n, indici);
+            return tutto;
+        }
         // Whole fours; the last ones are told apart so that they do not count.
         const std::int32_t interi = n & ~3;
-        const Calcola f = m.specie == SpecieMappa::omografia ? omografia : simile;
+        const Calcola f = prospettiva ? omografia : simile;
         l = f(m, p, y, h, interi, indici);
         if (interi < n) {
             std::uint32_t coda[4];

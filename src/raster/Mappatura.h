@@ -39,7 +39,7 @@ struct EsitoBlocco {
 };
 
 // Index row * passo + column in the result for columns h to h + n (n at most bloccoPixel) of row v; nessunPixel for what
-// lands outside or nowhere.
+// lands outside or nowhere. `indici` has room for bloccoPixel: up to three behind n may be written.
 EsitoBlocco IndiciBlocco(const Mappatura& m, const Piano& p, std::int32_t v, std::int32_t h, std::int32_t n,
                          std::uint32_t* indici);
 

@@ -139,6 +139,12 @@ void preparaCella(const Cella& src, const Cella& dst) {
     ErroreAlert(attaccoAttivo.PreparaAttacco());
 }
 
+}   // namespace
+
+void PreparaCella(int r, int c) { preparaCella(cella(meshOrigine, r, c), cella(meshDestinazione, r, c)); }
+
+namespace {
+
 // The part of the source where a pixel of the polygon can be: its box, with a margin for the rounding of crossings.
 Rect parteDelPoligono(const Piano& p) {
     constexpr double margine = 3;
@@ -158,6 +164,8 @@ Rect parteDelPoligono(const Piano& p) {
                                    colonna(x2 + singola, margine)});
 }
 
+}   // namespace
+
 EsitoPercorso TrasformaBitMapMesh(Sorgente& sorgente, Tela& risultato, LavoroRaster& lavoro) {
     SaveAttachPoints();
     tipoTaglio = 1;
@@ -166,7 +174,7 @@ EsitoPercorso TrasformaBitMapMesh(Sorgente& sorgente, Tela& risultato, LavoroRas
     EsitoPercorso esito = EsitoPercorso::fatto;
     for (int r = 0; r < ny - 1 && esito == EsitoPercorso::fatto; ++r)
         for (int c = 0; c < nx - 1 && esito == EsitoPercorso::fatto; ++c) {
-            preparaCella(cella(meshOrigine, r, c), cella(meshDestinazione, r, c));
+            PreparaCella(r, c);
             const Piano piano = PianoDelLavoro(risultato);
             const int parte = (nx - 1) * r + c;
             esito = Percorri(
@@ -177,9 +185,8 @@ EsitoPercorso TrasformaBitMapMesh(Sorgente& sorgente, Tela& risultato, LavoroRas
     return esito;
 }
 
-}   // namespace
-
 bool PictureToPixMapMesh(PicHandle pict) {
+    if (morbida && meshOrigine.nx > 1 && meshOrigine.ny > 1) return MeshMorbida(pict);
     // A mesh without cells has a box without area: its blank picture has a pixel at least.
     if (colonne(meshOrigine) < 2 || righe(meshOrigine) < 2) {
         larghBitMap = std::max(larghBitMap, 1);

@@ -192,20 +192,30 @@ EsitoPercorso percorri(const Percorso& p, const std::function<bool(double)>& pas
     Striscia s;
     std::vector<TrattoFila> tratti;
     std::vector<std::uint32_t> indici;
+    const auto disegna = [&] {
+        if (s.blocchi.empty()) return true;
+        const Rect& a = s.area;
+        if (!p.sorgente.disegna(a.top, a.bottom - a.top, a.left, a.right)) return false;
+        if (Fili() > 1)
+            inMolti<Pixel>(p, s, indici);
+        else
+            daSolo<Pixel>(p, s);
+        s.vuota();
+        return true;
+    };
     for (std::int32_t v = r.top; v < r.bottom; ++v) {
         const std::size_t prima = s.blocchi.size();
         blocchiDi(p, v, tratti, s.blocchi);
-        s.prendi(prima);
-        if (s.pixel() < perVolta && v + 1 < r.bottom) continue;
-        if (!s.blocchi.empty()) {
-            const Rect& a = s.area;
-            if (!p.sorgente.disegna(a.top, a.bottom - a.top, a.left, a.right)) return EsitoPercorso::memoria;
-            if (Fili() > 1)
-                inMolti<Pixel>(p, s, indici);
-            else
-                daSolo<Pixel>(p, s);
+        if (prima > 0 && s.blocchi.size() > prima && v > s.area.bottom) {   // nothing is drawn for rows between
+            s.blocchi.resize(prima);
+            if (!disegna()) return EsitoPercorso::memoria;
+            blocchiDi(p, v, tratti, s.blocchi);
+            s.prendi(0);
+        } else {
+            s.prendi(prima);
         }
-        s.vuota();
+        if (s.pixel() < perVolta && v + 1 < r.bottom) continue;
+        if (!disegna()) return EsitoPercorso::memoria;
         if (!passo((double(v) + 1 - r.top) / (double(r.bottom) - r.top))) return EsitoPercorso::fermato;
     }
     return EsitoPercorso::fatto;

@@ -39,5 +39,8 @@ struct Percorso {
 enum class EsitoPercorso : std::uint8_t { fatto, fermato, memoria };
 // `passo` hears the fraction done, 0 to 1, between strips; false stops the walk.
 EsitoPercorso Percorri(const Percorso& p, const std::function<bool(double)>& passo);
+// The walk of the meshes' cells, each by its own four points, over the sizes in force.
+class LavoroRaster;
+EsitoPercorso TrasformaBitMapMesh(Sorgente& sorgente, Tela& risultato, LavoroRaster& lavoro);
 
 }   // namespace tessaro

@@ -100,7 +100,13 @@ void unisci(std::vector<TrattoFila>& tratti) {
 
 void TrattiInterni(const FilaPunti& f, std::int32_t da, std::int32_t a, std::vector<TrattoFila>& tratti) {
     // A side is crossed by the rays of all points up to some h and of none behind it: the parity changes at these.
+    struct Lato {
+        double xc, massimo;
+        bool operator==(const Lato&) const = default;
+    };
+    thread_local std::vector<Lato> lati;
     thread_local std::vector<std::int32_t> cambi;
+    lati.clear();
     cambi.clear();
     tratti.clear();
     const auto n = static_cast<std::size_t>(ultimoTaglio);
@@ -109,10 +115,16 @@ void TrattiInterni(const FilaPunti& f, std::int32_t da, std::int32_t a, std::vec
         const std::size_t j = i == n ? 0 : i + 1;
         if (intornoA(f, da, a, i, t)) tratti.push_back(t);
         if (saltato(f.y, i, j)) continue;
-        const double xc = incrocio(f.y, i, j);
-        if (!(xc == xc)) continue;
-        const double limite = std::min(xc, std::max(Xtaglio[i], Xtaglio[j]));
-        const std::int32_t h = fineDi(f, da, a, limite, [&](double x) { return contato(x, xc, i, j); });
+        const Lato lato{incrocio(f.y, i, j), std::max(Xtaglio[i], Xtaglio[j])};
+        if (!(lato.xc == lato.xc)) continue;
+        if (!lati.empty() && lati.back() == lato)   // there and back by the same side
+            lati.pop_back();
+        else
+            lati.push_back(lato);
+    }
+    for (const Lato& lato : lati) {
+        const std::int32_t h = fineDi(f, da, a, std::min(lato.xc, lato.massimo),
+                                      [&](double x) { return !(x > lato.massimo) && lato.xc > x; });
         if (h > da) cambi.push_back(h);
     }
     const bool soloVertici = !tratti.empty();

@@ -21,6 +21,7 @@ namespace tessaro {
 
 constinit double risoluzione = 150;
 constinit std::int16_t tipoPitc = 1, tipoTaglio = 1, tipoTrasformazione = 2, numeroColori = 3, bitColore = 32;
+constinit std::uint8_t morbida = 0, conLenteRettifica = 0;
 constinit double coeffRisoluzione = 0, coeffRisoluzioneSrc = 0, rapportoDimensione = 1;
 constinit std::int16_t risoluzioneSrc = 0, numQudrilateri = 1;
 constinit double x1PictBase = 0, y1PictBase = 0, x2PictBase = 0, y2PictBase = 0;
@@ -193,6 +194,7 @@ std::int64_t MemoriaChiesta() {
 }
 
 bool PictureToPixMap(PicHandle pict, bool taglio) {
+    if (morbida) return RettificaMorbida(pict, taglio);
     const bool alSorgente = taglio && tipoTaglio == 1;
     MisuraRaster(alSorgente);
     LavoroRaster lavoro(deformProspettica != 0);
@@ -276,6 +278,8 @@ const VoceStato righe[] = {
     voce<tipoTaglio>("tipoTaglio"),
     voce<tipoTrasformazione>("tipoTrasformazione"),
     voce<numeroColori>("numeroColori"),
+    voce<morbida>("morbida"),
+    voce<conLenteRettifica>("conLenteRettifica"),
     voce<bitColore>("bitColore"),
     voce<rapportoDimensione>("rapportoDimensione"),
     voce<coeffRisoluzione>("coeffRisoluzione"),

@@ -3,6 +3,7 @@
 
 #include "dialogs/Parametri.h"
 #include "raster/Gruppo.h"
+#include "raster/Lenti.h"
 #include "raster/raster.h"
 #include "text/Conversione.h"
 
@@ -11,6 +12,7 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t dialogo = 139, ok = 1, annulla = 2, campoRisoluzione = 4, menuColori = 7;
+constexpr std::int16_t spuntaLente = 102, elencoLenti = 103;
 
 class TRisoluzione : public TParametri {
 public:
@@ -21,18 +23,32 @@ private:
     void ItemColpito() override;
     void IngGene(std::uint8_t) override { LeggiCampo(campoRisoluzione, minRisoluzione, maxRisoluzione, letta); }
     void Display() override;
+    void mostraMorbido();
 
     bool tagliare;
     double letta = 0;
-    std::int16_t colori = numeroColori;
+    std::int16_t colori = numeroColori, lente = indiceLenteAttuale;
+    std::uint8_t fineMorbido = morbida, disfaLente = conLenteRettifica;
     Gruppo gruppi[3]{{8, 3, tipoPitc}, {11, 2, tipoTaglio}, {16, 2, tipoTrasformazione}};
 };
+
+// The lens is undone on the way of a smooth result alone.
+void TRisoluzione::mostraMorbido() {
+    SetDialogItemValue(theDialog, spuntaMorbida, fineMorbido);
+    SetDialogItemValue(theDialog, spuntaLente, disfaLente);
+    HiliteDialogItem(theDialog, spuntaLente, fineMorbido ? 0 : 255);
+    HiliteDialogItem(theDialog, elencoLenti, fineMorbido && disfaLente ? 0 : 255);
+}
 
 void TRisoluzione::Display() {
     SetDialogItemMenu(theDialog, menuColori, menuBit);
     ScriviCampoReale(campoRisoluzione, letta, 0);
     SetDialogItemValue(theDialog, menuColori, colori);
     for (const Gruppo& g : gruppi) g.mostra();
+    RifaiMenuLenti();
+    SetDialogItemMenu(theDialog, elencoLenti, menuLenti);
+    SetDialogItemValue(theDialog, elencoLenti, lente);
+    mostraMorbido();
     for (std::int16_t i = 0; i < gruppi[1].quanti; ++i)
         HiliteDialogItem(theDialog, static_cast<std::int16_t>(gruppi[1].prima + i), tagliare ? 0 : 255);
 }
@@ -41,6 +57,10 @@ void TRisoluzione::ItemColpito() {
     if (itemCorrente == menuColori) PopUp(menuColori, menuBit, 0, 1, colori);
     for (Gruppo& g : gruppi)
         if (g.ha(itemCorrente)) g.scegli(itemCorrente);
+    if (itemCorrente == spuntaMorbida) fineMorbido = fineMorbido == 0;
+    if (itemCorrente == spuntaLente) disfaLente = disfaLente == 0;
+    if (itemCorrente == elencoLenti) PopUp(elencoLenti, menuLenti, 0, 1, lente);
+    if (itemCorrente == spuntaMorbida || itemCorrente == spuntaLente) mostraMorbido();
 }
 
 bool TRisoluzione::Chiedi(double& res) {
@@ -56,6 +76,9 @@ bool TRisoluzione::Chiedi(double& res) {
     tipoTrasformazione = gruppi[2].valore;
     numeroColori = colori;
     bitColore = BitDi(colori);
+    morbida = fineMorbido;
+    conLenteRettifica = disfaLente;
+    indiceLenteAttuale = lente;
     return true;
 }
 

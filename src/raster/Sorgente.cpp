@@ -10,6 +10,7 @@
 #include "platform/pict/Compressa.h"
 #include "platform/pict/Pict.h"
 #include "platform/pict/Raster.h"
+#include "raster/perRighe.h"
 
 namespace tessaro {
 
@@ -68,7 +69,11 @@ Sorgente::Sorgente(std::string_view pict, std::int64_t larghezza, std::int64_t a
 Sorgente::~Sorgente() = default;
 
 // A picture of figures is played anew for each strip: fewer and larger ones.
-std::int64_t Sorgente::pixelPerStriscia() const { return fonte ? 1 << 20 : 24 << 20; }
+// One thread works best on what its cache holds; several are given enough to be worth their start.
+std::int64_t Sorgente::pixelPerStriscia() const {
+    if (!fonte) return 24 << 20;
+    return Fili() > 1 ? 1 << 20 : 1 << 16;
+}
 
 void Sorgente::metti(std::int32_t y, std::int32_t da, std::int32_t a, const std::uint32_t* pixel) {
     std::uint8_t* riga = striscia.data() + std::int64_t(y - cima) * byteRiga;
@@ -98,6 +103,10 @@ void Sorgente::righeRaster(std::int32_t top, std::int32_t n, std::int32_t left, 
         colonnaA = right;
     }
     const std::int32_t w = right - left;
+    if (forma->bit == 32 && !fonte->buchi) {   // as they come
+        riduttore->righe(top, n, reinterpret_cast<std::uint32_t*>(striscia.data()));
+        return;
+    }
     banco.resize(static_cast<std::size_t>(w) * static_cast<std::size_t>(n));
     riduttore->righe(top, n, banco.data());
     for (std::int32_t k = 0; k < n; ++k) metti(top + k, left, right, banco.data() + std::int64_t(k) * w);

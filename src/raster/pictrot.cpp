@@ -18,6 +18,7 @@
 #include "raster/Lavoro.h"
 #include "raster/NuovaImmagine.h"
 #include "raster/raster.h"
+#include "raster/RotazioneMorbida.h"
 #include "raster/Sorgente.h"
 #include "text/Conversione.h"
 
@@ -39,11 +40,8 @@ std::int16_t bitDiColori(std::int16_t colori) {
     return bit[std::clamp<int>(colori, 1, 4) - 1];
 }
 
-// The frame of the turned raster: each corner is cut to a whole pixel.
-struct Cornice {
-    std::int32_t ox, oy, larghezza, altezza;
-};
-Cornice corniceDi(double c, double s, double W, double H) {
+// Each turned corner is cut to a whole pixel.
+CorniceGiro corniceDi(double c, double s, double W, double H) {
     const auto t = [](double v) { return static_cast<double>(Troncato(v)); };
     const Estremi x = estremi(0, t(s * -H), t(W * c - H * s), t(c * W));
     const Estremi y = estremi(0, t(c * H), t(H * c + W * s), t(s * W));
@@ -61,32 +59,47 @@ void nuovaMisura(tPictRot& p) {
 
 }   // namespace
 
+namespace {
+
+// The told form: the picture drawn on w by h pixels, and each pixel of the frame asked back. Empty when it was stopped, or
+// behind alert 128.
+std::string rotazione(const tPictRot& p, std::int16_t bit, const CorniceGiro& q, std::int64_t w, std::int64_t h,
+                      LavoroRaster& lavoro) {
+    const auto memoria = [](std::int64_t pixel) {
+        AvvisoMemoria(pixel * 4);
+        return std::string();
+    };
+    Sorgente sorgente(PictBytes(p.pictIn), w, h, bit);
+    Tela src, giro;
+    if (!sorgente.leggibile() || !sorgente.intera(src)) return memoria(w * h);
+    if (p.angolo != 0) {
+        if (!NuovaTela(giro, q.larghezza, q.altezza, sorgente.formato(), true))
+            return memoria(w * h + std::int64_t(q.larghezza) * q.altezza);
+        const Giro g{std::cos(p.angolo), std::sin(p.angolo), q.ox, q.oy};
+        if (!PercorriIndietro(src, giro, RichiestaGiro(g, src), [&lavoro](double f) { return lavoro.passo(f); }))
+            return {};
+        std::swap(src, giro);
+        giro.dati.reset();
+    }
+    std::string bytes = ImmagineDaTela(src, sorgente.formato(), FrameDi(src), p.tipoPict);
+    return bytes.empty() ? memoria(w * h) : bytes;
+}
+
+}   // namespace
+
 void RuotaImmagine(tPictRot* p) {
     constexpr double puntiPerCm = 28;   // Kept: whole points a centimetre; sizes in pixels hang on it
     const std::int64_t w = Troncato(puntiPerCm * p->larghezza), h = Troncato(puntiPerCm * p->altezza);
     const std::int64_t W = p->risoluzione * w / 72, H = p->risoluzione * h / 72;
-    LavoroRaster lavoro;
     p->pictOut = 0;
-    const auto memoria = [&](std::int64_t altri) { AvvisoMemoria((W * H + altri) * 4); };
-    const bool lati = W > 0 && H > 0 && W < 0x7FFFFFF0 && H < 0x7FFFFFF0;
-    const auto sorgente =
-        lati ? std::make_unique<Sorgente>(PictBytes(p->pictIn), W, H, bitDiColori(p->colori)) : nullptr;
-    Tela src, giro;
-    if (!sorgente || !sorgente->leggibile() || !sorgente->intera(src)) return memoria(0);
-    const Tela* risultato = &src;
-    if (p->angolo != 0) {
-        const double c = std::cos(p->angolo), s = std::sin(p->angolo);
-        const Cornice q = corniceDi(c, s, static_cast<double>(W), static_cast<double>(H));
-        if (!NuovaTela(giro, q.larghezza, q.altezza, sorgente->formato(), true))
-            return memoria(std::int64_t(q.larghezza) * q.altezza);
-        if (!PercorriIndietro(src, giro, RichiestaGiro({c, s, q.ox, q.oy}, src),
-                              [&lavoro](double f) { return lavoro.passo(f); }))
-            return;
-        src.dati.reset();
-        risultato = &giro;
-    }
-    std::string bytes = ImmagineDaTela(*risultato, sorgente->formato(), FrameDi(*risultato), p->tipoPict);
-    if (bytes.empty()) return memoria(0);
+    if (W <= 0 || H <= 0 || W > 0x7FFFFFF0 || H > 0x7FFFFFF0) return AvvisoMemoria(W * H * 4);
+    LavoroRaster lavoro;
+    const std::int16_t bit = bitDiColori(p->colori);
+    CorniceGiro q{0, 0, static_cast<std::int32_t>(W), static_cast<std::int32_t>(H)};
+    if (p->angolo != 0)
+        q = corniceDi(std::cos(p->angolo), std::sin(p->angolo), static_cast<double>(W), static_cast<double>(H));
+    std::string bytes = morbida ? RotazioneMorbida(*p, bit, q, W, H, lavoro) : rotazione(*p, bit, q, W, H, lavoro);
+    if (bytes.empty()) return;
     p->pictOut = NewPict(std::move(bytes));
     if (p->angolo != 0) nuovaMisura(*p);
 }
@@ -110,6 +123,7 @@ private:
     void IngGene(std::uint8_t) override;
 
     tPictRot lavoro = pictRot;
+    std::uint8_t fineMorbido = morbida;
     Gruppo trasferimento{11, 3, pictRot.tipoPict};
 };
 
@@ -120,14 +134,16 @@ void TModificaImmagine::Display() {
     SetDialogItemValue(theDialog, menuColori, lavoro.colori);
     trasferimento.mostra();
     SetDialogItemValue(theDialog, scambia, lavoro.sostituisci);
+    SetDialogItemValue(theDialog, spuntaMorbida, fineMorbido);
 }
 
 void TModificaImmagine::ItemColpito() {
     if (trasferimento.ha(itemCorrente)) trasferimento.scegli(itemCorrente);
     if (itemCorrente == menuColori) PopUp(menuColori, menuBitRotazione, 0, 1, lavoro.colori);
-    if (itemCorrente != scambia) return;
-    CambiaCheck(scambia);
-    lavoro.sostituisci = lavoro.sostituisci == 0;
+    if (itemCorrente != scambia && itemCorrente != spuntaMorbida) return;
+    CambiaCheck(itemCorrente);
+    std::uint8_t& spunta = itemCorrente == scambia ? lavoro.sostituisci : fineMorbido;
+    spunta = spunta == 0;
 }
 
 void TModificaImmagine::IngGene(std::uint8_t) {
@@ -145,6 +161,7 @@ bool TModificaImmagine::Chiedi() {
     Giro(campoAngolo);
     if (!Accettato() || quitPending()) return false;
     pictRot = lavoro;
+    morbida = fineMorbido;
     return true;
 }
 

@@ -18,6 +18,8 @@ extern std::int16_t tipoPitc;                  // transfer of the stored pixels:
 extern std::int16_t tipoTaglio;                // with a polyline: 1 cut at the source, 2 at the destination
 extern std::int16_t tipoTrasformazione;        // 1 plain, 2 perspective; 2
 extern std::int16_t numeroColori, bitColore;   // depth selector 1, 2, 3, and its 8, 16, 32 bits; 3
+extern std::uint8_t morbida;                   // smooth: results are asked back and interpolated; 0
+extern std::uint8_t conLenteRettifica;         // a smooth rectification undoes the lens in use in the same pass; 0
 inline std::int16_t BitDi(std::int16_t selettore) { return selettore == 1 ? 8 : selettore == 2 ? 16 : 32; }
 
 // --- sizes and places of a job; boxes on the sheet, tenths of a millimetre
@@ -67,7 +69,16 @@ bool ScegliRisoluzioneOttica(double& res, std::uint8_t& cancella);   // dialog 1
 void CalcolaVerticiCorrezione(const elemento& pict);
 bool PictureToPixMapCorrezione(PicHandle pict);
 
+// --- the same results smooth: same boxes, same places
+bool RettificaMorbida(PicHandle pict, bool taglio);
+bool MeshMorbida(PicHandle pict);
+bool CorrezioneMorbida(PicHandle pict);
+
 // --- meshes
+void SaveAttachPoints();   // control and destination points, and what was prepared from them
+void RestoreAttachPoints();
+// Control and destination points and the polygon of cell (r, c), prepared.
+void PreparaCella(int r, int c);
 bool VerificaMesh();   // errors 34 to 38 of list 9999
 void CalcolaVerticiMesh(const elemento& pict);
 bool PictureToPixMapMesh(PicHandle pict);

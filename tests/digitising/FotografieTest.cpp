@@ -11,6 +11,7 @@
 #include "platform/Images.h"
 #include "support/Attacco.h"
 #include "support/Foglio.h"
+#include "support/Incrocio.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -36,30 +37,6 @@ struct Grigi {
         return i.palette[i.indices[dove]].blue >> 8;
     }
 };
-
-// The point that all edges round p point at: where the gradients are square to the way there.
-Coppia incrocioVicino(const Grigi& g, Coppia p) {
-    constexpr int raggio = 5, giri = 20;
-    for (int giro = 0; giro < giri; ++giro) {
-        const int cx = static_cast<int>(std::lround(p.x)), cy = static_cast<int>(std::lround(p.y));
-        double a = 0, b = 0, c = 0, u = 0, v = 0;
-        for (int y = cy - raggio; y <= cy + raggio; ++y) {
-            for (int x = cx - raggio; x <= cx + raggio; ++x) {
-                const double gx = g(x + 1, y) - g(x - 1, y), gy = g(x, y + 1) - g(x, y - 1);
-                a += gx * gx;
-                b += gx * gy;
-                c += gy * gy;
-                u += gx * gx * x + gx * gy * y;
-                v += gx * gy * x + gy * gy * y;
-            }
-        }
-        const Coppia q{(c * u - b * v) / (a * c - b * b), (a * v - b * u) / (a * c - b * b)};
-        const bool fermo = std::hypot(q.x - p.x, q.y - p.y) < 0.005;
-        p = q;
-        if (fermo) break;
-    }
-    return p;
-}
 
 Coppia mappa(Coppia p) {
     attaccoAttivo.Traf4Pt(p.x, p.y);

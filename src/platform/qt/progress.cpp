@@ -31,6 +31,7 @@ public:
         setWindowTitle(titolo);
         setWindowModality(Qt::ApplicationModal);
         auto* scritta = new QLabel(titolo);
+        resta->setForegroundRole(QPalette::PlaceholderText);
         auto* ferma = new QPushButton(daUtf8(testo("progress.stop")));
         barraLavoro->setRange(0, gradini);
         barraLavoro->setMinimumWidth(larghezza);
@@ -40,16 +41,29 @@ public:
         auto* tutto = new QVBoxLayout(this);
         tutto->addWidget(scritta);
         tutto->addLayout(riga);
+        tutto->addWidget(resta);
         tutto->setSizeConstraint(QLayout::SetFixedSize);
         connect(ferma, &QPushButton::clicked, this, [this] { fermata = true; });
     }
     void reject() override { fermata = true; }   // Escape and the close box
-    void avanza(double frazione) { barraLavoro->setValue(static_cast<int>(std::lround(frazione * gradini))); }
+    // `passati`: milliseconds of work so far. What is left is told once there is something to go by.
+    void avanza(double frazione, qint64 passati) {
+        constexpr double poco = 0.03;
+        barraLavoro->setValue(static_cast<int>(std::lround(frazione * gradini)));
+        if (frazione < poco) return;
+        const double secondi = static_cast<double>(passati) / 1000 * (1 - frazione) / frazione;
+        const auto minuti = static_cast<int>(secondi / 60);
+        const bool lunga = minuti > 0;
+        const int quanti = lunga ? minuti + 1 : static_cast<int>(std::ceil(secondi));
+        resta->setText(daUtf8(lunga ? testo("progress.minutes") : testo("progress.seconds"))
+                           .replace("^0", QString::number(quanti)));
+    }
 
     bool fermata = false;
 
 private:
     QProgressBar* barraLavoro;
+    QLabel* resta = new QLabel(QStringLiteral(" "));
 };
 
 struct Lavoro {
@@ -83,7 +97,7 @@ bool ProgressStep(double fraction) {
     if (lavoro->dalloSguardo.elapsed() < attesaTra) return true;
     lavoro->dalloSguardo.restart();
     if (!b.isVisible() && lavoro->dallInizio.elapsed() >= attesaPrima) mostraSotto(b);
-    if (std::isfinite(fraction)) b.avanza(std::min(1.0, std::max(0.0, fraction)));
+    if (std::isfinite(fraction)) b.avanza(std::min(1.0, std::max(0.0, fraction)), lavoro->dallInizio.elapsed());
     const Annidato annidato;
     waitStep(Attesa::tasto, 0);
     return !b.fermata && !quitPending();
