@@ -8,7 +8,6 @@
 #include <random>
 #include <vector>
 
-#include "digitising/Attacchi.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
@@ -16,6 +15,7 @@
 #include "platform/paint/RasterPort.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 
 using namespace tessaro;
 
@@ -85,7 +85,7 @@ void registra(std::int32_t modo, bool rettangolo = false) {
     Elem(2).att.quattroPunti = OKAttacco5 = 1;
     const SenzaTraccia muto;
     attaccoAttivo.tipo = modo;
-    AttacchiCambiati();
+    (void)AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();
 }
 

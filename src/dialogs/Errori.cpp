@@ -96,13 +96,6 @@ void MostraGuasto(const Guasto& g) {
     StopAlert(9101);
 }
 
-void IOERR2(OSErr e) {
-    if (e > -1 || e < -523) return;
-    Messaggio(e);
-    SetCursor(arrowCursor);
-    uscita = 1;
-}
-
 void IOERR3() { ioerrtext(out); }
 
 void ioerrtext(std::FILE* f) {
@@ -115,12 +108,6 @@ void ioerrtext(std::FILE* f) {
     uscita = 1;
 }
 
-void Sbaglio(std::int16_t code, std::uint8_t& flag) {
-    if (code >= 1) return;
-    StopAlertParam(avvisoDi(code), "");
-    flag = 1;
-}
-
 void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
     if (code >= 1) return;
     constexpr std::int16_t troppoGrande = -1, troppoPiccolo = -2;
@@ -128,5 +115,13 @@ void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
     StopAlertParam(avvisoDi(code), limite);
     uscita = 1;
 }
+
+namespace {
+[[maybe_unused]] const bool agganciati = [] {
+    mostraErroreFile = Messaggio;
+    mostraSbaglio = [](std::int16_t code) { StopAlertParam(avvisoDi(code), ""); };
+    return true;
+}();
+}   // namespace
 
 }   // namespace tessaro

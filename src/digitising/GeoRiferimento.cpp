@@ -2,10 +2,11 @@
 #include "digitising/GeoRiferimento.h"
 
 #include "dialogs/Parametri.h"
-#include "digitising/Attacchi.h"
+#include "display/Zoom.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Quickdraw.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 
@@ -67,7 +68,7 @@ public:
         const double basso = 100 * yfoglio;   // the sheet's foot
         AssegnaAttacco(1, 0, basso);
         AssegnaAttacco(2, dieciCentimetri, basso);
-        AttacchiCambiati();
+        if (AttacchiCambiati()) InvalWind();
         CalcolaRapporti();
     }
 };

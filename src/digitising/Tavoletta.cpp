@@ -21,6 +21,8 @@ namespace tessaro {
 
 constinit std::int32_t xtab = 0, ytab = 0;
 constinit double frazioneXt = 0, frazioneYt = 0;
+void (*apriCalcolatrice)() = nullptr;
+void (*mostraMisura)(const double&, std::string_view) = nullptr;
 
 namespace {
 
@@ -46,7 +48,7 @@ void termina() {
 
 template <double Risultati::*misura, std::int16_t nome>
 void mostra() {
-    if (CalcWindow) ponidisp(RisCalc.*misura * RisCalc.fattore, GetIndString(nomiMisure, nome));
+    if (CalcWindow && mostraMisura) mostraMisura(RisCalc.*misura * RisCalc.fattore, GetIndString(nomiMisure, nome));
 }
 
 constexpr void (*bottoni[])() = {
@@ -56,7 +58,9 @@ constexpr void (*bottoni[])() = {
     FaiMarker,
     [] { Attacco(1); },
     [] { Attacco(2); },
-    ApriCalcolatrice,
+    [] {
+        if (apriCalcolatrice) apriCalcolatrice();
+    },
     mostra<&Risultati::area, 18>,
     mostra<&Risultati::perimetro, 2>,
     mostra<&Risultati::sviluppo, 3>,

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "digitising/Attacchi.h"
+#include "display/AttacchiMarche.h"
 #include "display/Pixel.h"
 #include "display/Testi.h"
 #include "display/Tratteggi.h"
@@ -289,7 +289,7 @@ void Disegna() {
     faiFoglio();
     pennaNera(patCopy);
     if (OKAttacco5) DisAttacco5();
-    attaccoAttivo.Disegna();
+    DisAttacchiDin();
     pennaNera(patCopy);
     Scansione().esegui();
     PenSize(1, 1);

@@ -256,6 +256,12 @@ void MoveScrollBars() {
     SetControlSteps(HScroll, 15, static_cast<std::int32_t>(larghezza()));
 }
 
+void SetupLimits() {
+    Screen = ScreenBounds();
+    DragRect = SetRect(Screen.left + 4, Screen.top + 24, Screen.right - 4, Screen.bottom - 4);
+    GrowRect = SetRect(Screen.left, Screen.top + 24, Screen.right, Screen.bottom);
+}
+
 void ReSizeWindow(std::int32_t width, std::int32_t height) {
     if (!theWindow) return;
     SetupLimits();

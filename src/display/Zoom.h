@@ -27,6 +27,6 @@ void DisponiVista();    // myViewRect from the port's bounds
 // scalavid and the tolerances. Held to 1e-12..20000, where scroll positions stay within 32 bits; a scale that is no
 // number or not above 0 (a view without room) changes nothing.
 void CambiaScala(double nuova);
-void SetupLimits();   // Screen, DragRect, GrowRect; stands in shell/
+void SetupLimits();   // Screen, DragRect, GrowRect
 
 }   // namespace tessaro

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "digitising/Attacchi.h"
 #include "display/Zoom.h"
+#include "editing/SpostaXY.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/Operazione.h"

@@ -1,12 +1,12 @@
 // Which mapping carries a merged drawing over, by the command that asked for it.
 #include "files/Fusione.h"
 
-#include "digitising/Attacchi.h"
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "registration/solutori.h"
 
 namespace tessaro {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "dialogs/Parametri.h"
+#include "digitising/Tavoletta.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
@@ -261,6 +262,13 @@ const VoceStato righe[] = {
      nullptr},
 };
 const TabellaStato tabella(righe);
+
+// The tablet's buttons reach the calculator through these.
+[[maybe_unused]] const bool agganciati = [] {
+    apriCalcolatrice = ApriCalcolatrice;
+    mostraMisura = ponidisp;
+    return true;
+}();
 
 }   // namespace
 

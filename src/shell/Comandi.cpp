@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
+#include "digitising/attaccoAggiungi.h"
+#include "digitising/attaccoDialogo.h"
 #include "digitising/GeoRiferimento.h"
 #include "digitising/PuntiDigitati.h"
 #include "digitising/Tavoletta.h"
@@ -11,7 +13,6 @@
 #include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
@@ -24,6 +25,7 @@
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
+#include "editing/TratteggiDialogo.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
@@ -184,9 +186,9 @@ void menuDisegna() {
 
 void dialogoTrasformazione() {
     if (KeyModifiers() & optionKey) {
-        attaccoAttivo.DialogoOld();
+        TAttaccoDialogo().DialogoOld();
     } else {
-        attaccoAttivo.Dialogo();
+        TAttaccoDialogo().Dialogo();
     }
 }
 
@@ -194,7 +196,7 @@ void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
     if (noWindow) return;
     if (theItem == 5) dialogoTrasformazione();
-    if (theItem == 8) attaccoAttivo.Aggiungi();
+    if (theItem == 8) Aggiungi();
     if (theItem == 18) ApriRapporto();
 }
 
@@ -336,7 +338,7 @@ void menuAttacchiOrigine() {
 
 void menuAttacchiDestinazione() {
     if (theItem == 6) {
-        attaccoAttivo.VerificaAttacchi();
+        VerificaDestinazione();
         return;
     }
     sceltaAttacco(12, destinazioneCursor);

@@ -2,7 +2,6 @@
 #include "shell/Inizializza.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -30,7 +29,6 @@
 #include "platform/Memory.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
-#include "script/Copione.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/Recupero.h"
@@ -110,12 +108,6 @@ void predisponiScale() {
 
 }   // namespace
 
-void SetupLimits() {
-    Screen = ScreenBounds();
-    DragRect = SetRect(Screen.left + 4, Screen.top + 24, Screen.right - 4, Screen.bottom - 4);
-    GrowRect = SetRect(Screen.left, Screen.top + 24, Screen.right, Screen.bottom);
-}
-
 void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
@@ -143,21 +135,7 @@ void ApriPercorso(const char* pathUtf8) {
     archivia();
 }
 
-namespace {
-
-int guastoOpzioni(const std::string& guasto) {
-    std::fprintf(stderr, "%s\n", guasto.c_str());
-    return 2;
-}
-
-// What the command line asks to be printed; true when that is all it asked for.
-bool soloInformazioni(const Opzioni& opzioni) {
-    if (!opzioni.aiuto && !opzioni.versione) return false;
-    std::fputs(ResourceFile(opzioni.aiuto ? "texts/usage.txt" : "texts/version.txt").c_str(), stdout);
-    return true;
-}
-
-void cicloPrincipale(const Opzioni& opzioni) {
+void CicloPrincipale(std::string_view documento, bool offriRecupero) {
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
@@ -168,26 +146,9 @@ void cicloPrincipale(const Opzioni& opzioni) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-    if (!opzioni.avvio.script) OffriRecupero();
-    // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
-    if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
+    if (offriRecupero) OffriRecupero();
+    if (!documento.empty()) ApriPercorso(std::string(documento).c_str());
     while (!fine) CheckEvents();
-}
-
-}   // namespace
-
-int TessaroMain(int argc, char** argv) {
-    Opzioni opzioni;
-    std::string guasto;
-    if (!LeggiOpzioni(argc, argv, opzioni, guasto)) return guastoOpzioni(guasto);
-    if (soloInformazioni(opzioni)) return 0;
-    if (!PreparaCopione(opzioni.copione, guasto)) return guastoOpzioni(guasto);
-    StartToolbox(argc, argv, opzioni.avvio);
-    Initialize();
-    cicloPrincipale(opzioni);
-    const int esito = EsitoCopione();
-    StopToolbox();
-    return esito;
 }
 
 }   // namespace tessaro

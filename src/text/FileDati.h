@@ -18,8 +18,8 @@ extern std::uint8_t LF;         // 10
 extern std::uint8_t uscita;     // first fatal fault of file work
 
 // The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently.
-// Stands with the dialogs.
 void IOERR2(OSErr e);
+extern void (*mostraErroreFile)(std::int16_t code);   // Messaggio; set by the dialogs at start
 
 // --- binary, big-endian on disk. A read gives 0 once uscita is set.
 std::uint8_t leggib();

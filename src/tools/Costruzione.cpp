@@ -3,6 +3,7 @@
 #include "tools/Costruzione.h"
 
 #include "display/Disegno.h"
+#include "display/Elastico.h"
 #include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -16,9 +17,8 @@
 
 namespace tessaro {
 
-constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{}, CentroCorrente{};
-constinit double RaggioCorrente = 0, AngInizCorrente = 0;
-constinit std::int16_t AngInizio = 0, AmpiezzaAngCorrente = 0;
+constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{};
+constinit double AngInizCorrente = 0;
 constinit PercorsoMisurato percorsoMisurato{};
 
 namespace {
@@ -417,11 +417,7 @@ const VoceStato righe[] = {
     {"PuntoCurva1", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva1>, json<PuntoCurva1>},
     {"PuntoCurva2", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva2>, json<PuntoCurva2>},
     {"PuntoCurva3", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva3>, json<PuntoCurva3>},
-    {"CentroCorrente", VoceStato::speciale, nullptr, 0, azzera<CentroCorrente>, json<CentroCorrente>},
-    {"RaggioCorrente", VoceStato::f64, &RaggioCorrente},
     {"AngInizCorrente", VoceStato::f64, &AngInizCorrente},
-    {"AngInizio", VoceStato::i16, &AngInizio},
-    {"AmpiezzaAngCorrente", VoceStato::i16, &AmpiezzaAngCorrente},
     {"percorsoMisurato", VoceStato::speciale, nullptr, 0, [] { percorsoMisurato = {}; }, nullptr},
 };
 const TabellaStato tabella(righe);

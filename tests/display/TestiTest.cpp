@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "bitmap/BitMap.h"
-#include "digitising/Attacchi.h"
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
@@ -19,6 +18,7 @@
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace {
 
@@ -165,7 +165,7 @@ TEST(Testi, ThePreviewDrawsTheTextOnceMoreWhereItsCopyWouldBe) {
             AssegnaAttacco(n, da[i].x, da[i].y);
             attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), c.a[i].x, c.a[i].y);
         }
-        AttacchiCambiati();
+        (void)AttacchiCambiati();
         attaccoAttivo.tipo = c.tipo;
         attaccoAttivo.PreparaAttacco();
         attaccoAttivo.SetModificato(0);

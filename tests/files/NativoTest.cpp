@@ -4,13 +4,13 @@
 #include <cmath>
 #include <limits>
 
-#include "digitising/Attacchi.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;
@@ -206,7 +206,7 @@ TEST(Nativo, ADrawingWithALiveTransformationIsSavedAgainByteForByte) {
         AzzeraStato();
         fogliovuoto();
         for (std::int16_t n = 1; n <= 4; ++n) AssegnaAttacco(n, punti[n - 1][0], punti[n - 1][1]);
-        AttacchiCambiati();
+        (void)AttacchiCambiati();
         xAttacco5 = 1700;
         yAttacco5 = 1500;
         OKAttacco5 = 1;

@@ -8,8 +8,8 @@
 #include <cstdio>
 #include <random>
 
-#include "digitising/Attacchi.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 #include "registration/solutori.h"
 #include "support/Avvisi.h"
 

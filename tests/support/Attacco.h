@@ -3,8 +3,8 @@
 
 #include <array>
 
-#include "digitising/Attacchi.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace prova {
 
@@ -18,7 +18,7 @@ inline void preparaAttacco(const Quad& src, const Quad& dst) {
         AssegnaAttacco(n, src[i].x, src[i].y);
         attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
     }
-    AttacchiCambiati();
+    (void)AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();
 }
 

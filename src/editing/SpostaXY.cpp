@@ -1,8 +1,11 @@
 // Keeping the drawing on positive coordinates: its extent by points, and the shift of everything.
-#include "digitising/Attacchi.h"
+#include "editing/SpostaXY.h"
+
+#include "display/Zoom.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Dialogs.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 
@@ -80,7 +83,7 @@ void SpostaXY() {
     if (dx == 0 && dy == 0) return;
     if (NoteAlert(domanda) != sposta) return;
     spostaTutti(dx, dy);
-    AttacchiCambiati();
+    if (AttacchiCambiati()) InvalWind();
 }
 
 }   // namespace tessaro

@@ -1,13 +1,20 @@
 // The pen that tools expect, the cross and the rubber band that follow the pointer (all xor), and the pen widths that a
 // picture carries to a printer.
+#include "display/Elastico.h"
+
 #include <array>
+#include <string>
 
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
-#include "tools/Costruzione.h"
+#include "model/TabellaStato.h"
 
 namespace tessaro {
+
+constinit puntot CentroCorrente{};
+constinit double RaggioCorrente = 0;
+constinit std::int16_t AngInizio = 0, AmpiezzaAngCorrente = 0;
 
 namespace {
 
@@ -103,5 +110,21 @@ void PenSizeLaser(std::int16_t size) {
     (void)size;
     if (DisegnaPict) larghezzaLinea(arrotonda16(28.35 * SpessorePenna), 100);
 }
+
+namespace {
+
+std::string centroJson() {
+    return "{\"x\":" + NumeroJson(CentroCorrente.x) + ",\"y\":" + NumeroJson(CentroCorrente.y) + "}";
+}
+
+const VoceStato righe[] = {
+    {"CentroCorrente", VoceStato::speciale, nullptr, 0, [] { CentroCorrente = {}; }, centroJson},
+    {"RaggioCorrente", VoceStato::f64, &RaggioCorrente},
+    {"AngInizio", VoceStato::i16, &AngInizio},
+    {"AmpiezzaAngCorrente", VoceStato::i16, &AmpiezzaAngCorrente},
+};
+const TabellaStato tabella(righe);
+
+}   // namespace
 
 }   // namespace tessaro
