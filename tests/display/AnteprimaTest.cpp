@@ -1,4 +1,6 @@
 // The preview of the live transformation: what it shows is what its copies would be, and the marks of its points.
+#include "digitising/attaccoAggiungi.h"
+#include "display/AttacchiMarche.h"
 #include "display/Scena.h"
 
 #include "display/Disegno.h"
@@ -83,7 +85,7 @@ TEST(Anteprima, ItShowsWhatTheCopiesWouldBe) {
             EXPECT_LT(scena.quanti(bianco), senza);
             attaccoAttivo.SetModificato(0);
             Puntosel.indice = n;
-            attaccoAttivo.AggiungiElemento(Elem(n).lucido);
+            AggiungiElemento(Elem(n).lucido);
             scena.pulisci();
             Disegna();
             EXPECT_TRUE(scena.immagine() == anteprima);
@@ -124,7 +126,7 @@ TEST(Anteprima, TheMarksAreThoseOfTheMode) {
         constexpr double posti[5] = {10, 30, 50, 70, 90};
         for (std::int16_t i = 0; i < 5; ++i) attaccoAttivo.SetXYAtt(i, posti[i], 40);
         attaccoAttivo.lavoro.dstC = {90, 80};   // the black dot goes with the solver's centre
-        attaccoAttivo.Disegna();
+        DisAttacchiDin();
         const auto inchiostro = [&](double cx, double cy) {
             int n = 0;
             for (int y = -5; y <= 5; ++y)
