@@ -36,6 +36,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -359,6 +360,10 @@ void menuVincoli() {
     coordinateSempre();
 }
 
+void menuTrasformaImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -386,6 +391,7 @@ constexpr VoceMenu comandi[] = {
     {106, menuIngressoAttacco},
     {107, menuAttacchiOrigine},
     {108, menuAttacchiDestinazione},
+    {111, menuTrasformaImmagine},
     {112, menuVincoli},
 };
 
