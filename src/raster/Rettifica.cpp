@@ -5,9 +5,9 @@
 
 #include "dialogs/Errori.h"
 #include "display/Zoom.h"
-#include "editing/Selezionati.h"
 #include "model/Annulla.h"
 #include "model/Attributi.h"
+#include "model/Selezione.h"
 #include "model/TabellaStato.h"
 #include "platform/Memory.h"
 #include "platform/Resources.h"
