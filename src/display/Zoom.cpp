@@ -9,6 +9,7 @@
 #include "display/palette.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
@@ -141,7 +142,7 @@ void ZoomFinestra() {
     const Stato stato;
     ClipRect(GetPortBounds(theWindow));
     Rect r;
-    if (!SelRect(r)) return;
+    if (!SelRect(r) || r.right == r.left || r.bottom == r.top) return;
     const std::int32_t dh = r.left - striscia, dv = r.top - hToolbar;
     PageCorner.h += dh;
     PageCorner.v += dv;
@@ -279,6 +280,13 @@ void InvalWind() {
 }
 
 void InvalFinestra() { InvalWind(); }
+
+namespace {
+[[maybe_unused]] const bool agganciato = [] {
+    figuraFinita = InvalWind;
+    return true;
+}();
+}   // namespace
 
 void AggiornaBarre() {
     if (!VScroll || !HScroll) return;

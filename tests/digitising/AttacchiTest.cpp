@@ -168,8 +168,9 @@ TEST(Attacchi, AMarkRepaintsItsPlaceAndThatOfPoint4ThePlaceOf3) {
     const auto ridipinge = [](std::int16_t n, double x3, double x4) {
         AssegnaAttacco(3, x3, 500);
         AssegnaAttacco(4, x4, 900);
+        for (EventRecord e; !AutoQueueEmpty();) WaitNextEvent(e, 0);   // a new window's own
+        FlushEvents();
         BeginUpdate(theWindow);
-        for (EventRecord e; !AutoQueueEmpty();) WaitNextEvent(e, 0);
         XDigit = n == 3 ? x3 : x4;
         YDigit = n == 3 ? 500 : 900;
         IntroDigitale = 1;

@@ -149,6 +149,7 @@ TEST(Trascinamento, AShortPressLeavesTheRubberOfAnEndAndTakesThatOfAVertexOff) {
     Scena s;
     myViewRect = s.porta.portRect;
     s.pulisci();
+    EventPoint = GetMouse();   // the pointer is where another test left it: it does not move
     double x = 50, y = 40;
     SpostaVertice(10, 40, 50, 70, x, y);
     EXPECT_EQ(s.quanti(nero), 0);
