@@ -10,6 +10,9 @@
 #include <dl_dxf.h>
 #endif
 
+#include "dwg/Confronto.h"
+#include "dwg/DbDumper.h"
+#include "dwg/dwgdxf.h"
 #include "exchange/DXF.h"
 #include "exchange/ScriviDXF.h"
 #include "Misure.h"
@@ -147,19 +150,54 @@ void leggiComePari([[maybe_unused]] const std::string& file) {
 #endif
 }
 
+// The same through the drawing database: read, walked, stored.
+void leggiNelDatabase(const std::string& file) {
+    AzzeraArchivio();
+    ImportaDWGFile(FSMakeFSSpec(file));
+    if (indElem < quante) fallito("the import");
+}
+
+// A hundred thousand of them out as the newest DXF, and read back as every export is.
+void database() {
+    constexpr int centomila = 100'000;
+    AzzeraArchivio();
+    for (int i = 0; i < centomila; ++i) Memorizza(tSegmento, i, i % 977, 1, i % 31, i, 2, 1, 1, 1, "");
+    const FileBreve file("tessaro-bench-kit.dxf");
+    std::vector<double> nostri, nudi;
+    for (int i = 0; i < volte; ++i) {
+        nostri.push_back(millisecondi([&] {
+            Scritti conto;
+            const auto db = CreaDatabaseDisegno(conto);
+            OdWrFileBuf buffer;
+            MyServices svcs;
+            if (writeFile(*db, buffer, OdDbSaveType::kDxf, 29, svcs).codice != eOk) fallito("the export");
+            file.riempi({buffer.byte.data(), buffer.byte.size()});
+            OdDbDatabase riletto = createDatabase(false, 0);
+            if (readFile(riletto, FSMakeFSSpec(file.percorso), svcs).codice != eOk) fallito("the reading back");
+            if (ConfrontaDatabase(*db, riletto, 29).quante != 0) fallito("the comparison");
+        }));
+        const std::string byte = contenuto(file.percorso);
+        volatile std::uint64_t somma = 0;
+        nudi.push_back(millisecondi([&] { somma = passeggia(byte); }));
+    }
+    riga("100,000 out and back", nostri, "byte walk", nudi, 25);
+}
+
 void lettura(const char* che, std::string_view fineRiga, bool colPari) {
     const FileDxf dxf(fineRiga);
     const FileBreve file("tessaro-bench-in.dxf");
     file.riempi(dxf.byte());
-    std::vector<double> nostri, nudi, pari;
+    std::vector<double> nostri, nudi, pari, kit;
     volatile std::uint64_t somma = 0;
     for (int i = 0; i < volte; ++i) {
         nostri.push_back(millisecondi([&] { leggi(file.percorso); }));
+        if (i < voltePari) kit.push_back(millisecondi([&] { leggiNelDatabase(file.percorso); }));
         nudi.push_back(millisecondi([&] { somma = passeggia(dxf.byte()); }));
         if (colPari && i < voltePari) pari.push_back(millisecondi([&] { leggiComePari(file.percorso); }));
     }
     std::printf("%d entities, %d records, %.0f MB\n", quante, indElem, static_cast<double>(dxf.byte().size()) / 1e6);
     riga(che, nostri, "byte walk", nudi, 5);
+    riga("  by the database", kit, "this reader", nostri, 2.5);
     if (!pari.empty()) riga("  the peer", pari, "this reader", nostri, 12);   // at least as much slower
 }
 
@@ -192,5 +230,6 @@ int main() {
     lettura("DXF read, CR LF", "\r\n", colPari);
     lettura("DXF read, LF", "\n", false);
     scrittura();
+    database();
     return 0;
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
+#include "dwg/dwgdxf.h"
 #include "exchange/DXF.h"
 #include "model/TabellaStato.h"
 
@@ -15,9 +16,8 @@ constexpr std::int16_t obiettivoProprio = 3;
 
 struct Obiettivo {
     std::int16_t item, tipo, fileType;
-    bool costruito;
 };
-constexpr Obiettivo obiettivi[] = {{4, 1, 0, false}, {5, 2, 1, false}, {6, obiettivoProprio, -1, true}};
+constexpr Obiettivo obiettivi[] = {{4, 1, 0}, {5, 2, 1}, {6, obiettivoProprio, -1}};
 
 struct Versione {
     std::int16_t item, outVer;
@@ -25,7 +25,18 @@ struct Versione {
 constexpr Versione versioni[] = {{9, 29}, {10, 27}, {11, 25}, {12, 23}, {13, 21}, {14, 16}};
 
 constexpr std::int16_t dialogoOpzioni = 1097;
-constexpr std::int16_t itemProprio = 6, itemNuovissima = 9;
+constexpr std::int16_t itemProprio = 6, itemNuovissima = 9, spuntaInUso = 15, spuntaChiuse = 16;
+
+// The program's own file has one version; of the others those that have a writer can be chosen.
+bool scrivibile(const Obiettivo& o, const Versione& v) {
+    return o.fileType >= 0 && PuoScrivere(static_cast<OdDbSaveType>(o.fileType), v.outVer);
+}
+
+bool costruito(const Obiettivo& o) {
+    return o.fileType < 0 || std::any_of(std::begin(versioni), std::end(versioni), [&](const Versione& v) {
+               return scrivibile(o, v);
+           });
+}
 
 }   // namespace
 
@@ -43,9 +54,11 @@ public:
     void Display() override {
         for (const Obiettivo& o : obiettivi) {
             SetDialogItemValue(theDialog, o.item, o.item == itemDWGDXF);
-            if (!o.costruito) HiliteDialogItem(theDialog, o.item, 255);
+            if (!costruito(o)) HiliteDialogItem(theDialog, o.item, 255);
         }
         for (const Versione& v : versioni) SetDialogItemValue(theDialog, v.item, v.item == itemVersione);
+        SetDialogItemValue(theDialog, spuntaInUso, scelteEsporta.soloInUso);
+        SetDialogItemValue(theDialog, spuntaChiuse, scelteEsporta.chiuse);
         abilitaVersioni();
     }
     // The items that stand marked as what the export is told by.
@@ -69,12 +82,19 @@ public:
                 abilitaVersioni();
             } else if (itemCorrente >= itemNuovissima && itemCorrente <= std::end(versioni)[-1].item) {
                 RadioBoxItem(itemVersione);
+            } else if (itemCorrente == spuntaInUso || itemCorrente == spuntaChiuse) {
+                CambiaCheck(itemCorrente);
             }
         } while (itemCorrente != okItem && itemCorrente != annullaItem);
+        const auto spunta = [](std::int16_t item) {
+            return static_cast<std::uint8_t>(GetDialogItemValue(theDialog, item) != 0);
+        };
+        const ScelteEsporta scelte{spunta(spuntaInUso), spunta(spuntaChiuse)};
         DisposeDialog(theDialog);
         theDialog = nullptr;
         if (itemCorrente == okItem) {
             inggene();
+            scelteEsporta = scelte;
             return true;
         }
         itemDWGDXF = obiettivoPrima;
@@ -83,10 +103,24 @@ public:
     }
 
 private:
-    // The program's own file has one version.
-    static void abilitaVersioni() {
-        const std::int16_t parte = itemDWGDXF == itemProprio ? 255 : 0;
-        for (const Versione& v : versioni) HiliteDialogItem(theDialog, v.item, parte);
+    // A version that the target cannot be written in gives way to the newest that it can.
+    void abilitaVersioni() {
+        const auto* const o = std::find_if(std::begin(obiettivi), std::end(obiettivi),
+                                           [](const Obiettivo& x) { return x.item == itemDWGDXF; });
+        for (const std::int16_t item : {spuntaInUso, spuntaChiuse})
+            HiliteDialogItem(theDialog, item, o->fileType < 0 ? 255 : 0);
+        const Versione* prima = nullptr;
+        bool scelta = false;
+        for (const Versione& v : versioni) {
+            const bool si = scrivibile(*o, v);
+            HiliteDialogItem(theDialog, v.item, si ? 0 : 255);
+            if (si && prima == nullptr) prima = &v;
+            scelta = scelta || (si && v.item == itemVersione);
+        }
+        if (scelta || prima == nullptr) return;
+        SetDialogItemValue(theDialog, itemVersione, 0);
+        itemVersione = prima->item;
+        SetDialogItemValue(theDialog, itemVersione, 1);
     }
 };
 
@@ -96,7 +130,10 @@ bool OpzioniEsportazione() { return TOpzioniEsportaDWG().esegui(); }
 
 void EsportaDWG() {
     if (!OpzioniEsportazione()) return;
-    if (tipoFileEsportato == obiettivoProprio) FaiDXF();
+    if (tipoFileEsportato == obiettivoProprio)
+        FaiDXF();
+    else
+        SaveDWGDXF(tipoFileEsportato, outVer);
 }
 
 namespace {

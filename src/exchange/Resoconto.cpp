@@ -112,7 +112,7 @@ std::string Resoconto::testoTralasciati() const {
 }
 
 void Resoconto::mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const {
-    std::string note;
+    std::string note = noteProprie;
     const auto nota = [&note](TestoScambio t, std::int64_t n) {
         if (n > 0) note += (note.empty() ? "" : " ") + TestoDi(t, ConMigliaia(n));
     };

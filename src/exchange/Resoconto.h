@@ -29,6 +29,7 @@ enum class TestoScambio : std::int16_t {
     nonNegliElenchi,   // what point lists do not hold
     nonNegliScript,
     pieno,
+    nonNelKit,   // what files of a drawing database do not hold
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
@@ -67,6 +68,7 @@ public:
     void coloreFuori() { ++colori; }
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
+    void nota(std::string macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
     ElementiContati parti;                   // left out, beside the entities of a name
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
     void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
@@ -79,6 +81,7 @@ private:
     std::int64_t colori = 0;
     std::int64_t perduti = 0;
     bool archivioPieno = false;
+    std::string noteProprie;   // sentences of a reader's own
 };
 
 // What an export wrote and what it left out.

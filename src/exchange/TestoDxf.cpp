@@ -190,7 +190,7 @@ std::string AlfabetoDxf::daUnByte(std::string_view bytes) const {
     return s;
 }
 
-std::string AlfabetoDxf::unicode(std::string_view bytes) {
+std::string AlfabetoDxf::utf8(std::string_view bytes) {
     if (insieme == Insieme::mac) return MacToUtf8(bytes);
     const bool utf8 = insieme == Insieme::utf8 || insieme == Insieme::prova;
     if (utf8 && validaUtf8(bytes)) return std::string(bytes);
@@ -202,15 +202,17 @@ std::string AlfabetoDxf::unicode(std::string_view bytes) {
 std::string AlfabetoDxf::testo(std::string_view bytes) {
     const bool segni = bytes.find('\\') != std::string_view::npos || bytes.find("%%") != std::string_view::npos;
     if (!segni && ascii(bytes)) return std::string(bytes);
-    const std::string s = unicode(bytes);
+    const std::string s = utf8(bytes);
     return Utf8ToMac(segni ? conSegni(s) : s);
 }
 
 std::string AlfabetoDxf::nome(std::string_view bytes) {
     if (ascii(bytes)) return std::string(bytes);
-    std::string s = Utf8ToMac(unicode(bytes));
+    std::string s = Utf8ToMac(utf8(bytes));
     return s.find('?') == std::string::npos ? s : std::string(bytes);
 }
+
+std::string ConSegniDxf(std::string_view s) { return conSegni(s); }
 
 std::string TestoPerDxf(std::string_view macRoman) {
     constexpr std::size_t massimo = 255, lunghezzaSegno = 7;

@@ -18,6 +18,7 @@ public:
     // The same for a name of a layer or block. One that would lose a character keeps its bytes, so that two names never
     // become one.
     std::string nome(std::string_view bytes);
+    std::string utf8(std::string_view bytes);   // as they stand: signs and \U+XXXX stay
 
 private:
     enum class Insieme : std::uint8_t { prova, utf8, mac, w1252, w1250, dos437, dos850, unByte, dueByte };
@@ -27,13 +28,14 @@ private:
     };
     static const Dichiarato dichiarati[];
 
-    std::string unicode(std::string_view bytes);
     [[nodiscard]] char32_t carattere(std::uint8_t byte) const;
     [[nodiscard]] std::string daUnByte(std::string_view bytes) const;
 
     Insieme insieme = Insieme::prova;
 };
 
+// UTF-8 with \U+XXXX and the signs replaced, still UTF-8.
+std::string ConSegniDxf(std::string_view utf8);
 // Mac Roman as ASCII with \U+XXXX, at most 255 characters; what would not fit is a '?'.
 std::string TestoPerDxf(std::string_view macRoman);
 

@@ -14,6 +14,7 @@
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
@@ -302,9 +303,18 @@ void menuApriAltri() {
 }
 
 void menuImporta() {
+    constexpr std::int16_t voceDWG = 2, voceScelteDWG = 5;
+    if (theItem == voceScelteDWG) {
+        SceglieImportaDWG();
+        return;
+    }
     if (noWindow) SetUpWindow();
-    theItem = static_cast<std::int16_t>(60 + theItem);
-    archivia();
+    if (theItem == voceDWG && (KeyModifiers() & optionKey) == 0) {
+        ImportaDWG();
+    } else {
+        theItem = static_cast<std::int16_t>(60 + theItem);
+        archivia();
+    }
     DisableMenuItem(2, 1);
     EnableMenuItem(2, 3);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "dwg/DbDumper.h"
 #include "model/Annulla.h"
 #include "model/Attributi.h"
 #include "platform/Files.h"
@@ -24,6 +25,14 @@ bool eDisegno(const FSSpec& file, OSType tipo) {
     return fine == ".tc3d" || fine == ".TS3D";
 }
 
+// A drawing of other programs, by its suffix. With Option a DXF goes to the program's own reader.
+bool eCad(const FSSpec& file) {
+    constexpr std::size_t lungo = 4;
+    if (file.nome.size() < lungo) return false;
+    const std::string fine = file.nome.substr(file.nome.size() - lungo);
+    return fine == ".dxf" || fine == ".DXF" || fine == ".dwg" || fine == ".DWG";
+}
+
 void leggiImmagine(const FSSpec& file) {
     if (Modalita != 0) CheckMouse(false);
     LeggiDropPict(file);
@@ -34,6 +43,8 @@ void ricevi(const FSSpec& file, std::uint16_t tasti) {
     if (FSpGetFInfo(file, info) != noErr) info = {};   // what is wrong with it is told when it is opened
     if (eDisegno(file, info.fdType)) {
         LeggiDropTS3D(file, tasti);
+    } else if (eCad(file) && (tasti & optionKey) == 0) {
+        ImportaDWGFile(file);
     } else if (info.fdType == testo) {
         LeggiDropText(file);
     } else {

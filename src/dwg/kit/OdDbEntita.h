@@ -212,6 +212,10 @@ struct OdDbBlockBase : OdDbEntity {
     std::int32_t columns = 1, rows = 1;   // above 1: an array
     double columnSpacing = 0, rowSpacing = 0;
     std::vector<OdDbAttribute> attributi;
+    // One that came out of another insert: what moved it there, behind its own place.
+    bool conMatrice = false;
+    OdGeMatrix3d matrice;
+    std::int32_t profondita = 0;
 };
 template <class T, OdDbClasse C>
 struct OdDbBlockDi : OdDbBlockBase {
@@ -226,6 +230,8 @@ struct OdDbDimension : OdDbEntityDi<OdDbDimension, OdDbClasse::Dimension> {
     OdDbObjectId dimBlock;    // its picture, in world coordinates; none in files that left it out
     OdGeVector3d insertion;   // shift of that block
     OdGePoint3d defPoint, textPosition;
+    bool conMatrice = false;   // came out of an insert, which moved it so
+    OdGeMatrix3d matrice;
     std::string text;   // empty or "<>": the measured value
 };
 

@@ -19,6 +19,9 @@ constexpr OdGePoint3d operator+(const OdGePoint3d& p, const OdGeVector3d& v) {
 constexpr OdGeVector3d operator-(const OdGePoint3d& a, const OdGePoint3d& b) {
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
+constexpr OdGeVector3d operator+(const OdGeVector3d& a, const OdGeVector3d& b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
 constexpr OdGeVector3d operator*(const OdGeVector3d& v, double k) { return {v.x * k, v.y * k, v.z * k}; }
 constexpr double Scalare(const OdGeVector3d& a, const OdGeVector3d& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 constexpr OdGeVector3d Vettoriale(const OdGeVector3d& a, const OdGeVector3d& b) {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "dwg/kit/dxfleggi/LetturaDxfKit.h"
+#include "dwg/kit/dxfscrivi/GruppiInUscita.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -23,13 +25,16 @@ struct Scrittura {
     OdScrittore scrivi;
 };
 // A version without a row is dimmed in the dialog.
-constexpr std::array<Scrittura, 0> scritture{};
+constexpr Scrittura scritture[] = {
+    {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf}, {OdDbSaveType::kDxf, 25, ScriviDxf},
+    {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf}, {OdDbSaveType::kDxf, 16, ScriviDxf},
+};
 
 struct Lettura {
     OdDbSaveType tipo;
     OdLettore leggi;
 };
-constexpr std::array<Lettura, 0> letture{};
+constexpr Lettura letture[] = {{OdDbSaveType::kDxf, LeggiDxfKit}};
 
 OdScrittore scrittore(OdDbSaveType tipo, std::int16_t numero) {
     for (const Scrittura& s : scritture)

@@ -1,0 +1,90 @@
+// The import's walk over a database: for each entity the dumper of its class, which stores elements.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "dwg/dwgdxf.h"
+#include "dwg/kit/OdDbDatabase.h"
+#include "exchange/Resoconto.h"
+
+namespace tessaro {
+
+// What goes beyond the plain import; all off at first.
+struct ScelteImporta {
+    std::uint8_t piani = 0;     // the file's layers become sheets
+    std::uint8_t archi = 0;     // arcs of polylines become chords within the tolerance
+    std::uint8_t curve = 0;     // ellipses, splines, faces and face meshes become polylines
+    double tolleranza = 0.01;   // of arcs and curves, real units
+};
+extern ScelteImporta scelteImporta;
+
+extern std::vector<std::string> arrayNameLayer;   // of the file, in table order, UTF-8
+extern std::int16_t layerTot;
+extern std::int32_t numElImportati;    // entities handled
+extern std::int32_t ixSpazioCarta;     // index of the paper space among the layouts, -1 none
+extern std::uint8_t layoutPicked;      // 0: nothing chooses a layout
+extern std::uint8_t suddividi_piani;   // each layer of the file becomes a sheet
+
+// --- colours, weights, line types
+RGBColor convertRGBfromIndexAutocad(std::int16_t indice);   // 16-bit components
+// The number of a colour of the table, put there when there is room; else 1, and overflow set.
+std::int16_t controllaColore(const RGBColor& colore, bool& overflow);
+std::int16_t ColoreDXFDWGtoTessaro(const OdDbDatabase& db, const OdDbEntity& e, bool& overflow);
+std::int16_t SpessoreBordo(const OdDbDatabase& db, const OdDbEntity& e);
+std::int16_t RigaToPatDXFDWG(std::string_view tipoLinea);
+std::int16_t tipoLineaModelSpace(const OdDbDatabase& db, const OdDbEntity& e);
+std::int16_t getLayerByName(std::string_view nome);   // 1-based, 0 none
+
+class DbDumper {
+public:
+    DbDumper(const OdDbDatabase& d, Resoconto& r) : db(d), resoconto(r) {}
+    bool dump();   // false when the person stopped it
+
+    std::int64_t coloriOltre = 0;   // entities whose colour found no room
+
+private:
+    friend struct Dumpers;
+    void dumpHeader() const;
+    void dumpLayers() const;
+    bool dumpBlocks();
+    void dumpEntity(const OdDbEntity& e);
+    bool dumpCommonData(const OdDbEntity& e);   // false when the person stopped it
+
+    // --- coordinates: real ones to those of the sheet
+    static bool interno(const OdGePoint3d& p, double& x, double& y);   // false when it is no place on a sheet
+
+    // --- elements
+    void lucido(const OdDbEntity& e, std::int16_t altrimenti);
+    bool posto();   // room for one more
+    void faiLine(const OdDbEntity& e, const OdGePoint3d& a, const OdGePoint3d& b);
+    void faiPolilinea(const OdDbEntity& e, const std::vector<OdGePoint3d>& punti, bool chiusa);
+    void faiPunto(const OdDbPoint& p);
+    void creaCerchio2D(const OdDbCircle& c);
+    void creaArco2D(const OdDbArc& a, bool nelPiano);
+    void faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdGeVector3d& direzione, double altezza,
+                  OdDbObjectId stile, const std::string& font, const std::string& utf8);
+    void faiTestoPiano(const OdDbTextBase& t, const std::string& utf8, double giu = 0);
+    void perde(const char* nome, const char* stampa);
+    std::int16_t colore(const OdDbEntity& e);
+
+    const OdDbDatabase& db;
+    Resoconto& resoconto;
+    std::vector<std::int16_t> lucidoDiLayer;   // by layer record, when layers become sheets
+};
+
+// The dumper of each class, registered as long as one of these lives.
+struct ExProtocolExtension {
+    static void initialize();
+    static void uninitialize();
+};
+
+void SceglieImportaDWG();   // the dialog of scelteImporta
+// Asks for a file and imports it; the command.
+void ImportaDWG();
+// Imports a file that is known: one dropped.
+void ImportaDWGFile(const FSSpec& file);
+
+}   // namespace tessaro
