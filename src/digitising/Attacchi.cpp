@@ -3,8 +3,8 @@
 
 #include "digitising/PuntiSelezione.h"
 #include "display/AttacchiMarche.h"
-#include "display/Disegno.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"

@@ -3,7 +3,7 @@
 
 #include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Automation.h"

@@ -2,7 +2,7 @@
 #include "digitising/GeoRiferimento.h"
 
 #include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Quickdraw.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"

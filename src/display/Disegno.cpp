@@ -298,7 +298,6 @@ void Disegna() {
     if (!DisegnaPict) {
         DisegnaMesh();
         percorsoMisurato();
-        DisegnaSelezione();
         puntiDiControllo();
     }
     CommEnd();
