@@ -105,9 +105,17 @@ inline void withBrush(const Brush& brush, Draw draw) {
     case Brush::Kind::flip: return draw([mask = brush.mask()](std::uint32_t& px, auto, auto) { px ^= mask; });
     case Brush::Kind::pattern: break;
     }
-    const RasterOp* const ops = brush.cell();
-    draw([ops](std::uint32_t& px, auto x, auto y) {
-        const RasterOp& op = ops[((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U)];
+    constexpr auto posto = [](auto x, auto y) {
+        return ((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U);
+    };
+    const std::uint32_t* const tinte = brush.tinte();
+    switch (brush.tratto()) {
+    case Brush::Tratto::copre: return draw([=](std::uint32_t& px, auto x, auto y) { px = tinte[posto(x, y)]; });
+    case Brush::Tratto::inverte: return draw([=](std::uint32_t& px, auto x, auto y) { px ^= tinte[posto(x, y)]; });
+    case Brush::Tratto::misto: break;
+    }
+    draw([posto, ops = brush.cell()](std::uint32_t& px, auto x, auto y) {
+        const RasterOp& op = ops[posto(x, y)];
         px = (px & op.keep) ^ op.flip;
     });
 }

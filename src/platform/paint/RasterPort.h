@@ -27,8 +27,13 @@ struct DeviceRect {
 class Sporco {
 public:
     void add(const DeviceRect& r) {
-        const DeviceRect& last = parts_[ultimo_];
-        if (r.left >= last.left && r.right <= last.right && r.top >= last.top && r.bottom <= last.bottom) return;
+        if (holds(parts_[ultimo_], r)) return;
+        // A repaint jumps about in few large parts: the one that holds it takes it, before anything grows.
+        for (std::size_t i = 0; i < used_; ++i) {
+            if (!holds(parts_[i], r)) continue;
+            ultimo_ = i;
+            return;
+        }
         merge(r);
     }
     void clear() {
@@ -41,6 +46,9 @@ public:
     [[nodiscard]] Region region(std::int32_t ratio) const;
 
 private:
+    static bool holds(const DeviceRect& a, const DeviceRect& r) {
+        return r.left >= a.left && r.right <= a.right && r.top >= a.top && r.bottom <= a.bottom;
+    }
     void merge(const DeviceRect& r);
     std::array<DeviceRect, 6> parts_{};
     std::size_t used_ = 0;
