@@ -108,6 +108,12 @@ FonteRighe* Piramide::livello(int esponente, int& fatto) {
     return nullptr;
 }
 
+FonteRighe* Piramide::intera() {
+    if (genere == Specie::figure) return nullptr;
+    if (!piena && !decodificaIntera()) return nullptr;
+    return piena.get();
+}
+
 // A coded image: small at first, whole when it is wanted.
 bool Piramide::decodifica(int esponente) {
     if (piena) return true;

@@ -32,6 +32,7 @@ public:
     // The coarsest source that is at least as fine as 2^-esponente; `fatto` says how fine it is. Null when the picture
     // cannot be decoded.
     FonteRighe* livello(int esponente, int& fatto);
+    FonteRighe* intera();                                         // all pixels, whatever the budget says; null likewise
     [[nodiscard]] std::int64_t memoria() const;                   // bytes held now
     [[nodiscard]] std::int64_t memoriaPer(int esponente) const;   // bytes held once that level is there
 

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "platform/Dialogs.h"
+#include "platform/Memory.h"
 #include "platform/Resources.h"
 #include "platform/Windows.h"
 #include "text/Conversione.h"
@@ -114,6 +115,17 @@ void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
     const std::string limite = code == troppoGrande ? cifre(max) : code == troppoPiccolo ? cifre(min) : std::string();
     StopAlertParam(avvisoDi(code), limite);
     uscita = 1;
+}
+
+void AvvisoMemoria(std::int64_t byte) {
+    constexpr std::int16_t avvisoMemoria = 128, listaMemoria = 9171;
+    constexpr std::int64_t mega = 1 << 20;
+    const std::int64_t libera = FreeMemory();
+    std::string quanto;
+    if (byte > libera / 2)
+        quanto = GetIndString(listaMemoria, 1) + std::to_string((byte + mega - 1) / mega)
+                 + GetIndString(listaMemoria, 2) + std::to_string(libera / mega) + GetIndString(listaMemoria, 3);
+    StopAlertParam(avvisoMemoria, quanto);
 }
 
 namespace {

@@ -24,6 +24,10 @@ void SbaglioCampo(std::int16_t code, const double& min, const double& max);
 void IOERR3();
 void ioerrtext(std::FILE* f);
 
+// Alert 128, the one message of pictures for memory, with how many bytes were asked for and are free. Without `byte`, or
+// where there was enough, it says only what it always says: the picture may be empty.
+void AvvisoMemoria(std::int64_t byte = 0);
+
 // One failure on its way to the message that shows it or to a loss report.
 struct Guasto {
     std::int16_t code = 0;      // a file error, or 0 when it is none

@@ -167,9 +167,8 @@ void disegnaFigure(GrafPort& port, PicHandle h, Copia& c, const Rect& dst) {
         return;
     }
     const auto inizio = Orologio::now();
-    const bool bene = DrawPicture(bytes, dst);
+    DrawPicture(bytes, dst);
     c.lenta = Orologio::now() - inizio > attesa;
-    if (!bene && !VociPict(bytes).valido()) disegnaCrociata(dst);
 }
 
 void disegnaVelo(const Rect& r) {
@@ -197,7 +196,7 @@ void DisPict(std::int32_t index) {
     const PicHandle h = p.maniglia;
     // Pictures and paper take the picture itself; a copy at the screen's resolution would be too coarse for them.
     if (dynamic_cast<RasterPort*>(&port) == nullptr) {
-        if (!DrawPicture(PictBytes(h), dst) && !VociPict(PictBytes(h)).valido()) disegnaCrociata(dst);
+        DrawPicture(PictBytes(h), dst);
     } else {
         Copia& c = copiaDi(h);
         if (c.piramide->specie() == Piramide::Specie::figure)

@@ -222,9 +222,11 @@ class Scansione {
     }
 
 public:
+    template <bool soloSelezionati>
     void esegui() {
         for (std::int32_t i = 3; i <= indElem; ++i) {
             const elemento& e = Elem(i);
+            if (soloSelezionati && !e.selezionato) continue;
             if (!filtro.passa(e)) continue;
             switch (e.tipo) {
             case tSegmento: segmento(e); break;
@@ -282,6 +284,17 @@ void puntiDiControllo() {
 
 }   // namespace
 
+void DisegnaElementiSelezionati() {
+    if (!ArrElementi) return;
+    const std::int16_t spessPrima = spess;
+    CommBegin();
+    pennaNera(patCopy);
+    Scansione().esegui<true>();
+    PenSize(1, 1);
+    CommEnd();
+    spess = spessPrima;
+}
+
 void Disegna() {
     if (!ArrElementi) return;
     const std::int16_t spessPrima = spess;
@@ -291,7 +304,7 @@ void Disegna() {
     if (OKAttacco5) DisAttacco5();
     DisAttacchiDin();
     pennaNera(patCopy);
-    Scansione().esegui();
+    Scansione().esegui<false>();
     PenSize(1, 1);
     spess = 0;
     if (VisioneGraf.mostraAref) DisegnaAref();

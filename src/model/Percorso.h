@@ -1,4 +1,4 @@
-// The path under the calculator and what is measured of it. The same arrays serve as the polygon of a picture's cut.
+// The path under the calculator and what is measured of it.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// Decoding of raster files through the toolkit's readers. Orientation tags are honoured.
+// Decoding and writing of raster files through the toolkit's readers and writers. Orientation tags are honoured.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Files.h"
+#include "platform/Quickdraw.h"
 #include "platform/Types.h"
 
 namespace tessaro {
@@ -33,9 +34,15 @@ struct RicevitoreRighe {
 // False with a reason (Mac Roman) when the file is no picture that can be read. With jpegBytes given the image is not
 // unpacked: indices and pixels stay empty. With a receiver, pixels of depth 32 go to it and `out.pixels` stays empty.
 bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe = nullptr);
+// The same from a file's bytes in memory.
+bool DecodeImageData(std::string_view bytes, Immagine& out, std::string& reason, RicevitoreRighe* righe = nullptr);
 // An upright image from bytes in any format that the toolkit reads (a picture's compressed part). 32-bit pixels.
 // `reduce` 1, 2, 4 or 8: the decoder may deliver the image that much smaller, which is much faster for JPEG.
 // `compact`: a grey image may come as depth 8 with its palette instead, a quarter of the memory.
 bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out, bool compact = false);
+
+enum class FormatoImmagine : std::uint8_t { png, tiff, jpeg };
+// A file's bytes. False when the format cannot hold that size, its writer is not installed, or memory lacks.
+bool EncodeImage(FormatoImmagine formato, const PixMap& pixels, double dpiX, double dpiY, std::string& bytes);
 
 }   // namespace tessaro

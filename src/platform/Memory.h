@@ -3,4 +3,5 @@
 #include <cstdint>
 namespace tessaro {
 std::int32_t CompactMem();   // free bytes, held to what 32 bits can say
+std::int64_t FreeMemory();   // free bytes
 }   // namespace tessaro

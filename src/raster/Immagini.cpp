@@ -1,6 +1,7 @@
 // Pictures coming in: raster files turned into stored pictures without loss, and PICT files taken as they are.
 #include "raster/Immagini.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "dialogs/Errori.h"
@@ -9,9 +10,10 @@
 #include "model/Attributi.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
+#include "platform/paint/RasterPort.h"
 #include "platform/pict/Codici.h"
+#include "platform/pict/DaRighe.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Scrittore.h"
 #include "platform/Resources.h"
 #include "text/FileDati.h"
 
@@ -21,51 +23,89 @@ namespace {
 
 constexpr std::int16_t avvisoMemoria = 128;
 constexpr std::int16_t avvisoImmagine = 9102;   // ^0 the reason, ^1 the file
+constexpr std::int16_t avvisoGuasta = 9121;     // ^0 the file
 constexpr std::int16_t listaMotivi = 9102;
 constexpr std::int16_t motivoTroppoGrande = 3;
-
-// A new picture element at the cursor, of that size on the sheet. False when the store is full.
-bool memorizzaPict(std::string bytes, double larghezza, double altezza) {
-    const std::int32_t prima = indElem;
-    Memorizza(tPict, xcurs, ycurs, zcurs, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
-    if (indElem == prima) return false;
-    Elem(indElem).pict.maniglia = NewPict(std::move(bytes));
-    return true;
-}
 
 // Packs the pixels of a deep image while they are decoded: they never stand beside a second copy.
 class Imballatore final : public RicevitoreRighe {
 public:
     void inizio(const Immagine& info) override {
-        const Rect r{0, 0, info.height, info.width};
-        // Room for the worst case: what is not written to is never taken from the machine.
-        const auto n = static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height);
-        scrittore.bytes.reserve(n * 3 + n / 32 + 65536);
-        scrittore.testa(r);
-        corso = std::make_unique<PixelInCorso>(scrittore, info.width, info.height, PostoBits{r, r, bitsCopia});
+        righe = std::make_unique<PictDaRighe>(info.width, info.height, FormaPict{.dpiX = info.dpiX, .dpiY = info.dpiY});
     }
-    void riga(const std::uint32_t* pixels) override { corso->riga(pixels); }
-    [[nodiscard]] bool usato() const { return corso != nullptr; }
-    std::string fine() { return scrittore.fine(); }
+    void riga(const std::uint32_t* pixels) override { righe->riga(pixels); }
+    [[nodiscard]] bool usato() const { return righe != nullptr; }
+    std::string fine() { return righe->fine(); }
 
 private:
-    Scrittore scrittore;
-    std::unique_ptr<PixelInCorso> corso;
+    std::unique_ptr<PictDaRighe> righe;
 };
 
-bool nonImportata(const FSSpec& spec, const std::string& reason) {
-    ParamText(reason, spec.nome, "", "");
+bool nonImportata(const std::string& nome, const std::string& reason) {
+    ParamText(reason, nome, "", "");
     StopAlert(avvisoImmagine);
     return false;
 }
 
-bool leggiTutto(std::int16_t ref, std::int64_t da, std::int64_t n, std::string& bytes) {
-    OSErr e = SetFPos(ref, da);
-    bytes.resize(static_cast<std::size_t>(n));
-    auto conto = static_cast<std::int32_t>(n);
+// Plays the picture once where nothing shows it. False when something of it cannot be read, or its end is missing.
+bool sano(std::string_view pict) {
+    RasterPort niente(1, 1, 1);
+    const GrafPtr prima = GetPort();
+    SetPort(&niente);
+    EsitoPict esito;
+    const bool bene = DrawPicture(pict, Rect{0, 0, 1, 1}, &esito);
+    SetPort(prima);
+    return bene && esito.finita;
+}
+
+bool memorizza(std::string_view pict, const std::string& nome) {
+    double larghi = 0, alti = 0;
+    if (pict.empty() || !PictPunti(pict, larghi, alti)) {
+        StopAlert(avvisoMemoria);
+        return false;
+    }
+    if (!sano(pict)) {
+        ParamText(nome, "", "", "");
+        StopAlert(avvisoGuasta);
+    }
+    return MemorizzaPict(std::string(pict), xcurs, ycurs, DecPunto * larghi, DecPunto * alti);
+}
+
+bool memorizza(Immagine& im, Imballatore& imballatore, const std::string& nome) {
+    std::string pict = imballatore.usato() ? imballatore.fine() : PictDaImmagine(im);
+    if (pict.empty()) return nonImportata(nome, GetIndString(listaMotivi, motivoTroppoGrande));
+    return MemorizzaPict(std::move(pict), xcurs, ycurs, im.width * DecPollice / im.dpiX,
+                         im.height * DecPollice / im.dpiY);
+}
+
+bool leggiTutto(std::int16_t ref, std::string& bytes) {
+    std::int64_t lungo = 0;
+    OSErr e = GetEOF(ref, lungo);
+    if (e == noErr && lungo > 0x7FFFFFFF) {
+        StopAlert(avvisoMemoria);
+        return false;
+    }
+    bytes.resize(static_cast<std::size_t>(std::max<std::int64_t>(lungo, 0)));
+    auto conto = static_cast<std::int32_t>(bytes.size());
+    if (e == noErr) e = SetFPos(ref, 0);
     if (e == noErr) e = FSRead(ref, conto, bytes.data());
     if (e != noErr) IOERR2(e);
     return e == noErr;
+}
+
+// A file's bytes, whatever goes wrong without a word: its reader tells.
+std::string bytesDi(const FSSpec& spec) {
+    std::string bytes;
+    std::int16_t ref = 0;
+    std::int64_t lungo = 0;
+    if (FSpOpenDF(spec, fsRdPerm, ref) != noErr) return bytes;
+    if (GetEOF(ref, lungo) == noErr && lungo > 0 && lungo <= 0x7FFFFFFF) {
+        bytes.resize(static_cast<std::size_t>(lungo));
+        auto conto = static_cast<std::int32_t>(lungo);
+        if (FSRead(ref, conto, bytes.data()) != noErr) bytes.clear();
+    }
+    FSClose(ref);
+    return bytes;
 }
 
 }   // namespace
@@ -75,51 +115,59 @@ bool GetPictInfo(const std::string& bytes, Rect& frame) {
     return PictFrame(bytes, frame, x, y);
 }
 
-std::string PictDaImmagine(const Immagine& im) {
-    if (!im.jpegBytes.empty()) return PictDaJpeg(im.jpegBytes, im.width, im.height, im.dpiX, im.dpiY);
-    if (im.depth == 32) return PictDaPixel(im.pixels.data(), im.width, im.height);
-    return PictDaIndici(im.indices.data(), im.palette, im.width, im.height, im.depth);
+std::string_view PictNelFile(std::string_view bytes) {
+    constexpr std::size_t testaFile = 512;
+    if (bytes.size() > testaFile && VociPict(bytes.substr(testaFile)).valido()) return bytes.substr(testaFile);
+    return VociPict(bytes).valido() ? bytes : std::string_view{};   // some programs leave the file header out
 }
 
+std::string PictDaImmagine(const Immagine& im) {
+    if (!im.jpegBytes.empty()) return PictDaJpeg(im.jpegBytes, im.width, im.height, im.dpiX, im.dpiY);
+    if (im.depth != 32)
+        return PictDaIndici(im.indices.data(), im.palette, im.width, im.height, im.depth, im.dpiX, im.dpiY);
+    PictDaRighe righe(im.width, im.height, FormaPict{.dpiX = im.dpiX, .dpiY = im.dpiY});
+    for (std::int32_t y = 0; y < im.height; ++y) righe.riga(im.pixels.data() + std::ptrdiff_t(y) * im.width);
+    return righe.fine();
+}
+
+bool MemorizzaPict(std::string bytes, double x, double y, double larghezza, double altezza) {
+    const std::int32_t prima = indElem;
+    Memorizza(tPict, x, y, zcurs, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
+    if (indElem == prima) return false;
+    Elem(indElem).pict.maniglia = NewPict(std::move(bytes));
+    return true;
+}
+
+// Raster files are known by their first bytes. What none of their readers knows may be a PICT file, which has no such mark.
 bool ImportaImmagine(const FSSpec& spec) {
     if (indElem >= maxElementi) return false;
     Immagine im;
     Imballatore imballatore;
     std::string reason;
-    if (!DecodeImageFile(spec, im, reason, &imballatore)) return nonImportata(spec, reason);
-    std::string pict = imballatore.usato() ? imballatore.fine() : PictDaImmagine(im);
-    if (pict.empty()) return nonImportata(spec, GetIndString(listaMotivi, motivoTroppoGrande));
-    const double larghezza = im.width * DecPollice / im.dpiX;
-    const double altezza = im.height * DecPollice / im.dpiY;
-    return memorizzaPict(std::move(pict), larghezza, altezza);
+    if (DecodeImageFile(spec, im, reason, &imballatore)) return memorizza(im, imballatore, spec.nome);
+    const std::string bytes = bytesDi(spec);
+    const std::string_view pict = PictNelFile(bytes);
+    return pict.empty() ? nonImportata(spec.nome, reason) : memorizza(pict, spec.nome);
+}
+
+bool ImportaBytes(std::string_view bytes, const std::string& nome) {
+    if (indElem >= maxElementi) return false;
+    if (const std::string_view pict = PictNelFile(bytes); !pict.empty()) return memorizza(pict, nome);
+    Immagine im;
+    Imballatore imballatore;
+    std::string reason;
+    if (DecodeImageData(bytes, im, reason, &imballatore)) return memorizza(im, imballatore, nome);
+    return nonImportata(nome, reason);
 }
 
 void LeggiPict(std::int16_t ref) {
-    constexpr std::int64_t testaFile = 512;
+    constexpr std::size_t testaFile = 512;
     PoniAnnulla(aNiente);
     if (indElem >= maxElementi) return;
-    std::int64_t lungo = 0;
-    const OSErr e = GetEOF(ref, lungo);
-    if (e != noErr) return IOERR2(e);
-    if (lungo < testaFile) return SysBeep(50);
-    if (lungo > 0x7FFFFFFF) {
-        StopAlert(avvisoMemoria);
-        return;
-    }
     std::string bytes;
-    if (!leggiTutto(ref, testaFile, lungo - testaFile, bytes)) return;
-    if (!VociPict(bytes).valido()) {   // some programs leave the file header out
-        std::string intero;
-        if (!leggiTutto(ref, 0, lungo, intero)) return;
-        if (VociPict(intero).valido()) bytes = std::move(intero);
-    }
-    Rect frame;
-    if (!GetPictInfo(bytes, frame)) {
-        StopAlert(avvisoMemoria);
-        return;
-    }
-    memorizzaPict(std::move(bytes), DecPunto * (frame.right - frame.left), DecPunto * (frame.bottom - frame.top));
-    InvalWind();
+    if (!leggiTutto(ref, bytes)) return;
+    if (bytes.size() < testaFile) return SysBeep(50);
+    if (memorizza(PictNelFile(bytes), fileInLavoro)) InvalWind();
 }
 
 }   // namespace tessaro

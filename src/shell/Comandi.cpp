@@ -36,6 +36,7 @@
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -349,6 +350,10 @@ void menuVincoli() {
     coordinateSempre();
 }
 
+void menuTrasformaImmagine() {
+    if (!noWindow) TrasformaPictSel(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -376,6 +381,7 @@ constexpr VoceMenu comandi[] = {
     {106, menuIngressoAttacco},
     {107, menuAttacchiOrigine},
     {108, menuAttacchiDestinazione},
+    {111, menuTrasformaImmagine},
     {112, menuVincoli},
 };
 

@@ -77,12 +77,17 @@ TEST(PictWriter, noRowPassesTheOpcodesLimit) {
     EXPECT_EQ(coperti, 30000);
 }
 
-TEST(PictWriter, sidesBeyondSixteenBitsAreRefused) {
-    const std::vector<std::uint32_t> pixel(32768, 0xFFFFFFFFU);
-    EXPECT_TRUE(PictDaPixel(pixel.data(), 32768, 1).empty());
-    EXPECT_TRUE(PictDaPixel(pixel.data(), 1, 32768).empty());
-    EXPECT_FALSE(PictDaPixel(pixel.data(), 32767, 1).empty());
-    EXPECT_TRUE(PictDaJpeg("x", 32768, 10, 72, 72).empty());
+TEST(PictWriter, aJpegBeyondSixteenBitsOfFrameKeepsItsPixels) {
+    EXPECT_TRUE(PictDaJpeg("x", 65536, 10, 72, 72).empty());   // more than its own format can say
+    const std::string p = PictDaJpeg("bytes", 65535, 20001, 600, 600);
+    ImmagineCompressa c;
+    ASSERT_TRUE(SolaCompressa(p, c));
+    EXPECT_EQ(c.width, 65535);
+    EXPECT_EQ(c.height, 20001);
+    double larghi = 0, alti = 0;
+    ASSERT_TRUE(PictPunti(p, larghi, alti));
+    EXPECT_NEAR(larghi, 65535 * 72.0 / 600, 0.5);
+    EXPECT_NEAR(alti, 20001 * 72.0 / 600, 0.5);
 }
 
 TEST(PictWriter, aJpegKeepsItsOwnBytes) {

@@ -145,10 +145,11 @@ TEST_F(PictureImport, whatIsNoPictureEndsInAMessageThatNamesTheFile) {
     EXPECT_NE(prova::avvisi[0].testo.find("lettera.png"), std::string::npos) << prova::avvisi[0].testo;
 }
 
-TEST_F(PictureImport, aSideBeyondSixteenBitsIsRefused) {
-    EXPECT_FALSE(ImportaImmagine(scrivi("lunga.bmp", bmp(32768, 1, 0))));
-    EXPECT_EQ(prova::numeriAvvisi(), std::vector<std::int16_t>{9102});
-    EXPECT_EQ(indElem, 2);
+TEST_F(PictureImport, aSideBeyondSixteenBitsComesInWhole) {
+    ASSERT_TRUE(ImportaImmagine(scrivi("lunga.bmp", bmp(40001, 2, 0))));
+    ASSERT_EQ(indElem, 3);
+    EXPECT_EQ(Piramide(PictBytes(Elem(3).pict.maniglia)).width(), 40001);
+    EXPECT_NEAR(Elem(3).pict.larghezza, 40001 * DecPunto, 0.01);
 }
 
 TEST_F(PictureImport, aFullStoreTakesNothing) {

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/pict/Pict.h"
-
 namespace tessaro {
 
 namespace {
@@ -69,17 +67,28 @@ EsecutorePict::~EsecutorePict() {
     porto.clip = clipPrima;
 }
 
-bool EsecutorePict::esegui() {
+bool EsecutorePict::esegui(EsitoPict& esito) {
+    esito.rotta = !voci.valido() || !tutte();
+    esito.finita = voci.finito();
+    if (!esito.rotta) return tuttoBene;
+    porto.clip = clipPrima;
+    crociata(mappa.a);
+    return false;
+}
+
+bool EsecutorePict::tutte() {
     constexpr double limite = 2e10;   // pixels: some seconds of work, far above any real picture
-    if (!voci.valido()) return false;
     Voce v;
     while (voci.prossima(v)) {
-        if (!voce(v)) tuttoBene = false;
+        if (!voce(v)) {
+            if (v.op != opCompresso) return false;
+            tuttoBene = false;   // in a coding that nobody here knows: its place was crossed out
+        }
         if (!v.intera) return false;
         speso += 16;
         if (speso > limite) return false;
     }
-    return tuttoBene;
+    return true;
 }
 
 bool EsecutorePict::voce(const Voce& v) {
@@ -408,9 +417,11 @@ void EsecutorePict::disegnaRRett(GrafVerb verbo, const Rect& r, const Pattern& p
     porto.stdPoly(verbo, q, p);
 }
 
-bool DrawPicture(std::string_view bytes, const Rect& dst) {
+bool DrawPicture(std::string_view bytes, const Rect& dst, EsitoPict* esito) {
+    EsitoPict suo;
+    if (esito == nullptr) esito = &suo;
     if (EmptyRect(dst)) return VociPict(bytes).valido();
-    return EsecutorePict(*GetPort(), bytes, dst).esegui();
+    return EsecutorePict(*GetPort(), bytes, dst).esegui(*esito);
 }
 
 }   // namespace tessaro

@@ -8,6 +8,7 @@
 #include "platform/pict/Bits.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Compressa.h"
+#include "platform/pict/Pict.h"
 #include "platform/Quickdraw.h"
 
 namespace tessaro {
@@ -29,9 +30,10 @@ public:
     ~EsecutorePict();
     EsecutorePict(const EsecutorePict&) = delete;
     EsecutorePict& operator=(const EsecutorePict&) = delete;
-    bool esegui();   // true when the end was met and all could be drawn
+    bool esegui(EsitoPict& esito);   // true when all could be drawn
 
 private:
+    bool tutte();   // the opcodes in their order; false where they make no sense
     // A pattern in the picture's terms: bits in the colours of the moment, or with colours of its own.
     struct Retino {
         Pattern bit;

@@ -31,6 +31,11 @@ bool cambiaColori(std::uint16_t op) {
     return op == opFgColor || op == opBkColor || op == opRGBFgCol || op == opRGBBkCol;
 }
 
+// The last piece of a raster may fill its last unit in part.
+bool stessaScala(double qui, double scala, std::int32_t unita) {
+    return std::abs(qui - scala) <= 1e-9 || (scala > 1 && qui < scala && (scala - qui) * unita < scala);
+}
+
 std::int32_t vicino(double v) { return static_cast<std::int32_t>(std::lround(v)); }
 
 }   // namespace
@@ -42,6 +47,20 @@ bool PictFrame(std::string_view bytes, Rect& frame, double& dpiX, double& dpiY) 
     dpiX = voci.dpiX;
     dpiY = voci.dpiY;
     return !EmptyRect(frame);
+}
+
+bool PictPunti(std::string_view bytes, double& larghi, double& alti) {
+    const VociPict voci(bytes);
+    if (bytes.size() < 10 || EmptyRect(voci.frame)) return false;
+    larghi = double(voci.frame.right) - voci.frame.left;
+    alti = double(voci.frame.bottom) - voci.frame.top;
+    const double fini[2] = {72 * (double(voci.sorgente.right) - voci.sorgente.left) / voci.dpiX,
+                            72 * (double(voci.sorgente.bottom) - voci.sorgente.top) / voci.dpiY};
+    if (voci.esteso && std::abs(fini[0] - larghi) <= 1 && std::abs(fini[1] - alti) <= 1) {
+        larghi = fini[0];
+        alti = fini[1];
+    }
+    return true;
 }
 
 bool SolaCompressa(std::string_view bytes, ImmagineCompressa& c) {
@@ -97,7 +116,20 @@ bool RighePict::apri(std::string_view bytes) {
             return false;
         }
     }
+    if (pezzi.empty()) return false;
+    stringi();
     return copreTutto();
+}
+
+// A last unit that is filled in part ends the raster where its pixels end.
+void RighePict::stringi() {
+    std::int32_t destra = 0, fondo = 0;
+    for (const Pezzo& p : pezzi) {
+        destra = std::max(destra, p.x + p.testa.src.right - p.testa.src.left);
+        fondo = std::max(fondo, p.y + p.testa.src.bottom - p.testa.src.top);
+    }
+    if (largo - destra < sx) largo = destra;
+    if (alto - fondo < sy) alto = fondo;
 }
 
 bool RighePict::aggiungi(std::uint16_t op, std::string_view dati, const Rect& frame) {
@@ -116,7 +148,8 @@ bool RighePict::aggiungi(std::uint16_t op, std::string_view dati, const Rect& fr
         largo = vicino((double(frame.right) - frame.left) * sx);
         alto = vicino((double(frame.bottom) - frame.top) * sy);
         conBuchi = ModoTrasparente(t.mode);
-    } else if (std::abs(qui[0] - sx) > 1e-9 || std::abs(qui[1] - sy) > 1e-9 || conBuchi != ModoTrasparente(t.mode)) {
+    } else if (!stessaScala(qui[0], sx, t.dst.right - t.dst.left) || !stessaScala(qui[1], sy, t.dst.bottom - t.dst.top)
+               || conBuchi != ModoTrasparente(t.mode)) {
         return false;
     }
     p.x = vicino((double(t.dst.left) - frame.left) * sx);

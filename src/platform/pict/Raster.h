@@ -34,6 +34,7 @@ private:
     };
     bool aggiungi(std::uint16_t op, std::string_view dati, const Rect& frame);
     static bool indicizza(Pezzo& p, Lettore l);
+    void stringi();
     [[nodiscard]] bool copreTutto() const;
     std::vector<Pezzo> pezzi;
     std::int32_t largo = 0, alto = 0;

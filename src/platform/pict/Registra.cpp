@@ -89,16 +89,22 @@ bool accorcia(Point& da, Point& a) {
     return true;
 }
 
+Rect inPunti(const Rect& r, double dpi) {
+    const auto punti = [dpi](std::int32_t n) { return static_cast<std::int32_t>(std::lround(n * 72.0 / dpi)); };
+    const Rect p{punti(r.top), punti(r.left), punti(r.bottom), punti(r.right)};
+    return Rect{p.top, p.left, std::max(p.bottom, p.top + 1), std::max(p.right, p.left + 1)};
+}
+
 class RegistratorePict final : public GrafPort, public PortaDiPassaggio {
 public:
-    RegistratorePict(const Rect& frame, const GrafPort& come) {
+    RegistratorePict(const Rect& frame, double dpi, const GrafPort& come) {
         portRect = frame;
         clip = Region::of(frame);
         pen = come.pen;
         text = come.text;
         foreground = come.foreground;
         background = come.background;
-        s.testa(frame);
+        s.testa(inPunti(frame, dpi), frame, dpi, dpi);
         scritto.clip = clip;
     }
     std::string chiudi() {
@@ -347,10 +353,10 @@ Registrazione inCorso;
 
 }   // namespace
 
-void OpenPicture(const Rect& frame) {
-    if (inCorso.porto != nullptr || EmptyRect(frame)) return;
+void OpenPicture(const Rect& frame, double dpi) {
+    if (inCorso.porto != nullptr || EmptyRect(frame) || !(dpi > 0)) return;
     inCorso.prima = GetPort();
-    inCorso.porto = std::make_unique<RegistratorePict>(frame, *inCorso.prima);
+    inCorso.porto = std::make_unique<RegistratorePict>(frame, dpi, *inCorso.prima);
     SetPort(inCorso.porto.get());
 }
 

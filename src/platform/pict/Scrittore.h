@@ -50,38 +50,59 @@ public:
     void pari() {
         if (bytes.size() % 2 != 0) u8(0);
     }
-    void testa(const Rect& frame, double dpiX = 72, double dpiY = 72);   // size (still 0), frame, version, header, clip
-    std::string fine();                                                  // the end opcode; the size is set
+    // Size (still 0), frame, version, header, clip. `unita`: the space of the coordinates that follow, the frame's own at
+    // 72 to the inch.
+    void testa(const Rect& frame) { testa(frame, frame, 72, 72); }
+    void testa(const Rect& frame, const Rect& unita, double dpiX, double dpiY);
+    std::string fine();   // the end opcode; the size is set
 
 private:
     static std::int32_t lato(std::int32_t v) { return v < -32768 ? -32768 : v > maxLato ? maxLato : v; }
 };
 
-// PackBits of n bytes onto the end of `a`.
+// PackBits of n bytes onto the end of `a`; of n units of two bytes.
 void Impacchetta(const std::uint8_t* da, std::size_t n, std::string& a);
+void ImpacchettaDoppi(const std::uint16_t* da, std::size_t n, std::string& a);
 
-// Where a raster goes: the rectangle of pixels in source coordinates and its place in the picture.
+// How a raster of any size lies in a picture, whose coordinates have 16 bits: in units of `pixel` pixels.
+struct UnitaRaster {
+    std::int32_t pixel = 1;
+    Rect spazio;   // of the picture's coordinates
+};
+UnitaRaster UnitaPer(std::int32_t width, std::int32_t height);
+// The size that other programs take it for, 72 to the inch, from dots per inch.
+Rect FramePer(std::int32_t width, std::int32_t height, double dpiX, double dpiY);
+
+// Where a raster goes: the rectangle of its pixels and their place in the picture. The source may reach beyond the pixels
+// that come, to a whole number of picture units.
 struct PostoBits {
     Rect src, dst;
     std::int16_t mode = bitsCopia;
 };
 
-// 32-bit pixels as direct pixel opcodes, row by row from the top. Wide rasters are cut into vertical strips; of great
+// Pixels as direct pixel opcodes of 32 or 16 bits, row by row from the top. Wide rasters are cut into vertical strips; of great
 // ones a band of rows at a time, so that the packed pixels never stand twice in memory.
 class PixelInCorso {
 public:
-    PixelInCorso(Scrittore& w, std::int32_t width, std::int32_t height, const PostoBits& where);
+    PixelInCorso(Scrittore& w, std::int32_t width, std::int32_t height, const PostoBits& where,
+                 std::int16_t depth = 32);
     void riga(const std::uint32_t* pixel);   // 0xFFRRGGBB; the last row completes it
 
 private:
     void chiudiFascia();
-    void testaPezzo(const Rect& bounds);
+    void testaPezzo(const Rect& pezzo);
+    // One piece needs no waiting: its rows go straight behind the head.
+    [[nodiscard]] bool diFila() const { return strisce == 1 && perFascia >= alto; }
+    void rigaLarga(const std::uint32_t* pixel, std::size_t w, std::string& a);
+    void rigaStretta(const std::uint32_t* pixel, std::size_t w, std::string& a);
     Scrittore& s;
     std::int32_t largo, alto, strisce, perStriscia, perFascia;
+    bool sedici;
     std::int32_t y = 0, inizioFascia = 0;
     PostoBits posto;
     std::vector<std::string> pacchi;   // packed rows of each strip of the band
     std::vector<std::uint8_t> piani;
+    std::vector<std::uint16_t> doppi;
 };
 
 // Indices of `depth` 1 or 8 bits (a byte each) with their colours.

@@ -22,7 +22,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr int maxLatoImmagine = 32767;   // a picture's frame has 16 bits
+constexpr int maxLatoImmagine = 1 << 18;   // pixels: what no scanner passes; memory is asked besides
 
 // Texts of list 9102: why a file cannot come in as a picture.
 enum Motivo : std::int16_t { nonSiApre = 1, nonImmagine = 2, troppoGrande = 3, senzaMemoria = 4, danneggiata = 5 };
@@ -158,13 +158,8 @@ bool jpegDaTenere(const QByteArray& tutto, QImageReader& lettore, QSize size) {
     return lettore.read(&prova) && !prova.isNull();
 }
 
-bool apri(const FSSpec& spec, QFile& file, std::string& reason) {
-    file.setFileName(QString::fromStdString(spec.percorso));
-    return file.open(QIODevice::ReadOnly) || rifiuta(reason, nonSiApre);
-}
-
 // Size and resolution of an opened file. The reader is left ready to decode.
-bool informa(QFile& file, QImageReader& lettore, Immagine& info, QSize& stored, std::string& reason) {
+bool informa(QIODevice& file, QImageReader& lettore, Immagine& info, QSize& stored, std::string& reason) {
     constexpr qint64 testaLunga = 1 << 20;   // comments and profiles may stand in front of what is looked for
     prepara(lettore, &file);
     if (!lettore.canRead()) return rifiuta(reason, nonImmagine);
@@ -174,9 +169,11 @@ bool informa(QFile& file, QImageReader& lettore, Immagine& info, QSize& stored, 
     file.seek(0);
     const QByteArray testa = file.read(testaLunga);
     if (testa.startsWith("II") || testa.startsWith("MM")) {   // a directory of tags may stand anywhere
-        const uchar* tutto = file.map(0, file.size());
-        if (tutto != nullptr)
-            risoluzione(QByteArray::fromRawData(reinterpret_cast<const char*>(tutto), file.size()), girata, info);
+        auto* suDisco = qobject_cast<QFile*>(&file);
+        const uchar* tutto = suDisco != nullptr ? suDisco->map(0, file.size()) : nullptr;
+        risoluzione(tutto != nullptr ? QByteArray::fromRawData(reinterpret_cast<const char*>(tutto), file.size())
+                                     : testa + file.readAll(),
+                    girata, info);
     } else {
         risoluzione(testa, girata, info);
     }
@@ -243,9 +240,8 @@ bool consegna(QImage& img, bool gif, Immagine& out, RicevitoreRighe* righe, Banc
     return true;
 }
 
-bool decodifica(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
-    QFile file;
-    if (!apri(spec, file, reason)) return false;
+bool decodifica(QIODevice& file, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
+    if (!file.open(QIODevice::ReadOnly)) return rifiuta(reason, nonSiApre);
     QImageReader lettore;
     QSize size;
     if (!informa(file, lettore, out, size, reason)) return false;
@@ -322,16 +318,27 @@ bool decodificaBytes(std::string_view bytes, std::int32_t reduce, Immagine& out,
     return true;
 }
 
-}   // namespace
-
-bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
+bool provaADecodificare(QIODevice& da, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
     out = Immagine{};
     try {
-        return decodifica(spec, out, reason, righe);
+        return decodifica(da, out, reason, righe);
     } catch (const std::bad_alloc&) {
         out = Immagine{};
         return rifiuta(reason, senzaMemoria);
     }
+}
+
+}   // namespace
+
+bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
+    QFile file(QString::fromStdString(spec.percorso));
+    return provaADecodificare(file, out, reason, righe);
+}
+
+bool DecodeImageData(std::string_view bytes, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
+    QByteArray vista = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer memoria(&vista);
+    return provaADecodificare(memoria, out, reason, righe);
 }
 
 bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out, bool compact) {

@@ -34,13 +34,17 @@ std::int64_t installata() {
 
 }   // namespace
 
-std::int32_t CompactMem() {
+std::int64_t FreeMemory() {
     std::int64_t byte = disponibile();
     if (byte <= 0) byte = installata();
     struct rlimit limite {};
     if (::getrlimit(RLIMIT_AS, &limite) == 0 && limite.rlim_cur != RLIM_INFINITY)
         byte = std::min(byte, static_cast<std::int64_t>(limite.rlim_cur));
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(byte, 0, std::numeric_limits<std::int32_t>::max()));
+    return std::max<std::int64_t>(byte, 0);
+}
+
+std::int32_t CompactMem() {
+    return static_cast<std::int32_t>(std::min<std::int64_t>(FreeMemory(), std::numeric_limits<std::int32_t>::max()));
 }
 
 }   // namespace tessaro

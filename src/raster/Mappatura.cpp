@@ -1,0 +1,175 @@
+// The blocks, in vectors of four. Lanes are doubles and nothing is reordered, so that every digit is that of the plain
+// formula; compiled twice, the wider form runs where the processor has it.
+#include "raster/Mappatura.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "registration/attaccoDinamico.h"
+
+namespace tessaro {
+
+namespace {
+
+using Quattro = double __attribute__((vector_size(32)));
+using Quattro64 = std::int64_t __attribute__((vector_size(32)));
+using Quattro32 = std::int32_t __attribute__((vector_size(16)));
+using Positivi = std::uint32_t __attribute__((vector_size(16)));
+
+#define IN_LINEA inline __attribute__((always_inline))
+
+struct Punti {
+    Quattro x, y;
+};
+
+struct Simile {
+    TransfRec t;
+    double dy;
+    Simile(const Mappatura& m, double y) : t(m.simile), dy(y - m.simile.y1) {}
+    IN_LINEA void operator()(Punti& p) const {
+        const Quattro dx = p.x - t.x1;
+        p.x = t.deltaX + ((t.rot11 * dx + t.rot12 * dy) * t.ingr + t.x1);
+        p.y = t.deltaY + ((t.rot21 * dx + t.rot22 * dy) * t.ingr + t.y1);
+    }
+};
+
+struct Omografia {
+    double a, c, d, f, g, by, ey, hy;
+    Omografia(const Mappatura& m, double y)
+        : a(m.coef[0]), c(m.coef[2]), d(m.coef[3]), f(m.coef[5]), g(m.coef[6]), by(m.coef[1] * y), ey(m.coef[4] * y),
+          hy(m.coef[7] * y) {}
+    IN_LINEA void operator()(Punti& p) const {
+        const Quattro D = 1 + (g * p.x + hy);
+        const Quattro X = ((a * p.x + by) + c) / D;
+        const Quattro Y = ((d * p.x + ey) + f) / D;
+        p = {X, Y};
+    }
+};
+
+struct Limiti {
+    double minimo, massimo;
+    std::int32_t contati;
+};
+
+// Truncation takes what is above -1 into row or column 0.
+template <class Mappa>
+IN_LINEA Limiti blocco(const Mappa mappa, const Piano& p, std::int32_t h, std::int32_t n, std::uint32_t* indici) {
+    const double larghezza = p.larghezza, altezza = p.altezza;
+    Quattro minimo = {1e300, 1e300, 1e300, 1e300}, massimo = -minimo;
+    Quattro64 dentro{};
+    const Quattro32 scala = {0, 1, 2, 3};
+    for (std::int32_t i = 0; i < n; i += 4) {
+        const Quattro colonna = __builtin_convertvector(scala + (h + i), Quattro);
+        Punti q{p.x1PictBase + colonna * p.stepS, {}};
+        mappa(q);
+        const Quattro u = (q.x - p.x1Pict2) * p.stepD, w = (q.y - p.y1Pict2) * p.stepD;
+        const Quattro64 buono = (u > -1.0) & (u < larghezza) & (w > -1.0) & (w < altezza);
+        const Quattro zero{};
+        const Quattro ub = buono ? u : zero, wb = buono ? w : zero;
+        minimo = (buono & (w < minimo)) ? w : minimo;
+        massimo = (buono & (w > massimo)) ? w : massimo;
+        dentro -= buono;
+        const auto colonne = __builtin_convertvector(ub, Quattro32), righe = __builtin_convertvector(wb, Quattro32);
+        const auto indice = reinterpret_cast<Positivi>(righe) * p.passo + reinterpret_cast<Positivi>(colonne);
+        const Positivi scelto = indice | ~reinterpret_cast<Positivi>(__builtin_convertvector(buono, Quattro32));
+        for (int k = 0; k < 4; ++k) indici[i + k] = scelto[k];
+    }
+    Limiti l{minimo[0], massimo[0], static_cast<std::int32_t>(dentro[0] + dentro[1] + dentro[2] + dentro[3])};
+    for (int k = 1; k < 4; ++k) {
+        l.minimo = std::min(l.minimo, minimo[k]);
+        l.massimo = std::max(l.massimo, massimo[k]);
+    }
+    return l;
+}
+
+using Calcola = Limiti (*)(const Mappatura&, const Piano&, double, std::int32_t, std::int32_t, std::uint32_t*);
+
+Limiti simileBase(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* out) {
+    return blocco(Simile(m, y), p, h, n, out);
+}
+Limiti omografiaBase(const Mappatura& m, const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* out) {
+    return blocco(Omografia(m, y), p, h, n, out);
+}
+
+#ifdef __x86_64__
+__attribute__((target("avx2"))) Limiti simileLarga(const Mappatura& m, const Piano& p, double y, std::int32_t h,
+                                                   std::int32_t n, std::uint32_t* out) {
+    return blocco(Simile(m, y), p, h, n, out);
+}
+__attribute__((target("avx2"))) Limiti omografiaLarga(const Mappatura& m, const Piano& p, double y, std::int32_t h,
+                                                      std::int32_t n, std::uint32_t* out) {
+    return blocco(Omografia(m, y), p, h, n, out);
+}
+const bool largo = __builtin_cpu_supports("avx2");
+const Calcola simile = largo ? simileLarga : simileBase, omografia = largo ? omografiaLarga : omografiaBase;
+#else
+const Calcola simile = simileBase, omografia = omografiaBase;
+#endif
+
+Limiti costruzione(const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* indici) {
+    Limiti l{1e300, -1e300, 0};
+    for (std::int32_t i = 0; i < n; ++i) {
+        double px = p.x1PictBase + (h + i) * p.stepS, py = y;
+        attaccoAttivo.Traf4Pt(px, py);
+        const double u = (px - p.x1Pict2) * p.stepD, w = (py - p.y1Pict2) * p.stepD;
+        indici[i] = nessunPixel;
+        if (!(u > -1.0 && u < p.larghezza && w > -1.0 && w < p.altezza)) continue;
+        indici[i] = static_cast<std::uint32_t>(static_cast<std::int32_t>(w)) * p.passo
+                    + static_cast<std::uint32_t>(static_cast<std::int32_t>(u));
+        l.minimo = std::min(l.minimo, w);
+        l.massimo = std::max(l.massimo, w);
+        ++l.contati;
+    }
+    return l;
+}
+
+}   // namespace
+
+Mappatura MappaturaAttiva() {
+    Mappatura m;
+    const std::int32_t tipo = attaccoAttivo.GetTipo();
+    if (tipo == 1 && deformProspettica != 0) {
+        m.specie = SpecieMappa::omografia;
+        m.coef = attaccoAttivo.coef;
+    } else if (tipo != 1 && tipo != 2) {
+        m.specie = SpecieMappa::similitudine;
+        m.simile = attaccoAttivo.transf;
+    }
+    double x = 0, y = 0;
+    attaccoAttivo.Traf4Pt(x, y);   // what it prepares on its first call is ready before threads ask
+    return m;
+}
+
+EsitoBlocco IndiciBlocco(const Mappatura& m, const Piano& p, std::int32_t v, std::int32_t h, std::int32_t n,
+                         std::uint32_t* indici) {
+    const double y = p.y1PictBase + v * p.stepS;
+    Limiti l{};
+    if (m.specie == SpecieMappa::costruzione) {
+        l = costruzione(p, y, h, n, indici);
+    } else {
+        // Whole fours; the last ones are told apart so that they do not count.
+        const std::int32_t interi = n & ~3;
+        const Calcola f = m.specie == SpecieMappa::omografia ? omografia : simile;
+        l = f(m, p, y, h, interi, indici);
+        if (interi < n) {
+            std::uint32_t coda[4];
+            (void)f(m, p, y, h + interi, 4, coda);
+            for (std::int32_t k = interi; k < n; ++k) {
+                const std::uint32_t i = indici[k] = coda[k - interi];
+                if (i == nessunPixel) continue;
+                const double riga = i / p.passo;
+                l.minimo = std::min(l.minimo, riga);
+                l.massimo = std::max(l.massimo, riga);
+                ++l.contati;
+            }
+        }
+    }
+    EsitoBlocco e;
+    if (l.contati == 0) return e;
+    e.prima = static_cast<std::int32_t>(l.minimo);
+    e.ultima = static_cast<std::int32_t>(l.massimo);
+    e.pieno = l.contati == n;
+    return e;
+}
+
+}   // namespace tessaro

@@ -1,0 +1,295 @@
+// Rectification: the picture is thrown forward through the live transformation, whole or cut to a polyline.
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "dialogs/Errori.h"
+#include "display/Zoom.h"
+#include "model/Annulla.h"
+#include "model/Attributi.h"
+#include "model/Selezione.h"
+#include "model/TabellaStato.h"
+#include "platform/Memory.h"
+#include "platform/Resources.h"
+#include "raster/Lavoro.h"
+#include "raster/NuovaImmagine.h"
+#include "raster/Percorri.h"
+#include "raster/raster.h"
+#include "registration/attaccoDinamico.h"
+
+namespace tessaro {
+
+constinit double risoluzione = 150;
+constinit std::int16_t tipoPitc = 1, tipoTaglio = 1, tipoTrasformazione = 2, numeroColori = 3, bitColore = 32;
+constinit double coeffRisoluzione = 0, coeffRisoluzioneSrc = 0, rapportoDimensione = 1;
+constinit std::int16_t risoluzioneSrc = 0, numQudrilateri = 1;
+constinit double x1PictBase = 0, y1PictBase = 0, x2PictBase = 0, y2PictBase = 0;
+constinit double x1Pict = 0, y1Pict = 0, x2Pict = 0, y2Pict = 0;
+constinit double x1PosPict = 0, y1PosPict = 0, x2PosPict = 0, y2PosPict = 0;
+constinit double x1Pict2 = 0, y1Pict2 = 0, x2Pict2 = 0, y2Pict2 = 0;
+constinit double x1Trasf = 0, y1Trasf = 0, x2Trasf = 0, y2Trasf = 0, x3Trasf = 0, y3Trasf = 0, x4Trasf = 0, y4Trasf = 0;
+constinit std::int32_t larghBitMap = 0, altBitMap = 0;
+constinit std::uint32_t mapSizeX = 0, mapSizeY = 0;
+constinit Rect rectGW, rectGW2, pictRect, destRect;
+
+std::int64_t Troncato(double v) {
+    constexpr double limite = 9e18;
+    return std::isnan(v) ? 0 : static_cast<std::int64_t>(std::clamp(v, -limite, limite));
+}
+
+namespace {
+
+std::int32_t troncato32(double v) {
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(Troncato(v), -0x7FFFFFF0, 0x7FFFFFF0));
+}
+
+std::uint32_t latoSorgente(double v) {
+    return static_cast<std::uint32_t>(std::clamp<std::int64_t>(Troncato(v), 0, 4294967295LL));
+}
+
+void allarga(double x, double y, double& x1, double& y1, double& x2, double& y2) {
+    x1 = std::min(x1, x);
+    y1 = std::min(y1, y);
+    x2 = std::max(x2, x);
+    y2 = std::max(y2, y);
+}
+
+constexpr double vuoto = 1e99;
+
+void copiaVertice(std::int32_t i, const elemento& e) {
+    Xtaglio[static_cast<std::size_t>(i)] = e.poli.x;
+    Ytaglio[static_cast<std::size_t>(i)] = e.poli.y;
+}
+
+std::int32_t ultimoVertice(std::int32_t testa) {
+    return std::clamp<std::int32_t>(Elem(testa).poli.numVertici, 0, std::min(maxTaglio - 1, indElem - testa));
+}
+
+// The whole picture through the transformation; a polyline only takes a part of the result.
+void boxDestinazione(std::int32_t poligono) {
+    x1Pict = x1PosPict = x1PictBase;
+    y1Pict = y1PosPict = y1PictBase;
+    x2Pict = x2PosPict = x2PictBase;
+    y2Pict = y2PosPict = y2PictBase;
+    struct Angolo {
+        double sx, sy, &x, &y;
+    };
+    const Angolo angoli[] = {{x1Pict, y1Pict, x1Trasf, y1Trasf},
+                             {x1Pict, y2Pict, x2Trasf, y2Trasf},
+                             {x2Pict, y2Pict, x3Trasf, y3Trasf},
+                             {x2Pict, y1Pict, x4Trasf, y4Trasf}};
+    x1Pict2 = y1Pict2 = vuoto;
+    x2Pict2 = y2Pict2 = -vuoto;
+    for (const Angolo& a : angoli) {
+        a.x = a.sx;
+        a.y = a.sy;
+        attaccoAttivo.Traf4Pt(a.x, a.y);
+        allarga(a.x, a.y, x1Pict2, y1Pict2, x2Pict2, y2Pict2);
+    }
+    // Kept: a cut at the destination leaves the ratios those of the whole picture.
+    const double ratioX = (x2Pict2 - x1Pict2) / (x2Pict - x1Pict), ratioY = (y2Pict2 - y1Pict2) / (y2Pict - y1Pict);
+    if (poligono != 0) {
+        x1PosPict = x1Pict2;
+        y1PosPict = y1Pict2;
+        x2PosPict = x2Pict2;
+        y2PosPict = y2Pict2;
+        double px1 = vuoto, py1 = vuoto, px2 = -vuoto, py2 = -vuoto;
+        ultimoTaglio = ultimoVertice(poligono);
+        for (std::int32_t i = 0; i <= ultimoTaglio; ++i) {
+            copiaVertice(i, Elem(poligono + i));
+            allarga(Elem(poligono + i).poli.x, Elem(poligono + i).poli.y, px1, py1, px2, py2);
+        }
+        x1Pict2 = std::max(x1Pict2, px1);
+        y1Pict2 = std::max(y1Pict2, py1);
+        x2Pict2 = std::min(x2Pict2, px2);
+        y2Pict2 = std::min(y2Pict2, py2);
+    }
+    CalcolaMisure(ratioX, ratioY);
+}
+
+void boxSorgente(std::int32_t poligono) {
+    x1Pict = y1Pict = x1Pict2 = y1Pict2 = vuoto;
+    x2Pict = y2Pict = x2Pict2 = y2Pict2 = -vuoto;
+    ultimoTaglio = ultimoVertice(poligono);
+    for (std::int32_t i = 0; i <= ultimoTaglio; ++i) {
+        copiaVertice(i, Elem(poligono + i));
+        double x = Elem(poligono + i).poli.x, y = Elem(poligono + i).poli.y;
+        allarga(x, y, x1Pict, y1Pict, x2Pict, y2Pict);
+        attaccoAttivo.Traf4Pt(x, y);
+        allarga(x, y, x1Pict2, y1Pict2, x2Pict2, y2Pict2);
+    }
+    x1PosPict = x1Pict - x1PictBase;
+    y1PosPict = y1Pict - y1PictBase;
+    x2PosPict = x2Pict - x1PictBase;
+    y2PosPict = y2Pict - y1PictBase;
+    CalcolaMisure((x2Pict2 - x1Pict2) / (x2Pict - x1Pict), (y2Pict2 - y1Pict2) / (y2Pict - y1Pict));
+}
+
+}   // namespace
+
+void CalcolaMisure(double ratioX, double ratioY) {
+    larghBitMap = troncato32(coeffRisoluzione * (x2Pict2 - x1Pict2) / DecPunto);
+    altBitMap = troncato32(coeffRisoluzione * (y2Pict2 - y1Pict2) / DecPunto);
+    rapportoDimensione = std::max(ratioX, ratioY);
+    coeffRisoluzioneSrc = densita * coeffRisoluzione * rapportoDimensione;
+    risoluzioneSrc =
+        static_cast<std::int16_t>(std::clamp<std::int64_t>(Troncato(rapportoDimensione * risoluzione), -32768, 32767));
+}
+
+void BaseDi(const elemento& pict) {
+    x1PictBase = pict.pict.x;
+    y1PictBase = pict.pict.y;
+    x2PictBase = pict.pict.x + pict.pict.larghezza;
+    y2PictBase = pict.pict.y + pict.pict.altezza;
+}
+
+void CalcolaVertici(const elemento& pict, std::int32_t poligono) {
+    BaseDi(pict);
+    if (poligono == 0 || tipoTaglio == 2) {
+        boxDestinazione(poligono);
+    } else {
+        boxSorgente(poligono);
+    }
+}
+
+void MisuraRaster(bool alSorgente) {
+    const double k = coeffRisoluzioneSrc;
+    if (alSorgente) {
+        mapSizeX = latoSorgente(k * static_cast<double>(Troncato(x2PictBase - x1PictBase)) / DecPunto);
+        mapSizeY = latoSorgente(k * static_cast<double>(Troncato(y2PictBase - y1PictBase)) / DecPunto);
+        const auto in = [k](double pos) { return troncato32(k * pos / DecPunto); };
+        pictRect = Rect{in(y1PosPict), in(x1PosPict), in(y2PosPict), in(x2PosPict)};
+    } else {
+        mapSizeX = latoSorgente(k * (x2Pict - x1Pict) / DecPunto);
+        mapSizeY = latoSorgente(k * (y2Pict - y1Pict) / DecPunto);
+    }
+    rectGW = Rect{0, 0, troncato32(mapSizeY), troncato32(mapSizeX)};
+    if (!alSorgente) pictRect = rectGW;
+    pictRect = SectRect(pictRect, rectGW);   // a polyline beyond the picture finds no pixels there
+    rectGW2 = Rect{0, 0, altBitMap, larghBitMap};
+    const auto punti = [](std::int32_t pixel) { return troncato32(pixel / coeffRisoluzione); };
+    destRect = Rect{0, 0, punti(altBitMap), punti(larghBitMap)};
+}
+
+bool SorgentePossibile() { return !EmptyRect(rectGW) && mapSizeX <= 0x7FFFFFF0U && mapSizeY <= 0x7FFFFFF0U; }
+
+Rect FrameInUnita() {
+    const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
+    return Rect{0, 0, (altBitMap + unita - 1) / unita, (larghBitMap + unita - 1) / unita};
+}
+
+Piano PianoDelLavoro(const Tela& risultato) {
+    Piano p;
+    p.x1PictBase = x1PictBase;
+    p.y1PictBase = y1PictBase;
+    p.stepS = DecPunto / coeffRisoluzioneSrc;
+    p.x1Pict2 = x1Pict2;
+    p.y1Pict2 = y1Pict2;
+    p.stepD = coeffRisoluzione / DecPunto;
+    p.larghezza = risultato.larghezza;
+    p.altezza = risultato.altezza;
+    p.passo = risultato.passo();
+    return p;
+}
+
+std::int64_t MemoriaChiesta() {
+    return MemoriaTela(std::max(larghBitMap, 0), std::max(altBitMap, 0), bitColore / 8)
+           + MemoriaTela(std::min(mapSizeX, 1U << 20), 64, 8);
+}
+
+bool PictureToPixMap(PicHandle pict, bool taglio) {
+    const bool alSorgente = taglio && tipoTaglio == 1;
+    MisuraRaster(alSorgente);
+    LavoroRaster lavoro(deformProspettica != 0);
+    const auto sorgente = SorgentePossibile() && !EmptyRect(rectGW2)
+                              ? std::make_unique<Sorgente>(PictBytes(pict), mapSizeX, mapSizeY, bitColore)
+                              : nullptr;
+    Tela risultato;
+    if (!sorgente || !sorgente->leggibile()
+        || !NuovaTela(risultato, larghBitMap, altBitMap, sorgente->formato(), true)) {
+        AvvisoMemoria(MemoriaChiesta());
+        return false;
+    }
+    numQudrilateri = 1;
+    MascheraTaglio maschera;
+    Percorso p{*sorgente,           risultato, PianoDelLavoro(risultato), MappaturaAttiva(), pictRect,
+               TaglioWalk::nessuno, &maschera};
+    if (alSorgente) p.taglio = TaglioWalk::sorgente;
+    if (taglio && tipoTaglio == 2) p.taglio = TaglioWalk::destinazione;
+    EsitoPercorso esito = p.taglio == TaglioWalk::destinazione && !maschera.prepara(p.piano) ? EsitoPercorso::memoria
+                                                                                             : EsitoPercorso::fatto;
+    if (esito == EsitoPercorso::fatto) esito = Percorri(p, [&lavoro](double f) { return lavoro.passo(f); });
+    if (esito == EsitoPercorso::memoria) AvvisoMemoria(MemoriaChiesta());
+    if (esito != EsitoPercorso::fatto) return false;
+    const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
+    return AggiungiImmagine(ExtendedStdBits(risultato, sorgente->formato(), FrameInUnita(), tipoPitc), x1Pict2, y1Pict2,
+                            (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
+                            (y2Pict2 - y1Pict2) * Completamento(altBitMap, unita));
+}
+
+Scelti PictScelta() {
+    Scelti s;
+    if (!Puntosel.multipla) {
+        if (UnSoloElemento() && Elem(Puntosel.indice).tipo == tPict) s.pict = Puntosel.indice;
+        return s;
+    }
+    // Kept: from record 2 on; its type is none of the two.
+    for (std::int32_t n = 2; n <= indElem; ++n) {
+        if (!Elem(n).selezionato) continue;
+        if (Elem(n).tipo == tPict) s.pict = n;
+        if (Elem(n).tipo == tPoligono) s.poligono = n;
+    }
+    return s;
+}
+
+void TrasformaPictSel(std::int16_t item) {
+    constexpr std::int16_t listaTesti = 129, stringaPunti = 63, stringaMesh = 64;
+    const Scelti scelti = Puntosel.attiva ? PictScelta() : Scelti{};
+    if (scelti.pict == 0) {
+        SysBeep(200);
+        return;
+    }
+    ParamText(GetIndString(listaTesti, item == 2 ? stringaMesh : stringaPunti), "", "", "");
+    if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
+    deformProspettica = tipoTrasformazione == 2;
+    coeffRisoluzione = risoluzione / 72;
+    const elemento pict = Elem(scelti.pict);
+    if (item != 2) attaccoAttivo.PreparaAttacco();   // what was prepared last may be of other points
+    if (item != 2 && !attaccoAttivo.Preparato()) {
+        constexpr std::int16_t avvisoNonPronta = 9140;
+        deformProspettica = 1;
+        StopAlert(avvisoNonPronta);
+        return;
+    }
+    if (item == 2) {
+        if (VerificaMesh()) {
+            CalcolaVerticiMesh(pict);
+            PictureToPixMapMesh(pict.pict.maniglia);
+        }
+    } else {
+        CalcolaVertici(pict, scelti.poligono);
+        PictureToPixMap(pict.pict.maniglia, scelti.poligono != 0);
+    }
+    deformProspettica = 1;
+    InvalFinestra();
+}
+
+namespace {
+const VoceStato righe[] = {
+    {"risoluzione", VoceStato::f64, &risoluzione, 150},
+    {"tipoPitc", VoceStato::i16, &tipoPitc, 1},
+    {"tipoTaglio", VoceStato::i16, &tipoTaglio, 1},
+    {"tipoTrasformazione", VoceStato::i16, &tipoTrasformazione, 2},
+    {"numeroColori", VoceStato::i16, &numeroColori, 3},
+    {"bitColore", VoceStato::i16, &bitColore, 32},
+    {"rapportoDimensione", VoceStato::f64, &rapportoDimensione, 1},
+    {"coeffRisoluzione", VoceStato::f64, &coeffRisoluzione},
+    {"coeffRisoluzioneSrc", VoceStato::f64, &coeffRisoluzioneSrc},
+    {"risoluzioneSrc", VoceStato::i16, &risoluzioneSrc},
+    {"larghBitMap", VoceStato::i32, &larghBitMap},
+    {"altBitMap", VoceStato::i32, &altBitMap},
+};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro

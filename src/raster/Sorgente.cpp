@@ -1,0 +1,150 @@
+// Opening a picture's pixels, and drawing it in strips.
+#include "raster/Sorgente.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "platform/paint/RasterPort.h"
+#include "platform/pict/Compressa.h"
+#include "platform/pict/Pict.h"
+#include "platform/pict/Raster.h"
+
+namespace tessaro {
+
+namespace {
+
+struct FontePict final : FonteRighe {
+    RighePict righe;
+    void riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint32_t* out) override {
+        righe.riga(y, x0, x1, out);
+    }
+};
+
+// A decoded image, of 32 bits or of indices.
+struct FonteImmagine final : FonteRighe {
+    Immagine im;
+    std::vector<std::uint32_t> tavola;
+    void riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint32_t* out) override {
+        const std::ptrdiff_t inizio = std::ptrdiff_t(y) * width;
+        if (im.depth == 32) {
+            std::copy(im.pixels.data() + inizio + x0, im.pixels.data() + inizio + x1, out);
+            return;
+        }
+        const std::uint8_t* da = im.indices.data() + inizio;
+        for (std::int32_t x = x0; x < x1; ++x) *out++ = tavola[da[x]];
+    }
+};
+
+std::unique_ptr<FonteRighe> decodificata(const ImmagineCompressa& c) {
+    auto f = std::make_unique<FonteImmagine>();
+    if (!DecodeImageBytes(c.dati, 1, f->im, true) && !DecodificaCompressa(c, 1, f->im)) return nullptr;
+    f->width = f->im.width;
+    f->height = f->im.height;
+    for (const RGBColor& k : f->im.palette) f->tavola.push_back(pixelDi(k));
+    f->tavola.resize(256, 0xFF000000U);
+    const auto n = static_cast<std::size_t>(f->width) * static_cast<std::size_t>(f->height);
+    return (f->im.depth == 32 ? f->im.pixels.size() : f->im.indices.size()) >= n && n > 0 ? std::move(f) : nullptr;
+}
+
+std::unique_ptr<FonteRighe> spacchettata(FonteRighe& da) {
+    auto f = std::make_unique<FonteTela>();
+    f->width = da.width;
+    f->height = da.height;
+    f->buchi = da.buchi;
+    f->pixel.resize(static_cast<std::size_t>(da.width) * static_cast<std::size_t>(da.height));
+    for (std::int32_t y = 0; y < da.height; ++y)
+        da.riga(y, 0, da.width, f->pixel.data() + std::ptrdiff_t(y) * da.width);
+    return f;
+}
+
+}   // namespace
+
+void FonteTela::riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint32_t* out) {
+    const std::uint32_t* da = pixel.data() + std::ptrdiff_t(y) * width;
+    std::copy(da + x0, da + x1, out);
+}
+
+std::unique_ptr<FonteRighe> ApriFonte(std::string_view pict, std::int64_t memoria) {
+    try {
+        ImmagineCompressa c;
+        if (SolaCompressa(pict, c)) return decodificata(c);
+        auto f = std::make_unique<FontePict>();
+        if (!f->righe.apri(pict)) return nullptr;
+        f->width = f->righe.width();
+        f->height = f->righe.height();
+        f->buchi = f->righe.trasparente();
+        if (std::int64_t(f->width) * f->height * 4 <= memoria) return spacchettata(*f);
+        return f;
+    } catch (const std::bad_alloc&) { return nullptr; }
+}
+
+Sorgente::Sorgente(std::string_view pict, std::int64_t larghezza, std::int64_t altezza, std::int16_t bit,
+                   std::int64_t memoria)
+    : bytes(pict), largo(static_cast<std::int32_t>(larghezza)), alto(static_cast<std::int32_t>(altezza)),
+      fonte(ApriFonte(pict, memoria)), forma(FormatoPer(bit, fonte.get())) {
+    ImmagineCompressa c;
+    buona = fonte != nullptr || (VociPict(pict).valido() && !SolaCompressa(pict, c));
+}
+
+Sorgente::~Sorgente() = default;
+
+// A picture of figures is played anew for each strip: fewer and larger ones.
+std::int64_t Sorgente::pixelPerStriscia() const { return fonte ? 1 << 20 : 24 << 20; }
+
+void Sorgente::metti(std::int32_t y, std::int32_t da, std::int32_t a, const std::uint32_t* pixel) {
+    std::uint8_t* riga = striscia.data() + std::int64_t(y - cima) * byteRiga;
+    forma->codifica(pixel, a - da, riga + std::int64_t(da - sinistra) * forma->byte());
+}
+
+bool Sorgente::disegna(std::int32_t top, std::int32_t n, std::int32_t left, std::int32_t right) {
+    cima = top;
+    sinistra = left;
+    byteRiga = std::int64_t(right - left) * forma->byte();
+    try {
+        striscia.resize(static_cast<std::size_t>(byteRiga * n));
+        if (fonte == nullptr) {
+            righeFigure(top, n, left, right);
+        } else {
+            righeRaster(top, n, left, right);
+        }
+    } catch (const std::bad_alloc&) { return false; }
+    return true;
+}
+
+void Sorgente::righeRaster(std::int32_t top, std::int32_t n, std::int32_t left, std::int32_t right) {
+    const Posa posa{0, 0, double(largo) / fonte->width, double(alto) / fonte->height};
+    if (!riduttore || left != colonnaDa || right != colonnaA) {
+        riduttore = std::make_unique<Riduttore>(*fonte, posa, left, right - left);
+        colonnaDa = left;
+        colonnaA = right;
+    }
+    const std::int32_t w = right - left;
+    banco.resize(static_cast<std::size_t>(w) * static_cast<std::size_t>(n));
+    riduttore->righe(top, n, banco.data());
+    for (std::int32_t k = 0; k < n; ++k) metti(top + k, left, right, banco.data() + std::int64_t(k) * w);
+}
+
+void Sorgente::righeFigure(std::int32_t top, std::int32_t n, std::int32_t left, std::int32_t right) {
+    RasterPort porto(right - left, n, 1);
+    const GrafPtr prima = GetPort();
+    SetPort(&porto);
+    DrawPicture(bytes, Rect{-top, -left, alto - top, largo - left});
+    SetPort(prima);
+    for (std::int32_t k = 0; k < n; ++k)
+        metti(top + k, left, right, porto.pixels() + std::ptrdiff_t(k) * porto.rowPixels());
+}
+
+bool Sorgente::intera(Tela& t) {
+    if (!NuovaTela(t, largo, alto, *forma, false)) return false;
+    const auto perVolta = static_cast<std::int32_t>(std::clamp<std::int64_t>(pixelPerStriscia() / largo, 1, alto));
+    for (std::int32_t y = 0; y < alto; y += perVolta) {
+        const std::int32_t n = std::min(perVolta, alto - y);
+        if (!disegna(y, n, 0, largo)) return false;
+        for (std::int32_t k = 0; k < n; ++k)
+            std::memcpy(t.riga(y + k), riga(y + k), static_cast<std::size_t>(byteRiga));
+    }
+    return true;
+}
+
+}   // namespace tessaro
