@@ -194,7 +194,7 @@ bool RasterPort::shortLine(Point from, Point to, const Brush& brush) {
     if (left < 0 || right >= width_ || a.v < 0 || b.v >= height_ || std::max(width_, height_) > corta) return false;
     sporco.add(DeviceRect{left, a.v, right + 1, b.v + 1});
     const Segmento32 s{a.h, a.v, right - left, b.v - a.v, b.h >= a.h};
-    withBrush(brush, [&](auto put) { walkWhole(s, memory_.data(), width_, put); });
+    withBrush(brush, [&](auto put) { walkWhole(s, base_, width_, put); });
     return true;
 }
 
