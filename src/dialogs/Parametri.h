@@ -9,6 +9,10 @@
 
 namespace tessaro {
 
+// Real coordinates and lengths that a dialog takes lie within plus and minus this, in the user's unit: national grids in
+// millimetres have ten digits.
+inline constexpr double limiteReale = 1e9;
+
 extern DialogPtr theDialog;              // the modal dialog now open; not valid outside one
 extern std::array<PStr255, 32> Stdato;   // field texts, by field number from 1
 extern std::int16_t Noitem;              // item hit, for plain dialogs

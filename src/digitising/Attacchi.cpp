@@ -2,6 +2,7 @@
 #include "digitising/Attacchi.h"
 
 #include "digitising/PuntiSelezione.h"
+#include "digitising/RegistrazioneValida.h"
 #include "display/AttacchiMarche.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
@@ -61,6 +62,18 @@ void invalidaAttorno(const Coppia& c) {
     InvalWindowRect(theWindow, SetRect(h - bordo, v - bordo, h + bordo, v + bordo));
 }
 
+// The control points as they were, for a change that is refused.
+struct Punti {
+    elemento primo = Elem(1), secondo = Elem(2);
+    double x5 = xAttacco5, y5 = yAttacco5;
+    void rimetti() const {
+        Elem(1) = primo;
+        Elem(2) = secondo;
+        xAttacco5 = x5;
+        yAttacco5 = y5;
+    }
+};
+
 Coppia destinazione(std::int16_t n) {
     Coppia c;
     attaccoAttivo.GetAttacco(n, c.x, c.y);
@@ -82,13 +95,19 @@ void Attacco(std::int16_t n) {
         Croce();
     }
     pennaMarca();
+    const Punti prima;
     if (digitato) {
         AssegnaAttacco(n, Xfine, Yfine);
     } else {
         marche[n - 1]();
         prendiPunto(n);
     }
-    segnaPunto(n);
+    const std::string guasto = GuastoRegistrazione(Elem(1), Elem(2));
+    if (guasto.empty()) {
+        segnaPunto(n);
+    } else {
+        prima.rimetti();
+    }
     invalidaAttorno(LeggiAttacco(n == 4 ? std::int16_t{3} : n));   // Kept: point 4 repaints around point 3
     PenMode(patCopy);
     marche[n - 1]();
@@ -97,6 +116,7 @@ void Attacco(std::int16_t n) {
     if (AggiornaTrasformazioni()) InvalWind();
     PoniAnnulla(aNiente);
     IntroDigitale = 0;
+    if (!guasto.empty()) RifiutaRegistrazione(guasto);
 }
 
 void SetAttacco(std::int16_t n, const double& x, const double& y) {

@@ -1,6 +1,7 @@
 // The dialog of the real coordinates of control points 1 and 2.
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
+#include "digitising/RegistrazioneValida.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "registration/Coordinate.h"
@@ -35,18 +36,21 @@ public:
     }
 
     void IngGene(std::uint8_t ripristino) override {
-        constexpr double limite = 2000000;
         constexpr std::int16_t campi[] = {campoX1, campoY1, campoX2, campoY2};
         esito = 1;
         if (ripristino) return;
         std::array<double, 4> v{};
         for (std::size_t i = 0; i < v.size(); ++i)
-            if (!LeggiCampo(campi[i], -limite, limite, v[i])) return;
+            if (!LeggiCampo(campi[i], -limiteReale, limiteReale, v[i])) return;
         copia.att.x1 = v[0];
         copia.att.y1 = v[1];
         copia.att.x2 = v[2];
         copia.att.y2 = v[3];
         copia.att.coordReali = radio == conReali;
+        const std::string guasto = GuastoRegistrazione(Elem(1), copia);
+        if (guasto.empty()) return;
+        RifiutaRegistrazione(guasto);
+        esito = 0;
     }
 
     void Dialogo() override {

@@ -3,6 +3,7 @@
 
 #include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
+#include "digitising/RegistrazioneValida.h"
 #include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -30,9 +31,16 @@ void VerificaAttacchi() {
 void TrasformaPuntiOrigine() {
     const PuntiSelezione s = PuntiPerTutti();
     if (!s.presi) return;
+    const elemento primo = Elem(1), secondo = Elem(2);
     for (std::int16_t i = 0; i < s.numero; ++i) {
         const Coppia& p = s.punti[static_cast<std::size_t>(i)];
         AssegnaAttacco(static_cast<std::int16_t>(i + 1), p.x, p.y);
+    }
+    if (const std::string guasto = GuastoRegistrazione(Elem(1), Elem(2)); !guasto.empty()) {
+        Elem(1) = primo;
+        Elem(2) = secondo;
+        RifiutaRegistrazione(guasto);
+        return;
     }
     if (s.numero == 4) Elem(2).att.quattroPunti = 1;
     (void)AttacchiCambiati();

@@ -2,6 +2,7 @@
 #include "digitising/GeoRiferimento.h"
 
 #include "dialogs/Parametri.h"
+#include "digitising/RegistrazioneValida.h"
 #include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -32,6 +33,18 @@ class TParGeoRefer : public TParametri {
         copia.att.y2 = Y;
     }
 
+    // The points that Param will give the sheet, with these real ones.
+    [[nodiscard]] bool buona() const {
+        elemento primo = Elem(1);
+        primo.att.x1 = 0;
+        primo.att.x2 = dieciCentimetri;
+        primo.att.y1 = primo.att.y2 = piede();
+        const std::string guasto = GuastoRegistrazione(primo, copia);
+        if (!guasto.empty()) RifiutaRegistrazione(guasto);
+        return guasto.empty();
+    }
+    static double piede() { return 100 * yfoglio; }   // the sheet's foot
+
 public:
     void Display() override {
         ScriviCampoReale(campoX, copia.att.x1, 3);
@@ -41,12 +54,13 @@ public:
     }
 
     void IngGene(std::uint8_t ripristino) override {
-        constexpr double limite = 2000000;   // the user's unit
         esito = 1;
         if (ripristino) return;
         double X = 0, Y = 0;
-        if (LeggiCampo(campoX, -limite, limite, X) && LeggiCampo(campoY, -limite, limite, Y))
+        if (LeggiCampo(campoX, -limiteReale, limiteReale, X) && LeggiCampo(campoY, -limiteReale, limiteReale, Y))
             poniPunti(X, Y, radio == conReali);
+        if (esito <= 0 || buona()) return;
+        esito = 0;
     }
 
     void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
@@ -60,14 +74,14 @@ public:
     void Param(bool grafico) {
         if (grafico) {
             ingModoGrafico();
+            if (!buona()) return;
         } else {
             Dialogo();
             if (!Accettato()) return;
         }
         Elem(2) = copia;
-        const double basso = 100 * yfoglio;   // the sheet's foot
-        AssegnaAttacco(1, 0, basso);
-        AssegnaAttacco(2, dieciCentimetri, basso);
+        AssegnaAttacco(1, 0, piede());
+        AssegnaAttacco(2, dieciCentimetri, piede());
         if (AttacchiCambiati()) InvalWind();
         CalcolaRapporti();
     }

@@ -144,7 +144,10 @@ public:
     Esame(const DatiRapporto& dati, std::vector<AvvisoPunti>& dove)
         : d(dati), avvisi(dove), presi(dati.modo == cinquePt    ? 5
                                        : dati.modo == quattroPt ? 4
-                                                                : 2) {}
+                                                                : 2) {
+        // A sheet registered by points 1 and 2 lacks nothing until somebody gives a third.
+        if (d.coordReali && !d.dati[2] && !d.dati[3] && !d.dati[4]) presi = 2;
+    }
 
     void tutto() {
         mancanti();

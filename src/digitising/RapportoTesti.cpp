@@ -106,11 +106,6 @@ std::string numeri(const std::vector<std::int16_t>& punti) {
     return s;
 }
 
-std::string avviso(const AvvisoPunti& a) {
-    const int primo = a.destinazione ? primoDestinazione : primoDifetto;
-    return stringa(static_cast<std::int16_t>(primo + static_cast<int>(a.difetto)), numeri(a.punti));
-}
-
 // The angle in the system in which angles are shown, in gons or degrees.
 std::string testoRotazione(double radianti) {
     constexpr std::int16_t listaUnita = 9131;
@@ -128,6 +123,11 @@ std::string testata(std::int16_t n) {
 }
 
 }   // namespace
+
+std::string TestoAvviso(const AvvisoPunti& a) {
+    const int primo = a.destinazione ? primoDestinazione : primoDifetto;
+    return stringa(static_cast<std::int16_t>(primo + static_cast<int>(a.difetto)), numeri(a.punti));
+}
 
 TestiRapporto TestiDi(const RapportoAttacchi& r) {
     constexpr std::int32_t duePunti = 0;
@@ -149,7 +149,7 @@ TestiRapporto TestiDi(const RapportoAttacchi& r) {
     } else {
         t.massimo = stringa(r.modo == duePunti ? duePuntiEsatti : nessunaMappa);
     }
-    for (const AvvisoPunti& a : r.avvisi) t.avvisi.push_back(avviso(a));
+    for (const AvvisoPunti& a : r.avvisi) t.avvisi.push_back(TestoAvviso(a));
     if (t.avvisi.empty()) t.avvisi.push_back(stringa(nessunAvviso));
     return t;
 }

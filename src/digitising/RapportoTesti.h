@@ -20,6 +20,7 @@ struct TestiRapporto {
     std::string testataAvvisi;
     std::vector<std::string> avvisi;   // one row that says so when there is nothing to warn of
 };
+std::string TestoAvviso(const AvvisoPunti& a);   // one fault as a sentence
 TestiRapporto TestiDi(const RapportoAttacchi& r);
 
 // Columns in line, for a screen of fixed letters; `disegno` is the drawing's name, Mac Roman.

@@ -2,12 +2,16 @@
 #include "digitising/attaccoAggiungi.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "dialogs/Parametri.h"
+#include "digitising/RegistrazioneValida.h"
 #include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
+#include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
@@ -123,15 +127,48 @@ void AggiungiMultipla(std::int16_t layer) {
         if (Elem(n).selezionato && Elem(n).tipo != tVertice) copia(n, ultimo, layer);   // a vertex goes with its head
 }
 
+namespace {
+
+void rifiuta(const std::string& guasto) {
+    constexpr std::int16_t avviso = 9150;
+    StopAlertParam(avviso, guasto);
+}
+
+// Did every copied point land somewhere?
+bool copieFinite() {
+    bool finite = true;
+    const auto guarda = [&finite](f64& x, f64& y) { finite = finite && std::isfinite(x) && std::isfinite(y); };
+    for (std::int32_t n = inizioAggiunta + 1; n <= indElem; ++n) {
+        PerPunti(Elem(n), guarda);
+        if (Elem(n).tipo == tCerchio) finite = finite && std::isfinite(Elem(n).cerc.raggio);
+        if (Elem(n).tipo == tArco) finite = finite && std::isfinite(Elem(n).arco.raggio);
+    }
+    return finite;
+}
+
+void togliCopie() {
+    for (std::int32_t n = inizioAggiunta + 1; n <= indElem; ++n)
+        if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
+    indElem = inizioAggiunta;
+}
+
+}   // namespace
+
 void Aggiungi() {
     const std::int16_t layer = PoniLucidoCopie();
     if (layer < 0) return;
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
+    if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
+    attaccoAttivo.PreparaAttacco();   // afresh: points may have moved since
+    CominciaAggiunta();
     if (Puntosel.multipla) {
         AggiungiMultipla(layer);
     } else {
         AggiungiElemento(layer);
+    }
+    if (!copieFinite()) {
+        togliCopie();
+        constexpr std::int16_t lista = 9150, senzaPosto = 1;
+        return rifiuta(GetIndString(lista, senzaPosto));
     }
     if (indElem <= inizioAggiunta) return;
     PoniAnnulla(aAggiunta);

@@ -41,13 +41,13 @@ void TAttaccoDialogo::Display() {
 }
 
 void TAttaccoDialogo::IngGene(std::uint8_t ripristino) {
-    constexpr double limite = 2000000;   // the user's unit
-    constexpr double scarto = 1e-5;      // sheet units
+    constexpr double scarto = 1e-5;   // sheet units
     esito = 1;
     if (ripristino) return;
     std::array<Coppia, 5> reali{};
     for (std::size_t i = 0; i < reali.size(); ++i)
-        if (!LeggiCampo(campoX(i), -limite, limite, reali[i].x) || !LeggiCampo(campoY(i), -limite, limite, reali[i].y))
+        if (!LeggiCampo(campoX(i), -limiteReale, limiteReale, reali[i].x)
+            || !LeggiCampo(campoY(i), -limiteReale, limiteReale, reali[i].y))
             return;
     a.opzione = GetDialogItemValue(theDialog, casellaOpzione) != 0;
     a.modificato = GetDialogItemValue(theDialog, casellaModificato) != 0;

@@ -4,6 +4,7 @@
 #include "display/Disegno.h"
 #include "display/Sovrapposto.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
 
@@ -43,5 +44,12 @@ void RidisegnaParte(const Region& parte) {
     SetClip(parte);
     disegna();
 }
+
+namespace {
+[[maybe_unused]] const bool agganciato = [] {
+    figuraFinita = InvalWind;
+    return true;
+}();
+}   // namespace
 
 }   // namespace tessaro

@@ -18,7 +18,4 @@ double GiroTesto(std::int16_t angolo);
 // The four corners as they lie on the screen.
 std::array<PuntoD, 4> AngoliTesto(const elemento& e);
 
-// Kind of object that a single selection of this record type points at; -1 for a type that cannot be selected itself.
-std::int32_t OggettoDi(std::uint8_t tipo);
-
 }   // namespace tessaro

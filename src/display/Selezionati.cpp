@@ -83,19 +83,6 @@ void spostamentoInCorso() {
 
 }   // namespace
 
-std::int32_t OggettoDi(std::uint8_t tipo) {
-    switch (tipo) {
-    case tSegmento: return oSegmento;
-    case tMarker: return oMarker;
-    case tPoligono: return oPoligono;
-    case tTesto: return oTesto;
-    case tPict: return oPict;
-    case tCerchio: return oCerchio;
-    case tArco: return oArco;
-    default: return -1;
-    }
-}
-
 void DipingiEvidenza() {
     if (!Puntosel.attiva) return;
     if (EmptyRect(AreaDisegnabile())) return;   // nothing would be seen

@@ -136,7 +136,7 @@ void ZoomFinestra() {
     const Stato stato;
     ClipRect(GetPortBounds(theWindow));
     Rect r;
-    if (!SelRect(r)) return;
+    if (!SelRect(r) || r.right == r.left || r.bottom == r.top) return;
     const std::int32_t dh = r.left - striscia, dv = r.top - hToolbar;
     PageCorner.h += dh;
     PageCorner.v += dv;

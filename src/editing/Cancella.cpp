@@ -10,7 +10,8 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
-#include "tools/Costruzione.h"
+#include "model/Figura.h"
+#include "platform/Events.h"
 
 namespace tessaro {
 
@@ -106,6 +107,17 @@ bool separa(const Tratti& tratti, Perduti perduti) {
     return tutti;
 }
 
+// Is there room behind the end for all of them? One record alone is turned round in place.
+bool sposteranno(const Tratti& tratti) {
+    if (!Puntosel.multipla && somma(tratti) == 1) return true;
+    std::int32_t gia = 0;
+    for (const Tratto& t : tratti) {
+        if (quantiEntrano(t, gia) < t.quanti()) return false;
+        gia += t.quanti();
+    }
+    return true;
+}
+
 void rilasciaImmagini(const Tratti& tratti) {
     for (const Tratto& t : tratti)
         for (std::int32_t i = t.da; i <= t.a; ++i)
@@ -114,14 +126,8 @@ void rilasciaImmagini(const Tratti& tratti) {
 
 }   // namespace
 
-void ConcludiFigura() {
-    if (!ContinuaPoligono) return;
-    tabButton = 0;
-    FineSegm();
-}
-
 void CancellaSelezione() {
-    if (Puntosel.attiva) ConcludiFigura();
+    if (Puntosel.attiva) FineFigura();
     PoniAnnulla(aNiente);
     AnnullaIndElem = indElem;
     if (!Puntosel.attiva) return;
@@ -130,6 +136,7 @@ void CancellaSelezione() {
     indElem -= somma(tratti);
     selezionePrec = 0;
     AzzeraPuntosel();
+    AzzeraRettSel();
     if (tornabile) {
         annullamento = aCancella;
         TestoAnnulla(1);
@@ -138,17 +145,21 @@ void CancellaSelezione() {
 }
 
 void AvantiEIndietroSelezione(bool avanti) {
-    if (Puntosel.attiva) ConcludiFigura();
-    PoniAnnulla(aNiente);
+    if (Puntosel.attiva) FineFigura();
+    PoniAnnulla(aNiente);   // first: records that an undo would bring back lie where the copies go
     if (!Puntosel.attiva) return;
     const Tratti tratti = trattiSelezionati();
     const std::int32_t tolti = somma(tratti);
-    // Kept: without room the array closes up all the same, and what lay last stays there twice.
+    if (!sposteranno(tratti)) {
+        SysBeep(30);
+        return;
+    }
     const bool inFondo = !tratti.empty() && separa(tratti, [](const Tratti&) {});
     if (inFondo && !avanti) std::rotate(&Elem(3), &Elem(indElem - tolti + 1), &Elem(indElem) + 1);
     for (std::int32_t i = 3; i <= indElem; ++i) Elem(i).selezionato = 0;
     selezionePrec = 0;
     AzzeraPuntosel();
+    AzzeraRettSel();
     InvalFinestra();
 }
 

@@ -10,7 +10,5 @@ namespace tessaro {
 void CancellaSelezione();
 // The selection goes to the end of the drawing order (avanti) or to its beginning; no undo.
 void AvantiEIndietroSelezione(bool avanti);
-// A polyline in progress goes on behind the last record: it ends before others are added or change their places.
-void ConcludiFigura();
 
 }   // namespace tessaro

@@ -3,11 +3,11 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Ridisegno.h"
-#include "editing/Cancella.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/TabellaStato.h"
 #include "text/Conversione.h"
 
@@ -56,10 +56,8 @@ std::int32_t converti(Adatto adatto, void (*conversione)(std::int32_t)) {
 // The frame of both commands: `quanti` makes the new elements and tells how many things it took.
 template <class Quanti>
 void aggiungi(Quanti quanti) {
-    ConcludiFigura();
+    CominciaAggiunta();
     SetCursor(ClockCursor);
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     if (quanti() == 0) {   // Kept: a question that was cancelled converts nothing either
         SysBeep(30);
     } else {

@@ -27,6 +27,7 @@ void CambiaLucido(std::int16_t lucido) {
         SysBeep(30);
         return;
     }
+    RifaiRettSel();
     InvalFinestra();
 }
 

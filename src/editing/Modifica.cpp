@@ -14,7 +14,6 @@ namespace tessaro {
 
 namespace {
 
-constexpr double limite = 2000000;   // the user's unit
 constexpr double limiteAngolo = 400;
 
 class TModificaCoord : public TParametri {
@@ -35,8 +34,8 @@ public:
     void IngGene(std::uint8_t ripristino) override {
         esito = 1;
         if (ripristino) return;
-        if (!LeggiCampo(4, -limite, limite, xMostrata) || !LeggiCampo(6, -limite, limite, yMostrata)
-            || !LeggiCampo(8, -limite, limite, zMostrata))
+        if (!LeggiCampo(4, -limiteReale, limiteReale, xMostrata) || !LeggiCampo(6, -limiteReale, limiteReale, yMostrata)
+            || !LeggiCampo(8, -limiteReale, limiteReale, zMostrata))
             return;
         RealToDigi(xMostrata, yMostrata, x, y);
         z = zMostrata;
@@ -59,8 +58,9 @@ class TModificaCurva : public TParametri {
     bool cerchio;
 
     bool leggi() {
-        return LeggiCampo(4, -limite, limite, mostrata.x) && LeggiCampo(6, -limite, limite, mostrata.y)
-               && LeggiCampo(8, -limite, limite, mostrata.raggio)
+        return LeggiCampo(4, -limiteReale, limiteReale, mostrata.x)
+               && LeggiCampo(6, -limiteReale, limiteReale, mostrata.y)
+               && LeggiCampo(8, -limiteReale, limiteReale, mostrata.raggio)
                && (cerchio
                    || (LeggiCampo(10, -limiteAngolo, limiteAngolo, mostrata.inizio)
                        && LeggiCampo(12, -limiteAngolo, limiteAngolo, mostrata.ampiezza)));

@@ -9,6 +9,7 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Selezione.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -115,6 +116,7 @@ void ParamLucidi() {
     p.Poni(1, 2, 0, 0, ParamLucidiDia);
     p.Dialogo();
     if (!p.cambiato || noWindow) return;
+    if (Puntosel.attiva) RifaiRettSel();
     InvalFinestra();
     DrawPallette();   // it shows the current sheet's number
 }

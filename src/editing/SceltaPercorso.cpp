@@ -57,6 +57,7 @@ void ScegliPercorso(const puntot& point) {
     Puntosel.indice = testa;
     Puntosel.multipla = 0;
     Puntosel.numSel = 1;
+    RifaiRettSel();
     prendiPunti(testa);
     DisegnaSelezione();
     Calcolo();

@@ -16,14 +16,6 @@ constinit puntot xyzLT{}, xyzRB{};
 
 namespace {
 
-void allargaElemento(std::int32_t n) {
-    if (Elem(n).tipo == tTesto) {
-        AggRetSelTesto(Elem(n));
-    } else {
-        PerEstremi(n, AggRettSel);
-    }
-}
-
 bool dentro(std::int32_t i, const Rect& rect) {
     const elemento& e = Elem(i);
     switch (e.tipo) {
@@ -41,12 +33,6 @@ bool dentro(std::int32_t i, const Rect& rect) {
 bool pixelDentro(double h, double v, const Rect& r) { return h >= r.left && h < r.right && v >= r.top && v < r.bottom; }
 
 }   // namespace
-
-void RifaiRettSel() {
-    AzzeraRettSel();
-    for (std::int32_t i = 3; i <= indElem; ++i)
-        if (Elem(i).selezionato && LucidoVisibile(Elem(i).lucido)) allargaElemento(i);
-}
 
 bool PuntoInRect(const double& x, const double& y) { return x > xyzLT.x && x < xyzRB.x && y > xyzLT.y && y < xyzRB.y; }
 
@@ -99,20 +85,12 @@ bool SelezionaRect(const Rect& rect) {
 void SelezionaTutto() {
     SetCursor(ClockCursor);
     if (!(KeyModifiers() & shiftKey)) TogliSelezione();
-    AzzeraRettSel();
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (!LucidoVisibile(e.lucido) || (e.tipo == tTesto && !VisioneGraf.mostraTesti)) continue;
-        // Kept: with a thing selected before, its highlight toggles once a record. Of several it does not: each toggle
-        // would go through the whole drawing again, and the repaint behind the command shows none of them.
-        if (Puntosel.attiva && !Puntosel.multipla) DisegnaSelezione();
-        if (e.selezionato) continue;
-        e.selezionato = 1;   // vertex records count one by one
-        ++Puntosel.numSel;
-        allargaElemento(i);
+        if (LucidoVisibile(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti)) e.selezionato = 1;
     }
-    Puntosel.multipla = Puntosel.numSel > 1;
-    Puntosel.attiva = Puntosel.numSel > 0;
+    if (Puntosel.attiva && Puntosel.oggetto >= oMeshOrigine) Puntosel.attiva = 0;   // records are selected now
+    RistabilisciSelezione();                                                        // vertex records count one by one
     DisegnaSelezione();
     SetCursor(arrowCursor);
 }

@@ -85,15 +85,15 @@ void latoColpito(std::int32_t i) {
     if (e.tipo == tVertice) riferisciVincoli(Elem(i - 1).vert.x, Elem(i - 1).vert.y, e.vert.x, e.vert.y);
 }
 
-void prendi(std::int32_t i, bool shift) {
+void prendi(std::int32_t i, bool shift, bool& ripresa) {
     const std::int32_t n = bersaglio(i);
     if (n == 0) return;
     elemento& e = Elem(n);
     if (shift && e.selezionato) {
-        e.selezionato = 0;
+        for (std::int32_t k = n; k <= UltimoRecord(n); ++k) Elem(k).selezionato = 0;   // "all" flags vertices too
         if (Puntosel.numSel > 0) --Puntosel.numSel;
     } else {
-        // Kept: an option-click counts a thing that is already selected once more.
+        ripresa = e.selezionato != 0;
         Puntosel.attiva = 1;
         e.selezionato = 1;
         ++Puntosel.numSel;
@@ -101,6 +101,16 @@ void prendi(std::int32_t i, bool shift) {
     Puntosel.oggetto = OggettoDi(e.tipo);
     Puntosel.indice = n;
     latoColpito(i);
+}
+
+// Summary and box after what was hit or caught.
+void riassumi(bool ripresa) {
+    const std::int32_t contati = Puntosel.numSel;
+    RistabilisciSelezione();
+    if (!ripresa) return;
+    // Kept: an option-click counts a thing that is already selected once more.
+    Puntosel.numSel = std::max(contati, Puntosel.numSel);
+    Puntosel.multipla = Puntosel.numSel > 1;
 }
 
 // Nothing under the pointer and the button held: a rubber rectangle selects what it encloses.
@@ -130,9 +140,9 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (Puntosel.attiva) DisegnaSelezione();
     if (!shift && !opzione) TogliSelezione();
     const std::int32_t i = primoColpito(point);
-    bool preso = i != 0;
+    bool preso = i != 0, ripresa = false;
     if (preso) {
-        prendi(i, shift);
+        prendi(i, shift, ripresa);
         if (Elem(i).tipo == tTesto && event.when - Tempo < GetDblTime()) apriTesto();
     }
     if (preso || !Button()) {
@@ -140,11 +150,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     } else if (!opzione) {   // Option held beside everything is for dragging out, which a window does not offer yet
         preso = daRettangolo();
     }
-    if (preso && Puntosel.oggetto < oMeshOrigine) {
-        RifaiRettSel();
-        Puntosel.multipla = Puntosel.numSel > 1;
-        Puntosel.attiva = Puntosel.numSel > 0;
-    }
+    if (preso && Puntosel.oggetto < oMeshOrigine) riassumi(ripresa);
     if (!Puntosel.attiva) return;
     DisegnaSelezione();
     if (opzione) passaASpostare();

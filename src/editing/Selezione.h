@@ -22,7 +22,6 @@ bool SelTesto(const puntot& p, const elemento& e);
 bool Destra2(const double& a, const double& b, const double& c, const double& d, const double& e, const double& f);
 void TogliSelezione();
 void NessunaSelezione();
-void RifaiRettSel();   // the box from the flagged, shown records
 // Flags what lies inside a pixel rectangle; true when anything lay inside, selected before or not.
 bool SelezionaRect(const Rect& rect);
 void SelezionaTutto();   // everything shown, vertex records too; Shift keeps what was selected

@@ -1,11 +1,15 @@
 // Moving the selection or everything: each kind of element by its points, Z where it has one.
 #include "editing/Sposta.h"
 
+#include <cmath>
+
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "platform/Events.h"
 
 namespace tessaro {
 
@@ -60,6 +64,14 @@ void spostaNodi(Mesh& m) {
         }
 }
 
+// A delta that a registration has made infinite would take everything away for good.
+bool spostamentoFinito() {
+    if (std::isfinite(XDeltaSpost) && std::isfinite(YDeltaSpost) && std::isfinite(ZDeltaSpost)) return true;
+    XDeltaSpost = YDeltaSpost = ZDeltaSpost = 0;
+    SysBeep(30);
+    return false;
+}
+
 }   // namespace
 
 void SpostaMesh() {
@@ -71,7 +83,8 @@ void SpostaMesh() {
 }
 
 void SpostaSelezione() {
-    if (!Puntosel.attiva) return;
+    if (!Puntosel.attiva || !spostamentoFinito()) return;
+    FineFigura();   // its next point would lie where it was
     if (Puntosel.multipla) {
         for (std::int32_t i = 3; i <= indElem; ++i)
             if (Elem(i).selezionato) spostaElemento(i);
@@ -87,6 +100,8 @@ void SpostaSelezione() {
 }
 
 void SpostaTutto() {
+    if (!spostamentoFinito()) return;
+    FineFigura();
     for (std::int32_t i = 3; i <= indElem; ++i) spostaElemento(i);
 }
 

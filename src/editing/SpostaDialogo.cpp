@@ -10,7 +10,6 @@ namespace tessaro {
 namespace {
 
 constexpr std::int16_t dialogo = 1035, ok = 1, annulla = 2, campoX = 4, campoY = 6, campoZ = 8;
-constexpr double limite = 2000000;   // the user's unit
 
 // A delta has no place of its own: it is what the chain makes of it, counted from the image of (0, 0).
 void mostraDelta() {
@@ -25,7 +24,7 @@ void mostraDelta() {
 bool leggiDelta() {
     double x = 0, y = 0, z = 0, x0 = 0, y0 = 0;
     for (const auto& [campo, valore] : {std::pair{campoX, &x}, {campoY, &y}, {campoZ, &z}})
-        if (!LeggiCampoReale(campo, -limite, limite, *valore)) return false;
+        if (!LeggiCampoReale(campo, -limiteReale, limiteReale, *valore)) return false;
     DigiToReal(0, 0, x0, y0);
     RealToDigi(x0 + x, y0 + y, XDeltaSpost, YDeltaSpost);
     ZDeltaSpost = z;

@@ -50,9 +50,10 @@ void perOgniTesto(Cambia cambia) {
     }
     if (!cambiato) {
         SysBeep(30);
-    } else if (VisioneGraf.mostraTesti) {
-        InvalWind();
+        return;
     }
+    RifaiRettSel();
+    if (VisioneGraf.mostraTesti) InvalWind();
 }
 
 void sposta(std::int16_t menu, std::int16_t& da, std::int16_t a) {

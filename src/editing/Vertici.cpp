@@ -10,6 +10,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Vista.h"
 
 namespace tessaro {
@@ -147,10 +148,12 @@ bool muoviPolilinea(const EventRecord& event, const puntot& p) {
     if (n > ultimo || ultimo == testa) return false;
     const bool inserire = (event.modifiers & cmdKey) != 0, togliere = !inserire && (event.modifiers & optionKey) != 0;
     if (togliere) {
+        if (ContinuaPoligono && testa == IndicePolCorrente) FineFigura();
         // With a single side nothing goes, and the click is handled all the same.
         if (ultimo - testa > 1) togliVertice(testa, n);
         return true;
     }
+    if (ContinuaPoligono && testa == IndicePolCorrente) FineFigura();   // its next side would begin where the vertex was
     const bool posto = indElem < maxElementi && Elem(testa).poli.numVertici < std::numeric_limits<std::int16_t>::max();
     if (inserire && posto) inserisciVertice(testa, n);
     trascinaVertice(event, testa, n);
@@ -204,6 +207,7 @@ bool MuoviPunto(const EventRecord& event, const puntot& point) {
     for (const Presa& presa : prese) {
         if (presa.oggetto != Puntosel.oggetto || presa.tipo != Elem(Puntosel.indice).tipo) continue;
         if (!presa.azione(event, point)) return false;
+        if (Puntosel.attiva) RifaiRettSel();
         InvalWind();
         Tempo = event.when;
         return true;

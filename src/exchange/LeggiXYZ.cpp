@@ -12,7 +12,6 @@
 #include "exchange/Operazione.h"
 #include "exchange/RigheElenco.h"
 #include "exchange/XYZ.h"
-#include "files/Risanamento.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -60,6 +59,7 @@ class LettoreXYZ {
     std::int32_t posto = 0;   // record of this round
     std::int16_t codice = senzaRiga;
     bool rigaLetta = false;   // this round began a row
+    bool guasta = false;      // one of its fields is no number
     bool stop = false;        // the person stopped the list
     ElementiContati entrati;
     Resoconto resoconto;
@@ -97,6 +97,7 @@ class LettoreXYZ {
             return;
         }
         codice = numeroDa(campo, coordinata(colonna));
+        guasta = guasta || codice <= 0;
     }
 
     // Each column a line of its own. A row that the file's end cuts short is a fault, its plain end is none.
@@ -112,6 +113,7 @@ class LettoreXYZ {
             const std::string_view riga = prossima();
             if (uscita || (EndFile && riga.empty())) {
                 codice = senzaRiga;
+                guasta = true;
                 if (rigaLetta && !uscita) ContrErr(codice, numeroRiga);
                 return;
             }
@@ -162,29 +164,26 @@ class LettoreXYZ {
         e.mark.colore = colorCorrente;
     }
 
-    // Kept: the slot counts though no row came for it, with what it held. As it may hold anything that was parked
-    // there, a polyline's count and a text's length are made to fit.
-    void conta() const {
-        indElem = posto;
-        Risanamento risana(posto);
-        risana.passa(posto, Elem(posto));
-        risana.fine();
-    }
-
+    // A row with a field that is no number is left out, whatever its other fields say; what a column held before stays.
     void riga() {
+        const double primaX = x, primaY = y, primaZ = z;
+        guasta = false;
         Elem(posto).testa.aref = ArefMarkerDef;
         if (TipoForm == rigaPerPunto)
             rigaIntera();
         else
             rigaPerRiga();
-        // Kept: the row's last field decides alone; a fault in an earlier one was the user's to judge.
-        if (codice > 0) {
+        if (codice > 0 && !guasta) {
             memorizza();
+            indElem = posto;
             entrati.aggiungi(tMarker);
-        } else if (rigaLetta) {
-            resoconto.parti.aggiungi(cRigheGuaste);
+            return;
         }
-        conta();
+        --posto;   // the slot was not used
+        x = primaX;
+        y = primaY;
+        z = primaZ;
+        if (rigaLetta) resoconto.parti.aggiungi(cRigheGuaste);
     }
 
 public:

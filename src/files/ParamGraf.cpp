@@ -71,6 +71,30 @@ Lettore contenuto() {
     return l;
 }
 
+// What Revert reads from the file, as it was when the dialog opened: Cancel puts it back.
+struct Prima {
+    std::int16_t unita = UnitaMCorrente, sceltaUnita = ItemUnit, angolo = tipoAngolo, largaFoglio = XFDecimi,
+                 altaFoglio = YFDecimi, largaTav = btav, altaTav = htav;
+    double decimi = decimiUnita, scala = Scaladis, data = DataUltima, largo = Xfoglio, alto = yfoglio,
+           tavLarga = LargTav, tavAlta = AltTav;
+    void rimetti() const {
+        UnitaMCorrente = unita;
+        ItemUnit = sceltaUnita;
+        tipoAngolo = angolo;
+        XFDecimi = largaFoglio;
+        YFDecimi = altaFoglio;
+        btav = largaTav;
+        htav = altaTav;
+        decimiUnita = decimi;
+        Scaladis = scala;
+        DataUltima = data;
+        Xfoglio = largo;
+        yfoglio = alto;
+        LargTav = tavLarga;
+        AltTav = tavAlta;
+    }
+};
+
 void predefiniti() {
     ItemUnit = unitaLibera;
     UnitaMCorrente = unitaLibera - primaUnita;
@@ -174,6 +198,7 @@ void TParamGraf::colpito() {
 
 void TParamGraf::Dialogo() {
     ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);   // a drawing brings its own unit
+    const Prima prima;
     theDialog = GetNewDialog(dialogoId);
     itemAngolo = static_cast<std::int16_t>(tipoAngolo + primoAngolo);
     Display();
@@ -185,7 +210,7 @@ void TParamGraf::Dialogo() {
         ModalDialog(MyMovableFilter, itemCorrente);
         colpito();
     } while (!chiude() && !(itemCorrente == annullaItem && quitPending()));
-    if (itemCorrente == annullaItem) ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);
+    if (itemCorrente == annullaItem) prima.rimetti();
     DisposeDialog(theDialog);
     theDialog = nullptr;
 }

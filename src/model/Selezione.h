@@ -7,6 +7,14 @@
 
 namespace tessaro {
 
+// The state of the selection, whatever command ran last:
+//   - attiva: a record is flagged, or a mesh is selected (oggetto 7, 8), and then no record is;
+//   - numSel: how many records are flagged, multipla: more than one. An option-click counts a record once more;
+//   - a flagged vertex stands under a flagged head;
+//   - one thing alone (a polyline with or without its vertices): oggetto and indice name it;
+//   - rettSel: the box of the flagged records on shown layers, empty without a selection.
+// Commands that change flags or records end with RistabilisciSelezione.
+
 enum ObjetT : std::int32_t {
     oMarker = 0,
     oSegmento = 1,
@@ -41,6 +49,12 @@ void AggRettSel(const double& x, const double& y);
 // The corners of a text's box: 0.7 of its height above the base line and 0.3 below, turned by its angle.
 void AggRetSelTesto(const elemento& e);
 void AzzeraRettSel();
+void RifaiRettSel();   // the box from the flagged, shown records
+// The kind of thing that a record of that type is, -1 for a vertex and what cannot be selected.
+std::int32_t OggettoDi(std::uint8_t tipo);
+// Restores the state told above from the flags: summary, name and box. A selected mesh stays, with no record flagged. One
+// pass over the records.
+void RistabilisciSelezione();
 void AzzeraPuntosel();   // attiva, multipla, numSel together
 
 }   // namespace tessaro

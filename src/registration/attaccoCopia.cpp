@@ -32,8 +32,14 @@ void mappaCerchio(f64& cx, f64& cy, f64& raggio) {
     raggio = Distanza(c.x, c.y, bordo.x, bordo.y);
 }
 
-// Toward zero. NaN gives 0, what does not fit the nearest bound.
-std::int16_t ftisql(double v) { return arrotonda16(std::trunc(v)); }
+// An angle of a text, the system in force: whole, from 0 to less than a turn, so that copies of copies stay readable.
+std::int16_t angoloDiTesto(double v) {
+    const double intero = std::round(v);
+    double giro = RadToAng(DuePig, gradCorrente);
+    if (giro > 100) giro = std::round(giro);   // gons and degrees: without what the 32-bit pi adds
+    if (!std::isfinite(intero) || !(giro > 0)) return 0;
+    return arrotonda16(intero - giro * std::floor(intero / giro));
+}
 
 void scala(f16& v, double fattore) { v = arrotonda16(v * fattore); }
 
@@ -60,7 +66,7 @@ void ActiveAttach::trasformaTesto(elemento& e) {
         angolo = RadToAng(angolo, gradCorrente);
         fattore = distanza / L;
     }
-    t.angolo = ftisql(angolo);
+    t.angolo = angoloDiTesto(angolo);
     scala(t.altezza, fattore);
     scala(t.larghezza, fattore);
     scala(t.dimensione, fattore);
@@ -73,7 +79,10 @@ void ActiveAttach::TrasformaCopia(elemento& e) {
     case tCerchio: mappaCerchio(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
     case tArco:
         mappaCerchio(e.arco.cx, e.arco.cy, e.arco.raggio);
-        if (tipo == due) e.arco.angoloInizio += RadToAng(rotazione, gradSessadecimali);
+        if (tipo == due) {
+            const double girato = e.arco.angoloInizio + RadToAng(rotazione, gradSessadecimali);
+            e.arco.angoloInizio = girato - 360 * std::floor(girato / 360);
+        }
         break;
     default: PerPunti(e, mappa); break;
     }

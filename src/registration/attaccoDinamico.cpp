@@ -91,7 +91,10 @@ namespace {
 constexpr ErroriPrep erroriDiretti{25, 26, 25, 25, 26, 26}, erroriInversi{26, 25, 26, 25, 26, 26};
 }   // namespace
 
-void ActiveAttach::CalcolaCoefficienti() { (void)RisolviOmografia(lavoro.src, lavoro.dst, coef); }
+void ActiveAttach::CalcolaCoefficienti() {
+    if (!RisolviOmografia(lavoro.src, lavoro.dst, coef) && deformProspettica)
+        preparato = false;   // coef are older ones
+}
 
 void ActiveAttach::PrepAtt4pt() {
     PreparaQuattro(lavoro, erroriDiretti);

@@ -15,6 +15,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/TabellaStato.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
@@ -186,7 +187,12 @@ void importaTesto(const Richiesta& r, const FSSpec& file) {
 
 void esegui(const Richiesta& r, const FSSpec& file) {
     SetCursor(ClockCursor);
-    PoniAnnulla(aNiente);
+    const bool scrive = r.opera == Opera::scrivi;
+    if (scrive) {
+        PoniAnnulla(aNiente);
+    } else {
+        CominciaAggiunta();
+    }
     switch (r.opera) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
@@ -194,6 +200,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
+    if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (uscita || !r.delDocumento) return;
     myFSS = file;
     OKArchivioFss = 1;
@@ -202,7 +209,6 @@ void esegui(const Richiesta& r, const FSSpec& file) {
 }
 
 void concludi() {
-    if (inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
@@ -214,7 +220,6 @@ void concludi() {
 void lasciato(const Richiesta& r, const FSSpec& file) {
     uscita = 0;
     LF = 10;
-    inizioAggiunta = std::max(indElem, 2);
     esegui(r, file);
     concludi();
 }
@@ -225,7 +230,6 @@ void archivia() {
     uscita = 0;
     LF = 10;
     fType = tipoTS3D;
-    inizioAggiunta = std::max(indElem, 2);
     if (theItem == rSalva && senzaTitolo()) theItem = rSalvaCome;
     const Richiesta* r = richiestaDi(theItem);
     if (!r) {

@@ -10,6 +10,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Comandi.h"
+#include "shell/Modi.h"
 
 namespace tessaro {
 
@@ -52,7 +53,7 @@ void taglia() {
 }
 
 void spostaFoglio() {
-    Modalita = 5;
+    CambiaModo(5);
     DrawPallette();
 }
 

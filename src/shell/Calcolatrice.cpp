@@ -8,6 +8,7 @@
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Percorso.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
@@ -185,6 +186,7 @@ void ponidisp(const double& value, std::string_view label) {
 }
 
 void ApriCalcolatrice() {
+    FineFigura();
     operazCorrente = strumentoCalcolatrice;
     if (CalcWindow) {
         SelectDialogWindow(calcDialog);
@@ -204,7 +206,11 @@ void ChiudiCalcolatrice() {
 }
 
 void LasciaCalcolatrice() {
-    if (operazCorrente == strumentoCalcolatrice) ChiudiCalcolatrice();
+    if (!CalcWindow) return;
+    ChiudiCalcolatrice();
+    if (Azione != 5) return;
+    Azione = 0;
+    InvalFinestra();
 }
 
 void ChiusaCalcolatrice() {

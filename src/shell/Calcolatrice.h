@@ -12,7 +12,7 @@ extern std::uint8_t ModifCalc;   // the factor's field was touched and must be r
 
 void ApriCalcolatrice();     // the tool becomes the calculator's; an open one comes to the front
 void ChiudiCalcolatrice();   // the dialog goes and its menu item loses the tick; the tool stays as it is
-void LasciaCalcolatrice();   // the same when the tool is the calculator's: another tool is about to be taken
+void LasciaCalcolatrice();   // the same, and the path is put away: another tool is about to be taken
 // The close box: the path ends and the tool is the segment again.
 void ChiusaCalcolatrice();
 void DealwithDialogs(const EventRecord& event);   // a record of a modeless dialog

@@ -10,14 +10,13 @@
 #include "editing/Sposta.h"
 #include "editing/Testi.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Calcolatrice.h"
-#include "shell/Comandi.h"
 #include "shell/Modi.h"
-#include "tools/Costruzione.h"
 
 namespace tessaro {
 
@@ -28,24 +27,12 @@ constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;
 
 bool opzione = false;   // Option held at the click
 
-void lasciaSpostamento() {
-    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
-    Sposta2ndClick = 0;
-}
-
-void freccia() {
-    lasciaSpostamento();
-    Modalita = 0;
-}
-
-void digita() {
-    lasciaSpostamento();
-    Modalita = 1;
-}
+void freccia() { CambiaModo(0); }
+void digita() { CambiaModo(1); }
 
 void muovi() {
     if (Puntosel.attiva) {
-        Modalita = 2;
+        CambiaModo(2);
     } else {
         SysBeep(30);
     }
@@ -56,28 +43,17 @@ void cambiaFoglio(std::int16_t passo) {
     if (VisioneGraf.grigiaAltri || VisioneGraf.soloCorrente) InvalFinestra();
 }
 
-void strumento(std::int32_t operazione) {
-    lasciaSpostamento();
-    Modalita = 1;
-    operazCorrente = operazione;
+// Ends the figure also when its own tool is taken again.
+void strumentoDaCapo(std::int32_t operazione) {
+    FineFigura();
+    PrendiStrumento(operazione);
 }
-
-void segmento() {
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(0);
-}
-void polilinea() {
-    LasciaCalcolatrice();
-    strumento(1);
-}
+void segmento() { strumentoDaCapo(0); }
+void polilinea() { PrendiStrumento(1); }
 
 void curva(std::int32_t operazione) {
-    if (opzione) {
-        CurvePerPunti = CurvePerPunti ? 0 : 1;
-        ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
-    }
-    strumento(operazione);
+    if (opzione) PrendiCurve(!CurvePerPunti);
+    PrendiStrumento(operazione);
 }
 void cerchio() { curva(5); }
 void arco() { curva(6); }
@@ -87,15 +63,10 @@ void testo() {
         PoniTesti(1);
         return;
     }
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(2);
+    strumentoDaCapo(2);
 }
-void marker() {
-    LasciaCalcolatrice();
-    FineSegm();
-    strumento(3);
-}
+void marker() { strumentoDaCapo(3); }
+
 // A point by typing, for the tools that take points.
 void puntoDigitato() {
     const bool conPunti =

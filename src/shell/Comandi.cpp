@@ -33,6 +33,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
@@ -40,8 +41,8 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/Modi.h"
 #include "shell/Rapporto.h"
-#include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
 
@@ -143,32 +144,27 @@ void menuSistema() {
     if (theItem == 1) AboutTessaro();
 }
 
-void strumento(std::int32_t operazione) {
-    operazCorrente = operazione;
-    Modalita = 1;
-}
-
 void menuDisegna() {
     if (noWindow) return;
     switch (theItem) {
     case 1:
-        FineSegm();
-        strumento(0);
+        FineFigura();
+        PrendiStrumento(0);
         break;
-    case 2: strumento(1); break;
+    case 2: PrendiStrumento(1); break;
     case 3:
-        FineSegm();
-        strumento(3);
+        FineFigura();
+        PrendiStrumento(3);
         break;
     case 4: ScegliMarker(); break;
     case 5: PoniZeta(); return;
     case 6:
-        FineSegm();
-        strumento(2);
+        FineFigura();
+        PrendiStrumento(2);
         DrawPallette();
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
-    case 7: strumento(5); break;
-    case 8: strumento(6); break;
+    case 7: PrendiStrumento(5); break;
+    case 8: PrendiStrumento(6); break;
     case 20: IngressoVertici(); break;
     case 21: IngressoMarker(); break;
     case 14: PoniTratteggi(); return;
@@ -210,8 +206,7 @@ void menuStrumenti() {
     case 21: ParTavoletta(); break;
     case 17:
     case 18:
-        CurvePerPunti = theItem == 18;
-        ChkOnOffItem(6, theItem, 17, 18);
+        PrendiCurve(theItem == 18);
         DrawPallette();
         break;
     default: break;
@@ -312,10 +307,14 @@ void menuIngressoAttacco() {
 // Kept: item 5 leaves operazCorrente alone, so the click does what the last chosen point did.
 void sceltaAttacco(std::int32_t primaOperazione, const std::array<std::int16_t, 5>& cursori) {
     if (noWindow || theItem > 5) return;
-    if (theItem <= 4) operazCorrente = primaOperazione + theItem - 1;
+    if (theItem <= 4) {
+        FineFigura();
+        LasciaCalcolatrice();
+        operazCorrente = primaOperazione + theItem - 1;
+    }
     attaccoCursor = cursori[static_cast<std::size_t>(theItem - 1)];
     SetCursor(attaccoCursor);
-    Modalita = 6;
+    CambiaModo(6);
     DrawPallette();
 }
 

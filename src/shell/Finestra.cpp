@@ -142,7 +142,9 @@ void chiudiDisegno() {
     senzaAttacchi();
     Azione = 0;   // a figure in progress ends with its drawing
     ContinuaPoligono = 0;
+    Sposta2ndClick = 0;
     AzzeraPuntosel();
+    AzzeraRettSel();
     AbilitaMenu(false);
 }
 

@@ -17,12 +17,15 @@
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "shell/Calcolatrice.h"
+#include "shell/Comandi.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -57,6 +60,8 @@ void popupDisegno() {
     } else if (item == 11) {
         // Kept: the switch is item 11 and its tick stands on item 13.
         attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
+        if (attaccoAttivo.GetModificato())
+            attaccoAttivo.PreparaAttacco();   // points may have moved since the last time
         InvalWind();
     }
 }
@@ -181,6 +186,28 @@ void bloccaSuAsse(double& x, double& y) {
 }
 
 }   // namespace
+
+void CambiaModo(std::int32_t modo) {
+    if (Modalita == 2 && modo != 2) {
+        if (Puntosel.multipla) DisegnaRettSel();
+        if (Sposta2ndClick) InvalFinestra();   // the outline and the cross of its first click
+        Sposta2ndClick = 0;
+    }
+    Modalita = modo;
+}
+
+void PrendiStrumento(std::int32_t operazione) {
+    if (operazione != operazCorrente) FineFigura();
+    LasciaCalcolatrice();
+    CambiaModo(1);
+    operazCorrente = operazione;
+}
+
+void PrendiCurve(bool perPunti) {
+    if ((CurvePerPunti != 0) != perPunti && (operazCorrente == 5 || operazCorrente == 6)) FineFigura();
+    CurvePerPunti = perPunti;
+    ChkOnOffItem(6, perPunti ? 18 : 17, 17, 18);
+}
 
 void CercaSelezione(EventRecord& e, puntot& point) {
     if (!PtInRect(EventPoint, myViewRect)) {

@@ -9,4 +9,12 @@ void CercaSelezione(EventRecord& e, puntot& point);
 void MyControls();
 void CheckMouse(bool shift);
 void Do_Tessaro3D();
+
+// Takes pointer mode `modo`. Leaving the move gives up one that waits for its second click.
+void CambiaModo(std::int32_t modo);
+// Takes a tool that draws, and the digitising mode. Another tool than the one in force ends the figure in progress, and
+// the path that the calculator traces is put away.
+void PrendiStrumento(std::int32_t operazione);
+// How circles and arcs are made from now on: through three points or by centre. A change gives up an open curve.
+void PrendiCurve(bool perPunti);
 }   // namespace tessaro

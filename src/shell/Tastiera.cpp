@@ -14,6 +14,7 @@
 #include "model/Vista.h"
 #include "platform/Windows.h"
 #include "shell/Comandi.h"
+#include "shell/Modi.h"
 #include "tools/CursoreVincolato.h"
 
 namespace tessaro {
@@ -55,8 +56,7 @@ void vincolo() {
 
 // Between selecting and digitising; any other mode goes to digitising.
 void cambiaModo() {
-    if (Modalita == 2 && Puntosel.multipla) DisegnaRettSel();
-    Modalita = Modalita == 1 ? 0 : 1;
+    CambiaModo(Modalita == 1 ? 0 : 1);
     if (Modalita != 1) SetCursor(arrowCursor);
     DrawPallette();
 }

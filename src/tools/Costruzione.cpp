@@ -2,6 +2,8 @@
 // rubber band in xor stands for the figure in progress: whatever Elastico would draw now is what is out.
 #include "tools/Costruzione.h"
 
+#include <cmath>
+
 #include "display/Disegno.h"
 #include "display/Elastico.h"
 #include "display/Sovrapposto.h"
@@ -9,8 +11,11 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
+#include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "platform/Events.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
@@ -207,15 +212,20 @@ void finisciCerchio() {
     fai(tCerchio, Xini, Yini, RaggioCorrente, 0, 0);
 }
 
+// A head for the next vertex, from the side's first point: of a new polyline, of one whose head counts no more vertices, or
+// of one behind which something else was stored. The undo of a polyline that its head could not hold takes all of it.
+void nuovaTesta() {
+    const bool piena = ContinuaPoligono && IndicePolCorrente >= 3 && UltimoRecord(IndicePolCorrente) == indElem;
+    if (!piena) cominciaAggiunta();
+    const std::int32_t prima = indElem;
+    Memorizza(tPoligono, Xini, Yini, Zinizio, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
+    if (indElem > prima) TratteggiaNuovo(indElem);
+}
+
 // Undo is armed when the polyline ends: it takes all sides.
 void finisciLato() {
-    std::int32_t prima = indElem;
-    if (!ContinuaPoligono) {
-        cominciaAggiunta();
-        Memorizza(tPoligono, Xini, Yini, Zinizio, 0, 0, NumAreaPat, spessore, colorCorrente, NumPat, "");
-    }
-    if (indElem > prima) TratteggiaNuovo(indElem);
-    prima = indElem;
+    if (!VerticeSegue()) nuovaTesta();
+    const std::int32_t prima = indElem;
     Memorizza(tVertice, Xfine, Yfine, zcurs, 0, 0, 0, spessore, colorCorrente, NumPat, "");
     if (indElem > prima) FaiPoly(indElem - Elem(indElem).vert.distanzaTesta);
     ContinuaPoligono = 1;
@@ -259,7 +269,7 @@ void FineSegm() {
     if (Azione != primoPunto && Azione != percorso) return;
     const bool digitato = IntroDigitale != 0;
     secondoPunto(digitato);
-    if (strumentoCurva() && Azione != percorso && !cerchioPerCentro()) {
+    if (strumentoCurva() && Azione != percorso && !cerchioPerCentro() && (Xfine != Xini || Yfine != Yini)) {
         attendiTerzoPunto(digitato);
         return;
     }
@@ -268,7 +278,7 @@ void FineSegm() {
     const double fineX = Xfine, fineY = Yfine;   // the next side may begin before the end of this routine
     if (tabButton != continua && tabButton != termina) {
         abbandona();
-    } else if (diversaDaInizio()) {
+    } else if (strumentoCurva() && Azione != percorso ? Xfine != Xini || Yfine != Yini : diversaDaInizio()) {
         memorizzaFigura();
         proseguiOTermina();
     } else {
@@ -332,6 +342,11 @@ void memorizzaCurva() {
     }
 }
 
+bool curvaFattibile() {
+    if (CurvePerPunti) return CurvaVera(PuntoCurva1, PuntoCurva2, PuntoCurva3);
+    return RaggioCorrente > 0 && std::isfinite(RaggioCorrente);
+}
+
 }   // namespace
 
 void FineArcoRaggio() {
@@ -341,6 +356,14 @@ void FineArcoRaggio() {
     curvaAlTerzoPunto();
     PennaDefinitiva();
     DigiToReal(xcurs, ycurs, xprecedente, yprecedente);
+    if (!curvaFattibile()) {   // the stage stays open for another third point
+        SysBeep(30);
+        PennaElastico();
+        if (!digitato) Elastico();
+        croce(digitato);
+        IntroDigitale = 0;
+        return;
+    }
     if (diversaDaInizio()) memorizzaCurva();
     cursoreSullaFine();
     Azione = nessuna;

@@ -18,6 +18,8 @@ void PuntoDiCurva();                   // of a circle or arc
 void FaiElemento(std::int16_t tipo);   // moves the rubber: 11 circle, 12 arc, else segment
 void MuoviElastico();                  // the same for the figure in progress; nothing without one
 void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio);
+// Do three points have a circle? False when they lie on one line or two of them in one place.
+bool CurvaVera(const puntot& p1, const puntot& p2, const puntot& p3);
 void ArcoTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio, std::int16_t& inizio,
              std::int16_t& ampiezza);
 void CalcAngolo(const puntot& p1, const puntot& p2, const puntot& p3, const puntot& centro, const double& raggio,

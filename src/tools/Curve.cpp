@@ -1,4 +1,5 @@
 // The geometry of circles and arcs: centre, radius and angles from three points.
+#include <algorithm>
 #include <cmath>
 
 #include "model/Archivio.h"
@@ -25,9 +26,15 @@ std::int16_t gradi(double radianti) { return arrotonda16(RadToAng(radianti, grad
 
 }   // namespace
 
-// The centre is where the perpendicular bisectors of p1-p2 and p2-p3 cross.
-// Kept: collinear points and y1 = y2 give infinities and NaN, which pass on; drawing leaves such figures out.
+// The centre is where the perpendicular bisectors of p1-p2 and p2-p3 cross. A bisector of two points of one height is
+// upright: the points then change places, so that it comes second. Points of one line give infinities or NaN; nothing is
+// drawn of these, and CurvaVera refuses them.
 void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio) {
+    if (p1.y == p2.y && p2.y != p3.y) {
+        CerchioTre(p3, p2, p1, centro, raggio);
+        raggio = Distanza(p1.x, p1.y, centro.x, centro.y);
+        return;
+    }
     const double m1 = asse(p1, p2), mx1 = (p1.x + p2.x) / 2, my1 = (p1.y + p2.y) / 2;
     double cx = 0;
     if (p3.y == p2.y) {
@@ -39,6 +46,15 @@ void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& ce
     centro.x = cx;
     centro.y = (cx - mx1) * m1 + my1;
     raggio = Distanza(p1.x, p1.y, centro.x, centro.y);
+}
+
+bool CurvaVera(const puntot& p1, const puntot& p2, const puntot& p3) {
+    constexpr double parte = 1e-9;   // of the longest side: far below a pixel, far above rounding
+    const double ab = Distanza(p1.x, p1.y, p2.x, p2.y), bc = Distanza(p2.x, p2.y, p3.x, p3.y),
+                 ca = Distanza(p3.x, p3.y, p1.x, p1.y);
+    const double lato = std::max({ab, bc, ca});
+    const double area = (p2.x - p1.x) * (p3.y - p1.y) - (p3.x - p1.x) * (p2.y - p1.y);
+    return std::fabs(area) > parte * lato * lato;   // false for what is not finite too
 }
 
 void ArcoTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio, std::int16_t& inizio,

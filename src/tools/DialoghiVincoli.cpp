@@ -31,14 +31,13 @@ namespace {
 class TDlgGriglia : public TParametri {
     // Items; the fields hold real units.
     enum : std::int16_t { campoX = 4, campoY = 6, campoTerzo = 8 };
-    static constexpr double limite = 2000000;
 
     double &passoX, &passoY, &terzo;
 
     // A value that gives a step that no grid can have: nothing, or no number. Refused as too small.
     bool passo(std::int16_t item, double& p) {
         double valore = 0;
-        if (!LeggiCampo(item, -limite, limite, valore)) return false;
+        if (!LeggiCampo(item, -limiteReale, limiteReale, valore)) return false;
         const double nuovo = valore / rappvid;
         if (std::isfinite(nuovo) && nuovo != 0) {
             p = nuovo;
@@ -65,7 +64,7 @@ public:
         esito = 1;
         if (ripristino) return;
         double x = passoX, y = passoY, z = terzo;
-        if (!passo(campoX, x) || !passo(campoY, y) || !LeggiCampo(campoTerzo, -limite, limite, z)) return;
+        if (!passo(campoX, x) || !passo(campoY, y) || !LeggiCampo(campoTerzo, -limiteReale, limiteReale, z)) return;
         passoX = x;
         passoY = y;
         terzo = z;

@@ -8,6 +8,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
@@ -24,8 +25,7 @@ void FaiMarker() {
         Croce();
         AttaccaCursore(xcurs, ycurs, zcurs);
     }
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
+    CominciaAggiunta();
     PennaDefinitiva();
     fai(tMarker, xcurs, ycurs, markerCorrente, 0, 0);
     Memorizza(tMarker, xcurs, ycurs, zcurs, markerCorrente, 0, 0, spessore, colorCorrente, NumPat, "");

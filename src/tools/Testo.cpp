@@ -6,14 +6,14 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Penna.h"
 
 namespace tessaro {
 
 void FaiTesto(const PStr255& testo, std::int16_t angolo) {
-    PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
+    CominciaAggiunta();
     const Stato stato;
     Croce();
     AttaccaCursore(xcurs, ycurs, zcurs);   // the elevation is dropped: a text has none

@@ -167,6 +167,7 @@ TEST(Attacchi, AMarkRepaintsItsPlaceAndThatOfPoint4ThePlaceOf3) {
     const auto ridipinge = [](std::int16_t n, double x3, double x4) {
         AssegnaAttacco(3, x3, 500);
         AssegnaAttacco(4, x4, 900);
+        for (EventRecord e; !AutoQueueEmpty();) WaitNextEvent(e, 0);   // a new window's own
         FlushEvents();
         BeginUpdate(theWindow);
         XDigit = n == 3 ? x3 : x4;

@@ -294,7 +294,7 @@ TEST(AttaccoDinamico, ATextTurnsAndGrowsWithItsCopyAndItsAngleIsTruncated) {
     }
 }
 
-TEST(AttaccoDinamico, AnAngleLosesWhatFollowsThePoint) {
+TEST(AttaccoDinamico, AnAngleIsRoundedAndStaysWithinATurn) {
     constexpr double gon = 3.14159265358979323846 / 200;
     struct Caso {
         std::int32_t tipo;
@@ -303,8 +303,8 @@ TEST(AttaccoDinamico, AnAngleLosesWhatFollowsThePoint) {
         std::int16_t voluto;
     };
     constexpr Caso casi[] = {
-        {0, 100, 30.7, 130}, {0, 10, -10.7, 0}, {0, 0, -1.7, -1},    {0, 250, 0.99, 250},
-        {1, 100, 30.7, 130}, {1, 10, 0.9, 10},  {1, 10, -10.7, 399},   // the perspective modes measure from 0 to a full turn
+        {0, 100, 30.7, 131}, {0, 10, -10.7, 399}, {0, 0, -1.7, 398},   {0, 250, 0.99, 251}, {0, 390, 10.2, 0},
+        {1, 100, 30.7, 131}, {1, 10, 0.9, 11},    {1, 10, -10.7, 399},
     };
     for (const Caso& c : casi) {
         std::array<Coppia, 4> src = quadrato;

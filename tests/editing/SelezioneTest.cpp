@@ -130,7 +130,7 @@ TEST(Clic, ShiftAddsAndTakesAwayAndOptionGoesOnToMoving) {
     EXPECT_FALSE(Elem(b).selezionato);
     EXPECT_EQ(Puntosel.numSel, 1);
     EXPECT_FALSE(Puntosel.multipla);
-    EXPECT_EQ(Puntosel.indice, b);
+    EXPECT_EQ(Puntosel.indice, a);   // the one that is left
     clic(50, 10, shiftKey);
     EXPECT_FALSE(Puntosel.attiva);
     EXPECT_FALSE(Elem(a).selezionato);

@@ -2,6 +2,7 @@
 // clicked.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 #include "model/Archivio.h"
@@ -50,9 +51,8 @@ TEST(Curve, VerticalAndLevelChordsAreNoExceptionWhereTheRuleSaysSo) {
     EXPECT_NEAR(raggio, 5, 1e-12);
 }
 
-TEST(Curve, CollinearPointsAndALevelFirstChordEndInNoNumberAndNoCrash) {
+TEST(Curve, PointsOfOneLineAreNoCurveAndTwoOfOneHeightAre) {
     const puntot terne[][3] = {{{0, 0, 0}, {1, 1, 0}, {2, 2, 0}},
-                               {{0, 5, 0}, {10, 5, 0}, {4, 9, 0}},
                                {{3, 3, 0}, {3, 3, 0}, {3, 3, 0}},
                                {{0, 5, 0}, {10, 5, 0}, {20, 5, 0}}};
     for (const auto& t : terne) {
@@ -61,6 +61,18 @@ TEST(Curve, CollinearPointsAndALevelFirstChordEndInNoNumberAndNoCrash) {
         std::int16_t inizio = 0, ampiezza = 0;
         ArcoTre(t[0], t[1], t[2], centro, raggio, inizio, ampiezza);
         EXPECT_FALSE(std::isfinite(raggio));
+        EXPECT_FALSE(CurvaVera(t[0], t[1], t[2]));
+    }
+    // A level first chord, a level second one, and neither: the same circle about (5, 5).
+    const puntot a{2, 9, 0}, b{8, 9, 0}, c{5, 10, 0};
+    for (const auto& t : {std::array{a, b, c}, std::array{c, a, b}, std::array{a, c, b}}) {
+        puntot centro;
+        double raggio = 0;
+        CerchioTre(t[0], t[1], t[2], centro, raggio);
+        EXPECT_NEAR(centro.x, 5, 1e-12);
+        EXPECT_NEAR(centro.y, 5, 1e-12);
+        EXPECT_NEAR(raggio, 5, 1e-12);
+        EXPECT_TRUE(CurvaVera(t[0], t[1], t[2]));
     }
 }
 

@@ -1,0 +1,42 @@
+// Ending the figure in progress. Its vertices are stored behind the last record of all, so nothing else may be stored
+// between them: who would do that comes through CominciaAggiunta first.
+#include "model/Figura.h"
+
+#include <limits>
+
+#include "model/Annulla.h"
+#include "model/Archivio.h"
+#include "model/Attributi.h"
+
+namespace tessaro {
+
+void (*figuraFinita)() = nullptr;
+
+namespace {
+enum : std::int32_t { nessuna = 0, primoPunto = 1, terzoPunto = 8 };   // stages, by Azione
+}
+
+bool FiguraInCorso() { return ContinuaPoligono || Azione == primoPunto || Azione == terzoPunto; }
+
+void FineFigura() {
+    if (!FiguraInCorso()) return;
+    if (ContinuaPoligono && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
+    ContinuaPoligono = 0;
+    if (Azione == primoPunto || Azione == terzoPunto) Azione = nessuna;
+    if (figuraFinita) figuraFinita();
+}
+
+void CominciaAggiunta() {
+    FineFigura();
+    PoniAnnulla(aNiente);
+    inizioAggiunta = indElem;
+}
+
+bool VerticeSegue() {
+    const std::int32_t testa = IndicePolCorrente;
+    if (!ContinuaPoligono || testa < 3 || testa > indElem || Elem(testa).tipo != tPoligono) return false;
+    const std::int16_t vertici = Elem(testa).poli.numVertici;
+    return testa + vertici == indElem && vertici < std::numeric_limits<std::int16_t>::max();
+}
+
+}   // namespace tessaro

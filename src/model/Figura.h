@@ -1,0 +1,25 @@
+// The figure in progress, and the door before whatever stores records of its own or takes another tool.
+#pragma once
+
+#include <cstdint>
+
+namespace tessaro {
+
+// True from the first point of a figure to its last. A path that the calculator measures stores nothing and is none.
+bool FiguraInCorso();
+
+// Ends the figure in progress: what is stored of it stays, with its undo; a lone first point or the open stage of a curve
+// is given up. Nothing happens without one.
+void FineFigura();
+
+// The door of what stores records of its own: ends the figure in progress, and the undo of what is stored next begins at
+// indElem.
+void CominciaAggiunta();
+
+// True when a vertex stored now stands behind its own polyline's last one, with room in the head's 16-bit count.
+bool VerticeSegue();
+
+// Set by who shows the rubber band: the figure that it stood for is over. Null where nothing is shown.
+extern void (*figuraFinita)();
+
+}   // namespace tessaro
