@@ -4,7 +4,7 @@
 #include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Automation.h"

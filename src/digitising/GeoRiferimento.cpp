@@ -3,7 +3,7 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Quickdraw.h"

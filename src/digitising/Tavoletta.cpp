@@ -2,8 +2,8 @@
 #include "digitising/Tavoletta.h"
 
 #include "digitising/Attacchi.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
+#include "display/Sovrapposto.h"
 #include "editing/Testi.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"

@@ -6,7 +6,7 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 

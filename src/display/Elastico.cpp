@@ -1,12 +1,13 @@
-// The pen that tools expect, the cross and the rubber band that follow the pointer (all xor), and the pen widths that a
-// picture carries to a printer.
+// What follows the pointer, in xor: the cross, the rubber band of the figure in progress, the sides that a dragged vertex
+// pulls, the outline of a move, the rubber rectangle.
 #include "display/Elastico.h"
 
-#include <array>
 #include <string>
 
+#include "display/Contorno.h"
 #include "display/Disegno.h"
 #include "display/Pixel.h"
+#include "display/Sovrapposto.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
 
@@ -29,7 +30,6 @@ void pennaXor(std::int16_t larghezza) {
 void croce(double x, double y, std::int32_t lato, std::int16_t larghezza) {
     Point p;
     if (!PuntoIntero(x, y, p)) return;
-    const Stato stato;
     pennaXor(larghezza);
     const std::int32_t centro = larghezza / 2, braccio = lato / 2;
     const std::int32_t h = p.h - centro, v = p.v - centro;
@@ -39,28 +39,8 @@ void croce(double x, double y, std::int32_t lato, std::int16_t larghezza) {
     LineTo(h, v + braccio);
 }
 
-// The printer comment's two numbers, high byte first as pictures have them.
-void larghezzaLinea(std::int16_t numeratore, std::int16_t denominatore) {
-    const auto n = static_cast<std::uint16_t>(numeratore), d = static_cast<std::uint16_t>(denominatore);
-    const std::array<char, 4> byte{static_cast<char>(n >> 8), static_cast<char>(n & 255), static_cast<char>(d >> 8),
-                                   static_cast<char>(d & 255)};
-    PicComment(182, {byte.data(), byte.size()});
-}
-
-}   // namespace
-
-void PennaAttuale() {
-    PenPat(PatAttuale);
-    PenMode(ModoAttuale);
-    ColoreDaTabella(colorAttuale);
-    PenSize(spessore, spessore);
-}
-
-void dis_cursor(const double& x, const double& y) { croce(x, y, 8, 1); }
-void Dis_Cursor2(const double& x, const double& y) { croce(x, y, 4, 1); }
-void Dis_CursSel(const double& x, const double& y) { croce(x, y, 8, 2); }
-
-void Croce() {
+// The small cross between the two clicks of a move, else the large one.
+void croceDelMomento() {
     if (Modalita == 2 && Sposta2ndClick) {
         Dis_Cursor2(xcurs, ycurs);
     } else {
@@ -68,10 +48,10 @@ void Croce() {
     }
 }
 
-void Elastico() {
+// The segment, circle or arc of the figure in progress.
+void figuraInCorso() {
     if (Azione == 0) return;
     const bool curva = Azione != 5 && (operazCorrente == 5 || operazCorrente == 6);
-    const Stato stato;
     const std::int16_t spessPrima = spess;
     spess = static_cast<std::int16_t>(spessore / 2);
     pennaXor(spessore);
@@ -86,29 +66,32 @@ void Elastico() {
     spess = spessPrima;
 }
 
-void SospendiAz() {
-    if (noWindow) return;
-    Croce();
-    Elastico();
+void latiTrascinati() {
+    pennaXor(1);
+    for (std::int32_t i = 0; i < latiElastici.quanti; ++i) {
+        const puntot& p = latiElastici.fissi[static_cast<std::size_t>(i)];
+        fai(tElastico, p.x, p.y, xcurs, ycurs, 0);
+    }
 }
 
-void CommBegin() {
-    if (!DisegnaPict) return;
-    PicComment(130, {});
-    PicComment(140, {});
-    larghezzaLinea(12, 10);
+void rettangolo() {
+    pennaXor(1);
+    PenPat(qdGray);
+    FrameRect(rettangoloElastico);
 }
 
-void CommEnd() {
-    if (!DisegnaPict) return;
-    PicComment(141, {});
-    PicComment(131, {});
-}
+}   // namespace
 
-// Kept: the width sent follows SpessorePenna alone, whatever the size of the pen on the screen.
-void PenSizeLaser(std::int16_t size) {
-    (void)size;
-    if (DisegnaPict) larghezzaLinea(arrotonda16(28.35 * SpessorePenna), 100);
+void dis_cursor(const double& x, const double& y) { croce(x, y, 8, 1); }
+void Dis_Cursor2(const double& x, const double& y) { croce(x, y, 4, 1); }
+void Dis_CursSel(const double& x, const double& y) { croce(x, y, 8, 2); }
+
+void DipingiPuntatore() {
+    croceDelMomento();
+    figuraInCorso();
+    latiTrascinati();
+    DisegnaContorno();
+    rettangolo();
 }
 
 namespace {

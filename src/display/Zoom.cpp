@@ -5,11 +5,11 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
-#include "display/Disegno.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
-#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
@@ -95,14 +95,8 @@ void scalaPerTipo(std::int16_t kind) {
 
 void ridisegnaVista() {
     SetPortWindowPort(theWindow);
-    ClipRect(GetPortBounds(theWindow));
     DrawTopBar();
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    SetCursor(ClockCursor);
-    Disegna();
-    SetCursor(arrowCursor);
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- extents
@@ -188,6 +182,7 @@ void ScrollBits() {
     const AngoloPagina nuovo{GetControlValue(VScroll), GetControlValue(HScroll)};
     const std::int32_t dh = PageCorner.h - nuovo.h, dv = PageCorner.v - nuovo.v;
     if (dh == 0 && dv == 0) return;
+    AggiornaVeli();   // ScorriVeli moves what they show
     PageCorner = nuovo;
     SetPortWindowPort(theWindow);
     ClipRect(myViewRect);
@@ -195,12 +190,8 @@ void ScrollBits() {
     OrigX -= dh;
     OrigY -= dv;
     tabletSegueVista();
-    SetClip(scoperta);
-    if (!(KeyModifiers() & cmdKey)) {   // held: pixels only move, for speed
-        SetCursor(ClockCursor);
-        Disegna();
-        SetCursor(arrowCursor);
-    }
+    ScorriVeli(dh, dv);
+    if (!(KeyModifiers() & cmdKey)) RidisegnaParte(scoperta);   // held: pixels only move, for speed
     ClipRect(GetPortBounds(theWindow));
 }
 
@@ -229,14 +220,12 @@ void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t 
     }
     constexpr std::int32_t scatto = 40;   // pixels
     const std::int32_t n = delta * scatto * (modifiers & optionKey ? 10 : 1);
-    SospendiAz();
     if (axis == 0) {
         ScrollWindow(0, -n);
     } else {
         ScrollWindow(-n, 0);
     }
     ClipRect(myViewRect);
-    SospendiAz();
 }
 
 // --- the window
@@ -272,21 +261,6 @@ void ReSizeWindow(std::int32_t width, std::int32_t height) {
     MoveScrollBars();
     MoveToolbar();
 }
-
-void InvalWind() {
-    if (noWindow || !theWindow) return;
-    NewDis = 1;
-    InvalWindowRect(theWindow, GetPortBounds(theWindow));
-}
-
-void InvalFinestra() { InvalWind(); }
-
-namespace {
-[[maybe_unused]] const bool agganciato = [] {
-    figuraFinita = InvalWind;
-    return true;
-}();
-}   // namespace
 
 void AggiornaBarre() {
     if (!VScroll || !HScroll) return;

@@ -1,8 +1,8 @@
 // The undo command: the kind's own action, then one step back in the figure in progress.
 #include "editing/AnnullaComando.h"
 
-#include "display/Disegno.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

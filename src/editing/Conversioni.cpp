@@ -2,7 +2,7 @@
 #include "editing/Conversioni.h"
 
 #include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

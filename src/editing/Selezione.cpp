@@ -4,9 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "display/Disegno.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "editing/Testi.h"
 #include "model/Archivio.h"

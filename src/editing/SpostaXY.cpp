@@ -1,7 +1,7 @@
 // Keeping the drawing on positive coordinates: its extent by points, and the shift of everything.
 #include "editing/SpostaXY.h"
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "platform/Dialogs.h"

@@ -1,9 +1,9 @@
-// The drag of a vertex: rubber lines in xor from the pointer to its neighbours while the button is held.
-#include <array>
-#include <span>
+// The drag of a vertex: rubber lines from the pointer to its neighbours while the button is held.
+#include <algorithm>
+#include <initializer_list>
 
-#include "display/Disegno.h"
 #include "display/Lettura.h"
+#include "display/Sovrapposto.h"
 #include "editing/Vertici.h"
 #include "model/Attributi.h"
 #include "model/Vincoli.h"
@@ -14,18 +14,10 @@ namespace tessaro {
 
 namespace {
 
-using Vicini = std::span<const puntot>;
-
-// The readout follows the drag, the cursor tells of it, the pen is the rubber's; put right again at the end.
+// The readout follows the drag and the cursor tells of it; put right again at the end.
 class Trascinamento {
-    Stato stato;
-    Vicini vicini;
     std::uint32_t inizio = TickCount();
     Point pixel = EventPoint;
-
-    void elastico() const {
-        for (const puntot& p : vicini) fai(tElastico, p.x, p.y, xcurs, ycurs, 0);
-    }
 
     static void leggi() {
         scriviSempreCoord = 1;
@@ -41,28 +33,24 @@ class Trascinamento {
         }
         if (p.h == pixel.h && p.v == pixel.v) return;
         pixel = p;
-        elastico();
         xcurs = q.x;
         ycurs = q.y;
         leggi();
-        elastico();
     }
 
 public:
-    Trascinamento(Vicini v, double x, double y) : vicini(v) {
+    Trascinamento(std::initializer_list<puntot> fissi, double x, double y) {
         xcurs = x;
         ycurs = y;
         leggi();
         SetCursor(spostaCursor);
-        ClipRect(myViewRect);
-        PenNormal();
-        PenMode(patXor);
-        ForeColor(blackColor);
-        elastico();
+        std::copy(fissi.begin(), fissi.end(), latiElastici.fissi.begin());
+        latiElastici.quanti = static_cast<std::int32_t>(fissi.size());
         for (Point p; TrackMouseLocation(p);) segui(p);
         segui(GetMouse());
     }
     ~Trascinamento() {
+        latiElastici = {};
         SetCursor(arrowCursor);
         scriviSempreCoord = 0;
         SetDrawCoordCorr();
@@ -70,7 +58,6 @@ public:
     Trascinamento(const Trascinamento&) = delete;
     Trascinamento& operator=(const Trascinamento&) = delete;
 
-    void togli() const { elastico(); }
     [[nodiscard]] bool tenuto() const { return TickCount() - inizio > GetDblTime() >> 1; }
 };
 
@@ -82,20 +69,16 @@ void arriva(double& x, double& y) {
 }   // namespace
 
 void SpostaLinea(const double& fixedX, const double& fixedY, double& movedX, double& movedY) {
-    const std::array vicini{puntot{fixedX, fixedY, 0}};
-    const Trascinamento t(vicini, movedX, movedY);
-    if (!t.tenuto()) return;   // Kept: the last rubber line stays on the screen
-    t.togli();
+    const Trascinamento t({{fixedX, fixedY, 0}}, movedX, movedY);
+    if (!t.tenuto()) return;
     AttaccaCursore(xcurs, ycurs, zcurs);
     arriva(movedX, movedY);
 }
 
 void SpostaVertice(const double& prevX, const double& prevY, const double& nextX, const double& nextY, double& movedX,
                    double& movedY) {
-    const std::array vicini{puntot{prevX, prevY, 0}, puntot{nextX, nextY, 0}};
-    const Trascinamento t(vicini, movedX, movedY);
-    const bool tenuto = t.tenuto();   // before the attachment, whose flash takes time
-    t.togli();
+    const Trascinamento t({{prevX, prevY, 0}, {nextX, nextY, 0}}, movedX, movedY);
+    const bool tenuto = t.tenuto();        // before the attachment, whose flash takes time
     AttaccaCursore(xcurs, ycurs, zcurs);   // Kept: also when the point stays
     if (tenuto) arriva(movedX, movedY);
 }

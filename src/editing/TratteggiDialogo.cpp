@@ -2,8 +2,8 @@
 #include "editing/TratteggiDialogo.h"
 
 #include "dialogs/Parametri.h"
+#include "display/Ridisegno.h"
 #include "display/Tratteggi.h"
-#include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "model/Attributi.h"

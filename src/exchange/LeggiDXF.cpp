@@ -1,7 +1,7 @@
 // The sections of a DXF file: what is read of the tables, the blocks, and the entities; and the whole reading.
 #include <cstdlib>
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/SpostaXY.h"
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"

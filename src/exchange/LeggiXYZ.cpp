@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/SpostaXY.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"

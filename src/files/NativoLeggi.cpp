@@ -7,7 +7,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "files/Blocchi.h"
 #include "files/Fusione.h"
 #include "files/Migrazione.h"

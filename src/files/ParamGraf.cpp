@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstring>
 
+#include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"

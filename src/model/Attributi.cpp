@@ -11,7 +11,8 @@
 
 namespace tessaro {
 
-constinit std::int16_t colorCorrente = 1, colorAttuale = 1, NumPat = 1, NumAreaPat = 0, spessore = 1, spess = 0;
+constinit std::int16_t colorCorrente = 1, colorAttuale = 1, NumPat = 1, NumAreaPat = 0, spessore = 1;
+constinit thread_local std::int16_t spess = 0;
 constinit std::int16_t ModoCorrente = 10, ModoAttuale = 10, markerCorrente = 1, LineaCorrente = 1;
 constinit std::int16_t CategoriaCorrente = 1, InsiemeCorrente = 1;
 constinit Pattern PatCorrente{}, PatAttuale{}, PatAreaCorrente{}, PatAreaAttuale{};

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <new>
 
-#include "raster/perRighe.h"
+#include "bitmap/perRighe.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {

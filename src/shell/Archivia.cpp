@@ -5,7 +5,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Selezione.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"

@@ -3,9 +3,8 @@
 
 #include "digitising/PuntiDigitati.h"
 #include "display/barra.h"
-#include "display/Disegno.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Attributi.h"
 #include "model/Selezione.h"
 #include "platform/Menus.h"

@@ -5,9 +5,8 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/Tavoletta.h"
-#include "display/Disegno.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Attributi.h"
 #include "model/Figura.h"
 #include "model/Percorso.h"
@@ -167,12 +166,8 @@ void apri() {
 }
 
 void ridisegna() {
-    SetPortWindowPort(theWindow);
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
+    Ridisegna();
     PennaElastico();
-    SospendiAz();
 }
 
 }   // namespace

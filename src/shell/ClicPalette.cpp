@@ -2,10 +2,10 @@
 #include <array>
 
 #include "digitising/PuntiDigitati.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
 #include "editing/Testi.h"

@@ -10,9 +10,9 @@
 #include "digitising/PuntiDigitati.h"
 #include "digitising/Tavoletta.h"
 #include "digitising/TavolettaLettori.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "dwg/DbDumper.h"
 #include "dwg/EsportaDWG.h"
@@ -87,23 +87,15 @@ void DoArchivio() {
 
 namespace {
 
-// What a command has changed shows at once.
-void ridisegna() {
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
-}
-
 void selezionaTutto() {
     SelezionaTutto();
-    ridisegna();
+    Ridisegna();
 }
 
 void spostaDiValori() {
     if (!Puntosel.attiva) return;
     Sposta();
-    ridisegna();
+    Ridisegna();
 }
 
 struct VoceModifica {
@@ -227,10 +219,8 @@ void menuPatternPenna() {
         CambiaRetSel(theItem);
         return;
     }
-    SospendiAz();
     PatCorrente = PatAttuale = GetIndPattern(theItem);
     NumPat = theItem;
-    SospendiAz();
     PoniAnnulla(aNiente);
     DrawPallette();
 }

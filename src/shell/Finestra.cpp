@@ -4,8 +4,9 @@
 
 #include "dialogs/Parametri.h"
 #include "display/barra.h"
-#include "display/Disegno.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

@@ -6,10 +6,10 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/SceltaPercorso.h"
 #include "editing/Selezione.h"
 #include "editing/Sposta.h"
@@ -26,7 +26,6 @@
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
-#include "shell/Contorno.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -123,13 +122,9 @@ void clickSpostando() {
     if (!Sposta2ndClick) {
         agganciaCursore();
         Sposta2ndClick = 1;
-        Croce();
-        PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
-        FaiContorno();
-        MostraContorno();
         XSpost1 = xcurs;
         YSpost1 = ycurs;
-        Dis_CursSel(XSpost1, YSpost1);
+        DisegnaSelezione();
         return;
     }
     agganciaCursore();
@@ -140,10 +135,7 @@ void clickSpostando() {
     YDeltaSpost = YSpost2 - YSpost1;
     ZDeltaSpost = 0;
     SpostaSelezione();
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- mode 5: one click is where the first real point lies
@@ -158,10 +150,7 @@ void clickPostoReale() {
     ZDeltaSpost = 0;
     SpostaTutto();
     ParGeoRefer(1);
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- mode 6: one click records a control point
@@ -245,11 +234,9 @@ void DoMouseAction(EventRecord& e) {
 
 // A click outside the drawing area: scroll bars and buttons are the toolkit's own, the rest is the palette's.
 void MyControls() {
-    SospendiAz();
     ClipRect(GetPortBounds(theWindow));
     Do_Tessaro3D();
     ClipRect(myViewRect);
-    SospendiAz();
 }
 
 void CheckMouse(bool shift) {
@@ -276,11 +263,9 @@ void CheckMouse(bool shift) {
         SetDrawCoordCorr();
         return;
     }
-    Croce();
     xcurs = x;
     ycurs = y;
     if (Modalita == 1) MuoviElastico();
-    if (Modalita == 2 && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
     Croce();
     if (Modalita != 2) tabButton = 0;
     scriviSempreCoord = 0;

@@ -6,6 +6,7 @@
 
 #include "display/Disegno.h"
 #include "display/Elastico.h"
+#include "display/Sovrapposto.h"
 #include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

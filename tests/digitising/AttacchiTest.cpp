@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "digitising/Attacchi.h"
-#include "display/Zoom.h"
 #include "editing/SpostaXY.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"

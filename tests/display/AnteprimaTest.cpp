@@ -5,6 +5,7 @@
 
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "model/Selezione.h"
 #include "support/Attacco.h"
 
@@ -104,7 +105,7 @@ TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
     for (const std::int32_t n : figure) {
         Puntosel = {1, 0, 1, OggettoDi(Elem(n).tipo), n};
         scena.pulisci();
-        DisegnaSelezione();
+        DipingiEvidenza();
         int qui = 0, altrove = 0;
         for (std::int32_t y = 0; y < 220; ++y) {
             for (std::int32_t x = 0; x < 220; ++x) {
@@ -114,7 +115,7 @@ TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
         }
         EXPECT_GT(qui, 0) << int{Elem(n).tipo};
         EXPECT_NEAR(altrove, qui, qui / 4.0) << int{Elem(n).tipo};   // the grey falls differently
-        DisegnaSelezione();
+        DipingiEvidenza();
         EXPECT_EQ(scena.quanti(bianco), 420 * 420) << int{Elem(n).tipo};
     }
 }

@@ -12,6 +12,7 @@
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
+#include "display/Sovrapposto.h"
 #include "editing/Selezione.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"

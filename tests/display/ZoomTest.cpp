@@ -1,5 +1,4 @@
 // The arithmetic of zooms and scrolls, and what a scroll repaints.
-#include "display/Disegno.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "Scena.h"

@@ -2,7 +2,6 @@
 #include "editing/Selezione.h"
 
 #include "../display/Scena.h"
-#include "display/Disegno.h"
 #include "model/Lucidi.h"
 #include "model/Vincoli.h"
 

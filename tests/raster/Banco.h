@@ -16,7 +16,7 @@
 #include "model/TabellaStato.h"
 #include "platform/pict/Pict.h"
 #include "raster/Percorri.h"
-#include "raster/perRighe.h"
+#include "bitmap/perRighe.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"

@@ -1,5 +1,5 @@
 // The outline of what a move carries.
-#include "shell/Contorno.h"
+#include "display/Contorno.h"
 
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
@@ -63,7 +63,6 @@ void contornoSingolo() {
 void FaiContorno() {
     PolySel.punti.clear();
     if (!Puntosel.attiva) return;
-    const Stato stato;
     OpenPoly();
     if (Puntosel.multipla || Puntosel.oggetto >= oMeshOrigine || Puntosel.indice < 3 || Puntosel.indice > indElem) {
         rettangolo(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax);
@@ -73,22 +72,15 @@ void FaiContorno() {
     PolySel = ClosePoly();
 }
 
-void MostraContorno() {
-    const Stato stato;
-    ClipRect(myViewRect);
+void DisegnaContorno() {
+    if (Modalita != 2 || !Sposta2ndClick || !Puntosel.attiva) return;
+    FaiContorno();
+    OffsetPoly(PolySel, h(xcurs) - h(XSpost1), v(ycurs) - v(YSpost1));
     PenNormal();
     PenMode(patXor);
     PenPat(qdGray);
     ForeColor(blackColor);
     FramePoly(PolySel);
-}
-
-void SpostaContorno() {
-    const Point ora{YVid(ycurs), XVid(xcurs)};
-    MostraContorno();
-    OffsetPoly(PolySel, ora.h - PosBaseSpost.h, ora.v - PosBaseSpost.v);
-    MostraContorno();
-    PosBaseSpost = ora;
 }
 
 }   // namespace tessaro

@@ -1,0 +1,48 @@
+// The pen that tools expect, and what a picture tells a printer about it.
+#include <array>
+
+#include "display/Disegno.h"
+#include "display/Pixel.h"
+#include "text/Conversione.h"
+
+namespace tessaro {
+
+namespace {
+
+// The printer comment's two numbers, high byte first as pictures have them.
+void larghezzaLinea(std::int16_t numeratore, std::int16_t denominatore) {
+    const auto n = static_cast<std::uint16_t>(numeratore), d = static_cast<std::uint16_t>(denominatore);
+    const std::array<char, 4> byte{static_cast<char>(n >> 8), static_cast<char>(n & 255), static_cast<char>(d >> 8),
+                                   static_cast<char>(d & 255)};
+    PicComment(182, {byte.data(), byte.size()});
+}
+
+}   // namespace
+
+void PennaAttuale() {
+    PenPat(PatAttuale);
+    PenMode(ModoAttuale);
+    ColoreDaTabella(colorAttuale);
+    PenSize(spessore, spessore);
+}
+
+void CommBegin() {
+    if (!DisegnaPict) return;
+    PicComment(130, {});
+    PicComment(140, {});
+    larghezzaLinea(12, 10);
+}
+
+void CommEnd() {
+    if (!DisegnaPict) return;
+    PicComment(141, {});
+    PicComment(131, {});
+}
+
+// Kept: the width sent follows SpessorePenna alone, whatever the size of the pen on the screen.
+void PenSizeLaser(std::int16_t size) {
+    (void)size;
+    if (DisegnaPict) larghezzaLinea(arrotonda16(28.35 * SpessorePenna), 100);
+}
+
+}   // namespace tessaro
