@@ -3,7 +3,7 @@
 
 #include "display/Disegno.h"
 #include "display/Pixel.h"
-#include "text/Conversione.h"
+#include "model/Archivio.h"
 
 namespace tessaro {
 

@@ -7,10 +7,14 @@
 
 #include "../display/Scena.h"
 #include "digitising/Attacchi.h"
+#include "display/palette.h"
 #include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
+#include "display/Zoom.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "model/TabellaStato.h"
 #include "platform/Automation.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
@@ -98,12 +102,14 @@ void strumento(std::int32_t quale, bool perPunti, int punti) {
     operazCorrente = quale;
     Modalita = 1;
     CurvePerPunti = perPunti;
+    DrawPallette();
     constexpr double posti[][2] = {{350, 300}, {700, 650}, {1000, 350}, {1150, 900}};
     for (int i = 0; i < punti; ++i) cliccaFoglio(posti[i][0], posti[i][1]);
 }
 
 void scegli(bool tutto) {
     Modalita = 0;
+    DrawPallette();
     if (tutto) {
         SelezionaTutto();
         DisegnaSelezione();
@@ -115,6 +121,7 @@ void scegli(bool tutto) {
 void sposta(bool tutto, bool cominciato) {
     scegli(tutto);
     Modalita = 2;
+    DrawPallette();
     DisegnaSelezione();
     if (cominciato) cliccaFoglio(600, 600);
 }
@@ -129,6 +136,7 @@ std::vector<Situazione> situazioni() {
                               {"a control point to come", [] {
                                    Modalita = 6;
                                    operazCorrente = 7;
+                                   DrawPallette();
                                }}};
     const struct {
         const char* nome;
