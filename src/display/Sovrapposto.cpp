@@ -37,8 +37,9 @@ Coordinate2 di(const puntot& p) { return {p.x, p.y}; }
 struct StatoPuntatore {
     Veduta veduta;
     Coordinate2 cursore{xcurs, ycurs}, inizio{Xini, Yini}, fine{Xfine, Yfine}, spostamento{XSpost1, YSpost1};
-    Coordinate2 centro = di(CentroCorrente), primoFisso = di(latiElastici.fissi[0]),
-                altroFisso = di(latiElastici.fissi[1]);
+    Coordinate2 centro = di(CentroCorrente);
+    std::array<Coordinate2, 4> fissi{di(latiElastici.fissi[0]), di(latiElastici.fissi[1]), di(latiElastici.fissi[2]),
+                                     di(latiElastici.fissi[3])};
     double raggio = RaggioCorrente;
     std::int16_t angolo = AngInizio, ampiezza = AmpiezzaAngCorrente, penna = spessore;
     Pattern pattern = PatAttuale;

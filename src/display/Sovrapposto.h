@@ -31,8 +31,9 @@ void ScorriVeli(std::int32_t dh, std::int32_t dv);
 
 // --- what tools show for a while
 extern Rect rettangoloElastico;   // rubber rectangle, pixels of the window; empty while there is none
-struct LatiElastici {             // rubber lines from the fixed points to the cursor, while a vertex is dragged
-    std::array<puntot, 2> fissi{};
+struct
+    LatiElastici {   // rubber lines from the fixed points to the cursor, while a vertex or a point of a mesh is dragged
+    std::array<puntot, 4> fissi{};
     std::int32_t quanti = 0;
 };
 extern LatiElastici latiElastici;

@@ -9,6 +9,7 @@
 #include "display/RiquadroTesto.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
+#include "editing/MeshPunti.h"
 #include "editing/Testi.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
@@ -139,9 +140,11 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     const bool shift = (event.modifiers & shiftKey) != 0, opzione = (event.modifiers & optionKey) != 0;
     if (Puntosel.attiva) DisegnaSelezione();
     if (!shift && !opzione) TogliSelezione();
-    const std::int32_t i = primoColpito(point);
-    bool preso = i != 0, ripresa = false;
-    if (preso) {
+    const bool mesh = Button() && !shift && SelezionaMesh(event, point);
+    if (mesh) AggRettSelMesh();
+    const std::int32_t i = mesh ? 0 : primoColpito(point);
+    bool preso = mesh || i != 0, ripresa = false;
+    if (i != 0) {
         prendi(i, shift, ripresa);
         if (Elem(i).tipo == tTesto && event.when - Tempo < GetDblTime()) apriTesto();
     }

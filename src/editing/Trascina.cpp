@@ -1,6 +1,7 @@
 // The drag of a vertex: rubber lines from the pointer to its neighbours while the button is held.
 #include <algorithm>
-#include <initializer_list>
+#include <array>
+#include <span>
 
 #include "display/Lettura.h"
 #include "display/Sovrapposto.h"
@@ -39,13 +40,14 @@ class Trascinamento {
     }
 
 public:
-    Trascinamento(std::initializer_list<puntot> fissi, double x, double y) {
+    Trascinamento(std::span<const puntot> fissi, double x, double y) {
         xcurs = x;
         ycurs = y;
         leggi();
         SetCursor(spostaCursor);
-        std::copy(fissi.begin(), fissi.end(), latiElastici.fissi.begin());
-        latiElastici.quanti = static_cast<std::int32_t>(fissi.size());
+        const std::size_t quanti = std::min(fissi.size(), latiElastici.fissi.size());
+        std::copy_n(fissi.begin(), quanti, latiElastici.fissi.begin());
+        latiElastici.quanti = static_cast<std::int32_t>(quanti);
         for (Point p; TrackMouseLocation(p);) segui(p);
         segui(GetMouse());
     }
@@ -68,8 +70,18 @@ void arriva(double& x, double& y) {
 
 }   // namespace
 
+void TrascinaPunto(std::span<const puntot> neighbours, double& movedX, double& movedY) {
+    const Trascinamento t(neighbours, movedX, movedY);
+    const bool tenuto = t.tenuto();
+    if (!tenuto) return;
+    arriva(movedX, movedY);
+    double z = zcurs;
+    AttaccaCursore(movedX, movedY, z);
+}
+
 void SpostaLinea(const double& fixedX, const double& fixedY, double& movedX, double& movedY) {
-    const Trascinamento t({{fixedX, fixedY, 0}}, movedX, movedY);
+    const std::array fissi{puntot{fixedX, fixedY, 0}};
+    const Trascinamento t(fissi, movedX, movedY);
     if (!t.tenuto()) return;
     AttaccaCursore(xcurs, ycurs, zcurs);
     arriva(movedX, movedY);
@@ -77,7 +89,8 @@ void SpostaLinea(const double& fixedX, const double& fixedY, double& movedX, dou
 
 void SpostaVertice(const double& prevX, const double& prevY, const double& nextX, const double& nextY, double& movedX,
                    double& movedY) {
-    const Trascinamento t({{prevX, prevY, 0}, {nextX, nextY, 0}}, movedX, movedY);
+    const std::array fissi{puntot{prevX, prevY, 0}, puntot{nextX, nextY, 0}};
+    const Trascinamento t(fissi, movedX, movedY);
     const bool tenuto = t.tenuto();        // before the attachment, whose flash takes time
     AttaccaCursore(xcurs, ycurs, zcurs);   // Kept: also when the point stays
     if (tenuto) arriva(movedX, movedY);

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "display/Ridisegno.h"
+#include "editing/MeshPunti.h"
 #include "editing/Modifica.h"
 #include "editing/Selezione.h"
 #include "model/Annulla.h"
@@ -185,7 +186,7 @@ struct Presa {
     Tipoelem tipo;   // what the record must be: the summary outlives its record
     bool (*azione)(const EventRecord&, const puntot&);
 };
-// Texts and pictures have no grips; a mesh is no record.
+// Texts and pictures have no grips; the nodes of a mesh stand in MeshPunti.
 constexpr Presa prese[] = {
     {oMarker, tMarker, muoviMarker},
     {oSegmento, tSegmento, muoviSegmento},
@@ -203,6 +204,11 @@ bool ModificaC(const EventRecord& event, double& x, double& y, double& z) {
 }
 
 bool MuoviPunto(const EventRecord& event, const puntot& point) {
+    if (MuoviNodoMesh(event, point)) {
+        InvalWind();
+        Tempo = event.when;
+        return true;
+    }
     if (Puntosel.indice < 3 || Puntosel.indice > indElem) return false;
     for (const Presa& presa : prese) {
         if (presa.oggetto != Puntosel.oggetto || presa.tipo != Elem(Puntosel.indice).tipo) continue;

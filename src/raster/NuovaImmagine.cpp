@@ -11,6 +11,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Attributi.h"
+#include "model/Figura.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Scrittore.h"
 
@@ -83,10 +84,10 @@ void stdBits(Scrittore& s, Lettura& l, std::int32_t da, std::int32_t a, std::int
             if (l.f.bit == 8) {
                 std::vector<RGBColor> tavola;
                 for (const std::uint32_t c : l.f.colori) tavola.push_back(coloreDi(c));
-                ScriviIndici(s, l.piani(y, h, x, x + w), tavola, w, h, 8, posto);
+                ScriviIndici(s, l.piani(y, h, x, x + w), tavola, w, h, l.f.dueColori ? 1 : 8, posto);
                 continue;
             }
-            PixelInCorso corso(s, w, h, posto);
+            PixelInCorso corso(s, w, h, posto, l.f.bit);
             for (std::int32_t k = 0; k < h; ++k) corso.riga(l.pixel(y + k) + x);
         }
 }
@@ -111,6 +112,11 @@ std::string scrivi(const Tela& t, const Formato& f, const Rect& frame, std::int1
 
 }   // namespace
 
+Rect FrameDi(const Tela& t) {
+    const std::int32_t unita = PixelPerUnita(t.larghezza, t.altezza);
+    return Rect{0, 0, intere(t.altezza, unita), intere(t.larghezza, unita)};
+}
+
 double Completamento(std::int32_t lato, std::int32_t unita) {
     return lato > 0 ? double(intere(lato, unita)) * unita / lato : 1;
 }
@@ -132,6 +138,7 @@ bool AggiungiImmagine(std::string bytes, double x, double y, double larghezza, d
         return false;
     }
     PoniAnnulla(aNiente);
+    CominciaAggiunta();
     if (indElem >= maxElementi) return true;
     Memorizza(tPict, x, y, zcurs, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
     Elem(indElem).pict.maniglia = NewPict(std::move(bytes));

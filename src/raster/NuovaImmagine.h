@@ -19,6 +19,8 @@ inline std::int32_t PixelPerUnita(std::int32_t larghezza, std::int32_t altezza) 
 // By how much the completed raster is larger than the buffer.
 double Completamento(std::int32_t lato, std::int32_t unita);
 
+Rect FrameDi(const Tela& t);   // of a picture that is told in the buffer's own pixels
+
 std::int16_t ModoDi(std::int16_t tipo);   // 1 copy, 2 or, 3 transparent to the transfer mode of stored pixels
 
 // The picture of a whole buffer, `frame` at 72 points per inch; in one piece, and in vertical bands of 20,000 columns.

@@ -37,11 +37,11 @@ std::int64_t Troncato(double v) {
     return std::isnan(v) ? 0 : static_cast<std::int64_t>(std::clamp(v, -limite, limite));
 }
 
-namespace {
-
-std::int32_t troncato32(double v) {
+std::int32_t Troncato32(double v) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(Troncato(v), -0x7FFFFFF0, 0x7FFFFFF0));
 }
+
+namespace {
 
 std::uint32_t latoSorgente(double v) {
     return static_cast<std::uint32_t>(std::clamp<std::int64_t>(Troncato(v), 0, 4294967295LL));
@@ -128,8 +128,8 @@ void boxSorgente(std::int32_t poligono) {
 }   // namespace
 
 void CalcolaMisure(double ratioX, double ratioY) {
-    larghBitMap = troncato32(coeffRisoluzione * (x2Pict2 - x1Pict2) / DecPunto);
-    altBitMap = troncato32(coeffRisoluzione * (y2Pict2 - y1Pict2) / DecPunto);
+    larghBitMap = Troncato32(coeffRisoluzione * (x2Pict2 - x1Pict2) / DecPunto);
+    altBitMap = Troncato32(coeffRisoluzione * (y2Pict2 - y1Pict2) / DecPunto);
     rapportoDimensione = std::max(ratioX, ratioY);
     coeffRisoluzioneSrc = densita * coeffRisoluzione * rapportoDimensione;
     risoluzioneSrc =
@@ -157,26 +157,21 @@ void MisuraRaster(bool alSorgente) {
     if (alSorgente) {
         mapSizeX = latoSorgente(k * static_cast<double>(Troncato(x2PictBase - x1PictBase)) / DecPunto);
         mapSizeY = latoSorgente(k * static_cast<double>(Troncato(y2PictBase - y1PictBase)) / DecPunto);
-        const auto in = [k](double pos) { return troncato32(k * pos / DecPunto); };
+        const auto in = [k](double pos) { return Troncato32(k * pos / DecPunto); };
         pictRect = Rect{in(y1PosPict), in(x1PosPict), in(y2PosPict), in(x2PosPict)};
     } else {
         mapSizeX = latoSorgente(k * (x2Pict - x1Pict) / DecPunto);
         mapSizeY = latoSorgente(k * (y2Pict - y1Pict) / DecPunto);
     }
-    rectGW = Rect{0, 0, troncato32(mapSizeY), troncato32(mapSizeX)};
+    rectGW = Rect{0, 0, Troncato32(mapSizeY), Troncato32(mapSizeX)};
     if (!alSorgente) pictRect = rectGW;
     pictRect = SectRect(pictRect, rectGW);   // a polyline beyond the picture finds no pixels there
     rectGW2 = Rect{0, 0, altBitMap, larghBitMap};
-    const auto punti = [](std::int32_t pixel) { return troncato32(pixel / coeffRisoluzione); };
+    const auto punti = [](std::int32_t pixel) { return Troncato32(pixel / coeffRisoluzione); };
     destRect = Rect{0, 0, punti(altBitMap), punti(larghBitMap)};
 }
 
 bool SorgentePossibile() { return !EmptyRect(rectGW) && mapSizeX <= 0x7FFFFFF0U && mapSizeY <= 0x7FFFFFF0U; }
-
-Rect FrameInUnita() {
-    const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
-    return Rect{0, 0, (altBitMap + unita - 1) / unita, (larghBitMap + unita - 1) / unita};
-}
 
 Piano PianoDelLavoro(const Tela& risultato) {
     Piano p;
@@ -222,8 +217,8 @@ bool PictureToPixMap(PicHandle pict, bool taglio) {
     if (esito == EsitoPercorso::memoria) AvvisoMemoria(MemoriaChiesta());
     if (esito != EsitoPercorso::fatto) return false;
     const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
-    return AggiungiImmagine(ExtendedStdBits(risultato, sorgente->formato(), FrameInUnita(), tipoPitc), x1Pict2, y1Pict2,
-                            (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
+    return AggiungiImmagine(ExtendedStdBits(risultato, sorgente->formato(), FrameDi(risultato), tipoPitc), x1Pict2,
+                            y1Pict2, (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
                             (y2Pict2 - y1Pict2) * Completamento(altBitMap, unita));
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "dialogs/Parametri.h"
+#include "raster/Gruppo.h"
 #include "raster/raster.h"
 #include "text/Conversione.h"
 
@@ -9,20 +10,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t dialogo = 139, ok = 1, annulla = 2, campoRisoluzione = 4, menuColori = 7, menuBit = 9170;
-constexpr double minRisoluzione = 49, maxRisoluzione = 999;
-
-// A group of radio items, the first of which is value 1.
-struct Gruppo {
-    std::int16_t prima, quanti, valore;
-    [[nodiscard]] bool ha(std::int16_t item) const { return item >= prima && item < prima + quanti; }
-    void mostra() const { SetDialogItemValue(theDialog, static_cast<std::int16_t>(prima + valore - 1), 1); }
-    void scegli(std::int16_t item) {
-        SetDialogItemValue(theDialog, static_cast<std::int16_t>(prima + valore - 1), 0);
-        valore = static_cast<std::int16_t>(item - prima + 1);
-        mostra();
-    }
-};
+constexpr std::int16_t dialogo = 139, ok = 1, annulla = 2, campoRisoluzione = 4, menuColori = 7;
 
 class TRisoluzione : public TParametri {
 public:

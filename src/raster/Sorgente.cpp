@@ -5,6 +5,7 @@
 #include <cstring>
 #include <new>
 
+#include "bitmap/Piramide.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Compressa.h"
 #include "platform/pict/Pict.h"
@@ -15,37 +16,18 @@ namespace tessaro {
 namespace {
 
 struct FontePict final : FonteRighe {
-    RighePict righe;
+    Piramide piramide;
+    FonteRighe* intera;
+    explicit FontePict(std::string_view pict) : piramide(pict), intera(piramide.intera()) {
+        if (intera == nullptr) return;
+        width = intera->width;
+        height = intera->height;
+        buchi = intera->buchi;
+    }
     void riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint32_t* out) override {
-        righe.riga(y, x0, x1, out);
+        intera->riga(y, x0, x1, out);
     }
 };
-
-// A decoded image, of 32 bits or of indices.
-struct FonteImmagine final : FonteRighe {
-    Immagine im;
-    std::vector<std::uint32_t> tavola;
-    void riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint32_t* out) override {
-        const std::ptrdiff_t inizio = std::ptrdiff_t(y) * width;
-        if (im.depth == 32) {
-            std::copy(im.pixels.data() + inizio + x0, im.pixels.data() + inizio + x1, out);
-            return;
-        }
-        const std::uint8_t* da = im.indices.data() + inizio;
-        for (std::int32_t x = x0; x < x1; ++x) *out++ = tavola[da[x]];
-    }
-};
-
-std::unique_ptr<FonteRighe> decodificata(const ImmagineCompressa& c) {
-    auto f = std::make_unique<FonteImmagine>();
-    if (!DecodeImageBytes(c.dati, 1, f->im, true) && !DecodificaCompressa(c, 1, f->im)) return nullptr;
-    f->width = f->im.width;
-    f->height = f->im.height;
-    for (const RGBColor& k : f->im.palette) f->tavola.push_back(pixelDi(k));
-    f->tavola.resize(256, 0xFF000000U);
-    const auto n = static_cast<std::size_t>(f->width) * static_cast<std::size_t>(f->height);
-    return (f->im.depth == 32 ? f->im.pixels.size() : f->im.indices.size()) >= n && n > 0 ? std::move(f) : nullptr;
-}
 
 std::unique_ptr<FonteRighe> spacchettata(FonteRighe& da) {
     auto f = std::make_unique<FonteTela>();
@@ -67,14 +49,10 @@ void FonteTela::riga(std::int32_t y, std::int32_t x0, std::int32_t x1, std::uint
 
 std::unique_ptr<FonteRighe> ApriFonte(std::string_view pict, std::int64_t memoria) {
     try {
-        ImmagineCompressa c;
-        if (SolaCompressa(pict, c)) return decodificata(c);
-        auto f = std::make_unique<FontePict>();
-        if (!f->righe.apri(pict)) return nullptr;
-        f->width = f->righe.width();
-        f->height = f->righe.height();
-        f->buchi = f->righe.trasparente();
-        if (std::int64_t(f->width) * f->height * 4 <= memoria) return spacchettata(*f);
+        auto f = std::make_unique<FontePict>(pict);
+        if (f->intera == nullptr) return nullptr;
+        if (f->piramide.specie() == Piramide::Specie::righe && std::int64_t(f->width) * f->height * 4 <= memoria)
+            return spacchettata(*f);
         return f;
     } catch (const std::bad_alloc&) { return nullptr; }
 }

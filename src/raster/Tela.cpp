@@ -157,9 +157,13 @@ void Formato::decodifica(const std::uint8_t* da, std::int32_t n, std::uint32_t* 
 
 std::unique_ptr<Formato> FormatoPer(std::int16_t bit, FonteRighe* fonte) {
     auto f = std::make_unique<Formato>();
-    f->bit = bit;
-    if (bit != 8) return f;
-    if (fonte != nullptr) {
+    f->bit = std::max<std::int16_t>(bit, 8);
+    if (bit > 8) return f;
+    if (bit == 1) {
+        f->dueColori = true;
+        f->colori.fill(opaco);
+        f->colori[0] = 0xFFFFFFFFU;
+    } else if (fonte != nullptr) {
         coloriDellImmagine(*f, *fonte);
     } else {
         coloriDiSistema(*f);

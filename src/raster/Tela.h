@@ -14,6 +14,7 @@ struct Formato {
     std::array<std::uint32_t, 256> colori{};    // of 8 bits: 0xFFRRGGBB
     std::array<std::uint8_t, 32768> vicino{};   // of 8 bits: the index nearest to a colour of 15 bits
     bool esatti = false;                        // the palette holds every colour of the picture
+    bool dueColori = false;                     // of 8 bits: white and black alone, stored in 1 bit
     [[nodiscard]] std::int32_t byte() const { return bit / 8; }
     [[nodiscard]] std::uint32_t bianco() const;   // the pixel of an erased ground
     // From and to 0xFFRRGGBB, n pixels.
@@ -21,7 +22,7 @@ struct Formato {
     void decodifica(const std::uint8_t* da, std::int32_t n, std::uint32_t* a) const;
 };
 struct FonteRighe;
-// The format of a depth of 8, 16 or 32 bits for a picture. Of 8 bits: the picture's own colours when they are 256 at
+// The format of a depth of 1, 8, 16 or 32 bits for a picture. Of 8 bits: the picture's own colours when they are 256 at
 // most, greys when all of it is grey, else the system's colours of six steps a component. `fonte` null: the system's.
 std::unique_ptr<Formato> FormatoPer(std::int16_t bit, FonteRighe* fonte);
 

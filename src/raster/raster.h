@@ -52,15 +52,20 @@ void CalcolaMisure(double ratioX, double ratioY);
 void BaseDi(const elemento& pict);   // fills the ...PictBase box
 // Whole numbers as the jobs cut them: towards zero; no number is 0, what does not fit the nearest bound.
 std::int64_t Troncato(double v);
+std::int32_t Troncato32(double v);
 
 // --- what the jobs share
 void MisuraRaster(bool alSorgente);   // mapSize, rectGW, rectGW2, pictRect, destRect; cut at the source or not
 bool SorgentePossibile();             // the source raster has an area that can be walked
-Rect FrameInUnita();                  // of a picture that is told in the result's pixels
 struct Tela;
 struct Piano;
 Piano PianoDelLavoro(const Tela& risultato);
 std::int64_t MemoriaChiesta();   // bytes that the job in hand asks for
+
+// --- optical correction, with the lens in use
+bool ScegliRisoluzioneOttica(double& res, std::uint8_t& cancella);   // dialog 156
+void CalcolaVerticiCorrezione(const elemento& pict);
+bool PictureToPixMapCorrezione(PicHandle pict);
 
 // --- meshes
 bool VerificaMesh();   // errors 34 to 38 of list 9999

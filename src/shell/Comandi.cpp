@@ -35,9 +35,13 @@
 #include "model/Archivio.h"
 #include "model/Attributi.h"
 #include "model/Figura.h"
+#include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/Menus.h"
+#include "raster/CreaMesh.h"
+#include "raster/Lenti.h"
+#include "raster/pictrot.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
@@ -182,11 +186,20 @@ void dialogoTrasformazione() {
     }
 }
 
+void nuovaMesh(TTipoMesh tipo) {
+    const Mesh& m = tipo == TTipoMesh::origine ? meshOrigine : meshDestinazione;
+    if (CreaMesh(tipo)) SpostaDaPunto(m.x[0][0], m.y[0][0]);
+}
+
 void menuTrasforma() {
     if (theItem == 2 || theItem == 7) do_Trasforma();
     if (noWindow) return;
     if (theItem == 5) dialogoTrasformazione();
     if (theItem == 8) Aggiungi();
+    if (theItem == 10) nuovaMesh(TTipoMesh::origine);
+    if (theItem == 11) nuovaMesh(TTipoMesh::destinazione);
+    if (theItem == 15) ModificaRuotaImmagine();
+    if (theItem == 17) CorreggiPictSel();
     if (theItem == 18) ApriRapporto();
 }
 

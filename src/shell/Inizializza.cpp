@@ -1,4 +1,5 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
+#include "raster/Lenti.h"
 #include "shell/Inizializza.h"
 
 #include <algorithm>
@@ -141,6 +142,7 @@ void CicloPrincipale(std::string_view documento, bool offriRecupero) {
     ParamGraf();
     FormatoXYZ(1);
     SceltaColori(1);
+    SceltaCorrezioneOttica(1);
     inizio = 0;
     theItem = 20;
     archivia();

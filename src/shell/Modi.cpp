@@ -224,6 +224,16 @@ void CercaSelezione(EventRecord& e, puntot& point) {
     }
 }
 
+void SpostaDaPunto(double x, double y) {
+    FineFigura();
+    Modalita = 2;
+    Sposta2ndClick = 1;
+    xcurs = XSpost1 = x;
+    ycurs = YSpost1 = y;
+    Ridisegna();
+    DrawPallette();
+}
+
 void DoMouseAction(EventRecord& e) {
     if (noWindow || e.window != theWindow) return;
     EventPoint = e.where;

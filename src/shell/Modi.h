@@ -8,6 +8,8 @@ void DoMouseAction(EventRecord& e);
 void CercaSelezione(EventRecord& e, puntot& point);
 void MyControls();
 void CheckMouse(bool shift);
+// Begins the second half of a move: the selection hangs at the pointer by the sheet point (x, y), repainted as it is now.
+void SpostaDaPunto(double x, double y);
 void Do_Tessaro3D();
 
 // Takes pointer mode `modo`. Leaving the move gives up one that waits for its second click.

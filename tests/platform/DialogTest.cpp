@@ -214,6 +214,7 @@ TEST_F(DialogTest, NoTextOfADialogIsCutOffInEitherLanguage) {
             DisposeDialog(q);
         }
     }
+    ScegliLingua("en");   // the next test's language
 }
 
 }   // namespace

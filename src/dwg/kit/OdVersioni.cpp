@@ -6,6 +6,8 @@
 
 #include "dwg/kit/dxfleggi/LetturaDxfKit.h"
 #include "dwg/kit/dxfscrivi/GruppiInUscita.h"
+#include "dwg/kit/leggidwg/LeggiDwg.h"
+#include "dwg/kit/scrividwg/ScriviDwg.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -28,13 +30,15 @@ struct Scrittura {
 constexpr Scrittura scritture[] = {
     {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf}, {OdDbSaveType::kDxf, 25, ScriviDxf},
     {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf}, {OdDbSaveType::kDxf, 16, ScriviDxf},
+    {OdDbSaveType::kDwg, 29, ScriviDwg}, {OdDbSaveType::kDwg, 25, ScriviDwg}, {OdDbSaveType::kDwg, 23, ScriviDwg},
+    {OdDbSaveType::kDwg, 21, ScriviDwg},
 };
 
 struct Lettura {
     OdDbSaveType tipo;
     OdLettore leggi;
 };
-constexpr Lettura letture[] = {{OdDbSaveType::kDxf, LeggiDxfKit}};
+constexpr Lettura letture[] = {{OdDbSaveType::kDxf, LeggiDxfKit}, {OdDbSaveType::kDwg, LeggiDwg}};
 
 OdScrittore scrittore(OdDbSaveType tipo, std::int16_t numero) {
     for (const Scrittura& s : scritture)

@@ -1,0 +1,262 @@
+// The file of formats 2004 and 2010: named sections, cut into packed pages, found by two maps whose places stand in an
+// encrypted header.
+#include <cstring>
+
+#include "dwg/kit/scrividwg/CompressioneDwg.h"
+#include "dwg/kit/scrividwg/FileDwg.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::uint32_t paginaDati = 0x4163043B, paginaMappaPagine = 0x41630E3B, paginaMappaSezioni = 0x4163003B;
+constexpr std::uint32_t maschera = 0x4164536B;   // of a page's header, together with its place
+constexpr std::size_t pienoPagina = 0x7400;      // bytes of a page before packing
+constexpr std::size_t inizioPagine = 0x100, lunghezzaCifrata = 0x6C;
+constexpr std::size_t passo = 0x20;   // pages begin at multiples of it
+
+void aggiungiRLL(std::string& s, std::uint64_t v) {
+    aggiungiRL(s, static_cast<std::uint32_t>(v));
+    aggiungiRL(s, static_cast<std::uint32_t>(v >> 32));
+}
+
+struct PaginaSezione {
+    std::uint32_t numero, quanti;
+    std::uint64_t da;
+};
+struct SezioneDwg {
+    std::string nome, dati;
+    bool compressa = true;
+    std::vector<PaginaSezione> pagine;
+};
+
+// The pages behind the header, in the order of their numbers.
+struct Pagine {
+    std::string s;
+    std::vector<std::uint32_t> lunghezze;   // of page number i + 1
+
+    [[nodiscard]] std::uint64_t qui() const { return inizioPagine + s.size(); }
+    std::uint32_t aggiungi(std::string pagina) {
+        pagina.resize((pagina.size() + passo - 1) / passo * passo, '\0');
+        s += pagina;
+        lunghezze.push_back(static_cast<std::uint32_t>(pagina.size()));
+        return static_cast<std::uint32_t>(lunghezze.size());
+    }
+};
+
+void mettiSezione(Pagine& p, SezioneDwg& z, std::uint32_t numero) {
+    for (std::size_t da = 0; da < z.dati.size(); da += pienoPagina) {
+        const std::string_view parte = std::string_view(z.dati).substr(da, pienoPagina);
+        const std::string corpo = z.compressa ? ComprimiDwg(parte) : std::string(parte);
+        const std::uint32_t somma = SommaDwg(corpo, 0);
+        const auto testa = [&](std::uint32_t sommaTesta) {
+            std::string t;
+            for (const std::uint32_t v :
+                 {paginaDati, numero, static_cast<std::uint32_t>(corpo.size()), static_cast<std::uint32_t>(pienoPagina),
+                  static_cast<std::uint32_t>(da), sommaTesta, somma, 0U})
+                aggiungiRL(t, v);
+            return t;
+        };
+        std::string t = testa(SommaDwg(testa(0), somma));
+        const std::uint32_t chiave = maschera ^ static_cast<std::uint32_t>(p.qui());
+        for (std::size_t i = 0; i < t.size(); ++i)
+            t[i] = static_cast<char>(static_cast<unsigned char>(t[i]) ^ (chiave >> (8 * (i % 4)) & 0xFF));
+        const std::uint32_t n = p.aggiungi(t + corpo);
+        z.pagine.push_back({n, static_cast<std::uint32_t>(corpo.size()), da});
+    }
+}
+
+std::string paginaSistema(std::uint32_t tipo, const std::string& dati) {
+    const std::string corpo = ComprimiDwg(dati);
+    const auto testa = [&](std::uint32_t somma) {
+        std::string t;
+        for (const std::uint32_t v :
+             {tipo, static_cast<std::uint32_t>(dati.size()), static_cast<std::uint32_t>(corpo.size()), 2U, somma})
+            aggiungiRL(t, v);
+        return t;
+    };
+    return testa(SommaDwg(corpo, SommaDwg(testa(0), 0))) + corpo;
+}
+
+std::string mappaSezioni(const std::vector<SezioneDwg>& sezioni) {
+    constexpr std::size_t lunghezzaNome = 64;
+    std::string m;
+    const auto quante = static_cast<std::uint32_t>(sezioni.size());
+    for (const std::uint32_t v : {quante, 2U, static_cast<std::uint32_t>(pienoPagina), 0U, quante}) aggiungiRL(m, v);
+    for (std::size_t i = 0; i < sezioni.size(); ++i) {
+        const SezioneDwg& z = sezioni[i];
+        aggiungiRLL(m, z.dati.size());
+        for (const std::uint32_t v :
+             {static_cast<std::uint32_t>(z.pagine.size()), static_cast<std::uint32_t>(pienoPagina), 1U,
+              z.compressa ? 2U : 1U, static_cast<std::uint32_t>(i + 1), 0U})
+            aggiungiRL(m, v);
+        std::string nome = z.nome;
+        nome.resize(lunghezzaNome, '\0');
+        m += nome;
+        for (const PaginaSezione& p : z.pagine) {
+            aggiungiRL(m, p.numero);
+            aggiungiRL(m, p.quanti);
+            aggiungiRLL(m, p.da);
+        }
+    }
+    return m;
+}
+
+std::uint32_t crc32(std::string_view s) {
+    std::uint32_t crc = 0xFFFFFFFF;
+    for (const char c : s) {
+        crc ^= static_cast<unsigned char>(c);
+        for (int k = 0; k < 8; ++k) crc = (crc & 1U) != 0 ? crc >> 1 ^ 0xEDB88320U : crc >> 1;
+    }
+    return ~crc;
+}
+
+// The format's stream of numbers that hides the header.
+std::string cifra(std::string s, std::size_t quanti) {
+    std::uint32_t seme = 1;
+    s.resize(quanti, '\0');
+    for (char& c : s) {
+        seme = seme * 0x343FD + 0x269EC3;
+        c = static_cast<char>(static_cast<unsigned char>(c) ^ (seme >> 16 & 0xFF));
+    }
+    return s;
+}
+
+struct Mappe {
+    std::uint32_t numeroPagine, numeroSezioni, ultima;
+    std::uint64_t dovePagine, fine;
+};
+
+std::string intestazioneCifrata(const Mappe& m) {
+    const auto parte = [&m](std::uint32_t crc) {
+        std::string t("AcFssFcAJMB", 12);
+        for (const std::uint32_t v : {0U, static_cast<std::uint32_t>(lunghezzaCifrata), 4U, 0U, 0U, 0U, 1U, m.ultima})
+            aggiungiRL(t, v);
+        aggiungiRLL(t, m.fine - inizioPagine);   // end of the last page
+        aggiungiRLL(t, m.fine);                  // the second copy of this header
+        for (const std::uint32_t v : {0U, m.ultima, 0x20U, 0x80U, 0x40U, m.numeroPagine}) aggiungiRL(t, v);
+        aggiungiRLL(t, m.dovePagine - inizioPagine);
+        for (const std::uint32_t v : {m.numeroSezioni, m.ultima, 0U, crc}) aggiungiRL(t, v);
+        return t;
+    };
+    return parte(crc32(parte(0)));
+}
+
+std::string incorniciata(const std::array<unsigned char, 16>& segno, FormatoDwg formato, const std::string& dati) {
+    std::string s(reinterpret_cast<const char*>(segno.data()), segno.size());
+    std::string corpo;
+    aggiungiRL(corpo, static_cast<std::uint32_t>(dati.size()));
+    if (formato >= FormatoDwg::r2010) aggiungiRL(corpo, 0);   // the length's upper half, of releases above 3
+    corpo += dati;
+    aggiungiRS(corpo, CrcDwg(corpo, semeCrc));
+    s += corpo;
+    for (const unsigned char c : segno) s.push_back(static_cast<char>(~c));
+    return s;
+}
+
+std::string riassunto(const StesuraDwg& st) {
+    std::string s;
+    for (int i = 0; i < 8; ++i) aggiungiRS(s, 0);   // title, subject, author and their like
+    aggiungiRLL(s, 0);
+    for (const OdTimeStamp& t : {st.db.header.tdCreate, st.db.header.tdUpdate}) {
+        aggiungiRL(s, static_cast<std::uint32_t>(t.giorno));
+        aggiungiRL(s, static_cast<std::uint32_t>(t.millisecondi));
+    }
+    aggiungiRS(s, 0);
+    aggiungiRLL(s, 0);
+    return s;
+}
+
+std::string anteprima() {
+    constexpr std::array<unsigned char, 16> segno{0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
+                                                  0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
+    std::string s(reinterpret_cast<const char*>(segno.data()), segno.size());
+    aggiungiRL(s, 1);
+    s.push_back(0);
+    for (const unsigned char c : segno) s.push_back(static_cast<char>(~c));
+    return s;
+}
+
+}   // namespace
+
+OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
+    constexpr std::uint32_t inizioOggetti = 0x0DCA;   // what the objects' section begins with
+    constexpr unsigned paginaCodici = 30;
+    const unsigned rilascio = st.formato == FormatoDwg::r2004 ? 0 : 6;
+    const unsigned versione = st.formato == FormatoDwg::r2004 ? 0x19 : 0x1D;
+    std::string oggetti;
+    aggiungiRL(oggetti, inizioOggetti);
+    const auto primo = static_cast<std::int64_t>(oggetti.size());
+    oggetti += st.oggetti;
+    std::string modello;
+    aggiungiRS(modello, 0);
+    aggiungiRS(modello, static_cast<unsigned>(st.db.header.measurement));
+
+    std::vector<SezioneDwg> sezioni;
+    const auto sezione = [&sezioni](const char* nome, std::string dati, bool compressa = true) {
+        sezioni.push_back({nome, std::move(dati), compressa, {}});
+    };
+    sezione("AcDb:SummaryInfo", riassunto(st), false);
+    sezione("AcDb:Preview", anteprima(), false);
+    sezione("AcDb:FileDepList", std::string(8, '\0'), false);
+    sezione("AcDb:RevHistory", std::string(12, '\0'));
+    sezione("AcDb:AcDbObjects", std::move(oggetti));
+    sezione("AcDb:ObjFreeSpace", SpazioLiberoDwg(st, static_cast<std::uint32_t>(primo)));
+    sezione("AcDb:Template", std::move(modello));
+    sezione("AcDb:Handles", MappaDwg(st, primo));
+    sezione("AcDb:Classes", incorniciata(segnoClassi, st.formato, ClassiDwg(st)));
+    sezione("AcDb:AuxHeader", AusiliariaDwg(st, versione));
+    sezione("AcDb:Header", incorniciata(segnoVariabili, st.formato, VariabiliDwg(st)));
+
+    Pagine p;
+    for (std::size_t i = 0; i < sezioni.size(); ++i) mettiSezione(p, sezioni[i], static_cast<std::uint32_t>(i + 1));
+    const auto postoDi = [&](std::size_t z) {
+        std::uint64_t dove = inizioPagine;
+        for (std::uint32_t n = 1; n < sezioni[z].pagine.front().numero; ++n) dove += p.lunghezze[n - 1];
+        return static_cast<std::uint32_t>(dove + passo);   // behind the page's header
+    };
+    Mappe m{};
+    m.numeroSezioni = p.aggiungi(paginaSistema(paginaMappaSezioni, mappaSezioni(sezioni)));
+    // The page map tells its own length: it grows by whole steps, so a second round is right.
+    m.numeroPagine = m.ultima = m.numeroSezioni + 1;
+    m.dovePagine = p.qui();
+    std::uint32_t lunghezza = 0;
+    std::string pagina;
+    for (int giro = 0; giro < 3; ++giro) {
+        std::string mappa;
+        for (std::size_t i = 0; i < p.lunghezze.size(); ++i) {
+            aggiungiRL(mappa, static_cast<std::uint32_t>(i + 1));
+            aggiungiRL(mappa, p.lunghezze[i]);
+        }
+        aggiungiRL(mappa, m.numeroPagine);
+        aggiungiRL(mappa, lunghezza);
+        pagina = paginaSistema(paginaMappaPagine, mappa);
+        lunghezza = static_cast<std::uint32_t>((pagina.size() + passo - 1) / passo * passo);
+    }
+    p.aggiungi(pagina);
+    m.fine = p.qui();
+
+    std::string testa(sigla);
+    testa.append(5, '\0');
+    testa.push_back(static_cast<char>(rilascio));
+    testa.push_back(3);
+    aggiungiRL(testa, postoDi(1));   // preview
+    testa.push_back(static_cast<char>(versione));
+    testa.push_back(static_cast<char>(rilascio));
+    aggiungiRS(testa, paginaCodici);
+    testa.append(3, '\0');
+    aggiungiRL(testa, 0);
+    aggiungiRL(testa, 0);
+    aggiungiRL(testa, postoDi(0));   // summary
+    aggiungiRL(testa, 0);
+    aggiungiRL(testa, 0x80);
+    testa.resize(0x80, '\0');
+    const std::string cifrata = intestazioneCifrata(m);
+    testa += cifra(cifrata, inizioPagine - 0x80);
+    file.put(testa);
+    file.put(p.s);
+    file.put(cifra(cifrata, lunghezzaCifrata));
+    return {};
+}
+
+}   // namespace tessaro

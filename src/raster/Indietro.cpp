@@ -1,0 +1,209 @@
+// The walk in tiles, so that a turned source is read where the cache still holds it; and the two questions it is asked,
+// four pixels at a time with the digits of the plain formulas.
+#include "raster/Indietro.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include "bitmap/perRighe.h"
+
+namespace tessaro {
+
+namespace {
+
+using Quattro = double __attribute__((vector_size(32)));
+using Quattro64 = std::int64_t __attribute__((vector_size(32)));
+using Quattro32 = std::int32_t __attribute__((vector_size(16)));
+using Positivi = std::uint32_t __attribute__((vector_size(16)));
+
+#define IN_LINEA inline __attribute__((always_inline))
+
+template <class Pixel>
+void piastrella(const Tela& src, Tela& dst, const RichiestaPixel& domanda, std::int32_t y0, std::int32_t y1,
+                std::int32_t x, std::int32_t n) {
+    std::array<std::uint32_t, bloccoIndietro> indici;
+    const auto* da = reinterpret_cast<const Pixel*>(src.dati.get());
+    for (std::int32_t y = y0; y < y1; ++y) {
+        auto* a = reinterpret_cast<Pixel*>(dst.riga(y)) + x;
+        if (domanda(y, x, n, indici.data())) {
+            for (std::int32_t i = 0; i < n; ++i) a[i] = da[indici[static_cast<std::size_t>(i)]];
+            continue;
+        }
+        for (std::int32_t i = 0; i < n; ++i) {
+            const std::uint32_t k = indici[static_cast<std::size_t>(i)];
+            if (k != nessunaFonte) a[i] = da[k];
+        }
+    }
+}
+
+void fascia(const Tela& src, Tela& dst, const RichiestaPixel& domanda, std::int32_t y0, std::int32_t y1) {
+    constexpr std::int32_t righe = 64;
+    const auto fai = src.byte == 1   ? piastrella<std::uint8_t>
+                     : src.byte == 2 ? piastrella<std::uint16_t>
+                                     : piastrella<std::uint32_t>;
+    for (std::int32_t y = y0; y < y1; y += righe)
+        for (std::int32_t x = 0; x < dst.larghezza; x += bloccoIndietro)
+            fai(src, dst, domanda, y, std::min(y + righe, y1), x, std::min(bloccoIndietro, dst.larghezza - x));
+}
+
+}   // namespace
+
+bool PercorriIndietro(const Tela& src, Tela& dst, const RichiestaPixel& domanda,
+                      const std::function<bool(double)>& passo) {
+    const auto perVolta = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>((4 << 20) / dst.larghezza / 128 * 128, 128, std::max(dst.altezza, 128)));
+    for (std::int32_t y = 0; y < dst.altezza; y += perVolta) {
+        const std::int32_t fine = std::min(dst.altezza, y + perVolta);
+        perRighe(fine - y,
+                 [&](std::int32_t da, std::int32_t a, std::int32_t) { fascia(src, dst, domanda, y + da, y + a); });
+        if (!passo(double(fine) / dst.altezza)) return false;
+    }
+    return true;
+}
+
+namespace {
+
+// Index of the source for columns and rows that are whole numbers held in doubles, where they lie inside.
+IN_LINEA Positivi indice(Quattro colonna, Quattro riga, double larghezza, double altezza, std::uint32_t passo,
+                         Quattro64& tutti) {
+    const Quattro64 buono = (colonna > -1.0) & (colonna < larghezza) & (riga > -1.0) & (riga < altezza);
+    const Quattro zero{};
+    const auto c = __builtin_convertvector(buono ? colonna : zero, Quattro32);
+    const auto r = __builtin_convertvector(buono ? riga : zero, Quattro32);
+    tutti &= buono;
+    return (reinterpret_cast<Positivi>(r) * passo + reinterpret_cast<Positivi>(c))
+           | ~reinterpret_cast<Positivi>(__builtin_convertvector(buono, Quattro32));
+}
+
+// Only the first `n` of the lanes behind i count.
+IN_LINEA void scrivi(std::uint32_t* a, std::int32_t i, std::int32_t n, Positivi v) {
+    for (int k = 0; k < 4 && i + k < n; ++k) a[i + k] = v[k];
+}
+
+IN_LINEA bool pieni(const Quattro64& t) { return (t[0] & t[1] & t[2] & t[3]) != 0; }
+
+// The lanes of the last four that lie behind n ask for what the lane before them asks.
+IN_LINEA Quattro colonneDa(std::int32_t primo, std::int32_t i, std::int32_t n) {
+    Quattro32 c = {i, i + 1, i + 2, i + 3};
+    if (i + 4 > n)
+        for (int k = 0; k < 4; ++k) c[k] = std::min(c[k], n - 1);
+    return __builtin_convertvector(c + primo, Quattro);
+}
+
+struct Sagoma {
+    double larghezza, altezza;
+    std::uint32_t passo;
+};
+
+IN_LINEA bool giro(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n,
+                   std::uint32_t* indici) {
+    const double Y = double(g.oy) + y, sY = g.s * Y, cY = g.c * Y;
+    Quattro64 tutti = {-1, -1, -1, -1};
+    for (std::int32_t i = 0; i < n; i += 4) {
+        const Quattro X = colonneDa(g.ox + x, i, n);
+        scrivi(indici, i, n, indice(sY + g.c * X, cY - g.s * X, t.larghezza, t.altezza, t.passo, tutti));
+    }
+    return pieni(tutti);
+}
+
+// Half away from zero, of numbers that are not below 0.
+IN_LINEA Quattro arrotondati(Quattro v) {
+    const Quattro t = __builtin_convertvector(__builtin_convertvector(v, Quattro32), Quattro);
+    const Quattro uno = {1, 1, 1, 1}, zero{};
+    return t + ((v - t >= 0.5) ? uno : zero);
+}
+
+struct Lente {
+    Sagoma t;
+    std::int32_t cx, cy;
+    // 1 - k (1 - a^2 / c^2) / 100 by column for the rows above and below the centre, by row for the columns beside it.
+    std::vector<double> alto, basso, sinistra, destra;
+};
+
+IN_LINEA bool lente(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+    const bool sotto = y >= l.cy;
+    const double dy = sotto ? y - l.cy : l.cy - y, verso = sotto ? 1 : -1;
+    const double* perColonna = (sotto ? l.basso : l.alto).data() + x;
+    const double aDestra = l.destra[static_cast<std::size_t>(y)], aSinistra = l.sinistra[static_cast<std::size_t>(y)];
+    const double cx = l.cx, cy = l.cy;
+    Quattro64 tutti = {-1, -1, -1, -1};
+    for (std::int32_t i = 0; i < n; i += 4) {
+        const Quattro dx = colonneDa(x, i, n) - cx, zero{};
+        Quattro k;
+        for (int j = 0; j < 4; ++j) k[j] = perColonna[std::min(i + j, n - 1)];
+        const Quattro64 destra = dx >= zero;
+        const Quattro ampio = destra ? dx : -dx;
+        const Quattro fattore = destra ? zero + aDestra : zero + aSinistra;
+        const Quattro lungo = arrotondati(ampio * fattore);
+        const Quattro colonna = destra ? cx + lungo : cx - lungo;
+        scrivi(indici, i, n,
+               indice(colonna, cy + verso * arrotondati(dy * k), l.t.larghezza, l.t.altezza, l.t.passo, tutti));
+    }
+    return pieni(tutti);
+}
+
+bool giroBase(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+    return giro(g, t, y, x, n, indici);
+}
+bool lenteBase(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+    return lente(l, y, x, n, indici);
+}
+#ifdef __x86_64__
+__attribute__((target("avx2"))) bool giroLargo(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x,
+                                               std::int32_t n, std::uint32_t* indici) {
+    return giro(g, t, y, x, n, indici);
+}
+__attribute__((target("avx2"))) bool lenteLarga(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n,
+                                                std::uint32_t* indici) {
+    return lente(l, y, x, n, indici);
+}
+const bool largo = __builtin_cpu_supports("avx2");
+const auto giroMigliore = largo ? giroLargo : giroBase;
+const auto lenteMigliore = largo ? lenteLarga : lenteBase;
+#else
+const auto giroMigliore = giroBase;
+const auto lenteMigliore = lenteBase;
+#endif
+
+Sagoma sagoma(const Tela& t) { return {double(t.larghezza), double(t.altezza), t.passo()}; }
+
+double fattore(std::int32_t a, std::int32_t c, double k) {
+    const double quadrato = c == 0 ? 1 : (double(a) * a) / (double(c) * c);
+    return 1 - k * (1 - quadrato) / 100;
+}
+
+}   // namespace
+
+RichiestaPixel RichiestaGiro(const Giro& g, const Tela& src) {
+    return [g, t = sagoma(src)](std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+        return giroMigliore(g, t, y, x, n, indici);
+    };
+}
+
+std::int32_t QuadraticInterpolation(std::int32_t a, std::int32_t b, std::int32_t c, const double& k) {
+    if (c == 0) return 0;
+    return static_cast<std::int32_t>(std::round(b * fattore(a, c, k)));
+}
+
+RichiestaPixel RichiestaLente(const Bombature& b, const Tela& src) {
+    auto l = std::make_shared<Lente>();
+    l->t = sagoma(src);
+    l->cx = src.larghezza / 2;
+    l->cy = src.altezza / 2;
+    for (std::int32_t x = 0; x < src.larghezza; ++x) {
+        l->alto.push_back(l->cx == 0 ? 0 : fattore(x - l->cx, l->cx, b.alto));
+        l->basso.push_back(l->cx == 0 ? 0 : fattore(x - l->cx, l->cx, b.basso));
+    }
+    for (std::int32_t y = 0; y < src.altezza; ++y) {
+        l->sinistra.push_back(l->cy == 0 ? 0 : fattore(y - l->cy, l->cy, b.sinistra));
+        l->destra.push_back(l->cy == 0 ? 0 : fattore(y - l->cy, l->cy, b.destra));
+    }
+    return [l](std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+        return lenteMigliore(*l, y, x, n, indici);
+    };
+}
+
+}   // namespace tessaro

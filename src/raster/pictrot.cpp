@@ -1,0 +1,187 @@
+// Turning a picture: drawn at the resolution that was asked for, then each pixel of the turned frame asked back.
+#include "raster/pictrot.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "dialogs/Errori.h"
+#include "display/Zoom.h"
+#include "editing/Domanda.h"
+#include "editing/Selezionati.h"
+#include "model/Attributi.h"
+#include "model/Figura.h"
+#include "model/TabellaStato.h"
+#include "raster/Gruppo.h"
+#include "raster/Indietro.h"
+#include "raster/Lavoro.h"
+#include "raster/NuovaImmagine.h"
+#include "raster/raster.h"
+#include "raster/Sorgente.h"
+#include "text/Conversione.h"
+
+namespace tessaro {
+
+tPictRot pictRot;
+
+namespace {
+
+struct Estremi {
+    double minimo, massimo;
+};
+Estremi estremi(double a, double b, double c, double d) {
+    return {std::min(std::min(a, b), std::min(c, d)), std::max(std::max(a, b), std::max(c, d))};
+}
+
+std::int16_t bitDiColori(std::int16_t colori) {
+    constexpr std::int16_t bit[] = {1, 8, 16, 32};
+    return bit[std::clamp<int>(colori, 1, 4) - 1];
+}
+
+// The frame of the turned raster: each corner is cut to a whole pixel.
+struct Cornice {
+    std::int32_t ox, oy, larghezza, altezza;
+};
+Cornice corniceDi(double c, double s, double W, double H) {
+    const auto t = [](double v) { return static_cast<double>(Troncato(v)); };
+    const Estremi x = estremi(0, t(s * -H), t(W * c - H * s), t(c * W));
+    const Estremi y = estremi(0, t(c * H), t(H * c + W * s), t(s * W));
+    return {Troncato32(x.minimo), Troncato32(y.minimo), Troncato32(x.massimo - x.minimo),
+            Troncato32(y.massimo - y.minimo)};
+}
+
+// The size of the turned picture, from the old one and not from the pixels.
+void nuovaMisura(tPictRot& p) {
+    const double c = std::cos(p.angolo), s = std::sin(p.angolo), w = p.larghezza, h = p.altezza;
+    const Estremi x = estremi(0, h * s, w * c + h * s, w * c), y = estremi(0, h * c, h * c - w * s, -w * s);
+    p.larghezza = x.massimo - x.minimo;
+    p.altezza = y.massimo - y.minimo;
+}
+
+}   // namespace
+
+void RuotaImmagine(tPictRot* p) {
+    constexpr double puntiPerCm = 28;   // Kept: whole points a centimetre; sizes in pixels hang on it
+    const std::int64_t w = Troncato(puntiPerCm * p->larghezza), h = Troncato(puntiPerCm * p->altezza);
+    const std::int64_t W = p->risoluzione * w / 72, H = p->risoluzione * h / 72;
+    LavoroRaster lavoro;
+    p->pictOut = 0;
+    const auto memoria = [&](std::int64_t altri) { AvvisoMemoria((W * H + altri) * 4); };
+    const bool lati = W > 0 && H > 0 && W < 0x7FFFFFF0 && H < 0x7FFFFFF0;
+    const auto sorgente =
+        lati ? std::make_unique<Sorgente>(PictBytes(p->pictIn), W, H, bitDiColori(p->colori)) : nullptr;
+    Tela src, giro;
+    if (!sorgente || !sorgente->leggibile() || !sorgente->intera(src)) return memoria(0);
+    const Tela* risultato = &src;
+    if (p->angolo != 0) {
+        const double c = std::cos(p->angolo), s = std::sin(p->angolo);
+        const Cornice q = corniceDi(c, s, static_cast<double>(W), static_cast<double>(H));
+        if (!NuovaTela(giro, q.larghezza, q.altezza, sorgente->formato(), true))
+            return memoria(std::int64_t(q.larghezza) * q.altezza);
+        if (!PercorriIndietro(src, giro, RichiestaGiro({c, s, q.ox, q.oy}, src),
+                              [&lavoro](double f) { return lavoro.passo(f); }))
+            return;
+        src.dati.reset();
+        risultato = &giro;
+    }
+    std::string bytes = ImmagineDaTela(*risultato, sorgente->formato(), FrameDi(*risultato), p->tipoPict);
+    if (bytes.empty()) return memoria(0);
+    p->pictOut = NewPict(std::move(bytes));
+    if (p->angolo != 0) nuovaMisura(*p);
+}
+
+// --- the command
+
+namespace {
+
+constexpr std::int16_t dialogo = 9000, campoAngolo = 4, campoRisoluzione = 5, menuColori = 10, scambia = 20;
+constexpr std::int16_t menuBitRotazione = 9171, minimaRot = 10, massimaRot = 2000;
+constexpr double giroIntero = 360;
+
+class TModificaImmagine : public TParametri {
+public:
+    TModificaImmagine() { Poni(1, 2, 0, 0, dialogo); }
+    bool Chiedi();
+
+private:
+    void Display() override;
+    void ItemColpito() override;
+    void IngGene(std::uint8_t) override;
+
+    tPictRot lavoro = pictRot;
+    Gruppo trasferimento{11, 3, pictRot.tipoPict};
+};
+
+void TModificaImmagine::Display() {
+    SetDialogItemMenu(theDialog, menuColori, menuBitRotazione);
+    ScriviCampoReale(campoAngolo, RadToAng(lavoro.angolo, gradCorrente), 4);
+    SetDialogItemText(theDialog, campoRisoluzione, NumToString(lavoro.risoluzione).view());
+    SetDialogItemValue(theDialog, menuColori, lavoro.colori);
+    trasferimento.mostra();
+    SetDialogItemValue(theDialog, scambia, lavoro.sostituisci);
+}
+
+void TModificaImmagine::ItemColpito() {
+    if (trasferimento.ha(itemCorrente)) trasferimento.scegli(itemCorrente);
+    if (itemCorrente == menuColori) PopUp(menuColori, menuBitRotazione, 0, 1, lavoro.colori);
+    if (itemCorrente != scambia) return;
+    CambiaCheck(scambia);
+    lavoro.sostituisci = lavoro.sostituisci == 0;
+}
+
+void TModificaImmagine::IngGene(std::uint8_t) {
+    double angolo = 0;
+    if (!LeggiCampo(campoAngolo, -giroIntero, giroIntero, angolo)
+        || !LeggiCampo(campoRisoluzione, minimaRot, massimaRot, lavoro.risoluzione))
+        return;
+    lavoro.angolo = AngToRad(angolo, gradCorrente);
+    lavoro.tipoPict = trasferimento.valore;
+}
+
+bool TModificaImmagine::Chiedi() {
+    ParamText(NomeAngoli(), "", "", "");
+    theDialog = GetNewDialog(dialogo);
+    Giro(campoAngolo);
+    if (!Accettato() || quitPending()) return false;
+    pictRot = lavoro;
+    return true;
+}
+
+}   // namespace
+
+void ModificaRuotaImmagine() {
+    if (!UnSoloElemento() || Elem(Puntosel.indice).tipo != tPict || !TModificaImmagine().Chiedi()) {
+        SysBeep(100);
+        return;
+    }
+    const std::int32_t n = Puntosel.indice;
+    auto& e = Elem(n).pict;
+    pictRot.pictIn = e.maniglia;
+    pictRot.larghezza = e.larghezza / 100;
+    pictRot.altezza = e.altezza / 100;
+    RuotaImmagine(&pictRot);
+    if (pictRot.pictOut == 0) return;
+    const double larghezza = 100 * pictRot.larghezza, altezza = 100 * pictRot.altezza;
+    if (pictRot.sostituisci) {
+        const PicHandle vecchia = e.maniglia;
+        e.maniglia = pictRot.pictOut;
+        e.larghezza = larghezza;
+        e.altezza = altezza;
+        KillPicture(vecchia);
+    } else if (indElem < maxElementi) {
+        CominciaAggiunta();
+        Memorizza(tPict, e.x, e.y, 0, larghezza, altezza, 0, spessore, colorCorrente, NumPat, PStr255(""));
+        Elem(indElem).pict.maniglia = pictRot.pictOut;
+    } else {
+        KillPicture(pictRot.pictOut);
+    }
+    pictRot.pictIn = pictRot.pictOut = 0;
+    InvalFinestra();
+}
+
+namespace {
+const VoceStato righe[] = {{"pictRot", VoceStato::speciale, nullptr, 0, [] { pictRot = tPictRot{}; }, nullptr}};
+const TabellaStato tabella(righe);
+}   // namespace
+
+}   // namespace tessaro
