@@ -13,6 +13,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Zoom.h"
+#include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
 #include "editing/Sposta.h"
 #include "exchange/FormatoXYZ.h"
@@ -137,6 +138,7 @@ void ApriPercorso(const char* pathUtf8) {
 }
 
 void CicloPrincipale(std::string_view documento, bool offriRecupero) {
+    InizioDWG();
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
@@ -151,6 +153,7 @@ void CicloPrincipale(std::string_view documento, bool offriRecupero) {
     if (offriRecupero) OffriRecupero();
     if (!documento.empty()) ApriPercorso(std::string(documento).c_str());
     while (!fine) CheckEvents();
+    FineDWG();
 }
 
 }   // namespace tessaro
