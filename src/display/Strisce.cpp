@@ -146,7 +146,8 @@ public:
 
 bool ScandisciAStrisce() {
     auto* const porta = dynamic_cast<RasterPort*>(GetPort());
-    if (porta == nullptr || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva()) return false;
+    if (porta == nullptr || porta->ratio != 1 || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva())
+        return false;
     try {
         return Strisce(*porta).esegui();
     } catch (const std::bad_alloc&) { return false; }
