@@ -17,7 +17,7 @@
 #include "exchange/ScriviDXF.h"
 #include "Misure.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 
 namespace {

@@ -12,8 +12,9 @@
 #include <vector>
 
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "text/FileDati.h"
 
@@ -77,7 +78,7 @@ void leggiInUnColpo(const std::string& file) {
 }
 
 void salva(const std::string& file) {
-    theItem = 4;
+    theItem = rSalva;
     uscita = 0;
     if (FSpOpenReplacing(FSMakeFSSpec(file), creatoreTSC3, tipoTS3D, RefNum) != noErr) fallito("the save");
     Scrividati();
@@ -89,7 +90,7 @@ void carica(const std::string& file) {
     ArrElementi = nullptr;
     if (!AllocaElementi(quanti + 10)) fallito("the store");
     AzzeraArchivio();
-    theItem = 2;
+    theItem = rApri;
     uscita = 0;
     if (FSpOpenDF(FSMakeFSSpec(file), fsRdPerm, RefNum) != noErr) fallito("the load");
     leggidati();

@@ -10,10 +10,9 @@
 #include <random>
 #include <vector>
 
-#include "bitmap/perRighe.h"
+#include "bitmap/PerRighe.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"

@@ -11,11 +11,11 @@
 
 #include "editing/AnnullaComando.h"
 #include "editing/Cancella.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "editing/Sposta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"

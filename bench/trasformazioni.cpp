@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "display/Disegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
@@ -85,7 +86,7 @@ void registra(std::int32_t modo, bool rettangolo = false) {
     Elem(2).att.quattroPunti = OKAttacco5 = 1;
     const SenzaTraccia muto;
     attaccoAttivo.tipo = modo;
-    (void)AttacchiCambiati();
+    AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();
 }
 

@@ -12,7 +12,7 @@
 
 #include "display/Tratteggi.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"

@@ -6,7 +6,7 @@
 #include "exchange/XYZ.h"
 #include "Misure.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 
 namespace {

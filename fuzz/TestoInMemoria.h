@@ -9,8 +9,9 @@
 #include <unistd.h>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "text/FileDati.h"
 
 namespace prova {

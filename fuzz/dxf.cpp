@@ -8,7 +8,8 @@
 
 #include "exchange/DXF.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "text/FileDati.h"
 

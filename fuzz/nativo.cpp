@@ -7,8 +7,9 @@
 #include <unistd.h>
 
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "text/FileDati.h"
 
@@ -66,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (FSpOpenDF(FSMakeFSSpec("/dev/null"), fsWrPerm, uscente) != noErr) return 0;
     RefNum = uscente;
     uscita = 0;
-    theItem = 4;
+    theItem = rSalva;
     Scrividati();
     FSClose(uscente);
     return 0;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bitmap/PictInPixel.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
 #include "platform/pict/Raster.h"
@@ -21,6 +22,15 @@ void leggiRighe(std::string_view bytes) {
         righe.riga(y, 0, righe.width(), riga.data());
 }
 
+// Rows at another size than the picture's own, as the raster engine asks for them.
+void leggiPixel(std::string_view bytes) {
+    constexpr std::int32_t lato = 24, perVolta = 8;
+    PictInPixel pixel(bytes);
+    std::vector<std::uint32_t> righe(static_cast<std::size_t>(lato) * perVolta);
+    if (!pixel.misura(lato, lato)) return;
+    for (std::int32_t y = 0; y < lato; y += perVolta) pixel.righe(y, perVolta, righe.data());
+}
+
 }   // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -32,6 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PictRaster raster;
     PictSoloRaster(bytes, raster);
     leggiRighe(bytes);
+    leggiPixel(bytes);
     static RasterPort porta(vista.right, vista.bottom, 1);
     SetPort(&porta);
     DrawPicture(bytes, vista);

@@ -11,6 +11,7 @@ namespace prova {
 
 std::vector<Avviso> avvisi;
 std::map<std::int16_t, std::int16_t> bottoni;
+int suoni = 0;
 std::function<bool(tessaro::DialogPtr)> passoDialogo;
 
 namespace {
@@ -30,13 +31,20 @@ constexpr tessaro::Copione ganci{
     .file = [](bool, std::string&) { return false; },
     .popup = []() -> std::int16_t { return 0; },
     .colore = [](std::uint16_t&, std::uint16_t&, std::uint16_t&) { return false; },
-    .beep = [](std::int32_t) {},
+    .beep = [](std::int32_t) { ++suoni; },
 };
+
+}   // namespace
+
+void ganciDellaSuite() { tessaro::SetCopione(&ganci); }
+
+namespace {
 
 class DaCapo : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
-        tessaro::SetCopione(&ganci);
+        ganciDellaSuite();
         avvisi.clear();
+        suoni = 0;
         bottoni.clear();
         passoDialogo = nullptr;
         tessaro::AzzeraStato();
@@ -51,7 +59,7 @@ int main(int argc, char** argv) {
     GTEST_FLAG_SET(shuffle, true);
     testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
-    tessaro::SetCopione(&prova::ganci);
+    prova::ganciDellaSuite();
     tessaro::Avvio avvio;
     avvio.script = true;
     tessaro::StartToolbox(argc, argv, avvio);

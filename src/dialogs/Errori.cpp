@@ -85,6 +85,10 @@ void ErroreAlert(std::int16_t code) {
     StopAlert(999);
 }
 
+void ErroreAlert(std::span<const std::int16_t> codes) {
+    for (const std::int16_t code : codes) ErroreAlert(code);
+}
+
 void Messaggio(std::int16_t code) {
     const RigaErrore r = rigaDi(code);
     ParamText(parole(r), fileInLavoro, "", "");

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <span>
 #include <string>
 
 #include "platform/Files.h"
@@ -12,6 +13,7 @@ namespace tessaro {
 
 // String `code` of list 9999 in alert 999.
 void ErroreAlert(std::int16_t code);
+void ErroreAlert(std::span<const std::int16_t> codes);   // one after the other
 // A file error: alert 1006 (-43), 1007 (-35), else 1013 with a string of list 130 or the number itself as ^0. ^1 is the
 // file's name (`fileInLavoro`).
 void Messaggio(std::int16_t code);

@@ -2,7 +2,7 @@
 #include "dialogs/Parametri.h"
 
 #include "dialogs/Errori.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 
@@ -125,8 +125,6 @@ void TParametri::Giro(std::int16_t primoCampo, ModalFilter filtro) {
         OscuraAnnulla();
         if (quitPending()) break;
     } while ((itemCorrente != okItem && itemCorrente != annullaItem) || esito <= 0);
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 bool LeggiCampoReale(std::int16_t item, const double& min, const double& max, double& value) {

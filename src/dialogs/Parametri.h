@@ -22,6 +22,20 @@ extern std::int16_t err_;                // validity in plain dialogs: above 0 i
 // Keys Return and Enter press item 1; windows behind are repainted.
 bool MyMovableFilter(DialogPtr d, EventRecord& e, std::int16_t& item);
 
+// A modal dialog as a scope: it is theDialog until the block ends, however it ends.
+class DialogoAperto {
+    DialogPtr prima = theDialog;
+
+public:
+    explicit DialogoAperto(std::int16_t id) { theDialog = GetNewDialog(id); }
+    ~DialogoAperto() {
+        DisposeDialog(theDialog);
+        theDialog = prima;
+    }
+    DialogoAperto(const DialogoAperto&) = delete;
+    DialogoAperto& operator=(const DialogoAperto&) = delete;
+};
+
 class TParametri {
 public:
     virtual ~TParametri() = default;
@@ -48,8 +62,7 @@ protected:
     bool LeggiCampo(std::int16_t item, std::int16_t min, std::int16_t max, std::int16_t& value);
     virtual void Riprendi() {}      // what Display shows, as it was before the dialog
     virtual void ItemColpito() {}   // what a hit of itemCorrente changes at once, before the rest is done about it
-    // The loop of a dialog with OK, Cancel and, where there is one, Revert, from the open theDialog to its disposal. A
-    // value that IngGene refuses keeps it open; a quit ends it.
+    // The loop of a dialog with OK, Cancel and, where there is one, Revert, in the block of its DialogoAperto. A value that IngGene refuses keeps it open; a quit ends it.
     void Giro(std::int16_t primoCampo, ModalFilter filtro = MyMovableFilter);
     // Dims Cancel while a value is refused: until the field holds a good one again, or the dialog is reverted.
     void OscuraAnnulla();

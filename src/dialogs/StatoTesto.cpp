@@ -17,17 +17,17 @@ void azzeraDialoghi() {
 }
 
 const VoceStato righe[] = {
-    {"dialoghi", VoceStato::speciale, nullptr, 0, azzeraDialoghi, nullptr},
-    {"cifreEstese", VoceStato::u8, &cifreEstese, 1},
-    {"RefNum", VoceStato::i16, &RefNum, 0},
-    {"EndFile", VoceStato::u8, &EndFile, 0},
-    {"numriga", VoceStato::i16, &numriga, 0},
-    {"rigapari", VoceStato::u8, &rigapari, 1},
-    {"LF", VoceStato::u8, &LF, 10},
-    {"uscita", VoceStato::u8, &uscita, 0},
-    {"Noitem", VoceStato::i16, &Noitem, 0},
-    {"inx", VoceStato::i16, &inx, 0},
-    {"err_", VoceStato::i16, &err_, 1},
+    {"dialoghi", azzeraDialoghi, nullptr},
+    voce<cifreEstese>("cifreEstese"),
+    voce<RefNum>("RefNum"),
+    voce<EndFile>("EndFile"),
+    voce<numriga>("numriga"),
+    voce<rigapari>("rigapari"),
+    voce<LF>("LF"),
+    voce<uscita>("uscita"),
+    voce<Noitem>("Noitem"),
+    voce<inx>("inx"),
+    voce<err_>("err_"),
 };
 TabellaStato tabella(righe);
 

@@ -1,14 +1,19 @@
 // Setting control points: source points in records 1 and 2, destination points in the live transformation.
 #include "digitising/Attacchi.h"
 
+#include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/AttacchiMarche.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
 #include "registration/attaccoDinamico.h"
@@ -113,7 +118,7 @@ void Attacco(std::int16_t n) {
     marche[n - 1]();
     PenSize(spessore, spessore);
     if (!digitato) Elastico();   // a figure in progress goes on
-    if (AggiornaTrasformazioni()) InvalWind();
+    TrasformazioniCambiate();
     PoniAnnulla(aNiente);
     IntroDigitale = 0;
     if (!guasto.empty()) RifiutaRegistrazione(guasto);
@@ -153,7 +158,7 @@ void AttaccoDin(std::int16_t n) {
     if (!digitato) Croce();
     for (const Coppia& c : {prima, destinazione(n)}) invalidaAttorno(c);   // black in xor leaves a stain of a blue mark
     if (attaccoAttivo.GetModificato()) {
-        attaccoAttivo.PreparaAttacco();
+        ErroreAlert(attaccoAttivo.PreparaAttacco());
         InvalWind();
     }
     IntroDigitale = 0;

@@ -3,7 +3,9 @@
 #include "digitising/Attacchi.h"
 #include "digitising/RegistrazioneValida.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Stato.h"
+#include "model/Unita.h"
+#include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 
 namespace tessaro {
@@ -54,7 +56,7 @@ public:
     }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(campoX1);
     }
 
@@ -70,11 +72,10 @@ public:
 }   // namespace
 
 void ParAttacco() {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParAttacco d;
     d.Poni(1, 2, 0, 11, 2006);
     d.Param();
-    SetPort(prima);
 }
 
 }   // namespace tessaro

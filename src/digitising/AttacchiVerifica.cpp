@@ -5,8 +5,10 @@
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
 #include "registration/attaccoDinamico.h"
@@ -43,7 +45,7 @@ void TrasformaPuntiOrigine() {
         return;
     }
     if (s.numero == 4) Elem(2).att.quattroPunti = 1;
-    (void)AttacchiCambiati();
+    AttacchiCambiati();
     InvalWind();
 }
 
@@ -64,12 +66,11 @@ void TrasformaPuntiDestinazione() {
 }
 
 void do_Trasforma() {
-    constexpr std::int16_t origine = 2, destinazione = 7;
     constexpr std::int32_t lampeggio = 30;   // ticks of a menu's blink: only a script's clock sees them
     if (AvvioInForza().script) Delay(lampeggio);
-    if (theItem == origine && !noWindow) {
+    if (theItem == voci::trasforma::origineDaSelezione && !noWindow) {
         TrasformaPuntiOrigine();
-    } else if (theItem == destinazione && !noWindow) {
+    } else if (theItem == voci::trasforma::destinazioneDaSelezione && !noWindow) {
         TrasformaPuntiDestinazione();
     } else {
         SysBeep(30);

@@ -4,12 +4,18 @@
 #include "dialogs/Parametri.h"
 #include "digitising/RegistrazioneValida.h"
 #include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 #include "registration/PuntiControllo.h"
 
 namespace tessaro {
+
+constinit double XFVisual = 0;
+constinit double YFVisual = 0;
 
 namespace {
 
@@ -66,7 +72,7 @@ public:
     void ingModoGrafico() { poniPunti(XFVisual, YFVisual, true); }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         HiliteDialogItem(theDialog, ripristinaItem, 255);
         Giro(campoX);
     }
@@ -82,7 +88,7 @@ public:
         Elem(2) = copia;
         AssegnaAttacco(1, 0, piede());
         AssegnaAttacco(2, dieciCentimetri, piede());
-        if (AttacchiCambiati()) InvalWind();
+        AttacchiCambiati();
         CalcolaRapporti();
     }
 };
@@ -90,11 +96,18 @@ public:
 }   // namespace
 
 void ParGeoRefer(std::uint8_t grafico) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParGeoRefer d;
     d.Poni(1, 2, 0, 7, 135);
     d.Param(grafico != 0);
-    SetPort(prima);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<XFVisual>("XFVisual"),
+    voce<YFVisual>("YFVisual"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

@@ -6,8 +6,12 @@
 #include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
@@ -16,6 +20,8 @@
 #include "tools/Marker.h"
 
 namespace tessaro {
+
+constinit std::uint8_t inserimentoRelativo = 1;
 
 namespace {
 
@@ -93,12 +99,10 @@ bool AccettaIngreMark() { return AccettaIngreAtt(); }
 bool chiediPunto(const PStr255& richiesta, bool (*accetta)()) {
     constexpr std::int16_t dialogo = 2024;
     ParamText(richiesta.view(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     proponiPunto(xcurs, ycurs, ZetaCorrente);
     SelectDialogItemText(theDialog, campoX, 0, 100);
     do { ModalDialog(MyMovableFilter, Noitem); } while (Noitem != annulla && !(Noitem == ok && accetta()));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     IntroDigitale = Noitem == ok;
     return IntroDigitale != 0;
 }
@@ -130,12 +134,12 @@ enum : std::int16_t { assolute = 11, relative = 12 };
 
 // What an accepted dialog does with the point: OK begins a figure or goes on with it, item 9 ends it.
 void traccia(std::int16_t item) {
-    const bool inCorso = Azione == 1 || Azione == 5;
+    const bool inCorso = Azione == sPrimoPunto || Azione == sPercorso;
     if (inCorso && (item == ok || item == chiude)) {
         IntroDigitale = 1;
-        tabButton = item == ok ? 1 : 2;
+        tabButton = item == ok ? bContinua : bTermina;
         FineSegm();
-    } else if (item == ok && Azione == 0) {
+    } else if (item == ok && Azione == sFermo) {
         IntroDigitale = 1;
         InitSegm();
     }
@@ -166,27 +170,29 @@ void proponiVertice() {
 }   // namespace
 
 void IngressoVertici() {
-    constexpr std::int16_t dialogo = 2023;
-    theDialog = GetNewDialog(dialogo);
-    std::int16_t radio = inserimentoRelativo ? relative : assolute;
-    SetDialogItemValue(theDialog, radio, 1);
-    proponiVertice();
-    SelectDialogItemText(theDialog, campoX, 0, 100);
-    const std::uint8_t relativoPrima = inserimentoRelativo;
     bool accettato = false;
-    do {
-        ModalDialog(MyMovableFilter, Noitem);
-        if (Noitem == assolute || Noitem == relative) RadioBoxItem(radio);
-        if (Noitem == ok || Noitem == chiude) {
-            inserimentoRelativo = radio == relative;
-            accettato = AccettaIngreVert();
-        }
-    } while (Noitem != annulla && !accettato);
-    const std::int16_t item = Noitem;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
-    if (!accettato) inserimentoRelativo = relativoPrima;
-    if (accettato) traccia(item);
+    const std::uint8_t relativoPrima = inserimentoRelativo;
+    {
+        constexpr std::int16_t dialogo = 2023;
+        const DialogoAperto aperto(dialogo);
+        std::int16_t radio = inserimentoRelativo ? relative : assolute;
+        SetDialogItemValue(theDialog, radio, 1);
+        proponiVertice();
+        SelectDialogItemText(theDialog, campoX, 0, 100);
+        do {
+            ModalDialog(MyMovableFilter, Noitem);
+            if (Noitem == assolute || Noitem == relative) RadioBoxItem(radio);
+            if (Noitem == ok || Noitem == chiude) {
+                inserimentoRelativo = radio == relative;
+                accettato = AccettaIngreVert();
+            }
+        } while (Noitem != annulla && !accettato);
+    }
+    if (accettato) {
+        traccia(Noitem);
+    } else {
+        inserimentoRelativo = relativoPrima;
+    }
 }
 
 // --- direction and distance
@@ -222,21 +228,27 @@ void partiDallaSelezione() {
 }   // namespace
 
 void IngressoPolare() {
-    constexpr std::int16_t dialogo = 148;
-    ParamText(NomeAngoli(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
-    proponiPolare();
-    partiDallaSelezione();
-    SelectDialogItemText(theDialog, campoAngolo, 0, 100);
     bool accettato = false;
-    do {
-        ModalDialog(MyMovableFilter, Noitem);
-        if (Noitem == ok || Noitem == chiude) accettato = AccettaIngrePol();
-    } while (Noitem != annulla && !accettato);
-    const std::int16_t item = Noitem;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
-    if (accettato) traccia(item);
+    {
+        constexpr std::int16_t dialogo = 148;
+        ParamText(NomeAngoli(), "", "", "");
+        const DialogoAperto aperto(dialogo);
+        proponiPolare();
+        partiDallaSelezione();
+        SelectDialogItemText(theDialog, campoAngolo, 0, 100);
+        do {
+            ModalDialog(MyMovableFilter, Noitem);
+            if (Noitem == ok || Noitem == chiude) accettato = AccettaIngrePol();
+        } while (Noitem != annulla && !accettato);
+    }
+    if (accettato) traccia(Noitem);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<inserimentoRelativo>("inserimentoRelativo"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

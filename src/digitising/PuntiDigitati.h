@@ -11,4 +11,6 @@ void IngressoVertici();                 // dialog 2023: a vertex by coordinates,
 void IngressoPolare();                  // dialog 148: a vertex by direction and distance from the last point
 void IngressoAttacco(std::int16_t n);   // dialog 2024: control point 1 to 5
 
+extern std::uint8_t inserimentoRelativo;   // typed points are offsets, 1
+
 }   // namespace tessaro

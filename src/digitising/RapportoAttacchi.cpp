@@ -6,12 +6,12 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/gauss.h"
 #include "registration/PuntiControllo.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -231,9 +231,9 @@ public:
             const SenzaTraccia zitta;
             buona = RisolviOmografia(lavoro.src, lavoro.dst, coef);
         } else if (d.modo == quattroPt) {
-            PreparaQuattro(lavoro, {});
+            (void)PreparaQuattro(lavoro, {});   // asked for no numbers
         } else {
-            PreparaCinque(lavoro, {});
+            (void)PreparaCinque(lavoro, {});
         }
     }
     explicit operator bool() const { return buona; }

@@ -6,7 +6,8 @@
 #include <charconv>
 #include <cmath>
 
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
 

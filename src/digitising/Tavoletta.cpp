@@ -2,15 +2,19 @@
 #include "digitising/Tavoletta.h"
 
 #include "digitising/Attacchi.h"
+#include "digitising/TavolettaImpostazioni.h"
 #include "display/Lettura.h"
 #include "display/Sovrapposto.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Percorso.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "tools/Costruzione.h"
@@ -26,24 +30,23 @@ void (*mostraMisura)(const double&, std::string_view) = nullptr;
 
 namespace {
 
-constexpr std::int16_t menuStrumenti = 6, voceFoglio = 14, voceVista = 15;
 constexpr std::int16_t nomiMisure = 131;   // string list: what stands in the calculator's display
 
 void punto() {
     switch (operazCorrente) {
-    case 0:
-    case 1:
-    case 4: PuntoDiLinea(); break;
-    case 2: PoniTesti(0); break;
-    case 3: FaiMarker(); break;
-    case 5:
-    case 6: PuntoDiCurva(); break;
+    case opSegmento:
+    case opPolilinea:
+    case opCalcolatrice: PuntoDiLinea(); break;
+    case opTesto: PoniTesti(0); break;
+    case opMarker: FaiMarker(); break;
+    case opCerchio:
+    case opArco: PuntoDiCurva(); break;
     default: break;
     }
 }
 
 void termina() {
-    if (Azione == 1 || Azione == 5) FineSegm();
+    if (Azione == sPrimoPunto || Azione == sPercorso) FineSegm();
 }
 
 template <double Risultati::*misura, std::int16_t nome>
@@ -77,8 +80,8 @@ void riferimento(bool foglio, std::int16_t x, std::int16_t y) {
     XtabFin = x;
     YtabFin = y;
     RifTablet = foglio;
-    CheckMenuItem(menuStrumenti, voceFoglio, foglio);
-    CheckMenuItem(menuStrumenti, voceVista, !foglio);
+    CheckMenuItem(menuStrumenti, voci::strumenti::tavolettaSulFoglio, foglio);
+    CheckMenuItem(menuStrumenti, voci::strumenti::tavolettaSullaVista, !foglio);
 }
 
 }   // namespace
@@ -103,15 +106,15 @@ void CheckTablet() {
     Agg_cursore(xtab, ytab);
     scriviSempreCoord = 0;
     SetDrawCoordCorr();
-    if (tabButton >= 0 && static_cast<std::size_t>(tabButton) < std::size(bottoni)) bottoni[tabButton]();
+    if (tabButton >= bNessuno && static_cast<std::size_t>(tabButton) < std::size(bottoni)) bottoni[tabButton]();
 }
 
 namespace {
 const VoceStato righe[] = {
-    {"xtab", VoceStato::i32, &xtab},
-    {"ytab", VoceStato::i32, &ytab},
-    {"frazioneXt", VoceStato::f64, &frazioneXt},
-    {"frazioneYt", VoceStato::f64, &frazioneYt},
+    voce<xtab>("xtab"),
+    voce<ytab>("ytab"),
+    voce<frazioneXt>("frazioneXt"),
+    voce<frazioneYt>("frazioneYt"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -7,8 +7,11 @@
 #include "digitising/TavolettaLettori.h"
 #include "digitising/TavolettaPacchetti.h"
 #include "files/Impostazioni.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Stato.h"
+#include "model/Unita.h"
 #include "platform/Menus.h"
+#include "platform/Quickdraw.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -88,7 +91,7 @@ public:
 
     void Dialogo() override {
         ParamText(GetIndString(testi, static_cast<std::int16_t>(primoStato + lettoreVivo)), "", "", "");
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Display();
         SelectDialogItemText(theDialog, campoPorta, 0, 255);
         do {
@@ -99,8 +102,6 @@ public:
             if (quitPending()) break;
         } while (!Accettato() && itemCorrente != annullaItem);
         if (Accettato()) accetta();
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
     }
 
 private:
@@ -115,14 +116,13 @@ private:
 }   // namespace
 
 void ParTavoletta() {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TParTavoletta d;
     d.Poni(1, 2, 0, 0, dialogoTavoletta);
     d.Dialogo();
-    SetPort(prima);
     if (!d.Accettato()) return;
     ScriviParTavoletta();
-    if (TabAbilit) AccendiTavoletta(static_cast<Lettore>(lettoreScelto));
+    if (TabAbilit) AccendiTavoletta(static_cast<LettoreTavoletta>(lettoreScelto));
 }
 
 }   // namespace tessaro

@@ -11,11 +11,17 @@
 #include "digitising/TavolettaPacchetti.h"
 #include "files/Impostazioni.h"
 #include "files/TestiFile.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
+
+constinit double corrXt = 0.25;
+constinit double corrYt = 0.25;
+constinit double scalaXt = 0.25;
+constinit double scalaYt = 0.25;
 
 constinit std::int16_t lettoreScelto = 1, formatoTavoletta = 1, numPorte = 0, portaScelta = 0, Parita = 0, StopBit = 0;
 
@@ -151,12 +157,16 @@ bool ScriviParTavoletta() {
 
 namespace {
 const VoceStato righe[] = {
-    {"lettoreScelto", VoceStato::i16, &lettoreScelto, 1},
-    {"formatoTavoletta", VoceStato::i16, &formatoTavoletta, 1},
-    {"numPorte", VoceStato::i16, &numPorte},
-    {"portaScelta", VoceStato::i16, &portaScelta},
-    {"Parita", VoceStato::i16, &Parita},
-    {"StopBit", VoceStato::i16, &StopBit},
+    voce<corrXt>("corrXt"),
+    voce<corrYt>("corrYt"),
+    voce<scalaXt>("scalaXt"),
+    voce<scalaYt>("scalaYt"),
+    voce<lettoreScelto>("lettoreScelto"),
+    voce<formatoTavoletta>("formatoTavoletta"),
+    voce<numPorte>("numPorte"),
+    voce<portaScelta>("portaScelta"),
+    voce<Parita>("Parita"),
+    voce<StopBit>("StopBit"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -6,11 +6,16 @@
 #include <string>
 
 #include "digitising/Tavoletta.h"
+#include "digitising/TavolettaImpostazioni.h"
 #include "digitising/TavolettaPacchetti.h"
 #include "files/Impostazioni.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Dialogs.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -21,10 +26,9 @@ constinit std::int16_t lettoreVivo = 0;
 
 namespace {
 
-constexpr std::int16_t menuStrumenti = 6, voceLettura = 20;
 constexpr std::int16_t avvisoTavoletta = 9104;
 constexpr std::int16_t testi = 9160;                      // string list
-constexpr std::int16_t primoNome = 1, primoGuasto = 10;   // by Lettore, by GuastoSeriale
+constexpr std::int16_t primoNome = 1, primoGuasto = 10;   // by LettoreTavoletta, by GuastoSeriale
 constexpr std::int16_t portaMancante = 17;
 
 DecodificaTavoletta decodifica(FormatoPacchetti::virgole);
@@ -38,9 +42,9 @@ void racconta(std::int16_t testo) {
 void racconta(GuastoSeriale g) { racconta(static_cast<std::int16_t>(primoGuasto + static_cast<std::int16_t>(g))); }
 
 void mostraLettore() {
-    SetMenuItemText(menuStrumenti, voceLettura,
+    SetMenuItemText(menuStrumenti, voci::strumenti::lettura,
                     GetIndString(testi, static_cast<std::int16_t>(primoNome + lettoreVivo)));
-    CheckMenuItem(menuStrumenti, voceLettura, TabAbilit != 0);
+    CheckMenuItem(menuStrumenti, voci::strumenti::lettura, TabAbilit != 0);
 }
 
 bool apriLinea() {
@@ -63,12 +67,12 @@ void elabora(const Campione& c) { CampioneTavoletta(c.x, c.y, c.bottone); }
 
 }   // namespace
 
-bool AccendiTavoletta(Lettore quale) {
+bool AccendiTavoletta(LettoreTavoletta quale) {
     SpegniTavoletta();
-    if (quale == Lettore::seriale && !apriLinea()) return false;
-    if (quale == Lettore::penna) PenListen(PennaDigita);
+    if (quale == LettoreTavoletta::seriale && !apriLinea()) return false;
+    if (quale == LettoreTavoletta::penna) PenListen(PennaDigita);
     lettoreVivo = static_cast<std::int16_t>(quale);
-    TabAbilit = quale != Lettore::nessuno;
+    TabAbilit = quale != LettoreTavoletta::nessuno;
     mostraLettore();
     return true;
 }
@@ -78,7 +82,7 @@ void SpegniTavoletta() {
     PenListen(nullptr);
     lettoreVivo = 0;
     TabAbilit = 0;
-    tabButton = 0;
+    tabButton = bNessuno;
     frazioneXt = frazioneYt = 0;
     Parita = StopBit = 0;
     mostraLettore();
@@ -88,12 +92,12 @@ void CambiaLettura() {
     if (TabAbilit) {
         SpegniTavoletta();
     } else {
-        AccendiTavoletta(static_cast<Lettore>(lettoreScelto));
+        AccendiTavoletta(static_cast<LettoreTavoletta>(lettoreScelto));
     }
 }
 
 bool LeggiTavoletta() {
-    if (lettoreVivo != static_cast<std::int16_t>(Lettore::seriale)) return false;
+    if (lettoreVivo != static_cast<std::int16_t>(LettoreTavoletta::seriale)) return false;
     bool letto = false;
     if (SerialCut()) decodifica.azzera();
     const GuastoSeriale guasto = SerialFault();
@@ -142,12 +146,12 @@ void PennaTavoletta(double h, double v, std::int16_t bottone) {
 
 bool PennaDigita(double h, double v) {
     const Point p{static_cast<std::int32_t>(std::floor(v)), static_cast<std::int32_t>(std::floor(h))};
-    return TabAbilit && !noWindow && Modalita == 1 && PtInRect(p, myViewRect);
+    return TabAbilit && !noWindow && Modalita == mDigitazione && PtInRect(p, myViewRect);
 }
 
 namespace {
 const VoceStato righe[] = {
-    {"lettoreVivo", VoceStato::speciale, &lettoreVivo, 0,
+    {"lettoreVivo",
      [] {
          SerialClose();
          PenListen(nullptr);

@@ -8,9 +8,9 @@
 
 namespace tessaro {
 
-extern std::int16_t lettoreVivo;   // the Lettore that is read, 0 while reading is off; TabAbilit says the same
+extern std::int16_t lettoreVivo;   // the LettoreTavoletta that is read, 0 while reading is off; TabAbilit says the same
 
-bool AccendiTavoletta(Lettore quale);   // false: a message told why; reading is off
+bool AccendiTavoletta(LettoreTavoletta quale);   // false: a message told why; reading is off
 void SpegniTavoletta();
 void CambiaLettura();   // the Tools menu's switch, with the reader of the settings
 void ParTavoletta();    // its settings, dialog 9101

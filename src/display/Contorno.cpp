@@ -4,8 +4,11 @@
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
 #include "model/Vista.h"
 
 namespace tessaro {
@@ -73,7 +76,7 @@ void FaiContorno() {
 }
 
 void DisegnaContorno() {
-    if (Modalita != 2 || !Sposta2ndClick || !Puntosel.attiva) return;
+    if (Modalita != mSpostamento || !Sposta2ndClick || !Puntosel.attiva) return;
     FaiContorno();
     OffsetPoly(PolySel, h(xcurs) - h(XSpost1), v(ycurs) - v(YSpost1));
     PenNormal();

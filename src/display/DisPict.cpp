@@ -8,8 +8,9 @@
 #include "bitmap/Piramide.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Stato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Esegui.h"
@@ -132,14 +133,13 @@ bool disegnaRaster(GrafPort& port, PicHandle h, Copia& c, const Bordi& b) {
 bool riprendi(Copia& c, std::string_view bytes, std::int32_t w, std::int32_t h, std::int32_t ratio) {
     RasterPort chiaro(w, h, ratio);
     RasterPort scuro(w, h, ratio);
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     const Rect tutto{0, 0, h, w};
     SetPort(&scuro);
     PaintRect(tutto);
     const bool bene = DrawPicture(bytes, tutto);
     SetPort(&chiaro);
     DrawPicture(bytes, tutto);
-    SetPort(prima);
     const auto n = static_cast<std::size_t>(chiaro.deviceWidth()) * static_cast<std::size_t>(chiaro.deviceHeight());
     c.ripresa = Ripresa{w, h, ratio, std::vector<std::uint32_t>(n)};
     for (std::size_t i = 0; i < n; ++i) {

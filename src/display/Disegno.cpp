@@ -6,8 +6,12 @@
 #include "display/Scansione.h"
 #include "display/Strisce.h"
 #include "model/Archivio.h"
+#include "model/Documento.h"
+#include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
+#include "model/Strumento.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 
@@ -22,9 +26,8 @@ void pennaNera(std::int16_t mode) {
 }
 
 // The sides that the calculator's path has so far: no record holds them, and a repaint would lose them.
-void percorsoMisurato() {
-    constexpr std::int32_t inPercorso = 5;
-    if (!CalcWindow || Azione != inPercorso) return;
+void disegnaPercorso() {
+    if (!CalcWindow || Azione != sPercorso) return;
     pennaNera(patCopy);
     ColoreDaTabella(colorCorrente);
     PenPat(PatternVista(PatCorrente));
@@ -83,7 +86,7 @@ void Disegna() {
     if (VisioneGraf.mostraAref) DisegnaAref();
     if (!DisegnaPict) {
         DisegnaMesh();
-        percorsoMisurato();
+        disegnaPercorso();
         puntiDiControllo();
     }
     CommEnd();

@@ -32,6 +32,12 @@ void DisegnaMarker(std::int16_t forma, std::int32_t h, std::int32_t v);
 void PenSizeLaser(std::int16_t size);
 void CommBegin();
 void CommEnd();
+// Sets the foreground from the colour table (1-based; outside the table black).
+void ColoreDaTabella(std::int16_t numero);
 void PennaAttuale();   // the pen back from the ...Attuale globals and spessore
+
+extern double SpessorePenna;        // pen width for a printer, 2.5
+extern std::uint8_t DisegnaPict;    // 1 while painting for a printer, a file or the clipboard
+extern std::uint8_t StoStampando;   // 1 while printing
 
 }   // namespace tessaro

@@ -9,6 +9,12 @@
 #include "display/Pixel.h"
 #include "display/Sovrapposto.h"
 #include "model/Archivio.h"
+#include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 
 namespace tessaro {
@@ -41,7 +47,7 @@ void croce(double x, double y, std::int32_t lato, std::int16_t larghezza) {
 
 // The small cross between the two clicks of a move, else the large one.
 void croceDelMomento() {
-    if (Modalita == 2 && Sposta2ndClick) {
+    if (Modalita == mSpostamento && Sposta2ndClick) {
         Dis_Cursor2(xcurs, ycurs);
     } else {
         dis_cursor(xcurs, ycurs);
@@ -50,15 +56,15 @@ void croceDelMomento() {
 
 // The segment, circle or arc of the figure in progress.
 void figuraInCorso() {
-    if (Azione == 0) return;
-    const bool curva = Azione != 5 && (operazCorrente == 5 || operazCorrente == 6);
+    if (Azione == sFermo) return;
+    const bool curva = Azione != sPercorso && (operazCorrente == opCerchio || operazCorrente == opArco);
     const std::int16_t spessPrima = spess;
     spess = static_cast<std::int16_t>(spessore / 2);
     pennaXor(spessore);
     PenPat(PatAttuale);
-    if (!curva || (Azione == 1 && CurvePerPunti)) {
+    if (!curva || (Azione == sPrimoPunto && CurvePerPunti)) {
         fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
-    } else if (Azione == 8 && operazCorrente == 6) {
+    } else if (Azione == sTerzoPunto && operazCorrente == opArco) {
         fai(tArco, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
     } else {
         fai(tCerchio, CentroCorrente.x, CentroCorrente.y, RaggioCorrente, 0, 0);
@@ -101,10 +107,10 @@ std::string centroJson() {
 }
 
 const VoceStato righe[] = {
-    {"CentroCorrente", VoceStato::speciale, nullptr, 0, [] { CentroCorrente = {}; }, centroJson},
-    {"RaggioCorrente", VoceStato::f64, &RaggioCorrente},
-    {"AngInizio", VoceStato::i16, &AngInizio},
-    {"AmpiezzaAngCorrente", VoceStato::i16, &AmpiezzaAngCorrente},
+    {"CentroCorrente", [] { CentroCorrente = {}; }, centroJson},
+    voce<RaggioCorrente>("RaggioCorrente"),
+    voce<AngInizio>("AngInizio"),
+    voce<AmpiezzaAngCorrente>("AmpiezzaAngCorrente"),
 };
 const TabellaStato tabella(righe);
 

@@ -5,7 +5,9 @@
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 

@@ -1,19 +1,29 @@
 // The coordinate read-out: real position of the cursor, elevation, distance and angle from the last point.
 #include "display/Lettura.h"
 
-#include "model/Attributi.h"
+#include "display/Disposizione.h"
+
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
 
+constinit std::uint8_t scriviSempreCoord = 0;
+constinit double XVisualPrec = 0;
+constinit double YVisualPrec = 0;
+constinit double ZVisualPrec = 0;
+
 PStr255 lineaCoordinate("");
 
 namespace {
-
-constexpr std::int32_t larghezzaRiga = 390;
 
 void disegnaRiga() {
     const Stato stato;
@@ -22,9 +32,9 @@ void disegnaRiga() {
     PenNormal();
     ForeColor(blackColor);
     BackColor(whiteColor);
-    EraseRect(SetRect(0, myViewRect.bottom, larghezzaRiga, porta.bottom));
+    EraseRect(SetRect(0, myViewRect.bottom, fineRiga, porta.bottom));
     MoveTo(0, myViewRect.bottom);
-    LineTo(larghezzaRiga - 1, myViewRect.bottom);
+    LineTo(fineRiga - 1, myViewRect.bottom);
     TextFont(4);
     TextSize(9);
     TextFace(0);
@@ -40,7 +50,7 @@ void RidisegnaLettura() {
 }
 
 void SetDrawCoordCorr() {
-    if (noWindow || (!TabAbilit && Modalita == 0 && !scriviSempreCoord)) return;
+    if (noWindow || (!TabAbilit && Modalita == mSelezione && !scriviSempreCoord)) return;
     double X = 0, Y = 0, d = 0, a = 0;
     const double Z = ZetaCorrente;
     DigiToReal(xcurs, ycurs, X, Y);
@@ -59,8 +69,11 @@ void SetDrawCoordCorr() {
 }
 
 namespace {
-const VoceStato righe[] = {{"readout", VoceStato::speciale, nullptr, 0, [] { lineaCoordinate = ""; },
-                            [] { return TestoJson(lineaCoordinate.str()); }}};
+const VoceStato righe[] = {voce<scriviSempreCoord>("scriviSempreCoord"),
+                           voce<XVisualPrec>("XVisualPrec"),
+                           voce<YVisualPrec>("YVisualPrec"),
+                           voce<ZVisualPrec>("ZVisualPrec"),
+                           {"readout", [] { lineaCoordinate = ""; }, [] { return TestoJson(lineaCoordinate.str()); }}};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -5,4 +5,8 @@ namespace tessaro {
 void SetDrawCoordCorr();          // computes and draws, when something changed or scriviSempreCoord is set
 void RidisegnaLettura();          // the line as last shown, again; nothing before the first
 extern PStr255 lineaCoordinate;   // the line as last shown
+
+extern std::uint8_t scriviSempreCoord;                 // draw the read-out even when nothing changed
+extern double XVisualPrec, YVisualPrec, ZVisualPrec;   // what the read-out last showed
+
 }   // namespace tessaro

@@ -4,8 +4,15 @@
 #include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
+#include "model/Colori.h"
+#include "model/Penna.h"
+#include "model/TabellaStato.h"
 
 namespace tessaro {
+
+constinit double SpessorePenna = 2.5;
+constinit std::uint8_t DisegnaPict = 0;
+constinit std::uint8_t StoStampando = 0;
 
 namespace {
 
@@ -18,6 +25,14 @@ void larghezzaLinea(std::int16_t numeratore, std::int16_t denominatore) {
 }
 
 }   // namespace
+
+void ColoreDaTabella(std::int16_t numero) {
+    if (numero < 1 || numero > coloriPresenti || numero > maxColori) {
+        ForeColor(blackColor);
+        return;
+    }
+    RGBForeColor(arrColori[static_cast<std::size_t>(numero - 1)].rgb);
+}
 
 void PennaAttuale() {
     PenPat(PatAttuale);
@@ -44,5 +59,14 @@ void PenSizeLaser(std::int16_t size) {
     (void)size;
     if (DisegnaPict) larghezzaLinea(arrotonda16(28.35 * SpessorePenna), 100);
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<SpessorePenna>("SpessorePenna"),
+    voce<DisegnaPict>("DisegnaPict"),
+    voce<StoStampando>("StoStampando"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

@@ -1,5 +1,7 @@
 // Clipping in doubles at the edge of what a port can hold, arcs too large for it, and patterns fixed to the sheet.
 #include "display/Pixel.h"
+#include "display/Disegno.h"
+#include "model/Penna.h"
 
 #include <algorithm>
 #include <array>

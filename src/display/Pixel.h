@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/Attributi.h"
+#include "display/Disegno.h"
 #include "model/Vista.h"
 #include "platform/Quickdraw.h"
 

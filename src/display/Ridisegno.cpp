@@ -3,7 +3,9 @@
 
 #include "display/Disegno.h"
 #include "display/Sovrapposto.h"
-#include "model/Attributi.h"
+#include "display/Zoom.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"

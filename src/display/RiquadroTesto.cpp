@@ -1,6 +1,7 @@
 // Text boxes in pixels, by the stored angle.
 #include "display/RiquadroTesto.h"
 
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

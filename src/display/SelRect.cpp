@@ -4,7 +4,8 @@
 #include "dialogs/Parametri.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Stato.h"
 #include "model/Vista.h"
 #include "platform/Automation.h"
 

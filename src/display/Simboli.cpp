@@ -6,6 +6,8 @@
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 
 namespace tessaro {
 

@@ -4,10 +4,14 @@
 #include <cstring>
 #include <optional>
 
+#include "display/Disegno.h"
 #include "display/Elastico.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
@@ -126,9 +130,9 @@ void ScorriVeli(std::int32_t dh, std::int32_t dv) {
 namespace {
 
 const VoceStato righe[] = {
-    {"rettangoloElastico", VoceStato::speciale, nullptr, 0, [] { rettangoloElastico = {}; }, nullptr},
-    {"latiElastici", VoceStato::speciale, nullptr, 0, [] { latiElastici = {}; }, nullptr},
-    {"veli", VoceStato::speciale, nullptr, 0, VeliStantii, nullptr},
+    {"rettangoloElastico", [] { rettangoloElastico = {}; }},
+    {"latiElastici", [] { latiElastici = {}; }},
+    {"veli", VeliStantii},
 };
 const TabellaStato tabella(righe);
 

@@ -10,15 +10,14 @@
 #include <optional>
 #include <vector>
 
-#include "bitmap/perRighe.h"
+#include "bitmap/PerRighe.h"
 #include "display/Scansione.h"
 #include "model/TabellaStato.h"
 #include "platform/paint/RasterPort.h"
 
 namespace tessaro {
 
-constexpr std::int32_t sogliaNormale = 20000;
-constinit std::int32_t sogliaStrisce = sogliaNormale;
+constinit std::int32_t sogliaStrisce = 20000;
 
 namespace {
 
@@ -154,7 +153,7 @@ bool ScandisciAStrisce() {
 }
 
 namespace {
-const VoceStato righe[] = {{"sogliaStrisce", VoceStato::i32, &sogliaStrisce, sogliaNormale}};
+const VoceStato righe[] = {voce<sogliaStrisce>("sogliaStrisce")};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -12,6 +12,7 @@
 #include "display/TestoGirato.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 

@@ -7,9 +7,12 @@
 #include <new>
 #include <vector>
 
+#include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
 #include "platform/Dialogs.h"
@@ -17,6 +20,8 @@
 #include "text/Conversione.h"
 
 namespace tessaro {
+
+constinit elemento TrattCorrente{};
 
 constinit std::uint8_t UscitaTratt = 0;
 
@@ -287,7 +292,12 @@ void ESCITRATTEGGIO() {
 }
 
 namespace {
-const VoceStato righe[] = {{"UscitaTratt", VoceStato::u8, &UscitaTratt, 0}};
+const VoceStato righe[] = {{"TrattCorrente",
+                            [] {
+                                TrattCorrente = elemento{};
+                                TrattCorrente.tipo = tPoligono;
+                            }},
+                           voce<UscitaTratt>("UscitaTratt")};
 const TabellaStato tabella(righe);
 }   // namespace
 

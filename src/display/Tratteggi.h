@@ -14,4 +14,6 @@ void ESCITRATTEGGIO();                      // alert 3012; hatches are hidden fr
 void TratteggiaNuovo(std::int32_t testa);   // a head just stored takes the hatch of new ones, TrattCorrente
 void CopiaTratteggio(elemento& a, const elemento& da);   // the hatch fields of two heads
 
+extern elemento TrattCorrente;   // hatch template: type 7, hatch fields zero
+
 }   // namespace tessaro

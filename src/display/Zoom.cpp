@@ -5,25 +5,35 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
+#include "display/Disposizione.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Menus.h"
 
 namespace tessaro {
 
+constinit std::uint8_t NewDis = 0;
+constinit Rect Screen{};
+constinit ControlHandle VScroll = nullptr;
+constinit ControlHandle HScroll = nullptr;
+constinit ControlHandle panel = nullptr;
+
 namespace {
 
-constexpr std::int16_t menuZoom = 22;
-constexpr std::int32_t barra = 15;       // pixels that a scroll bar takes off the view
-constexpr std::int32_t striscia = 32;    // width of the palette
+constexpr std::int32_t passoRiga = 15;   // pixels of a scroll by a line
 constexpr std::int32_t margine = 7;      // pixels round the drawing after ZoomRilievo
 constexpr double limiteAngolo = 1e9;     // scroll positions stay within 32 bits with room for a view beside them
 constexpr double scalaMassima = 20000;   // the widest sheet, 32767 units, still fits the scroll bars
@@ -36,7 +46,7 @@ std::int32_t angolo(double v) { return arrotonda32(std::isnan(v) ? 0 : std::clam
 
 // What follows from scale and corner.
 void allinea() {
-    OrigX = PageCorner.h - striscia;
+    OrigX = PageCorner.h - latoCella;
     OrigY = PageCorner.v - hToolbar;
     AggiornaBarre();
 }
@@ -64,7 +74,8 @@ void scalaAttornoAlCentro(double f) {
 }
 
 void vediFoglio() {
-    CambiaScala(std::min((larghezza() - barra) / Xfoglio / 100, (altezza() - barra) / yfoglio / 100));
+    CambiaScala(
+        std::min((larghezza() - barraScorrimento) / Xfoglio / 100, (altezza() - barraScorrimento) / yfoglio / 100));
     PageCorner = {};
 }
 
@@ -126,7 +137,7 @@ void CambiaScala(double nuova) {
 void FaiZoom(std::int16_t kind) {
     if (AvvioInForza().script) Delay(30);   // the pause after a menu choice: only a script's clock keeps it
     if (kind < 1 || kind > 10 || noWindow || !theWindow) return;
-    for (std::int16_t i = 1; i <= 8; ++i) CheckMenuItem(menuZoom, i, i == kind);
+    for (std::int16_t i = voci::zoom::foglio; i <= voci::zoom::riduci; ++i) CheckMenuItem(menuZoom, i, i == kind);
     scalaPerTipo(kind);
     allinea();
     ridisegnaVista();
@@ -137,7 +148,7 @@ void ZoomFinestra() {
     ClipRect(GetPortBounds(theWindow));
     Rect r;
     if (!SelRect(r) || r.right == r.left || r.bottom == r.top) return;
-    const std::int32_t dh = r.left - striscia, dv = r.top - hToolbar;
+    const std::int32_t dh = r.left - latoCella, dv = r.top - hToolbar;
     PageCorner.h += dh;
     PageCorner.v += dv;
     OrigX += dh;
@@ -151,7 +162,7 @@ void ZoomFinestra() {
 void ZoomRilievo() {
     double xmax = 0, ymax = 0, xmin = 0, ymin = 0, dx = 0, dy = 0;
     ContrMaxMin(xmax, ymax, xmin, ymin, dx, dy);
-    CambiaScala(std::min({(larghezza() - barra) / dx, (altezza() - barra) / dy, MaxScalavid}));
+    CambiaScala(std::min({(larghezza() - barraScorrimento) / dx, (altezza() - barraScorrimento) / dy, MaxScalavid}));
     PageCorner.h = angolo(std::round(xmin * scalavid) - margine);
     PageCorner.v = angolo(std::round(ymin * scalavid) - margine);
 }
@@ -203,9 +214,8 @@ void ScrollWindow(std::int32_t dh, std::int32_t dv) {
 }
 
 void TrackScroll(bool vertical, std::int16_t part) {
-    constexpr std::int32_t riga = 15;
     const bool pagina = part == 22 || part == 23;
-    const std::int32_t passo = pagina ? static_cast<std::int32_t>(vertical ? altezza() : larghezza()) : riga;
+    const std::int32_t passo = pagina ? static_cast<std::int32_t>(vertical ? altezza() : larghezza()) : passoRiga;
     const std::int32_t d = part == 20 || part == 22 ? -passo : passo;
     ScrollWindow(vertical ? 0 : d, vertical ? d : 0);
 }
@@ -234,16 +244,15 @@ void MoveScrollBars() {
     if (!theWindow || !VScroll || !HScroll) return;
     const Rect r = GetPortBounds(theWindow);
     const std::int32_t alto = r.bottom - r.top;
-    constexpr std::int32_t riga = 390;   // the coordinate line takes the first pixels of the bottom row
-    constexpr std::int32_t celle = 416;
+    constexpr std::int32_t s = barraScorrimento;   // a bar is a pixel wider: its edge lies on the window's
     const auto poni = [](ControlHandle c, std::int32_t left, std::int32_t top, std::int32_t w, std::int32_t h) {
         MoveSizeControl(c, SetRect(left, top, left + std::max(w, 0), top + std::max(h, 0)));
     };
-    poni(VScroll, r.right - 15, r.top - 1, 16, alto - 13);
-    poni(HScroll, r.left + riga, r.bottom - 15, r.right - r.left - 404, 16);
-    if (panel) poni(panel, 0, celle, striscia, alto - 429);
-    SetControlSteps(VScroll, 15, static_cast<std::int32_t>(altezza()));
-    SetControlSteps(HScroll, 15, static_cast<std::int32_t>(larghezza()));
+    poni(VScroll, r.right - s, r.top - 1, s + 1, alto - s + 2);
+    poni(HScroll, r.left + fineRiga, r.bottom - s, r.right - r.left - fineRiga - s + 1, s + 1);
+    if (panel) poni(panel, 0, fondoCelle, latoCella, alto - fondoCelle - s + 2);
+    SetControlSteps(VScroll, passoRiga, static_cast<std::int32_t>(altezza()));
+    SetControlSteps(HScroll, passoRiga, static_cast<std::int32_t>(larghezza()));
 }
 
 void SetupLimits() {
@@ -277,7 +286,14 @@ void AggiornaBarre() {
 void DisponiVista() {
     if (!theWindow) return;
     const Rect r = GetPortBounds(theWindow);
-    myViewRect = Rect{r.top + hToolbar, r.left + striscia, r.bottom - barra, r.right - barra};
+    myViewRect = Rect{r.top + hToolbar, r.left + latoCella, r.bottom - barraScorrimento, r.right - barraScorrimento};
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<NewDis>("NewDis"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

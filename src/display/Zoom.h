@@ -7,6 +7,7 @@
 #include "model/Elemento.h"
 #include "platform/Events.h"
 #include "platform/Types.h"
+#include "platform/Windows.h"
 
 namespace tessaro {
 
@@ -26,6 +27,12 @@ void DisponiVista();    // myViewRect from the port's bounds
 // scalavid and the tolerances. Held to 1e-12..20000, where scroll positions stay within 32 bits; a scale that is no
 // number or not above 0 (a view without room) changes nothing.
 void CambiaScala(double nuova);
-void SetupLimits();   // Screen, DragRect, GrowRect
+extern Rect Screen;     // the desktop, pixels
+extern Rect DragRect;   // where a window may be dragged
+extern Rect GrowRect;   // how far it may grow
+void SetupLimits();     // sets the three
+
+extern std::uint8_t NewDis;                     // a full repaint is wanted at the next update
+extern ControlHandle VScroll, HScroll, panel;   // scroll bars and the strip of the read-out; null without a drawing
 
 }   // namespace tessaro

@@ -1,15 +1,20 @@
 // The fixed strips of the window: tool palette on the left, bar on top, and the tags that explain their cells.
 #include "display/palette.h"
 
+#include "display/Disposizione.h"
+
 #include "display/Lettura.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 
-#include "display/barra.h"
-#include "model/Attributi.h"
+#include "display/Barra.h"
+#include "display/Zoom.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
@@ -18,47 +23,18 @@
 
 namespace tessaro {
 
+PStr63 StrOperCorr("");
+
 namespace {
 
-constexpr std::int32_t lato = 32;                              // a cell, pixels
-constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;   // the coordinate line
-constexpr std::int32_t fuoco = 10000;                          // added to an icon's id: its lit form
 constexpr std::int16_t listaAiuti = 1102, aiutoRiga = 23;
 
-bool conStrumento(std::int32_t n) { return operazCorrente == n; }
-
-struct Cella {
-    std::int32_t icona;
-    bool perPunti;   // with CurvePerPunti the icon 100 further stands here
-    bool (*accesa)();
-};
-constexpr bool mai() { return false; }
-// From the top down, 32 pixels each.
-constexpr std::array celle{
-    Cella{13, false, [] { return Modalita == 0; }},
-    Cella{14, false, [] { return Modalita == 1; }},
-    Cella{15, false, [] { return Modalita == 2; }},
-    Cella{16, false, mai},
-    Cella{17, false, [] { return conStrumento(0); }},
-    Cella{18, false, [] { return conStrumento(1); }},
-    Cella{19, true, [] { return conStrumento(5); }},
-    Cella{20, true, [] { return conStrumento(6); }},
-    Cella{21, false, [] { return conStrumento(2); }},
-    Cella{22, false, [] { return conStrumento(3); }},
-    Cella{23, false, [] { return conStrumento(4); }},
-    Cella{24, false, mai},
-    Cella{25, false, mai},
-};
-constexpr auto fondoCelle = static_cast<std::int32_t>(celle.size()) * lato;
-
-Rect rettangoloCella(std::size_t i) {
-    const auto alto = static_cast<std::int32_t>(i) * lato;
-    return SetRect(0, alto, lato, alto + lato);
+// The cells, one after another.
+template <class F>
+void perOgniCella(F f) {
+    for (int i = 0; i < numCelle; ++i) f(static_cast<CellaPalette>(i));
 }
-
-Rect rettangoloRiga() {
-    return SetRect(sinistraRiga, myViewRect.bottom + 1, destraRiga, GetPortBounds(theWindow).bottom);
-}
+std::int16_t aiutoDi(CellaPalette c) { return static_cast<std::int16_t>(c + 1); }
 
 bool scuro(const RGBColor& c) { return c.red + c.green + c.blue < 3 * 32768; }
 
@@ -92,7 +68,7 @@ void linea(std::int32_t h1, std::int32_t v1, std::int32_t h2, std::int32_t v2, c
 
 // The number of the current sheet over its icon.
 void numeroLucido() {
-    const Rect r = SetRect(7, 106, 23, 117);
+    const Rect& r = numeroNelLucido;
     riempi(r, SystemStripColour());
     TextFont(3);
     TextSize(9);
@@ -105,16 +81,15 @@ void numeroLucido() {
 }
 
 void disegnaCelle() {
-    for (std::size_t i = 0; i < celle.size(); ++i) {
-        const Cella& c = celle[i];
-        const std::int32_t icona = c.icona + (c.perPunti && CurvePerPunti ? 100 : 0);
-        DrawIcona(rettangoloCella(i), icona + (c.accesa() ? fuoco : 0));
-    }
+    perOgniCella([](CellaPalette c) {
+        const std::int32_t icona = IconaCella(c);
+        DrawIcona(RettangoloCella(c), CellaAccesa(c) ? IconaAccesa(icona) : icona);
+    });
     numeroLucido();
 }
 
 void scriviOperazione() {
-    const Rect r = SetRect(0, myViewRect.bottom + 1, sinistraRiga, GetPortBounds(theWindow).bottom);
+    const Rect r = RigaOperazione();
     RGBForeColor(ColoreFisso(blackColor));
     BackColor(whiteColor);
     EraseRect(r);
@@ -128,9 +103,9 @@ void scriviOperazione() {
 
 // The foot of the window: rule, coordinate line and the operation now running.
 void disegnaPiede() {
-    linea(0, myViewRect.bottom, destraRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
+    linea(0, myViewRect.bottom, fineRiga - 1, myViewRect.bottom, ColoreFisso(blackColor));
     BackColor(whiteColor);
-    EraseRect(rettangoloRiga());
+    EraseRect(RigaCoordinate());
     if (StrOperCorr.view().empty()) {
         RidisegnaLettura();   // nothing may have moved, so nobody else would
         return;
@@ -153,11 +128,8 @@ struct Zona {
 };
 
 Zona zonaDi(Point p) {
-    if (p.h >= 0 && p.h < lato && p.v >= 0 && p.v < fondoCelle) {
-        const auto i = static_cast<std::size_t>(p.v / lato);
-        return {static_cast<std::int16_t>(i + 1), rettangoloCella(i)};
-    }
-    const Rect riga = rettangoloRiga();
+    if (const CellaPalette c = CellaSotto(p); c != numCelle) return {aiutoDi(c), RettangoloCella(c)};
+    const Rect riga = RigaCoordinate();
     if (PtInRect(p, riga)) return {aiutoRiga, riga};
     return {};
 }
@@ -170,6 +142,7 @@ void nascondi() {
 }   // namespace
 
 void DrawIcona(const Rect& r, std::int32_t id) {
+    const std::int32_t fuoco = IconaAccesa(0);
     const bool accesa = id >= fuoco;
     riempi(r, SystemStripColour());
     if (accesa) riempi(InsetRect(r, 2, 2), tonoStriscia(22));
@@ -198,9 +171,9 @@ void DrawPallette() {
         const Stato stato;
         ClipRect(GetPortBounds(theWindow));
         const std::int32_t fondo = myViewRect.bottom;
-        riempi(SetRect(0, 0, lato, fondo), SystemStripColour());
+        riempi(SetRect(0, 0, latoCella, fondo), SystemStripColour());
         disegnaCelle();
-        linea(lato - 1, 0, lato - 1, fondo - 1, tonoStriscia(25));
+        linea(latoCella - 1, 0, latoCella - 1, fondo - 1, tonoStriscia(25));
         disegnaPiede();
     }
     AggiornaValori();
@@ -223,19 +196,18 @@ void DrawTopBar() {
     const Stato stato;
     const Rect porta = GetPortBounds(theWindow);
     ClipRect(porta);
-    riempi(SetRect(lato, 0, porta.right, hToolbar), SystemStripColour());
-    linea(lato, hToolbar - 1, porta.right, hToolbar - 1, tonoStriscia(25));
+    riempi(SetRect(latoCella, 0, porta.right, hToolbar), SystemStripColour());
+    linea(latoCella, hToolbar - 1, porta.right, hToolbar - 1, tonoStriscia(25));
     // The column of the scroll bar and the corner where the two bars meet.
     riempi(SetRect(myViewRect.right, hToolbar, porta.right, porta.bottom), SystemStripColour());
-    riempi(SetRect(destraRiga, myViewRect.bottom, porta.right, porta.bottom), SystemStripColour());
+    riempi(SetRect(fineRiga, myViewRect.bottom, porta.right, porta.bottom), SystemStripColour());
 }
 
 void inizializzaMainToolbar() {
     if (!theWindow) return;
-    for (std::size_t i = 0; i < celle.size(); ++i) {
-        const auto voce = static_cast<std::int16_t>(i + 1);
-        NameWindowPart(theWindow, voce, rettangoloCella(i), GetIndString(listaAiuti, voce));
-    }
+    perOgniCella([](CellaPalette c) {
+        NameWindowPart(theWindow, aiutoDi(c), RettangoloCella(c), GetIndString(listaAiuti, aiutoDi(c)));
+    });
     CreaBarra();
     MoveToolbar();
 }
@@ -244,7 +216,7 @@ void inizializzaMainToolbar() {
 void MoveToolbar() {
     if (!theWindow) return;
     DisponiBarra();
-    NameWindowPart(theWindow, aiutoRiga, rettangoloRiga(), GetIndString(listaAiuti, aiutoRiga));
+    NameWindowPart(theWindow, aiutoRiga, RigaCoordinate(), GetIndString(listaAiuti, aiutoRiga));
 }
 
 void InitializeTags() { riposo = Riposo{}; }
@@ -266,7 +238,7 @@ std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on) {
 }
 
 namespace {
-const VoceStato righe[] = {{"riposo", VoceStato::speciale, nullptr, 0, InitializeTags, nullptr}};
+const VoceStato righe[] = {voce<StrOperCorr>("StrOperCorr"), {"riposo", InitializeTags, nullptr}};
 const TabellaStato tabella(righe);
 }   // namespace
 

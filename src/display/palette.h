@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "platform/Types.h"
+#include "text/PascalString.h"
 
 namespace tessaro {
 
@@ -20,5 +21,7 @@ void InitializeTags();
 // Rests of the pointer over palette or coordinate line; gives the ticks until it wants to be called again, -1 for
 // never.
 std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on);
+
+extern PStr63 StrOperCorr;   // operation now running, shown in the palette
 
 }   // namespace tessaro

@@ -10,9 +10,13 @@
 #include "dwg/kit/Alfabeto.h"
 #include "exchange/Operazione.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Fonts.h"
 #include "platform/Menus.h"
 #include "registration/Coordinate.h"
@@ -251,7 +255,7 @@ std::string maiuscolo(std::string_view s) { return OdDbTabella<OdDbRecord>::maiu
 
 // The font of a style's file. Kept: minus the number of the family in the menu, else 65514 in 16 bits.
 std::int16_t fontDi(const std::string& file) {
-    constexpr std::int16_t menuCaratteri = 100, ignoto = -22;
+    constexpr std::int16_t ignoto = -22;
     constexpr std::size_t troppoLungo = 255;
     std::string nome = maiuscolo(file);
     nome = nome.substr(0, nome.find('.'));
@@ -296,12 +300,9 @@ void azzera() {
     numElImportati = 0;
 }
 const VoceStato righe[] = {
-    {"numElImportati", VoceStato::i32, &numElImportati, 0},
-    {"layerTot", VoceStato::i16, &layerTot, 0},
-    {"suddividi_piani", VoceStato::u8, &suddividi_piani, 0},
-    {"layoutPicked", VoceStato::u8, &layoutPicked, 0},
-    {"ixSpazioCarta", VoceStato::i32, &ixSpazioCarta, -1},
-    {"scelteImporta", VoceStato::speciale, nullptr, 0, azzera, nullptr},
+    voce<numElImportati>("numElImportati"),   voce<layerTot>("layerTot"),
+    voce<suddividi_piani>("suddividi_piani"), voce<layoutPicked>("layoutPicked"),
+    voce<ixSpazioCarta>("ixSpazioCarta"),     {"scelteImporta", azzera, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

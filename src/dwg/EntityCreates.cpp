@@ -6,8 +6,10 @@
 
 #include "dwg/dwgdxf.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"

@@ -73,7 +73,7 @@ public:
     }
     bool esegui() {
         const std::int16_t obiettivoPrima = itemDWGDXF, versionePrima = itemVersione;
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Display();
         do {
             ModalDialog(MyMovableFilter, itemCorrente);
@@ -90,8 +90,6 @@ public:
             return static_cast<std::uint8_t>(GetDialogItemValue(theDialog, item) != 0);
         };
         const ScelteEsporta scelte{spunta(spuntaInUso), spunta(spuntaChiuse)};
-        DisposeDialog(theDialog);
-        theDialog = nullptr;
         if (itemCorrente == okItem) {
             inggene();
             scelteEsporta = scelte;
@@ -138,11 +136,11 @@ void EsportaDWG() {
 
 namespace {
 const VoceStato righe[] = {
-    {"tipoFileEsportato", VoceStato::i16, &tipoFileEsportato, obiettivoProprio},
-    {"fileType", VoceStato::i16, &fileType, 1},
-    {"outVer", VoceStato::i16, &outVer, 29},
-    {"itemDWGDXF", VoceStato::i16, &itemDWGDXF, itemProprio},
-    {"itemVersione", VoceStato::i16, &itemVersione, itemNuovissima},
+    voce<tipoFileEsportato>("tipoFileEsportato"),
+    voce<fileType>("fileType"),
+    voce<outVer>("outVer"),
+    voce<itemDWGDXF>("itemDWGDXF"),
+    voce<itemVersione>("itemVersione"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

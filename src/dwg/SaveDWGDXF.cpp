@@ -8,8 +8,10 @@
 #include "dwg/dwgdxf.h"
 #include "dwg/Parole.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Resources.h"
@@ -176,9 +178,9 @@ void SaveDWGDXF(std::int16_t tipo, std::int16_t versione) {
 
 namespace {
 const VoceStato righe[] = {
-    {"pDb", VoceStato::speciale, nullptr, 0, [] { pDb.reset(); }, nullptr},
-    {"newLayerId", VoceStato::speciale, nullptr, 0, [] { newLayerId.fill({}); }, nullptr},
-    {"scelteEsporta", VoceStato::speciale, nullptr, 0, [] { scelteEsporta = {}; }, nullptr},
+    {"pDb", [] { pDb.reset(); }, nullptr},
+    {"newLayerId", [] { newLayerId.fill({}); }, nullptr},
+    {"scelteEsporta", [] { scelteEsporta = {}; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

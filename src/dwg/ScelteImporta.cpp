@@ -15,7 +15,7 @@ class TScelteImporta : public TParametri {
 public:
     TScelteImporta() { Poni(1, 2, 0, 0, dialogo); }
     void esegui() {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(campoTolleranza);
     }
     void Display() override {

@@ -3,10 +3,10 @@
 
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 #include "tools/Costruzione.h"
 
 namespace tessaro {
@@ -15,7 +15,7 @@ namespace {
 
 // A segment in progress goes back to the start of the one before, which is dropped with no undo of its own.
 void passoIndietro() {
-    if (Azione != 1 || indElem < 3 || Elem(indElem).tipo != tSegmento) return;
+    if (Azione != sPrimoPunto || indElem < 3 || Elem(indElem).tipo != tSegmento) return;
     const auto& s = Elem(indElem).segm;
     Xini = s.x1;
     Yini = s.y1;
@@ -34,7 +34,8 @@ void AnnullaUltima() {
     passoIndietro();
     InvalWind();
     SospendiAz();
-    if (Azione == 5 && percorsoMisurato.indietro) percorsoMisurato.indietro();   // takes its own rubber off and on
+    if (Azione == sPercorso && percorsoMisurato.indietro)
+        percorsoMisurato.indietro();   // takes its own rubber off and on
 }
 
 }   // namespace tessaro

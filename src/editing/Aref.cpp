@@ -7,8 +7,8 @@
 #include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "platform/Resources.h"
 
 namespace tessaro {

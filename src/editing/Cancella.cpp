@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "display/Ridisegno.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
+#include "model/Strumento.h"
 #include "platform/Events.h"
+#include "tools/Costruzione.h"
 
 namespace tessaro {
 

@@ -3,12 +3,16 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Ridisegno.h"
-#include "editing/Selezione.h"
+#include "editing/Cancella.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -71,7 +75,7 @@ void aggiungi(Quanti quanti) {
 
 bool NumeroLatiPol() {
     constexpr std::int16_t dialogo = 136, ok = 1, annulla = 2, ripristina = 5, campo = 4, minimo = 3, massimo = 100;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     const auto mostra = [] {
         SetDialogItemText(theDialog, campo, NumToString(NumLatiPoligono).view());
         SelectDialogItemText(theDialog, campo, 0, 100);
@@ -83,8 +87,6 @@ bool NumeroLatiPol() {
         ModalDialog(MyMovableFilter, Noitem);
         if (Noitem == ripristina) mostra();
     } while (Noitem != annulla && !accettato());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     if (Noitem != ok) return false;
     NumLatiPoligono = lati;
     return true;
@@ -123,7 +125,7 @@ void TrasformaSegmentiSel() {
 }
 
 namespace {
-const VoceStato righe[] = {{"NumLatiPoligono", VoceStato::i16, &NumLatiPoligono, 24}};
+const VoceStato righe[] = {voce<NumLatiPoligono>("NumLatiPoligono")};
 const TabellaStato tabella(righe);
 }   // namespace
 

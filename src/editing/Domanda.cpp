@@ -5,8 +5,8 @@
 #include <array>
 
 #include "dialogs/Parametri.h"
-#include "model/Attributi.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
 
@@ -34,7 +34,7 @@ constexpr std::array<NomeOggetto, 7> nomi{{
 }   // namespace
 
 bool Domanda(std::int16_t dialogo, std::string_view iniziale, const std::function<bool()>& accetta) {
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     const auto mostra = [&] {
         SetDialogItemText(theDialog, campoDomanda, iniziale);
         SelectDialogItemText(theDialog, campoDomanda, 0, 255);
@@ -47,8 +47,6 @@ bool Domanda(std::int16_t dialogo, std::string_view iniziale, const std::functio
         if (Noitem == ripristina) mostra();
         if (Noitem == ok) accettato = !quitPending() && accetta();
     } while (!accettato && Noitem != annulla && !quitPending());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     return accettato;
 }
 

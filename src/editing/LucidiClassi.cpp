@@ -4,7 +4,7 @@
 #include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "platform/Dialogs.h"
 #include "platform/Resources.h"
 

@@ -6,10 +6,9 @@
 #include <cmath>
 
 #include "editing/Modifica.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "editing/Vertici.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"

@@ -5,7 +5,9 @@
 #include "editing/Domanda.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Stato.h"
+#include "model/Unita.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
@@ -43,7 +45,7 @@ public:
     }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(4);
     }
 };
@@ -91,7 +93,7 @@ public:
     }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(4);
     }
 };
@@ -124,18 +126,16 @@ bool modificaArco(elemento& e) {
 }   // namespace
 
 bool ModificaCoord(double& x, double& y, double& z) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TModificaCoord d(x, y, z);
     d.Dialogo();
-    SetPort(prima);
     return d.Accettato();
 }
 
 bool ModificaCurva(std::int32_t index, bool cerchio) {
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     ParamText(NomeAngoli(), "", "", "");
     const bool cambiata = cerchio ? modificaCerchio(Elem(index)) : modificaArco(Elem(index));
-    SetPort(prima);
     return cambiata;
 }
 

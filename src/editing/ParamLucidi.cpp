@@ -7,7 +7,7 @@
 #include "editing/LucidiClassi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "text/Conversione.h"
@@ -16,6 +16,7 @@ namespace tessaro {
 
 namespace {
 
+constexpr std::int16_t ParamLucidiDia = 128;
 constexpr std::int16_t primoLucido = 3, ultimoLucido = 102, primaScelta = 123, ultimaScelta = 128, campoLucido = 130;
 constexpr std::int16_t tutti = 131, nessuno = 132;
 constexpr std::size_t quantiLucidi = 100, quanteScelte = 6;
@@ -98,15 +99,13 @@ void TParamLucidi::colpito() {
 
 void TParamLucidi::Dialogo() {
     vista = VisioneGraf;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     contaElementi();
     Display();
     do {
         ModalDialog(MyMovableFilter, itemCorrente);
         if (!quitPending()) colpito();
     } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0) && !quitPending());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 }   // namespace

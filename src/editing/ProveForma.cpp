@@ -3,8 +3,9 @@
 #include <cmath>
 
 #include "display/RiquadroTesto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Archivio.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

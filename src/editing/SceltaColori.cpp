@@ -9,8 +9,9 @@
 #include "editing/Selezionati.h"
 #include "files/ParamColor.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
@@ -203,15 +204,13 @@ void TSceltaColori::colpito() {
 }
 
 void TSceltaColori::Dialogo() {
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     SetDialogItemMenu(theDialog, elencoPenne, menuPenne);
     Display();
     do {
         ModalDialog(MyMovableFilter, itemCorrente);
         if (!quitPending()) colpito();
     } while (!chiude() && !quitPending());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TSceltaColori::Scelta(std::uint8_t silent) {
@@ -242,8 +241,8 @@ void SceltaColori(std::uint8_t silent) {
 
 namespace {
 const VoceStato righe[] = {
-    {"IndiceColore", VoceStato::i16, &IndiceColore, 1},
-    {"OldIndiceColore", VoceStato::i16, &OldIndiceColore, 1},
+    voce<IndiceColore>("IndiceColore"),
+    voce<OldIndiceColore>("OldIndiceColore"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "display/Sovrapposto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Percorso.h"

@@ -3,12 +3,13 @@
 
 #include "display/RiquadroTesto.h"
 #include "display/Sovrapposto.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
+#include "platform/Windows.h"
 
 namespace tessaro {
 
@@ -105,8 +106,8 @@ std::string puntoJson(const puntot& p) {
     return s;
 }
 const VoceStato righe[] = {
-    {"xyzLT", VoceStato::speciale, nullptr, 0, [] { xyzLT = {}; }, [] { return puntoJson(xyzLT); }},
-    {"xyzRB", VoceStato::speciale, nullptr, 0, [] { xyzRB = {}; }, [] { return puntoJson(xyzRB); }},
+    {"xyzLT", [] { xyzLT = {}; }, [] { return puntoJson(xyzLT); }},
+    {"xyzRB", [] { xyzRB = {}; }, [] { return puntoJson(xyzRB); }},
 };
 const TabellaStato tabella(righe);
 }   // namespace

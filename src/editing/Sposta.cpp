@@ -5,10 +5,10 @@
 
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Figura.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Events.h"
 
 namespace tessaro {

@@ -1,7 +1,8 @@
 // The move by typed values.
 #include "dialogs/Parametri.h"
 #include "editing/Sposta.h"
-#include "model/Attributi.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 
@@ -31,19 +32,20 @@ bool leggiDelta() {
     return true;
 }
 
-}   // namespace
-
-void Sposta() {
-    const GrafPtr prima = GetPort();
-    theDialog = GetNewDialog(dialogo);
+// The deltas of a move; false when they were not given.
+bool chiediDelta() {
+    const PortaCorrente porta;
+    const DialogoAperto aperto(dialogo);
     mostraDelta();
     SelectDialogItemText(theDialog, campoX, 0, 100);
     do { ModalDialog(MyMovableFilter, Noitem); } while (Noitem != annulla && !(Noitem == ok && leggiDelta()));
-    const bool accettato = Noitem == ok;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
-    SetPort(prima);
-    if (accettato) SpostaSelezione();
+    return Noitem == ok;
+}
+
+}   // namespace
+
+void Sposta() {
+    if (chiediDelta()) SpostaSelezione();
 }
 
 }   // namespace tessaro

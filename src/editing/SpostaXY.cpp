@@ -2,8 +2,9 @@
 #include "editing/SpostaXY.h"
 
 #include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Dialogs.h"
 #include "registration/PuntiControllo.h"
 
@@ -83,7 +84,7 @@ void SpostaXY() {
     if (dx == 0 && dy == 0) return;
     if (NoteAlert(domanda) != sposta) return;
     spostaTutti(dx, dy);
-    if (AttacchiCambiati()) InvalWind();
+    AttacchiCambiati();
 }
 
 }   // namespace tessaro

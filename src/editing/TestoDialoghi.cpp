@@ -1,11 +1,11 @@
 // The dialogs of texts: string and angle, and a size of one's own.
 #include "dialogs/Parametri.h"
 #include "display/Testi.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "platform/Windows.h"
 #include "text/Conversione.h"
@@ -67,7 +67,7 @@ bool leggi(Voluto& v) {
 bool chiedi(bool modifica, Voluto& v) {
     constexpr std::int16_t dialogo = 131;
     ParamText(GetIndString(129, modifica ? 22 : 23), GetIndString(129, 33), unitaAngolo(), "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     mostra(modifica);
     bool bene = false;
     do {
@@ -75,8 +75,6 @@ bool chiedi(bool modifica, Voluto& v) {
         if (Noitem == ripristina) mostra(modifica);
         if (Noitem == okItem) bene = leggi(v);
     } while (!bene && Noitem != annullaItem);
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     return bene;
 }
 
@@ -96,7 +94,7 @@ void PoniTesti(std::uint8_t suSelezione) {
 
 std::int16_t ScegliDimFMac(std::int16_t massimo, std::int16_t minimo, std::int16_t proposta) {
     constexpr std::int16_t dialogo = 9100, campo = 4;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     SetDialogItemText(theDialog, campo, NumToString(proposta).view());
     SelectDialogItemText(theDialog, campo, 0, 255);
     std::int16_t corpo = 0;
@@ -106,8 +104,6 @@ std::int16_t ScegliDimFMac(std::int16_t massimo, std::int16_t minimo, std::int16
         if (Noitem != okItem) continue;
         LeggiCampoIntero(campo, minimo, massimo, corpo);
     } while (Noitem != annullaItem && !(Noitem == okItem && err_ > 0));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
     return Noitem == okItem ? corpo : std::int16_t{0};
 }
 

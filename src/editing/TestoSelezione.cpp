@@ -3,12 +3,15 @@
 
 #include "display/Ridisegno.h"
 #include "display/Testi.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Lucidi.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Fonts.h"
 #include "platform/Menus.h"
@@ -17,8 +20,6 @@
 namespace tessaro {
 
 namespace {
-
-constexpr std::int16_t menuCaratteri = 100, menuCorpi = 101, menuStili = 102;
 
 void misura(elemento& e) {
     const Stato stato;
@@ -37,7 +38,7 @@ void perOgniTesto(Cambia cambia) {
     const auto uno = [&](std::int32_t n) {
         elemento& e = Elem(n);
         if (e.tipo != tTesto) return;
-        cambia(e.test);
+        cambia(e);
         misura(e);
         cambiato = true;
     };
@@ -69,20 +70,24 @@ struct VoceStile {
     std::int16_t item;
     std::uint8_t bit;
 };
-constexpr VoceStile stili[] = {{3, bold}, {4, italic}, {5, underline}, {6, outlineFace}, {7, shadowFace}};
+constexpr VoceStile stili[] = {{voci::stili::grassetto, bold},
+                               {voci::stili::corsivo, italic},
+                               {voci::stili::sottolineato, underline},
+                               {voci::stili::contornato, outlineFace},
+                               {voci::stili::ombreggiato, shadowFace}};
 
 void spuntaStili() {
     const auto face = static_cast<std::uint32_t>(gTxStyle.face);
     for (const VoceStile& v : stili) CheckMenuItem(menuStili, v.item, BITTST(face, v.bit));
-    CheckMenuItem(menuStili, 1, face == 0);
+    CheckMenuItem(menuStili, voci::stili::normale, face == 0);
 }
 
 }   // namespace
 
 void CambiaTesti(const PStr255& testo, std::int16_t angolo) {
-    perOgniTesto([&](elemento::Testo& t) {
-        std::copy_n(testo.bytes(), t.testo.size(), t.testo.begin());
-        t.angolo = angolo;
+    perOgniTesto([&](elemento& e) {
+        PoniScritta(e, testo);
+        e.test.angolo = angolo;
     });
 }
 
@@ -91,7 +96,7 @@ void CheckFontMac(std::int16_t item) {
     const std::int16_t numero = GetFNum(nome);
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.font = numero; });
+        perOgniTesto([&](elemento& e) { e.test.font = numero; });
         return;
     }
     gFontName = PStr255(std::string_view(nome));
@@ -111,7 +116,7 @@ void CheckDimFMac(std::int16_t item) {
     if (corpo < 1) return;
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.dimensione = corpo; });
+        perOgniTesto([&](elemento& e) { e.test.dimensione = corpo; });
         return;
     }
     gFontSize = corpo;
@@ -127,7 +132,7 @@ void CheckStile(std::int16_t item) {
     const auto nuovo = [&](std::uint32_t face) { return item == 1 ? 0U : face ^ bit; };
     if (Puntosel.attiva) {
         PoniAnnulla(aNiente);
-        perOgniTesto([&](elemento::Testo& t) { t.stile = static_cast<std::uint8_t>(nuovo(t.stile)); });
+        perOgniTesto([&](elemento& e) { e.test.stile = static_cast<std::uint8_t>(nuovo(e.test.stile)); });
         return;
     }
     gTxStyle.face = static_cast<std::int16_t>(nuovo(static_cast<std::uint8_t>(gTxStyle.face)));

@@ -6,7 +6,7 @@
 #include "display/Tratteggi.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "model/Attributi.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -55,7 +55,7 @@ void TPoniTratteggi::inggene() {
 }
 
 void TPoniTratteggi::Dialogo() {
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     Display();
     SelectDialogItemText(theDialog, campoAngolo, 0, 100);
     do {
@@ -65,8 +65,6 @@ void TPoniTratteggi::Dialogo() {
         if (itemCorrente == okItem) inggene();
         OscuraAnnulla();
     } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0));
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TPoniTratteggi::Tratt() {

@@ -7,11 +7,11 @@
 #include "display/Ridisegno.h"
 #include "editing/MeshPunti.h"
 #include "editing/Modifica.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Figura.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 
 namespace tessaro {
@@ -154,7 +154,8 @@ bool muoviPolilinea(const EventRecord& event, const puntot& p) {
         if (ultimo - testa > 1) togliVertice(testa, n);
         return true;
     }
-    if (ContinuaPoligono && testa == IndicePolCorrente) FineFigura();   // its next side would begin where the vertex was
+    if (ContinuaPoligono && testa == IndicePolCorrente)
+        FineFigura();   // its next side would begin where the vertex was
     const bool posto = indElem < maxElementi && Elem(testa).poli.numVertici < std::numeric_limits<std::int16_t>::max();
     if (inserire && posto) inserisciVertice(testa, n);
     trascinaVertice(event, testa, n);

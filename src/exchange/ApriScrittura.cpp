@@ -4,7 +4,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Resources.h"
 #include "text/FileDati.h"
 

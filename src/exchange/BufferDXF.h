@@ -10,6 +10,8 @@ namespace tessaro {
 
 class BufferDXF : public BufferRighe {
 public:
+    BufferDXF() : BufferRighe(true) {}   // other readers hang on CR alone
+
     void righe2(std::string_view codice, std::string_view valore) {
         riga(codice);
         riga(valore);

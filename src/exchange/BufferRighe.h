@@ -9,10 +9,10 @@
 
 namespace tessaro {
 
-// Writes to `RefNum`; each line ends in CR. The first write that fails sets `uscita`, and from then on nothing is written.
+// Writes to `RefNum`; each line ends in CR, or in CR LF. The first write that fails sets `uscita`, and from then on nothing is written.
 class BufferRighe {
 public:
-    BufferRighe() : byte(capienza), dopo(byte.data()) {}
+    explicit BufferRighe(bool conLf = false) : byte(capienza), dopo(byte.data()), lf(conLf) {}
     ~BufferRighe() { svuota(); }
     BufferRighe(const BufferRighe&) = delete;
     BufferRighe& operator=(const BufferRighe&) = delete;
@@ -23,8 +23,9 @@ public:
         dopo += s.size();
     }
     void fineRiga() {
-        prepara(1);
+        prepara(2);
         *dopo++ = '\r';
+        if (lf) *dopo++ = '\n';
     }
     void riga(std::string_view s) {
         aggiungi(s);
@@ -43,6 +44,7 @@ private:
     static constexpr std::size_t capienza = 1024 * 1024;
     std::vector<char> byte;
     char* dopo;   // the next free place
+    bool lf;
 };
 
 }   // namespace tessaro

@@ -33,7 +33,10 @@ extern std::vector<TBloccoDXF> BlocchiDXF;   // those read; block number n is Bl
 extern std::uint8_t LettiBlocchiDXF;         // their records still stand in the drawing
 
 std::int16_t RigaToPat(std::string_view tipoLinea);   // pen pattern of a line type
-std::int16_t NumToColor(std::int16_t colore);         // colour number of a DXF layer colour
+// Colours of files are numbers of the published index: the nearest of the drawing's table, 1 for what is no colour of it,
+// and the nearest of the index. The table must rest from InizioTabelleDXF on.
+std::int16_t NumToColor(std::int16_t colore);
+std::int16_t ColorToNum(std::int16_t colore);
 // Sheet of a layer. Kept: the position less one, and 0 for an unknown one as for the first.
 std::int16_t CercaLayer(const PStr15& nome);
 

@@ -8,9 +8,13 @@
 #include "exchange/GruppiDXF.h"
 #include "exchange/Operazione.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
@@ -49,6 +53,10 @@ void TLeggiEntitaDXF::Leggi() {
     fine = false;
     azzeraScratch();
     if (!inBlocco && CodiceGruppo(righe.riga()) != g0) righe.cerca("  0");
+    const auto contaLayer = [this] {
+        if (!inBlocco && layerVisti.size() > 1)
+            lettura.resoconto.cambiati.aggiungi(cLayerRiuniti, static_cast<std::int64_t>(layerVisti.size()));
+    };
     while (!fine && !righe.finite()) {
         if (nomeLetto) {
             nomeLetto = false;
@@ -58,6 +66,7 @@ void TLeggiEntitaDXF::Leggi() {
             entita(righe.riga());
         }
     }
+    contaLayer();
     if (!inBlocco) RimuoviBlocchiDXF();
 }
 
@@ -116,7 +125,7 @@ bool TLeggiEntitaDXF::colore(f16& dove) {
     case Intero::buono: break;
     }
     if (v == daBlocco || v > massimo) return false;
-    dove = v;
+    dove = NumToColor(v);
     return true;
 }
 
@@ -157,8 +166,6 @@ bool TLeggiEntitaDXF::attributi(f16& dovePattern, f16& doveColore) {
     default: return false;
     }
 }
-
-bool TLeggiEntitaDXF::registrato() const { return Elem(2).att.coordReali != 0; }
 
 void TLeggiEntitaDXF::posizione(double& x, double& y) const {
     if (inBlocco) return;
@@ -247,10 +254,10 @@ void TLeggiEntitaDXF::Cerchio() {
 
 namespace {
 
-// A whole turn is added to what lies below zero; far off values of damaged files come into range.
+// Degrees from 0 up to a turn; what is no number is 0.
 double inGiro(double gradi) {
-    if (gradi < 0) gradi += 360;
-    if (gradi >= 0 && gradi <= 360) return gradi;
+    if (gradi >= 0 && gradi < 360) return gradi;
+    if (gradi < 0 && gradi >= -360) return gradi + 360 == 360 ? 0 : gradi + 360;
     gradi = std::fmod(gradi, 360);
     if (!std::isfinite(gradi)) return 0;
     return gradi < 0 ? gradi + 360 : gradi;
@@ -274,9 +281,10 @@ void TLeggiEntitaDXF::Arco() {
     if (!fineEntita) return;
     double x = a.cx, y = a.cy;
     posizione(x, y);
-    const double da = 90 - a.angoloInizio, fino = 90 - a.ampiezza;
-    // Kept: from group 50 clockwise to group 51. An arc of 0 to 90 has start 90 and sweep 270.
-    memorizza(tArco, {x, y, raggio(a.raggio), inGiro(da), inGiro(fino - da)}, a.colore, a.pattern);
+    // From group 50 anticlockwise to group 51; here arcs run clockwise from straight up. Equal angles are a full turn.
+    const double ampiezza = inGiro(a.ampiezza - a.angoloInizio);
+    memorizza(tArco, {x, y, raggio(a.raggio), inGiro(90 - a.ampiezza), ampiezza == 0 ? 360 : ampiezza}, a.colore,
+              a.pattern);
 }
 
 void TLeggiEntitaDXF::Traccia() {
@@ -303,6 +311,7 @@ std::int16_t corpo(double altezza) {
 void TLeggiEntitaDXF::DXFTesto() {
     auto& t = scratch.test;
     double v = 0;
+    bool codici = false, tagliato = false;
     t.testo[0] = 0;
     t.dimensione = 12;
     t.angolo = 100;
@@ -317,7 +326,10 @@ void TLeggiEntitaDXF::DXFTesto() {
             if (reale(v)) t.angolo = arrotonda16(SessadToAng(90 - v, gradCorrente));
             break;
         case g1: {
-            const std::string s = lettura.alfabeto.testo(lettura.righe.riga()).substr(0, testoMassimo);
+            const std::string_view riga = lettura.righe.riga();
+            if (riga.find("%%") != std::string_view::npos || riga.find('\\') != std::string_view::npos) codici = true;
+            const std::string intero = lettura.alfabeto.testo(riga), s = intero.substr(0, testoMassimo);
+            tagliato = intero.size() > testoMassimo;
             t.testo[0] = static_cast<std::uint8_t>(s.size());
             std::copy(s.begin(), s.end(), t.testo.begin() + 1);
             break;
@@ -333,12 +345,9 @@ void TLeggiEntitaDXF::DXFTesto() {
         }
     }
     if (!fineEntita || t.testo[0] == 0) return;
+    if (codici) lettura.resoconto.cambiati.aggiungi(cCodiciTesto);
+    if (tagliato) lettura.resoconto.cambiati.aggiungi(cTestiTagliati);
     double x = t.x, y = t.y;
-    // Kept: under a registration the place is looked for where a segment has it, which here are bytes of the text.
-    if (!inBlocco && registrato()) {
-        x = scratch.segm.x1;
-        y = scratch.segm.y1;
-    }
     posizione(x, y);
     if (!std::isfinite(x) || !std::isfinite(y)) x = y = 0;
     if (indElem >= maxElementi) lettura.resoconto.senzaPosto();

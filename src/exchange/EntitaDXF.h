@@ -73,7 +73,6 @@ private:
     bool attributi(f16& dovePattern, f16& doveColore);
 
     // --- conversion to sheet units
-    [[nodiscard]] bool registrato() const;
     void posizione(double& x, double& y) const;   // outside blocks
     [[nodiscard]] double raggio(double r) const;
 
@@ -94,6 +93,7 @@ private:
     struct Inserimento;
     void copiaBlocco(std::int32_t blocco, const Inserimento& ins);
     void trasforma(std::int32_t blocco, const Inserimento& ins, elemento& e);
+    void specchiaArco(elemento& e) const;
 
     LetturaDXF& lettura;
     bool fine = false;         // of the section or block

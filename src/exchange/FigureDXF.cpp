@@ -1,11 +1,13 @@
 // Entities that become many records: polylines, and the copies of blocks that INSERT makes.
+#include <cmath>
 #include <limits>
 
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "exchange/GruppiDXF.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
@@ -44,7 +46,9 @@ void TLeggiEntitaDXF::Poligono() {
     // Kept: a head to which no vertex came stays, at the origin of the sheet.
     if (f.testa == 0 || f.vertici == 0) return;
     const auto& testa = Elem(f.testa).poli;
-    if (f.chiusa) aggiungiVertice(f, testa.x, testa.y, testa.z);
+    if (!f.chiusa) return;
+    aggiungiVertice(f, testa.x, testa.y, testa.z);
+    lettura.resoconto.cambiati.aggiungi(cPoligoniChiusi);
 }
 
 void TLeggiEntitaDXF::testaPoligono(Figura& f) {
@@ -72,16 +76,19 @@ void TLeggiEntitaDXF::testaPoligono(Figura& f) {
 
 void TLeggiEntitaDXF::vertice(Figura& f) {
     auto& v = scratch.vert;
+    double curvatura = 0;
     while (prossimo()) {
         switch (gruppo) {
         case g10: reale(v.x); break;
         case g20: reale(v.y); break;
         case g30:
         case g38: reale(v.z); break;
+        case g42: reale(curvatura); break;
         default: saltaValore();
         }
     }
     if (!fineEntita) return;
+    if (curvatura != 0) lettura.resoconto.cambiati.aggiungi(cLatiRaddrizzati);
     double x = v.x, y = v.y;
     posizione(x, y);
     if (++f.vertici > 1) {
@@ -111,6 +118,7 @@ void TLeggiEntitaDXF::aggiungiVertice(Figura& f, double x, double y, double z) {
 struct TLeggiEntitaDXF::Inserimento {
     f16 colore, pattern;
     bool conColore = false, conPattern = false;
+    double rotazione = 0, colonne = 1, righe = 1;
     std::int16_t lucido = -1;   // none told
 };
 
@@ -129,6 +137,9 @@ void TLeggiEntitaDXF::Insert() {
         case g41: reale(scalaX); break;
         case g42: reale(scalaY); break;
         case g43: reale(scalaZ); break;
+        case g50: reale(ins.rotazione); break;
+        case g70: reale(ins.colonne); break;
+        case g71: reale(ins.righe); break;
         case g8: ins.lucido = std::min(layer(), ultimoLucido); break;
         case g62: ins.conColore = colore(ins.colore); break;
         case g6:
@@ -139,6 +150,10 @@ void TLeggiEntitaDXF::Insert() {
         }
     }
     if (!fineEntita) return;
+    auto& cambiati = lettura.resoconto.cambiati;
+    if (ins.rotazione != 0) cambiati.aggiungi(cInserimentiGirati);
+    if (ins.colonne > 1 || ins.righe > 1) cambiati.aggiungi(cInserimentiInSerie);
+    if (scalaX * scalaY < 0) cambiati.aggiungi(cBlocchiSpecchiati);
     for (const std::int32_t blocco : BlocchiDiNomeDXF(nome)) {
         copiaBlocco(blocco, ins);
         if (indElem >= maxElementi) break;
@@ -162,6 +177,15 @@ void TLeggiEntitaDXF::copiaBlocco(std::int32_t blocco, const Inserimento& ins) {
         Elem(testa).poli.numVertici = static_cast<std::int16_t>(indElem - testa);
 }
 
+// Under a mirror an arc runs the other way; here all run clockwise, so that its end becomes its start.
+void TLeggiEntitaDXF::specchiaArco(elemento& e) const {
+    auto& a = e.arco;
+    double da = a.angoloInizio;
+    if (scalaX < 0) da = -(da + a.ampiezza);
+    if (scalaY < 0) da = 180 - (da + a.ampiezza);
+    a.angoloInizio = da - 360 * std::floor(da / 360);
+}
+
 void TLeggiEntitaDXF::trasforma(std::int32_t blocco, const Inserimento& ins, elemento& e) {
     const auto punto = [&](f64& x, f64& y, f64* z) {
         double px = x, py = y, pz = z ? static_cast<double>(*z) : 0;
@@ -174,8 +198,8 @@ void TLeggiEntitaDXF::trasforma(std::int32_t blocco, const Inserimento& ins, ele
         if (ins.conColore) col = ins.colore;
         if (ins.conPattern && pat) *pat = ins.pattern;
     };
-    // Kept: by the mean of both scales, sign included; a copy mirrored in one direction alone has no radius.
-    const auto scala = [&](f64& r) { r = raggio(r * ((scalaX + scalaY) / 2)); };
+    // By the mean of both scales' sizes: a mirrored circle is as large as the one it mirrors.
+    const auto scala = [&](f64& r) { r = raggio(r * ((std::fabs(scalaX) + std::fabs(scalaY)) / 2)); };
     e.selezionato = 0;
     if (ins.lucido >= 0) e.lucido = ins.lucido;
     switch (e.tipo) {
@@ -205,6 +229,7 @@ void TLeggiEntitaDXF::trasforma(std::int32_t blocco, const Inserimento& ins, ele
     case tArco:
         punto(e.arco.cx, e.arco.cy, nullptr);
         scala(e.arco.raggio);
+        specchiaArco(e);
         attributi(e.arco.colore, &e.arco.pattern);
         break;
     default: break;

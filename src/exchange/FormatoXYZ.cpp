@@ -3,8 +3,11 @@
 
 #include <algorithm>
 
+#include "dialogs/Parametri.h"
 #include "files/Impostazioni.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Quickdraw.h"
@@ -20,8 +23,6 @@ namespace {
 constexpr const char* nomeFile = "FormParD";
 constexpr std::int16_t dialogoFormato = 2027, avvisoDoppia = 3013;
 constexpr std::int16_t primaColonna = 7, ultimaColonna = 10;   // pop-ups
-constexpr std::int16_t menuColonne = 29;
-constexpr std::int16_t menuImporta = 60, importaXYZ = 3, menuEsporta = 40, esportaXYZ = 5;
 constexpr std::array<std::int16_t, 4> colonnePredefinite{colonnaX, colonnaY, colonnaZ, colonnaNessuna};
 
 bool eColonna(std::int16_t item) { return item >= primaColonna && item <= ultimaColonna; }
@@ -51,8 +52,8 @@ bool leggiFile() {
 // A list without a column can be neither read nor written. The export's menu is off as a whole without a drawing.
 void abilitaVoci() {
     const auto poni = ColonneXYZ() > 0 ? EnableMenuItem : DisableMenuItem;
-    poni(menuImporta, importaXYZ);
-    poni(menuEsporta, esportaXYZ);
+    poni(menuImporta, voci::importa::xyz);
+    poni(menuEsporta, voci::esporta::xyz);
     DrawMenuBar();
 }
 
@@ -121,7 +122,7 @@ void TFormatoXYZ::colpito() {
 void TFormatoXYZ::Dialogo() {
     TipoFormNum = TipoForm;
     DatoPNum = DatoP;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     for (std::int16_t item = primaColonna; item <= ultimaColonna; ++item)
         SetDialogItemMenu(theDialog, item, menuColonne);
     Display();
@@ -132,8 +133,6 @@ void TFormatoXYZ::Dialogo() {
         ModalDialog(MyMovableFilter, itemCorrente);
         colpito();
     } while (!chiude());
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TFormatoXYZ::Form(std::uint8_t nascosto) {
@@ -148,24 +147,23 @@ void TFormatoXYZ::Form(std::uint8_t nascosto) {
 }
 
 void FormatoXYZ(std::uint8_t nascosto) {
-    const GrafPtr porta = GetPort();
+    const PortaCorrente porta;
     TFormatoXYZ f;
     f.Poni(1, 2, 16, 15, dialogoFormato);
     f.Form(nascosto);
-    SetPort(porta);
 }
 
 namespace {
 const VoceStato righe[] = {
-    {"TipoForm", VoceStato::i16, &TipoForm, rigaPerValore},
-    {"TipoFormNum", VoceStato::i16, &TipoFormNum, rigaPerValore},
-    {"DatoP", VoceStato::speciale, nullptr, 0, [] { DatoP = colonnePredefinite; },
+    voce<TipoForm>("TipoForm"),
+    voce<TipoFormNum>("TipoFormNum"),
+    {"DatoP", [] { DatoP = colonnePredefinite; },
      [] {
          std::string s;
          for (const std::int16_t c : DatoP) s += (s.empty() ? "[" : ",") + std::to_string(c);
          return s + "]";
      }},
-    {"DatoPNum", VoceStato::speciale, nullptr, 0, [] { DatoPNum = colonnePredefinite; }, nullptr},
+    {"DatoPNum", [] { DatoPNum = colonnePredefinite; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

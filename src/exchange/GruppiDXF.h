@@ -12,6 +12,6 @@ inline constexpr std::uint32_t g0 = CodiceGruppo("  0"), g1 = CodiceGruppo("  1"
                                g31 = CodiceGruppo(" 31"), g38 = CodiceGruppo(" 38"), g40 = CodiceGruppo(" 40"),
                                g41 = CodiceGruppo(" 41"), g42 = CodiceGruppo(" 42"), g43 = CodiceGruppo(" 43"),
                                g50 = CodiceGruppo(" 50"), g51 = CodiceGruppo(" 51"), g62 = CodiceGruppo(" 62"),
-                               g70 = CodiceGruppo(" 70");
+                               g70 = CodiceGruppo(" 70"), g71 = CodiceGruppo(" 71");
 
 }   // namespace tessaro

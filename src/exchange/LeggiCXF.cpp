@@ -3,12 +3,14 @@
 #include <limits>
 #include <string_view>
 
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/RigheDxf.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
+#include "model/Cursore.h"
 #include "model/Lucidi.h"
+#include "model/Unita.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"

@@ -5,9 +5,11 @@
 #include <string>
 
 #include "exchange/ApriScrittura.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Cursore.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "platform/Windows.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 #include "text/PasUtils.h"
@@ -126,7 +128,7 @@ void FaiMiniCad(tipo_D d) {
 }
 
 namespace {
-const VoceStato righe[] = {{"stUniM", VoceStato::str255, &stUniM}};
+const VoceStato righe[] = {voce<stUniM>("stUniM")};
 const TabellaStato tabella(righe);
 }   // namespace
 

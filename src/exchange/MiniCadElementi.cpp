@@ -5,8 +5,8 @@
 
 #include "exchange/MiniCad.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"

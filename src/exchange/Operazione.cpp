@@ -2,7 +2,6 @@
 #include "exchange/Operazione.h"
 
 #include "display/palette.h"
-#include "model/Attributi.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Files.h"

@@ -116,6 +116,7 @@ void Resoconto::mostra(const ElementiContati& entrati, std::int64_t righe, bool 
     const auto nota = [&note](TestoScambio t, std::int64_t n) {
         if (n > 0) note += (note.empty() ? "" : " ") + TestoDi(t, ConMigliaia(n));
     };
+    if (!cambiati.vuoti()) note += (note.empty() ? "" : " ") + TestoDi(TestoScambio::cambiati, cambiati.testo());
     nota(TestoScambio::colori, colori);
     nota(TestoScambio::senzaPosto, perduti);
     nota(TestoScambio::pieno, archivioPieno);

@@ -30,6 +30,7 @@ enum class TestoScambio : std::int16_t {
     nonNegliScript,
     pieno,
     nonNelKit,   // what files of a drawing database do not hold
+    cambiati,    // ^0 what came in otherwise than it was
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {
@@ -44,6 +45,15 @@ enum Conteggio : std::size_t {
     cIsole,   // rings of islands
     cRigheGuaste,
     cCoperti,   // elements that are not shown
+    // what came in, but changed
+    cLatiRaddrizzati,      // sides that were arcs
+    cInserimentiGirati,    // a block's copies that stand upright
+    cInserimentiInSerie,   // of rows and columns only the first copy
+    cBlocchiSpecchiati,
+    cTestiTagliati,    // at 40 characters
+    cCodiciTesto,      // texts with codes among their characters
+    cLayerRiuniti,     // on the current one
+    cPoligoniChiusi,   // closed by a vertex on their first
     nConteggi
 };
 
@@ -69,7 +79,8 @@ public:
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
     void nota(std::string macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
-    ElementiContati parti;                   // left out, beside the entities of a name
+    ElementiContati parti;      // left out, beside the entities of a name
+    ElementiContati cambiati;   // came in, but not as they were
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.
     void mostra(const ElementiContati& entrati, std::int64_t righe, bool fermata) const;
 

@@ -30,15 +30,26 @@ std::string_view RigheDxf::rigaLenta() {
     }
     conta();
     std::size_t n = 0;
-    while (n < massima && (qui != fine || blocco())) {
+    while (qui != fine || blocco()) {
         const char c = *qui++;
         const bool dopoCr = prec == cr;
         prec = c;
         if (c == lf && dopoCr) continue;
         if (fineRiga(c)) break;
-        raccolta[n++] = c;
+        if (n < massima) raccolta[n++] = c;
     }
     return allineata(raccolta.data(), n);
+}
+
+// The block may end before the line does: what is kept of it is kept apart.
+std::string_view RigheDxf::rigaTroppoLunga(const char* inizio) {
+    std::copy_n(inizio, massima, raccolta.begin());
+    qui = inizio + massima;
+    while (qui != fine || blocco()) {
+        prec = *qui++;
+        if (fineRiga(prec)) break;
+    }
+    return allineata(raccolta.data(), massima);
 }
 
 // A tabbed file keeps the alignment of its codes; a code is compared as a text of three characters.

@@ -1,5 +1,5 @@
 // Lines and numbers of a DXF file, fast: the file is walked in the blocks of its buffer and a line is a view into them.
-// A line is what ReadlnDisco gives: at most 255 characters, group codes padded to three.
+// A line is what ReadlnDisco gives: its first 255 characters, group codes padded to three.
 #pragma once
 
 #include <array>
@@ -34,12 +34,8 @@ public:
         while (p != limite && !fineRiga(*p)) ++p;
         conta();
         const auto n = static_cast<std::size_t>(p - inizio);
-        if (p == limite) {
-            qui = p;
-            prec = p[-1];
-        } else {
-            oltre(p);
-        }
+        if (p == limite && !fineRiga(*p)) return rigaTroppoLunga(inizio);
+        oltre(p);
         if (*inizio == tab || (rigapari == 0 && n < 3)) return allineata(inizio, n);
         return {inizio, n};
     }
@@ -100,6 +96,7 @@ private:
 
     bool blocco();   // the next one; false at the end, after a fault, or when the person stops the reading
     std::string_view rigaLenta();
+    std::string_view rigaTroppoLunga(const char* inizio);   // its first 255 characters; all of it is passed
     std::string_view allineata(const char* p, std::size_t n);
 
     std::int64_t dimensione = 0;   // of the file

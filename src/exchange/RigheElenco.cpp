@@ -20,8 +20,7 @@ std::string_view RigheElenco::rigaLenta(std::int32_t& n) {
             if (c == lf && lunga == 0) continue;
             iniziata = true;
             finita = fineRiga(c);
-            if (!finita) raccolta[lunga++] = c;
-            finita = finita || lunga == static_cast<std::size_t>(massima);
+            if (!finita && lunga < static_cast<std::size_t>(massima)) raccolta[lunga++] = c;
         }
         if (iniziata) ++n;
         if (lunga == 0 || raccolta[0] != '!') return {raccolta.data(), uscita == 0 ? lunga : 0};

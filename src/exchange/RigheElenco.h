@@ -13,8 +13,7 @@
 
 namespace tessaro {
 
-// Reads the file `RefNum` from its present position on and keeps EndFile. At most 255 characters a line, a longer one
-// goes on in the next; LF before any character belongs to the line end before it; lines that begin with "!" are
+// Reads the file `RefNum` from its present position on and keeps EndFile. A line is cut to 255 characters; LF before any character belongs to the line end before it; lines that begin with "!" are
 // skipped. Silent once `uscita` is set: lines are empty then.
 class RigheElenco : private FileABlocchi {
 public:
@@ -29,7 +28,8 @@ public:
             const char* const limite = inizio + massima;
             const char* p = inizio;
             while (p != limite && !fineRiga(*p)) ++p;
-            qui = p == limite ? p : p + 1;
+            if (p == limite && !fineRiga(*p)) break;   // a longer one: byte by byte
+            qui = p + 1;
             ++n;
             if (*inizio != '!') return {inizio, static_cast<std::size_t>(p - inizio)};
         }

@@ -7,7 +7,8 @@
 #include "exchange/ScriviDXF.h"
 #include "exchange/TestoDxf.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
@@ -28,7 +29,7 @@ void inizioEntita(BufferDXF& b, std::string_view nome, const Tratto& t) {
     b.righe2("  0", nome);
     b.righe2("  8", t.layer);
     b.righe2("  6", t.linea);
-    b.intero(" 62", t.colore);
+    b.intero(" 62", ColorToNum(t.colore));
 }
 
 void ScriviLineaDXF(BufferDXF& b, const puntot& da, const puntot& a, const Tratto& t) {
@@ -80,7 +81,7 @@ void ScriviVertexDXF(BufferDXF& b, std::int32_t i, const Tratto& t) {
     const puntot p = reale(v.x, v.y, v.z);
     b.righe2("  0", "VERTEX");
     b.righe2("  8", t.layer);
-    b.intero(" 62", t.colore);
+    b.intero(" 62", ColorToNum(t.colore));
     b.punto('0', p.x, p.y, p.z);
     b.righe2(" 42", "0");
     b.righe2(" 70", "     0");

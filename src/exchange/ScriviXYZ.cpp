@@ -11,8 +11,9 @@
 #include "exchange/FormatoXYZ.h"
 #include "exchange/XYZ.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/TabellaStato.h"
+#include "platform/Windows.h"
 #include "registration/Coordinate.h"
 #include "text/FileDati.h"
 
@@ -122,8 +123,8 @@ void FaiXYZAsci() {
 
 namespace {
 const VoceStato righe[] = {
-    {"filexyz", VoceStato::str255, &filexyz},
-    {"vrefrel", VoceStato::speciale, nullptr, 0, [] { vrefrel.clear(); }, nullptr},
+    voce<filexyz>("filexyz"),
+    {"vrefrel", [] { vrefrel.clear(); }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -1,11 +1,15 @@
 // Layers, blocks, line types and colours: what names of a DXF file mean to the drawing.
 #include <algorithm>
+#include <array>
+#include <limits>
 #include <string>
 #include <unordered_map>
 
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "model/Archivio.h"
+#include "model/Colori.h"
+#include "model/IndiceColori.h"
 #include "model/TabellaStato.h"
 #include "text/PascalString.h"
 
@@ -45,6 +49,7 @@ struct Nomi {
     std::unordered_map<std::string, std::int16_t> layer;
     std::unordered_map<std::string, std::vector<std::int32_t>> blocchi;
     bool layerPronti = false;
+    std::array<std::int16_t, 256> colori{};   // of the drawing, by the index; 0 not yet looked for
 };
 Nomi nomi;
 
@@ -108,9 +113,40 @@ std::int16_t RigaToPat(std::string_view tipoLinea) {
     return 5;
 }
 
+namespace {
+
+// The drawing's colour that lies nearest to one of the index; the first of several. 7 is the ink of any ground: black.
+std::int16_t coloreVicino(std::int16_t indice) {
+    constexpr std::int16_t inchiostro = 7;
+    const TernaColore voluto = indice == inchiostro ? TernaColore{} : ColoreDiIndice(indice);
+    const auto scarto = [](std::uint16_t a, std::uint8_t b) { return static_cast<std::int32_t>(a >> 8) - b; };
+    std::int16_t vicino = 1;
+    std::int32_t minimo = std::numeric_limits<std::int32_t>::max();
+    for (std::int16_t n = 1; n <= coloriPresenti && n <= maxColori; ++n) {
+        const RGBColor& c = arrColori[static_cast<std::size_t>(n - 1)].rgb;
+        const std::int32_t r = scarto(c.red, voluto.r), g = scarto(c.green, voluto.g), b = scarto(c.blue, voluto.b);
+        const std::int32_t distanza = r * r + g * g + b * b;
+        if (distanza >= minimo) continue;
+        minimo = distanza;
+        vicino = n;
+    }
+    return vicino;
+}
+
+}   // namespace
+
 std::int16_t NumToColor(std::int16_t colore) {
-    static constexpr std::int16_t colori[] = {1, 2, 7, 3, 5, 4, 6};
-    return colore >= 1 && colore <= 6 ? colori[colore] : std::int16_t{1};
+    if (colore < 1 || colore > 255) return 1;
+    std::int16_t& noto = nomi.colori[static_cast<std::size_t>(colore)];
+    if (noto == 0) noto = coloreVicino(colore);
+    return noto;
+}
+
+std::int16_t ColorToNum(std::int16_t colore) {
+    if (colore < 1 || colore > maxColori) return IndiceVicino(0, 0, 0);
+    const RGBColor& c = arrColori[static_cast<std::size_t>(colore - 1)].rgb;
+    const auto byte = [](std::uint16_t v) { return static_cast<std::uint8_t>(v >> 8); };
+    return IndiceVicino(byte(c.red), byte(c.green), byte(c.blue));
 }
 
 const char* LineTscad2DXF(std::int16_t pattern) {
@@ -125,8 +161,8 @@ const char* LineTscad2DXF(std::int16_t pattern) {
 
 namespace {
 const VoceStato righe[] = {
-    {"indluc", VoceStato::speciale, nullptr, 0, InizioTabelleDXF, [] { return NumeroJson(indluc); }},
-    {"LettiBlocchiDXF", VoceStato::u8, &LettiBlocchiDXF, 0},
+    {"indluc", InizioTabelleDXF, [] { return NumeroJson(indluc); }},
+    voce<LettiBlocchiDXF>("LettiBlocchiDXF"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

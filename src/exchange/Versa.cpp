@@ -15,7 +15,7 @@ void TScriviVersa::ScriviSegs() {
 }
 
 namespace {
-const VoceStato righe[] = {{"InfoVer", VoceStato::speciale, nullptr, 0, [] { InfoVer.fill(0); }, nullptr}};
+const VoceStato righe[] = {{"InfoVer", [] { InfoVer.fill(0); }, nullptr}};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -2,16 +2,19 @@
 #include "files/Blocchi.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 #include <vector>
 
 #include "display/Zoom.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
@@ -19,6 +22,8 @@
 #include "text/FileDati.h"
 
 namespace tessaro {
+
+constinit double DataUltima = 0;
 
 namespace {
 
@@ -120,16 +125,30 @@ bool leggiColori(Resto& resto) {
     return true;
 }
 
+// A measure that is not finite and above 0 would make every coordinate one too: what is in force stays.
+void misura(double& dove, Resto& resto) {
+    const double v = leggir();
+    if (std::isfinite(v) && v > 0) {
+        dove = v;
+    } else {
+        resto.g.what = TestoDi(TestoFile::unita);
+    }
+}
+
 bool leggiUnita(Resto& resto) {
     if (!resto.ci(byteUnita)) return false;
     UnitaMCorrente = std::min<std::int16_t>(leggib(), ultimaUnita);
-    decimiUnita = leggir();
-    Scaladis = leggir();
+    misura(decimiUnita, resto);
+    misura(Scaladis, resto);
     DataUltima = leggir();
-    Xfoglio = leggir();
+    misura(Xfoglio, resto);
     XFDecimi = leggii();
-    yfoglio = leggir();
+    misura(yfoglio, resto);
     YFDecimi = leggii();
+    if (!resto.g.what.empty()) {   // the sheet that stands
+        XFDecimi = arrotonda16(100 * Xfoglio);
+        YFDecimi = arrotonda16(100 * yfoglio);
+    }
     CalcolaRapporti();
     rappvid = Scaladis / decimiUnita;
     RappPunti = static_cast<float>(rappvid * 254 / 72);
@@ -186,5 +205,12 @@ bool LeggiBlocchi(std::int16_t versione, Guasto& g) {
     if (!leggiAttacco(versione, resto)) return false;
     return versione <= 11 || (leggiMesh(meshOrigine, resto) && leggiMesh(meshDestinazione, resto));
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<DataUltima>("DataUltima"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

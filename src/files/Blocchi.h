@@ -12,4 +12,6 @@ void ScriviBlocchi();
 // present value; false then, with `g` telling why.
 bool LeggiBlocchi(std::int16_t versione, Guasto& g);
 
+extern double DataUltima;   // reserved double of the files, kept as read, 0
+
 }   // namespace tessaro

@@ -1,13 +1,15 @@
 // Which mapping carries a merged drawing over, by the command that asked for it.
 #include "files/Fusione.h"
 
+#include "dialogs/Errori.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
 #include "registration/PuntiControllo.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 
@@ -15,8 +17,10 @@ namespace {
 
 bool tuttiZero(double a, double b, double c, double d) { return a == 0 && b == 0 && c == 0 && d == 0; }
 
-bool perPuntiReali(std::int16_t item) { return item == 53 || item == 32; }
-bool perQuattroPunti(std::int16_t item) { return item == 52 || item == 33 || item == 34; }
+bool perPuntiReali(std::int16_t item) { return item == rUnisciReali || item == rUnisciDato; }
+bool perQuattroPunti(std::int16_t item) {
+    return item == rUnisciQuattro || item == rUnisciDatoCmd || item == rUnisciDatoOpz;
+}
 
 void costruisciAttacco(const elemento& i1) {
     CalcTransfFogli(TransfAttacco, {i1.att1.x1, i1.att1.y1}, {i1.att1.x2, i1.att1.y2}, {XA1, YA1}, {XA2, YA2});
@@ -35,7 +39,7 @@ void costruisciQuattro(const elemento& i1, const elemento& i2) {
     att4Pt.src = {{{primo.x1, primo.y1}, {primo.x2, primo.y2}, {primo.z1, primo.z2}, {secondo.z1, secondo.z2}}};
     for (std::int16_t n = 1; n <= 4; ++n) att4Pt.dst[static_cast<std::size_t>(n - 1)] = LeggiAttacco(n);
     att4Pt.okSrc = att4Pt.okDst = 1;
-    PrepAtt4pt();
+    ErroreAlert(PrepAtt4pt());
 }
 
 void mappa(f64& x, f64& y) {
@@ -63,7 +67,7 @@ Fusione rifiuta() {
 
 Fusione ScegliFusione(std::int16_t item, const elemento& i1, const elemento& i2) {
     const bool conPunti = !tuttiZero(i1.att1.x1, i1.att1.y1, i1.att1.x2, i1.att1.y2) && !tuttiZero(XA1, YA1, XA2, YA2);
-    if (item == 51 && conPunti) {
+    if (item == rUnisciPunti && conPunti) {
         costruisciAttacco(i1);
         return Fusione::attacco;
     }

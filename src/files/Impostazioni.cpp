@@ -2,19 +2,23 @@
 #include "files/Impostazioni.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "dialogs/Errori.h"
 #include "files/TestiFile.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
+
+constinit double decTessCont = 10000;
 
 PStr255 strTav("");
 constinit std::int16_t databit = 8, bitstop = 1, parity = 1, velbaud = 1;
@@ -65,6 +69,7 @@ bool leggiNumero(const RigaTipo& riga, const PStr255& s) {
     }
     double v = 0;
     if (STRtoFP(riga.rmin, riga.rmax, s, v, pos, 0) != 1) return false;
+    if (!std::isfinite(v) || v <= 0) return false;   // units, scales and sizes: none of them can be nothing
     *riga.reale = v;
     return true;
 }
@@ -139,13 +144,11 @@ void leggiparam() {
 
 namespace {
 const VoceStato righe[] = {
-    {"strTav", VoceStato::str255, &strTav},           {"databit", VoceStato::i16, &databit, 8},
-    {"bitstop", VoceStato::i16, &bitstop, 1},         {"parity", VoceStato::i16, &parity, 1},
-    {"velbaud", VoceStato::i16, &velbaud, 1},         {"PortaTavIn", VoceStato::str255, &PortaTavIn},
-    {"PortaTavOut", VoceStato::str255, &PortaTavOut}, {"NeroVers", VoceStato::i16, &NeroVers, 1},
-    {"RossoVers", VoceStato::i16, &RossoVers, 2},     {"VerdeVers", VoceStato::i16, &VerdeVers, 3},
-    {"BluVers", VoceStato::i16, &BluVers, 4},         {"CianoVers", VoceStato::i16, &CianoVers, 5},
-    {"MagentaVers", VoceStato::i16, &MagentaVers, 6}, {"GialloVers", VoceStato::i16, &GialloVers, 7},
+    voce<decTessCont>("decTessCont"), voce<strTav>("strTav"),           voce<databit>("databit"),
+    voce<bitstop>("bitstop"),         voce<parity>("parity"),           voce<velbaud>("velbaud"),
+    voce<PortaTavIn>("PortaTavIn"),   voce<PortaTavOut>("PortaTavOut"), voce<NeroVers>("NeroVers"),
+    voce<RossoVers>("RossoVers"),     voce<VerdeVers>("VerdeVers"),     voce<BluVers>("BluVers"),
+    voce<CianoVers>("CianoVers"),     voce<MagentaVers>("MagentaVers"), voce<GialloVers>("GialloVers"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -21,4 +21,6 @@ bool ParamGraf();   // dialog 2013; at start-up loads "PGraf56". False: cancelle
 bool ApriImpostazioni(const char* nome, bool scrivere);
 void ChiudiImpostazioni();
 
+extern double decTessCont;   // decimiUnita of the start settings file, for the free unit
+
 }   // namespace tessaro

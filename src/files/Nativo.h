@@ -19,4 +19,7 @@ void ScriviDisegno(std::int16_t versione);   // its bytes, nothing else
 void TrasformaElemNtoB(elemento& e);         // native to disk order, in place
 void TrasformaElemBtoN(elemento& e);         // disk to native; clears a picture's handle
 
+// Did the last reading bring all that its file holds? Without, the drawing is no longer that file's.
+extern bool lettoIntero;
+
 }   // namespace tessaro

@@ -16,7 +16,7 @@
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
 #include "registration/attaccoDinamico.h"
@@ -26,12 +26,14 @@
 namespace tessaro {
 
 constinit OSType fType = tipoTS3D;
+constinit bool lettoIntero = true;
 
 namespace {
 
 constexpr std::int16_t avvisoMemoria = 128;
 constexpr std::int32_t riservati = 2;   // records 1 and 2 of every drawing
 constexpr std::int16_t angoloNonDetto = 100;
+constexpr std::int16_t primaNuova = 5;   // the first version of the present record
 constexpr std::size_t posizioneConto = 76;
 
 struct Intestazione {
@@ -50,8 +52,13 @@ struct Lettura {
     Guasto guasto;
     bool guasta = false;
 
+    // The first fault is told whole, of later ones what is wrong.
     void segnala(const Guasto& g) {
-        if (!guasta) guasto = g;
+        if (!guasta) {
+            guasto = g;
+        } else {
+            guasto.what += " " + g.what;
+        }
         guasta = true;
     }
     void segnala(TestoFile t, std::int16_t codice = noErr, std::string_view p0 = {}, std::string_view p1 = {}) {
@@ -190,53 +197,68 @@ bool leggiPict(Lettura& l, std::int32_t n) {
     return !uscita;
 }
 
+enum class Sorte : std::uint8_t { entrato, scartato, fine };
+
 // What is left to do with a record that lies in its place, in native order.
-bool completa(Lettura& l, Risanamento& r, std::int32_t n) {
+Sorte completa(Lettura& l, Risanamento& r, std::int32_t n) {
     elemento& e = Elem(n);
-    if (e.tipo == tPict && !leggiPict(l, n)) return false;
+    if (e.tipo == tPict && !leggiPict(l, n)) return Sorte::fine;
+    if (!r.accetta(e, l.testa.versione >= primaNuova)) {
+        if (e.tipo == tPict) KillPicture(e.pict.maniglia);
+        return Sorte::scartato;
+    }
     predefiniti(l.testa.versione, e);
     if (l.fusione != Fusione::comeSono) AdattaElemento(l.fusione, e);
     r.passa(n, e);
-    return true;
+    return Sorte::entrato;
 }
 
-// As many records of the present shape as the read buffer holds whole, up to the first picture. Gives the next number.
-std::int32_t leggiDalBuffer(Lettura& l, Risanamento& r, std::int32_t n, std::int32_t ultimo) {
+// Where the reading stands: the next free number, and how many records are still to come.
+struct Posto {
+    std::int32_t n, restano;
+};
+
+// As many records of the present shape as the read buffer holds whole, up to the first picture. False when there was
+// none, or the reading is over.
+bool leggiDalBuffer(Lettura& l, Risanamento& r, Posto& p) {
     const char* dati = nullptr;
     std::int64_t quanti = 0;
-    if (FSPeek(RefNum, dati, quanti) != noErr) return n;
+    if (FSPeek(RefNum, dati, quanti) != noErr) return false;
     std::int64_t pos = 0;
     GetFPos(RefNum, pos);
-    const auto interi = std::min<std::int64_t>(quanti / std::int64_t{sizeof(elemento)}, ultimo - n + 1);
-    for (std::int64_t i = 0; i < interi; ++i, ++n) {
-        elemento& e = Elem(n);
+    const auto interi = std::min<std::int64_t>(quanti / std::int64_t{sizeof(elemento)}, p.restano);
+    for (std::int64_t i = 0; i < interi; ++i) {
+        elemento& e = Elem(p.n);
         std::memcpy(&e, dati + i * std::int64_t{sizeof(elemento)}, sizeof e);
         TrasformaElemBtoN(e);
         const bool immagine = e.tipo == tPict;
         if (immagine) SetFPos(RefNum, pos + (i + 1) * std::int64_t{sizeof(elemento)});
-        if (!completa(l, r, n)) return n;
-        if (immagine) return n + 1;
+        const Sorte sorte = completa(l, r, p.n);
+        if (sorte == Sorte::fine) return false;
+        if (sorte == Sorte::entrato) ++p.n;
+        --p.restano;
+        if (immagine) return true;
     }
     SetFPos(RefNum, pos + interi * std::int64_t{sizeof(elemento)});
-    return n;
+    return interi > 0;
 }
 
-// Records up to `ultimo`; gives the number of the last one that was read.
-std::int32_t leggiElementi(Lettura& l, Risanamento& r, std::int32_t n, std::int32_t ultimo) {
-    while (n <= ultimo && !uscita && !l.guasta) {
-        if (l.testa.versione >= 5) {
-            const std::int32_t prima = n;
-            n = leggiDalBuffer(l, r, n, ultimo);
-            if (n != prima) continue;
-        }
+// `quanti` records from number n on; gives how many did not come.
+std::int32_t leggiElementi(Lettura& l, Risanamento& r, std::int32_t& n, std::int32_t quanti) {
+    Posto p{n, quanti};
+    while (p.restano > 0 && !uscita && !l.guasta) {
+        if (l.testa.versione >= 5 && leggiDalBuffer(l, r, p)) continue;
         // One that lies across the buffer's end, or has an old shape.
-        if (n > ultimo || uscita || l.guasta || !leggiRecord(l.testa.versione, Elem(n))) break;
-        TrasformaElemBtoN(Elem(n));
-        if (!completa(l, r, n)) break;
-        ++n;
+        if (p.restano == 0 || uscita || l.guasta || !leggiRecord(l.testa.versione, Elem(p.n))) break;
+        TrasformaElemBtoN(Elem(p.n));
+        const Sorte sorte = completa(l, r, p.n);
+        if (sorte == Sorte::fine) break;
+        if (sorte == Sorte::entrato) ++p.n;
+        --p.restano;
     }
     r.fine();
-    return n - 1;
+    n = p.n;
+    return p.restano;
 }
 
 void accogli(const Lettura& l) {
@@ -265,16 +287,20 @@ bool leggiDisegno(Lettura& l, bool inFusione) {
     const std::int64_t voluto = std::int64_t{prima} + elementiDetti(l) - 1;
     const auto ultimo = static_cast<std::int32_t>(std::min<std::int64_t>(voluto, maxElementi));
     Risanamento r(prima);
-    const std::int32_t letto = leggiElementi(l, r, prima, ultimo);
-    if (letto < ultimo && inFusione) {
+    std::int32_t prossimo = prima;
+    const bool mancano = leggiElementi(l, r, prossimo, ultimo - prima + 1) > 0;
+    const std::int32_t letto = prossimo - 1;
+    if (mancano && inFusione) {
         rinuncia(prima, letto);
         l.segnala(TestoFile::troncatoFusione, eofErr);
         uscita = 1;
         return false;
     }
     indElem = letto;
-    if (letto < ultimo) l.segnala(TestoFile::troncato, eofErr, std::to_string(letto - riservati));
-    if (letto < ultimo || uscita) return false;
+    lettoIntero = !mancano && !uscita && voluto <= ultimo && r.scartati() == 0;
+    if (mancano) l.segnala(TestoFile::troncato, eofErr, std::to_string(letto - riservati));
+    if (mancano || uscita) return false;
+    if (r.scartati() > 0) l.segnala(TestoFile::scartati, noErr, std::to_string(r.scartati()));
     if (voluto > ultimo)
         l.segnala(TestoFile::troppi, noErr, std::to_string(elementiDetti(l)), std::to_string(ultimo - prima + 1));
     else if (r.risanati() > 0)
@@ -292,6 +318,9 @@ bool leggiTutto(Lettura& l) {
     }
     if (inFusione) {
         l.fusione = ScegliFusione(theItem, l.primo, l.secondo);
+        constexpr std::int16_t primoLasciato = 32, ultimoLasciato = 34;   // requests of a drop, which says why
+        const bool lasciato = theItem >= primoLasciato && theItem <= ultimoLasciato;
+        if (l.fusione == Fusione::nessuna && lasciato) l.segnala(TestoFile::senzaPunti);
         if (l.fusione == Fusione::nessuna) return true;
     } else {
         accogli(l);
@@ -299,7 +328,9 @@ bool leggiTutto(Lettura& l) {
     if (!leggiDisegno(l, inFusione)) return !inFusione;
     // Kept: a merge without a similarity, by four points too, replaces view, colours, units and meshes by the file's.
     if (l.fusione != Fusione::comeSono && l.fusione != Fusione::quattroPunti) return true;
-    if (Guasto g; !LeggiBlocchi(l.testa.versione, g) && !g.what.empty()) l.segnala(g);
+    Guasto g;
+    if (!LeggiBlocchi(l.testa.versione, g)) lettoIntero = false;
+    if (!g.what.empty()) l.segnala(g);
     return true;
 }
 
@@ -310,11 +341,12 @@ void (*apriDisegno)() = nullptr;
 void leggidati() {
     if (noWindow && apriDisegno) apriDisegno();
     Lettura l;
+    lettoIntero = true;
     l.conTipo = fType == tipoTS3D;
     const bool buono = !uscita && leggiTutto(l);
     if (buono) {
         NewDis = 1;
-        attaccoAttivo.PreparaAttacco();
+        ErroreAlert(attaccoAttivo.PreparaAttacco());
         PoniAnnulla(aNiente);
         InvalFinestra();
     }

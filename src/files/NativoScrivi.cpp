@@ -6,9 +6,10 @@
 
 #include "files/Blocchi.h"
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Registrazione.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"
@@ -17,7 +18,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t versioneVecchia = 9, richiestaVecchia = 41;
+constexpr std::int16_t versioneVecchia = 9;
 constexpr std::size_t recordPerBlocco = 4096;
 constexpr std::size_t posizioneConto = 76;
 
@@ -70,7 +71,7 @@ void ScriviDisegno(std::int16_t versione) {
 
 void Scrividati() {
     // Kept: the older generation's file differs by this word alone; its readers stop before the blocks they do not know.
-    ScriviDisegno(theItem == richiestaVecchia ? versioneVecchia : versioneNativa);
+    ScriviDisegno(theItem == rEsporta ? versioneVecchia : versioneNativa);
     PoniAnnulla(aNiente);
 }
 

@@ -4,25 +4,36 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstring>
 
+#include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Ridisegno.h"
 #include "display/Zoom.h"
+#include "files/Blocchi.h"
 #include "files/Impostazioni.h"
+#include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Stato.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Files.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
 
+constinit double LargTav = 42;
+constinit double AltTav = 30;
+
 constinit std::int16_t ItemUnit = 18;
 
 namespace {
 
+constexpr std::int16_t ParamGrafDia = 2013;
 constexpr const char* nomeFile = "PGraf56";
 constexpr std::int16_t campoScala = 4, campoLargo = 6, campoAlto = 8;
 constexpr std::int16_t primoAngolo = 10, primaUnita = 12, unitaLibera = 18;
@@ -31,7 +42,7 @@ constexpr std::int16_t primoAngolo = 10, primaUnita = 12, unitaLibera = 18;
 constexpr std::array<double, 6> decimiDi{10, 100, 10000, 10000000, 254.00508, 3048.06096};
 
 // The file's fields in order, each with its length. Reading stops at the first that the file does not hold whole.
-struct Lettore {
+struct FilePGraf {
     std::array<std::uint8_t, 72> byte{};
     std::size_t presenti = 0, pos = 0;
 
@@ -61,8 +72,8 @@ struct Lettore {
     }
 };
 
-Lettore contenuto() {
-    Lettore l;
+FilePGraf contenuto() {
+    FilePGraf l;
     if (!ApriImpostazioni(nomeFile, false)) return l;
     auto n = static_cast<std::int32_t>(l.byte.size());
     FSRead(RefNum, n, l.byte.data());   // fewer bytes than wanted are what the defaults are for
@@ -105,16 +116,42 @@ void predefiniti() {
     tipoAngolo = 1;
 }
 
+// A unit, scale or size that is not finite and above 0 keeps what was before. Which they were is told, and that the file
+// ends early.
+void risana(const Prima& prima, bool finisce) {
+    struct Campo {
+        double& valore;
+        double senza;
+        int numero;   // of the field in the file
+    };
+    std::string quali;
+    for (const Campo& c : {Campo{decimiUnita, prima.decimi, 3},
+                           {Scaladis, prima.scala, 4},
+                           {Xfoglio, prima.largo, 6},
+                           {yfoglio, prima.alto, 8},
+                           {LargTav, prima.tavLarga, 10},
+                           {AltTav, prima.tavAlta, 12}}) {
+        if (std::isfinite(c.valore) && c.valore > 0) continue;
+        c.valore = c.senza;
+        quali += (quali.empty() ? "" : ", ") + std::to_string(c.numero);
+    }
+    if (quali.empty() && !finisce) return;
+    const std::string che = quali.empty() ? TestoDi(TestoFile::campi, "-") : TestoDi(TestoFile::campi, quali);
+    MostraGuasto({noErr, che, nomeFile, -1});
+}
+
 }   // namespace
 
 void TParamGraf::leggipar() {
     uscita = 0;
-    Lettore l = contenuto();
+    const Prima prima;   // the start settings', or what is in force
+    FilePGraf l = contenuto();
     const bool intero = l.intero(ItemUnit) && l.unita(UnitaMCorrente) && l.reale(decimiUnita) && l.reale(Scaladis)
                         && l.reale(DataUltima) && l.reale(Xfoglio) && l.intero(XFDecimi) && l.reale(yfoglio)
                         && l.intero(YFDecimi) && l.reale(LargTav) && l.intero(btav) && l.reale(AltTav) && l.intero(htav)
                         && l.intero(tipoAngolo);
     if (!intero) predefiniti();
+    risana(prima, l.presenti > 0 && !intero);
     // Radio items that are not there would be asked for otherwise.
     if (ItemUnit < primaUnita || ItemUnit > unitaLibera) ItemUnit = unitaLibera;
     UnitaMCorrente = std::clamp<std::int16_t>(UnitaMCorrente, 0, unitaLibera - primaUnita);
@@ -199,7 +236,7 @@ void TParamGraf::colpito() {
 void TParamGraf::Dialogo() {
     ItemUnit = static_cast<std::int16_t>(UnitaMCorrente + primaUnita);   // a drawing brings its own unit
     const Prima prima;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     itemAngolo = static_cast<std::int16_t>(tipoAngolo + primoAngolo);
     Display();
     SelectDialogItemText(theDialog, campoScala, 0, 100);
@@ -211,8 +248,6 @@ void TParamGraf::Dialogo() {
         colpito();
     } while (!chiude() && !(itemCorrente == annullaItem && quitPending()));
     if (itemCorrente == annullaItem) prima.rimetti();
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 void TParamGraf::Param() {
@@ -240,16 +275,15 @@ void TParamGraf::Param() {
 }
 
 bool ParamGraf() {
-    const GrafPtr porta = GetPort();
+    const PortaCorrente porta;
     TParamGraf p;
     p.Poni(1, 2, 20, 19, ParamGrafDia);
     p.Param();
-    SetPort(porta);
     return !p.annullato();
 }
 
 namespace {
-const VoceStato righe[] = {{"ItemUnit", VoceStato::i16, &ItemUnit, 18}};
+const VoceStato righe[] = {voce<LargTav>("LargTav"), voce<AltTav>("AltTav"), voce<ItemUnit>("ItemUnit")};
 const TabellaStato tabella(righe);
 }   // namespace
 

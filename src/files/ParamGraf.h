@@ -28,4 +28,6 @@ private:
     std::int16_t itemAngolo = 11;
 };
 
+extern double LargTav, AltTav;   // tablet size, centimetres
+
 }   // namespace tessaro

@@ -15,11 +15,16 @@ enum class TestoFile : std::int16_t {
     risanati,          // ^0 records
     colori,
     mesh,
-    senzaSeguito,   // the blocks behind the elements are missing
-    immagine,       // ^0 the element whose picture data is damaged
-    pieno,          // no room for a single element
-    tipoIgnoto,     // a file that is not of the kind asked for
-    impostazioni,   // ^0 lines of the start settings that were refused
+    senzaSeguito,    // the blocks behind the elements are missing
+    immagine,        // ^0 the element whose picture data is damaged
+    pieno,           // no room for a single element
+    tipoIgnoto,      // a file that is not of the kind asked for
+    impostazioni,    // ^0 lines of the start settings that were refused
+    scartati,        // ^0 records that are none
+    unita,           // the file's unit, scale or sheet cannot be used
+    registrazione,   // ^0 why the file's registration cannot be used
+    senzaPunti,      // a merge without the points that it goes by
+    campi,           // ^0 fields of a settings file that took their defaults
 };
 
 std::string TestoDi(TestoFile t, std::string_view p0 = {}, std::string_view p1 = {});   // Mac Roman

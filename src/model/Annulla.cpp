@@ -4,10 +4,11 @@
 #include <utility>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -21,7 +22,7 @@ void (*ripetiSpostamento)() = nullptr;
 
 namespace {
 
-constexpr std::int16_t menuModifica = 3, listaAnnulla = 128;
+constexpr std::int16_t listaAnnulla = 128;
 constexpr std::int16_t stringaDelTipo[] = {6, 1, 2, 3, 4, 5, 7, 4, 9, 10, 11};
 constexpr std::int16_t stringaRipristina = 8;   // redo of a deletion
 
@@ -35,7 +36,9 @@ void rilasciaParcheggiati() {
 
 }   // namespace
 
-void TestoAnnulla(std::int16_t stringa) { SetMenuItemText(menuModifica, 1, GetIndString(listaAnnulla, stringa)); }
+void TestoAnnulla(std::int16_t stringa) {
+    SetMenuItemText(menuModifica, voci::modifica::annulla, GetIndString(listaAnnulla, stringa));
+}
 
 void PoniAnnulla(std::int32_t kind) {
     if (annullamento == aCancella) rilasciaParcheggiati();
@@ -86,14 +89,14 @@ bool EseguiAnnulla() {
 
 namespace {
 const VoceStato righe[] = {
-    {"annullamento", VoceStato::i32, &annullamento, 0},
-    {"AnnullaIndElem", VoceStato::i32, &AnnullaIndElem, 0},
-    {"inizioAggiunta", VoceStato::i32, &inizioAggiunta, 0},
-    {"daRecuperare", VoceStato::i32, &daRecuperare, 0},
-    {"numElementoScalato", VoceStato::i32, &numElementoScalato, 0},
-    {"scalaImmagineX", VoceStato::f64, &scalaImmagineX, 1},
-    {"scalaImmagineY", VoceStato::f64, &scalaImmagineY, 1},
-    {"recuperaElemento", VoceStato::speciale, nullptr, 0, [] { recuperaElemento = elemento{}; }, nullptr},
+    voce<annullamento>("annullamento"),
+    voce<AnnullaIndElem>("AnnullaIndElem"),
+    voce<inizioAggiunta>("inizioAggiunta"),
+    voce<daRecuperare>("daRecuperare"),
+    voce<numElementoScalato>("numElementoScalato"),
+    voce<scalaImmagineX>("scalaImmagineX"),
+    voce<scalaImmagineY>("scalaImmagineY"),
+    {"recuperaElemento", [] { recuperaElemento = elemento{}; }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -1,17 +1,23 @@
 // The element block, the one door for new elements, and the rounding that both share.
 #include "model/Archivio.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <optional>
 
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Scritta.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Events.h"
 #include "text/Conversione.h"
@@ -114,6 +120,18 @@ void vertice(elemento& e) {
     ricordaLato({px - x, py - y, px, py, x, y});
 }
 
+}   // namespace
+
+void PoniScritta(elemento& e, const PStr255& s) {
+    auto& t = e.test.testo;
+    const auto lungo = std::min<std::size_t>(s.bytes()[0], t.size() - 1);
+    t.fill(0);
+    t[0] = static_cast<std::uint8_t>(lungo);
+    std::copy_n(s.bytes() + 1, lungo, t.begin() + 1);
+}
+
+namespace {
+
 void testo(elemento& e, const PStr255& s) {
     constexpr int capienza = 40;
     if (s.Lengthp() > capienza) {
@@ -121,7 +139,7 @@ void testo(elemento& e, const PStr255& s) {
         std::memcpy(e.test.testo.data(), s.bytes(), capienza);
         e.test.testo[0] = capienza;
     } else {
-        std::memcpy(e.test.testo.data(), s.bytes(), e.test.testo.size());
+        PoniScritta(e, s);
     }
     e.test.stile = static_cast<std::uint8_t>(gTxStyle.face);
     e.test.font = gFontID;
@@ -259,9 +277,9 @@ void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c,
 
 namespace {
 const VoceStato righe[] = {
-    {"maxElementi", VoceStato::speciale, nullptr, 0, nullptr, [] { return NumeroJson(maxElementi); }},
-    {"indElem", VoceStato::speciale, nullptr, 0, AzzeraArchivio, [] { return NumeroJson(indElem); }},
-    {"IndicePolCorrente", VoceStato::i32, &IndicePolCorrente},
+    {"maxElementi", nullptr, [] { return NumeroJson(maxElementi); }},
+    {"indElem", AzzeraArchivio, [] { return NumeroJson(indElem); }},
+    voce<IndicePolCorrente>("IndicePolCorrente"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 
@@ -16,7 +17,7 @@ constinit std::int16_t coloriPresenti = 7;
 
 namespace {
 
-constexpr std::int16_t menuNomi = 23, listaTesti = 129, primoNome = 13;
+constexpr std::int16_t listaTesti = 129, primoNome = 13;
 constexpr RGBColor fissi[] = {
     {0, 0, 0},
     {65535, 7033, 4531},
@@ -80,11 +81,11 @@ void ColoriPredefiniti() {
 }
 
 // The second menu shows the items of the first.
-void RifaiMenuColori() { rifai(menuNomi); }
+void RifaiMenuColori() { rifai(menuNomiColori); }
 
 namespace {
 const VoceStato righe[] = {
-    {"coloriPresenti", VoceStato::speciale, nullptr, 0, ColoriPredefiniti, [] { return NumeroJson(coloriPresenti); }},
+    {"coloriPresenti", ColoriPredefiniti, [] { return NumeroJson(coloriPresenti); }},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -6,23 +6,21 @@
 
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Strumento.h"
 
 namespace tessaro {
 
 void (*figuraFinita)() = nullptr;
 
-namespace {
-enum : std::int32_t { nessuna = 0, primoPunto = 1, terzoPunto = 8 };   // stages, by Azione
-}
+namespace {}
 
-bool FiguraInCorso() { return ContinuaPoligono || Azione == primoPunto || Azione == terzoPunto; }
+bool FiguraInCorso() { return ContinuaPoligono || Azione == sPrimoPunto || Azione == sTerzoPunto; }
 
 void FineFigura() {
     if (!FiguraInCorso()) return;
     if (ContinuaPoligono && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     ContinuaPoligono = 0;
-    if (Azione == primoPunto || Azione == terzoPunto) Azione = nessuna;
+    if (Azione == sPrimoPunto || Azione == sTerzoPunto) Azione = sFermo;
     if (figuraFinita) figuraFinita();
 }
 

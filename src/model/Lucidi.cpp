@@ -23,7 +23,7 @@ std::string visioneJson() {
     for (std::size_t i = 0; i < v.visibile.size(); ++i) s += (i ? "," : "") + NumeroJson(v.visibile[i]);
     return s + "]}";
 }
-const VoceStato righe[] = {{"VisioneGraf", VoceStato::speciale, nullptr, 0, AzzeraVisioneGraf, visioneJson}};
+const VoceStato righe[] = {{"VisioneGraf", AzzeraVisioneGraf, visioneJson}};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <string>
 
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -106,7 +106,7 @@ std::string json() {
     return s + "}";
 }
 
-const VoceStato righe[] = {{"RisCalc", VoceStato::speciale, nullptr, 0, azzera, json}};
+const VoceStato righe[] = {{"RisCalc", azzera, json}};
 const TabellaStato tabella(righe);
 
 }   // namespace

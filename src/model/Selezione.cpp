@@ -4,10 +4,10 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "text/Conversione.h"
 
@@ -163,8 +163,8 @@ std::string rettSelJson() {
            + NumeroJson(rettSel.ymax) + "]";
 }
 const VoceStato righe[] = {
-    {"Puntosel", VoceStato::speciale, nullptr, 0, [] { Puntosel = {}; }, puntoselJson},
-    {"rettSel", VoceStato::speciale, nullptr, 0, AzzeraRettSel, rettSelJson},
+    {"Puntosel", [] { Puntosel = {}; }, puntoselJson},
+    {"rettSel", AzzeraRettSel, rettSelJson},
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -3,7 +3,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 #include "platform/Resources.h"
 #include "text/PascalString.h"
@@ -14,28 +13,10 @@ constinit TabellaStato* TabellaStato::prima = nullptr;
 
 TabellaStato::TabellaStato(std::span<const VoceStato> r) : righe(r), prossima(prima) { prima = this; }
 
-namespace {
-
-void azzeraVoce(const VoceStato& v) {
-    switch (v.tipo) {
-    case VoceStato::u8: *static_cast<std::uint8_t*>(v.dove) = static_cast<std::uint8_t>(v.iniziale); break;
-    case VoceStato::i16: *static_cast<std::int16_t*>(v.dove) = static_cast<std::int16_t>(v.iniziale); break;
-    case VoceStato::i32: *static_cast<std::int32_t*>(v.dove) = static_cast<std::int32_t>(v.iniziale); break;
-    case VoceStato::f64: *static_cast<double*>(v.dove) = v.iniziale; break;
-    case VoceStato::f32: *static_cast<float*>(v.dove) = static_cast<float>(v.iniziale); break;
-    case VoceStato::str255: std::memset(v.dove, 0, sizeof(PStr255)); break;
-    case VoceStato::str63: std::memset(v.dove, 0, sizeof(PStr63)); break;
-    case VoceStato::speciale:
-        if (v.azzera) v.azzera();
-        break;
-    }
-}
-
-}   // namespace
-
 void AzzeraStato() {
     for (const TabellaStato* t = TabellaStato::prima; t; t = t->prossima)
-        for (const VoceStato& v : t->righe) azzeraVoce(v);
+        for (const VoceStato& v : t->righe)
+            if (v.azzera != nullptr) v.azzera();
 }
 
 std::string NumeroJson(double v) {
@@ -45,6 +26,8 @@ std::string NumeroJson(double v) {
     const auto r = std::to_chars(buffer, buffer + sizeof buffer, v);
     return std::string(buffer, r.ptr);
 }
+
+std::string PuntoJson(Point p) { return "{\"v\":" + std::to_string(p.v) + ",\"h\":" + std::to_string(p.h) + "}"; }
 
 std::string TestoJson(const std::string& macRoman) {
     static constexpr char cifre[] = "0123456789abcdef";

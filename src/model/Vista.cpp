@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 
 namespace tessaro {
 
@@ -52,15 +52,15 @@ void AggiornaTolleranze() {
 
 namespace {
 const VoceStato righe[] = {
-    {"scalavid", VoceStato::f64, &scalavid, 0.3},
-    {"OrigX", VoceStato::i32, &OrigX, -32},
-    {"OrigY", VoceStato::i32, &OrigY, 0},
-    {"PageCorner", VoceStato::speciale, nullptr, 0, [] { PageCorner = {}; },
+    voce<scalavid>("scalavid"),
+    voce<OrigX>("OrigX"),
+    voce<OrigY>("OrigY"),
+    {"PageCorner", [] { PageCorner = {}; },
      [] { return "{\"v\":" + NumeroJson(PageCorner.v) + ",\"h\":" + NumeroJson(PageCorner.h) + "}"; }},
-    {"myViewRect", VoceStato::speciale, nullptr, 0, [] { myViewRect = {}; }, [] { return rettangoloJson(myViewRect); }},
-    {"diffCerca", VoceStato::f64, &diffCerca, 5 / 0.3},
-    {"DiffSelez", VoceStato::f64, &DiffSelez, 4 / 0.3},
-    {"ScalaTesto", VoceStato::f64, &ScalaTesto, 0.3 * DecPunto},
+    {"myViewRect", [] { myViewRect = {}; }, [] { return rettangoloJson(myViewRect); }},
+    voce<diffCerca>("diffCerca"),
+    voce<DiffSelez>("DiffSelez"),
+    voce<ScalaTesto>("ScalaTesto"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

@@ -71,7 +71,9 @@ OSErr FSPeek(std::int16_t refNum, const char*& data, std::int64_t& size);
 
 // File requests. `prompt` Mac Roman; `types` a resource of the accepted kinds (300 drawings, 301 pictures). False: cancelled.
 bool NavGetFile(std::string_view prompt, std::int16_t types, FSSpec& out);
-bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& out);
+// `types` of a save: the first of a run of resources, each a kind that can be chosen; 0 offers none. A name without a
+// suffix takes the chosen kind's.
+bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& out, std::int16_t types = 0);
 
 // The folder of the settings files; made and seeded with the installed defaults when it is new.
 std::string SettingsFolder();

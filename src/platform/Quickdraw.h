@@ -185,6 +185,10 @@ void PicComment(std::int16_t kind, std::string_view data);
 
 // --- patterns
 const Pattern& GetIndPattern(std::int32_t number);   // the 38 system patterns, 1 to 38; any other number is black
-extern const Pattern qdBlack, qdDkGray, qdGray, qdLtGray, qdWhite;
+inline constexpr Pattern qdBlack{{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};    // 1
+inline constexpr Pattern qdDkGray{{0xDD, 0x77, 0xDD, 0x77, 0xDD, 0x77, 0xDD, 0x77}};   // 3
+inline constexpr Pattern qdGray{{0xAA, 0x55, 0xAA, 0x55, 0xAA, 0x55, 0xAA, 0x55}};     // 4
+inline constexpr Pattern qdLtGray{{0x88, 0x22, 0x88, 0x22, 0x88, 0x22, 0x88, 0x22}};   // 23
+inline constexpr Pattern qdWhite{};                                                    // 20
 
 }   // namespace tessaro

@@ -6,12 +6,13 @@
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
+#include "model/Vincoli.h"
 #include "platform/Resources.h"
 #include "raster/Gruppo.h"
 #include "registration/Coordinate.h"
@@ -106,8 +107,10 @@ bool TCreaMesh::CMesh(TTipoMesh tipo) {
     ny = formaData ? meshOrigine.ny : mesh->ny;
     Poni(1, 2, 0, 0, dialogo);
     ParamText(GetIndString(listaTesti, origine ? stringaOrigine : stringaDestinazione), "", "", "");
-    theDialog = GetNewDialog(dialogo);
-    Giro(formaData ? campoPassoX : campoRighe);
+    {
+        const DialogoAperto aperto(dialogo);
+        Giro(formaData ? campoPassoX : campoRighe);
+    }
     if (!Accettato() || quitPending()) return false;
     passoX = lungoX;
     passoY = lungoY;
@@ -132,7 +135,7 @@ bool TCreaMesh::CMesh(TTipoMesh tipo) {
 bool CreaMesh(TTipoMesh tipo) { return TCreaMesh().CMesh(tipo); }
 
 namespace {
-const VoceStato righe[] = {{"passoMeshX", VoceStato::f64, &passoX, 10}, {"passoMeshY", VoceStato::f64, &passoY, 10}};
+const VoceStato righe[] = {voce<passoX>("passoMeshX"), voce<passoY>("passoMeshY")};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -9,8 +9,11 @@
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Images.h"
@@ -127,12 +130,13 @@ Sapori SaporiPict(const FiguraPict& p) {
                                                            }}};
 }
 
-void PutPicScrap() {
+bool PutPicScrap() {
     FiguraPict p;
     SetCursor(ClockCursor);
     const bool fatto = CreaPict(p) && PutScrap(SaporiPict(p));
     SetCursor(arrowCursor);
     if (!fatto) StopAlert(avvisoMemoria);
+    return fatto;
 }
 
 void CreaImmagineDaSelezione() {
@@ -142,8 +146,8 @@ void CreaImmagineDaSelezione() {
         StopAlert(avvisoMemoria);
         return;
     }
+    CominciaAggiunta();
     PoniAnnulla(aNiente);
-    inizioAggiunta = indElem;
     if (MemorizzaPict(std::move(p.bytes), p.x, p.y, p.larghezza, p.altezza)) PoniAnnulla(aAggiunta);
     InvalFinestra();
 }

@@ -7,7 +7,10 @@
 #include "dialogs/Errori.h"
 #include "display/Ridisegno.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/paint/RasterPort.h"
@@ -94,12 +97,13 @@ bool leggiTutto(std::int16_t ref, std::string& bytes) {
 }
 
 // A file's bytes, whatever goes wrong without a word: its reader tells.
-std::string bytesDi(const FSSpec& spec) {
+std::string bytesDi(const FSSpec& spec, std::int64_t massimo = 0x7FFFFFFF) {
     std::string bytes;
     std::int16_t ref = 0;
     std::int64_t lungo = 0;
     if (FSpOpenDF(spec, fsRdPerm, ref) != noErr) return bytes;
     if (GetEOF(ref, lungo) == noErr && lungo > 0 && lungo <= 0x7FFFFFFF) {
+        lungo = std::min(lungo, massimo);
         bytes.resize(static_cast<std::size_t>(lungo));
         auto conto = static_cast<std::int32_t>(lungo);
         if (FSRead(ref, conto, bytes.data()) != noErr) bytes.clear();
@@ -138,9 +142,15 @@ bool MemorizzaPict(std::string bytes, double x, double y, double larghezza, doub
     return true;
 }
 
-// Raster files are known by their first bytes. What none of their readers knows may be a PICT file, which has no such mark.
+// Raster files are known by their first bytes, but for some readers that take much for theirs: a head of version 2, which
+// nothing else has, goes before them. One of version 1 is two bytes: it is believed where no reader knows better.
 bool ImportaImmagine(const FSSpec& spec) {
+    constexpr std::int64_t testa = 4096;
     if (indElem >= maxElementi) return false;
+    if (const std::string primi = bytesDi(spec, testa); VociPict(PictNelFile(primi)).versione == 2) {
+        const std::string bytes = bytesDi(spec);
+        return memorizza(PictNelFile(bytes), spec.nome);
+    }
     Immagine im;
     Imballatore imballatore;
     std::string reason;

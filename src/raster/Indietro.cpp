@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "bitmap/perRighe.h"
+#include "bitmap/PerRighe.h"
 
 namespace tessaro {
 

@@ -5,10 +5,9 @@
 #include <string>
 
 #include "display/palette.h"
-#include "model/Attributi.h"
 #include "platform/Resources.h"
 #include "platform/Windows.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

@@ -6,9 +6,9 @@
 #include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "editing/Cancella.h"
-#include "editing/Selezione.h"
-#include "model/Attributi.h"
+#include "editing/Scelta.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "raster/Gruppo.h"
 #include "raster/Lavoro.h"
 #include "raster/Lenti.h"
@@ -79,7 +79,7 @@ bool TRisoluzioneOttica::Chiedi(double& res, std::uint8_t& cancella) {
     const std::int16_t prima = indiceLenteAttuale;
     letta = res;
     togliVecchia = cancella;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     Giro(campoRisoluzione);
     if (!Accettato() || quitPending()) {
         indiceLenteAttuale = std::min(prima, lentiPresenti);

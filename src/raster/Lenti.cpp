@@ -72,8 +72,8 @@ void azzera() {
     lentiPresenti = indiceLenteAttuale = 1;
 }
 const VoceStato righe[] = {
-    {"lentiPresenti", VoceStato::speciale, nullptr, 0, azzera, [] { return NumeroJson(lentiPresenti); }},
-    {"indiceLenteAttuale", VoceStato::i16, &indiceLenteAttuale, 1},
+    {"lentiPresenti", azzera, [] { return NumeroJson(lentiPresenti); }},
+    voce<indiceLenteAttuale>("indiceLenteAttuale"),
 };
 const TabellaStato tabella(righe);
 

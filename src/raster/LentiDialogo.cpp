@@ -3,11 +3,10 @@
 #include <cmath>
 
 #include "dialogs/Parametri.h"
-#include "raster/ParamLenses.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "platform/Resources.h"
 #include "raster/Lenti.h"
+#include "raster/ParamLenses.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 
@@ -201,8 +200,7 @@ void TParametriCamera::colpito() {
 }
 
 void TParametriCamera::Dialogo() {
-    const DialogPtr sotto = theDialog;
-    theDialog = GetNewDialog(dialogoId);
+    const DialogoAperto aperto(dialogoId);
     Display();
     SelectDialogItemText(theDialog, primoCampo, 0, 100);
     bool chiude = false;
@@ -212,8 +210,6 @@ void TParametriCamera::Dialogo() {
         colpito();
         chiude = itemCorrente == okItem || itemCorrente == salvaItem || itemCorrente == annullaItem;
     } while (!(chiude && esito > 0));
-    DisposeDialog(theDialog);
-    theDialog = sotto;
 }
 
 void TParametriCamera::Scelta(std::uint8_t avvio) {

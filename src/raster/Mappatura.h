@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "model/Registrazione.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 

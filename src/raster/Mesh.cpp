@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "platform/Memory.h"
@@ -137,7 +136,7 @@ void preparaCella(const Cella& src, const Cella& dst) {
     Ytaglio[angoli] = src[0].y;
     ultimoTaglio = ultimo;
     const SenzaTraccia muto;
-    attaccoAttivo.PreparaAttacco();
+    ErroreAlert(attaccoAttivo.PreparaAttacco());
 }
 
 // The part of the source where a pixel of the polygon can be: its box, with a margin for the rounding of crossings.

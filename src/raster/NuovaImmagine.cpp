@@ -10,10 +10,12 @@
 #include "dialogs/Errori.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Figura.h"
+#include "model/Penna.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Scrittore.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <new>
 
-#include "bitmap/perRighe.h"
+#include "bitmap/PerRighe.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {

@@ -130,7 +130,7 @@ void azzera() {
     Ytaglio.fill(0);
     ultimoTaglio = 0;
 }
-const VoceStato righe[] = {{"ultimoTaglio", VoceStato::speciale, nullptr, 0, azzera, nullptr}};
+const VoceStato righe[] = {{"ultimoTaglio", azzera, nullptr}};
 const TabellaStato tabella(righe);
 
 }   // namespace

@@ -6,9 +6,9 @@
 #include "dialogs/Errori.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Memory.h"
 #include "platform/Resources.h"
 #include "raster/Lavoro.h"
@@ -249,7 +249,7 @@ void TrasformaPictSel(std::int16_t item) {
     deformProspettica = tipoTrasformazione == 2;
     coeffRisoluzione = risoluzione / 72;
     const elemento pict = Elem(scelti.pict);
-    if (item != 2) attaccoAttivo.PreparaAttacco();   // what was prepared last may be of other points
+    if (item != 2) ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
     if (item != 2 && !attaccoAttivo.Preparato()) {
         constexpr std::int16_t avvisoNonPronta = 9140;
         deformProspettica = 1;
@@ -271,18 +271,18 @@ void TrasformaPictSel(std::int16_t item) {
 
 namespace {
 const VoceStato righe[] = {
-    {"risoluzione", VoceStato::f64, &risoluzione, 150},
-    {"tipoPitc", VoceStato::i16, &tipoPitc, 1},
-    {"tipoTaglio", VoceStato::i16, &tipoTaglio, 1},
-    {"tipoTrasformazione", VoceStato::i16, &tipoTrasformazione, 2},
-    {"numeroColori", VoceStato::i16, &numeroColori, 3},
-    {"bitColore", VoceStato::i16, &bitColore, 32},
-    {"rapportoDimensione", VoceStato::f64, &rapportoDimensione, 1},
-    {"coeffRisoluzione", VoceStato::f64, &coeffRisoluzione},
-    {"coeffRisoluzioneSrc", VoceStato::f64, &coeffRisoluzioneSrc},
-    {"risoluzioneSrc", VoceStato::i16, &risoluzioneSrc},
-    {"larghBitMap", VoceStato::i32, &larghBitMap},
-    {"altBitMap", VoceStato::i32, &altBitMap},
+    voce<risoluzione>("risoluzione"),
+    voce<tipoPitc>("tipoPitc"),
+    voce<tipoTaglio>("tipoTaglio"),
+    voce<tipoTrasformazione>("tipoTrasformazione"),
+    voce<numeroColori>("numeroColori"),
+    voce<bitColore>("bitColore"),
+    voce<rapportoDimensione>("rapportoDimensione"),
+    voce<coeffRisoluzione>("coeffRisoluzione"),
+    voce<coeffRisoluzioneSrc>("coeffRisoluzioneSrc"),
+    voce<risoluzioneSrc>("risoluzioneSrc"),
+    voce<larghBitMap>("larghBitMap"),
+    voce<altBitMap>("altBitMap"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

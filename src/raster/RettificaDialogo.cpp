@@ -45,8 +45,10 @@ void TRisoluzione::ItemColpito() {
 
 bool TRisoluzione::Chiedi(double& res) {
     letta = res;
-    theDialog = GetNewDialog(dialogo);
-    Giro(campoRisoluzione);
+    {
+        const DialogoAperto aperto(dialogo);
+        Giro(campoRisoluzione);
+    }
     if (!Accettato() || quitPending()) return false;
     res = letta;
     tipoPitc = gruppi[0].valore;

@@ -2,7 +2,11 @@
 // drawn that belongs to the screen alone.
 #pragma once
 
-#include "model/Attributi.h"
+#include "display/Disegno.h"
+#include "display/Disposizione.h"
+#include "display/Zoom.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 
 namespace tessaro {

@@ -9,9 +9,10 @@
 #include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
-#include "model/Attributi.h"
 #include "model/Figura.h"
+#include "model/Penna.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "raster/Gruppo.h"
 #include "raster/Indietro.h"
 #include "raster/Lavoro.h"
@@ -140,7 +141,7 @@ void TModificaImmagine::IngGene(std::uint8_t) {
 
 bool TModificaImmagine::Chiedi() {
     ParamText(NomeAngoli(), "", "", "");
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     Giro(campoAngolo);
     if (!Accettato() || quitPending()) return false;
     pictRot = lavoro;
@@ -180,7 +181,7 @@ void ModificaRuotaImmagine() {
 }
 
 namespace {
-const VoceStato righe[] = {{"pictRot", VoceStato::speciale, nullptr, 0, [] { pictRot = tPictRot{}; }, nullptr}};
+const VoceStato righe[] = {{"pictRot", [] { pictRot = tPictRot{}; }, nullptr}};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/PuntiElemento.h"
+#include "model/Unita.h"
 #include "text/Conversione.h"
 
 namespace tessaro {

@@ -57,16 +57,12 @@ void CopiePunti12() {
     YA2 = p2.y;
 }
 
-bool AggiornaTrasformazioni() {
+bool AggiornaTrasformazioni(ErroriIncontrati& errori) {
+    errori = {};
     if (Elem(2).att.coordReali) CalcTransfC();
     if (!attaccoAttivo.GetModificato()) return false;
-    attaccoAttivo.PreparaAttacco();
+    errori = attaccoAttivo.PreparaAttacco();
     return true;
-}
-
-bool AttacchiCambiati() {
-    CopiePunti12();
-    return AggiornaTrasformazioni();
 }
 
 namespace {

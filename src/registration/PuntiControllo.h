@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "model/Registrazione.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 
@@ -13,10 +14,9 @@ void AssegnaAttacco(std::int16_t n, const double& x, const double& y);   // stor
 Coppia LeggiAttacco(std::int16_t n);                                     // point 1 to 5
 void CopiePunti12();                                                     // XA1, YA1, XA2, YA2 from the records
 // After a change of source points: the similarity in force and, while it is previewed, the live transformation. True
-// when the preview has changed with them, and the drawing is to be repainted.
-[[nodiscard]] bool AggiornaTrasformazioni();
-// The copies of points 1 and 2, then the same.
-[[nodiscard]] bool AttacchiCambiati();
+// when the preview has changed with them, and the drawing is to be repainted; `errori` is what its preparation
+// met.
+[[nodiscard]] bool AggiornaTrasformazioni(ErroriIncontrati& errori);
 // What is wrong with points 1 to 4 as an error number: 32 two coincide (closer than 0.001 on both axes), 33 they are not
 // in the order lower left, upper left, upper right, lower right; 0 nothing. Coincidence alone, or both.
 std::int16_t GuastoCoincidenti(const std::array<Coppia, 4>& punti);

@@ -2,8 +2,8 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/PuntiElemento.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "text/Conversione.h"
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/Attributi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "registration/PuntiControllo.h"
 #include "text/Conversione.h"
@@ -96,19 +96,22 @@ void ActiveAttach::CalcolaCoefficienti() {
         preparato = false;   // coef are older ones
 }
 
-void ActiveAttach::PrepAtt4pt() {
-    PreparaQuattro(lavoro, erroriDiretti);
+ErroriIncontrati ActiveAttach::PrepAtt4pt() {
+    const ErroriIncontrati errori = PreparaQuattro(lavoro, erroriDiretti);
     fuga = MappaFuga(lavoro);
+    return errori;
 }
 
-void ActiveAttach::PrepAtt5pt() {
-    PreparaCinque(lavoro, erroriDiretti);
+ErroriIncontrati ActiveAttach::PrepAtt5pt() {
+    const ErroriIncontrati errori = PreparaCinque(lavoro, erroriDiretti);
     fuga = MappaFuga(lavoro);
+    return errori;
 }
 
-void ActiveAttach::PrepAtt4ptInverso() {
-    PreparaQuattro(lavoro, erroriInversi);
+ErroriIncontrati ActiveAttach::PrepAtt4ptInverso() {
+    const ErroriIncontrati errori = PreparaQuattro(lavoro, erroriInversi);
     fuga = MappaFuga(lavoro);
+    return errori;
 }
 
 // The similarity that takes s1, s2 to d1, d2, turning about s1.
@@ -124,7 +127,7 @@ void ActiveAttach::similitudine(const Coppia& s1, const Coppia& s2, const Coppia
     transf.ingr = Distanza(d1.x, d1.y, d2.x, d2.y) / Distanza(s1.x, s1.y, s2.x, s2.y);
 }
 
-void ActiveAttach::PreparaAttacco() {
+ErroriIncontrati ActiveAttach::PreparaAttacco() {
     for (std::size_t i = 0; i < 4; ++i) {
         lavoro.src[i] = LeggiAttacco(static_cast<std::int16_t>(i + 1));
         lavoro.dst[i] = {xAtt[i], yAtt[i]};
@@ -135,19 +138,18 @@ void ActiveAttach::PreparaAttacco() {
     preparato = puntiDati(lavoro.src) >= 2;
     if (!preparato) {
         fuga = MappaFuga(lavoro);
-        return;
+        return {};
     }
     if (tipo == quattroPt) {
         CalcolaCoefficienti();
-        PrepAtt4pt();
-    } else if (tipo == cinquePt) {
-        PrepAtt5pt();
-    } else {
-        similitudine({XA1, YA1}, {XA2, YA2}, lavoro.dst[0], lavoro.dst[1]);
+        return PrepAtt4pt();
     }
+    if (tipo == cinquePt) return PrepAtt5pt();
+    similitudine({XA1, YA1}, {XA2, YA2}, lavoro.dst[0], lavoro.dst[1]);
+    return {};
 }
 
-void ActiveAttach::PreparaAttaccoInverso() {
+ErroriIncontrati ActiveAttach::PreparaAttaccoInverso() {
     for (std::size_t i = 0; i < 4; ++i) {
         lavoro.dst[i] = LeggiAttacco(static_cast<std::int16_t>(i + 1));
         lavoro.src[i] = {xAtt[i], yAtt[i]};
@@ -156,13 +158,10 @@ void ActiveAttach::PreparaAttaccoInverso() {
     lavoro.srcC = {xAtt[4], yAtt[4]};
     lavoro.dstC = {xAttacco5, yAttacco5};
     preparato = true;
-    if (tipo == quattroPt) {
-        PrepAtt4ptInverso();
-    } else if (tipo == cinquePt) {
-        PrepAtt5pt();
-    } else {
-        similitudine(lavoro.src[0], lavoro.src[1], {XA1, YA1}, {XA2, YA2});
-    }
+    if (tipo == quattroPt) return PrepAtt4ptInverso();
+    if (tipo == cinquePt) return PrepAtt5pt();
+    similitudine(lavoro.src[0], lavoro.src[1], {XA1, YA1}, {XA2, YA2});
+    return {};
 }
 
 void ActiveAttach::mappaPerFuga(bool curva, double& x, double& y) {
@@ -201,7 +200,7 @@ std::string json() {
 }
 
 const VoceStato righe[] = {
-    {"attaccoAttivo", VoceStato::speciale, nullptr, 0, [] { attaccoAttivo.Azzera(); }, json},
+    {"attaccoAttivo", [] { attaccoAttivo.Azzera(); }, json},
 };
 const TabellaStato tabella(righe);
 

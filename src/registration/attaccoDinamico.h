@@ -8,7 +8,7 @@
 
 #include "model/Elemento.h"
 #include "model/Registrazione.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 
 namespace tessaro {
 
@@ -26,12 +26,13 @@ public:
     [[nodiscard]] std::uint8_t GetModificato() const { return modificato; }
     [[nodiscard]] std::int32_t GetTipo() const { return tipo; }
     [[nodiscard]] bool Preparato() const { return preparato; }
-    void PreparaAttacco();          // from the points of the moment; fewer than two given: stops early
-    void PreparaAttaccoInverso();   // source and destination exchanged
-    void CalcolaCoefficienti();     // the homography of `lavoro`; points that define none leave the coefficients
-    void PrepAtt4pt();
-    void PrepAtt5pt();
-    void PrepAtt4ptInverso();
+    // From the points of the moment; fewer than two given: stops early. Who called it shows what the solver reports.
+    ErroriIncontrati PreparaAttacco();
+    ErroriIncontrati PreparaAttaccoInverso();   // source and destination exchanged
+    void CalcolaCoefficienti();   // the homography of `lavoro`; points that define none leave the coefficients
+    ErroriIncontrati PrepAtt4pt();
+    ErroriIncontrati PrepAtt5pt();
+    ErroriIncontrati PrepAtt4ptInverso();
     // Map a sheet point in place. The mode is the global object's; the inverse has no homography and no plain scale.
     void Traf4Pt(double& x, double& y);
     void Traf4PtInverso(double& x, double& y);

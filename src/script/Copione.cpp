@@ -7,7 +7,7 @@
 #include <iostream>
 #include <iterator>
 
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "script/Esecuzione.h"
 #include "script/Messaggi.h"
 #include "script/Risposte.h"

@@ -10,7 +10,8 @@
 
 #include "digitising/TavolettaLettori.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Automation.h"
@@ -126,7 +127,7 @@ void rotella(const Riga& r) {
 void aspetta(const Riga& r) { AutoAdvance(static_cast<std::uint32_t>(Intero(r[0], 0, 1'000'000'000))); }
 
 void tavoletta(const Riga& r) {
-    if (!TabAbilit) AccendiTavoletta(Lettore::copione);
+    if (!TabAbilit) AccendiTavoletta(LettoreTavoletta::copione);
     EventRecord e;
     e.what = EventKind::tablet;
     e.where = Point{Intero(r[1]), Intero(r[0])};

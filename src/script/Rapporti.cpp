@@ -18,25 +18,8 @@ namespace tessaro {
 
 namespace {
 
-template <class T>
-const T& come(const VoceStato& v) {
-    return *static_cast<const T*>(v.dove);
-}
-
 // Empty for a row that keeps itself out of `state`.
-std::string rigaJson(const VoceStato& v) {
-    switch (v.tipo) {
-    case VoceStato::u8: return std::to_string(come<std::uint8_t>(v));
-    case VoceStato::i16: return std::to_string(come<std::int16_t>(v));
-    case VoceStato::i32: return std::to_string(come<std::int32_t>(v));
-    case VoceStato::f64: return NumeroJson(come<double>(v));
-    case VoceStato::f32: return NumeroJson(static_cast<double>(come<float>(v)));
-    case VoceStato::str255: return TestoJson(come<PStr255>(v).str());
-    case VoceStato::str63: return TestoJson(come<PStr63>(v).str());
-    case VoceStato::speciale: return v.json != nullptr ? v.json() : std::string{};
-    }
-    return {};
-}
+std::string rigaJson(const VoceStato& v) { return v.json != nullptr ? v.json() : std::string{}; }
 
 struct Calcolata {
     const char* nome;

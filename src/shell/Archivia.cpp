@@ -1,25 +1,33 @@
 // Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
 #include "shell/Archivia.h"
+#include "digitising/RegistrazioneValida.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <string>
 
 #include "dialogs/Errori.h"
+#include "digitising/RiferimentoImmagine.h"
 #include "display/Ridisegno.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "files/TestiFile.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
 #include "text/FileDati.h"
@@ -32,31 +40,10 @@ constinit bool ultimoSalvataggioRiuscito = true;
 namespace {
 
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301;
-constexpr std::int16_t menuArchivio = 2;
-
-// Requests by their numbers.
-enum : std::int16_t {
-    rApri = 2,
-    rSalva = 4,
-    rSalvaCome = 5,
-    rChiudi = 20,
-    rApriDato = 31,   // myFSS is set: the desktop, or a drop
-    rUnisciDato = 32,
-    rUnisciDatoCmd = 33,
-    rUnisciDatoOpz = 34,
-    rEsporta = 41,
-    rUnisciPunti = 51,
-    rUnisciQuattro = 52,
-    rUnisciReali = 53,
-    rImmagine = 61,
-    rDxf = 62,
-    rXYZ = 63,
-    rCXF = 64,
-};
+constexpr std::int16_t tipiDisegni = 300, tipiImmagini = 301, tipiScritti = 310;
 
 enum class Scelta : std::uint8_t { nessuna, leggi, dato, salva, salvaCome, dxf, xyz };
-enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, testo };
+enum class Opera : std::uint8_t { niente, leggi, scrivi, immagine, scriviPict, testo };
 
 struct Richiesta {
     std::int16_t numero;
@@ -72,12 +59,14 @@ constexpr Richiesta richieste[] = {
     {rApri, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", true},
     {rSalva, Scelta::salva, Opera::scrivi, 9, 0, "", true},
     {rSalvaCome, Scelta::salvaCome, Opera::scrivi, 7, 0, "", true},
-    {rChiudi, Scelta::nessuna, Opera::niente, 0, 0, "", false},
+    {rNessunFile, Scelta::nessuna, Opera::niente, 0, 0, "", false},
     {rApriDato, Scelta::dato, Opera::leggi, 0, 0, "", true},
     {rUnisciDato, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoCmd, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rUnisciDatoOpz, Scelta::dato, Opera::leggi, 0, 0, "", false},
     {rEsporta, Scelta::salvaCome, Opera::scrivi, 51, 0, ".ts5", false},
+    {rPict, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
+    {rPictSel, Scelta::salvaCome, Opera::scriviPict, 11, tipiScritti, ".pict", false},
     {rUnisciPunti, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciQuattro, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
     {rUnisciReali, Scelta::leggi, Opera::leggi, 8, tipiDisegni, "", false},
@@ -111,7 +100,7 @@ bool eDisegno(const FSSpec& file) {
     IOERR2(FSpGetFInfo(file, info));
     if (uscita) return false;
     if (info.fdType == tipoTS3D || info.fdType == tipoTSTD) return true;
-    if (file.nome.find(".ts3d") != std::string::npos || file.nome.find(".TS3D") != std::string::npos) return true;
+    if (Minuscole(file.nome).find(".ts3d") != std::string::npos) return true;
     MostraGuasto({noErr, TestoDi(TestoFile::tipoIgnoto), {}, -1});
     return false;
 }
@@ -127,7 +116,7 @@ bool scegliFile(const Richiesta& r, FSSpec& file) {
     const std::string invito = GetIndString(listaNomi, r.invito);
     switch (r.scelta) {
     case Scelta::leggi: return NavGetFile(invito, r.tipi, file);
-    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file);
+    case Scelta::salvaCome: return NavPutFile(invito, nomeOfferto(r), file, r.tipi);
     case Scelta::salva: file = myFSS; return true;
     case Scelta::dato: file = myFSS; return eDisegno(file);
     case Scelta::dxf: return ApriDXF(file);
@@ -148,6 +137,11 @@ void leggi(const FSSpec& file) {
     leggidati();
     FSClose(RefNum);
     if (theItem == rUnisciQuattro) return;   // Kept: this merge leaves similarity and selection as they are
+    if (const std::string guasto = GuastoRegistrazione(Elem(1), Elem(2)); !guasto.empty()) {
+        Elem(2).att.coordReali = 0;
+        CalcolaRapporti();
+        MostraGuasto({noErr, TestoDi(TestoFile::registrazione, guasto), {}, -1});
+    }
     if (Elem(2).att.coordReali) CalcTransfC();
     NessunaSelezione();
 }
@@ -172,7 +166,20 @@ void importaImmagine(const FSSpec& file) {
         return;
     }
     const FileInLavoro lavoro(file);
-    ImportaImmagine(file);
+    if (ImportaImmagine(file)) OffriMondo(file, indElem);
+}
+
+// A picture of the drawing, in the form that the name's suffix tells; the file that was there stays when none comes of it.
+void scriviImmagine(const FSSpec& file) {
+    constexpr OSType tipoPict = tipoDi("PICT"), creatorePict = tipoDi("ttxt");
+    const FileInLavoro lavoro(file);
+    fType = tipoPict;
+    IOERR2(FSpOpenReplacing(file, creatorePict, fType, RefNum));
+    if (uscita) return;
+    if (SuffissoImmagine(file) ? PutImageFile(RefNum, file) : PutPictFile(RefNum))
+        IOERR2(FSClose(RefNum));
+    else
+        FSAbandon(RefNum);
 }
 
 // What was read before a fault, or before the person stopped it, stays.
@@ -197,23 +204,36 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
     case Opera::immagine: importaImmagine(file); break;
+    case Opera::scriviPict: scriviImmagine(file); break;
     case Opera::testo: importaTesto(r, file); break;
     case Opera::niente: break;
     }
     if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     if (uscita || !r.delDocumento) return;
+    if (!scrive && !lettoIntero) {   // a save must not put what is left over the file that has more
+        SegnaDiverso();
+        return;
+    }
     myFSS = file;
     OKArchivioFss = 1;
     NomeD = PStr255(std::string_view(file.nome));
     NomeLavoro = NomeD;
+    SegnaSalvato();
 }
 
 void concludi() {
     SetCursor(arrowCursor);
     if (noWindow) return;
     SetWTitle(theWindow, NomeLavoro.view());
-    for (std::int16_t voce = 3; voce <= 5; ++voce) EnableMenuItem(menuArchivio, voce);
+    for (const std::int16_t voce : {voci::archivio::chiudi, voci::archivio::salva, voci::archivio::salvaCome})
+        EnableMenuItem(menuArchivio, voce);
     InvalFinestra();
+}
+
+// A drop that brings nothing says why.
+void rifiutato(TestoFile perche, const FSSpec& file) {
+    const FileInLavoro lavoro(file);
+    MostraGuasto({noErr, TestoDi(perche), {}, -1});
 }
 
 // What a dropped file brings is an addition to the drawing, whatever was asked for last.
@@ -226,6 +246,13 @@ void lasciato(const Richiesta& r, const FSSpec& file) {
 
 }   // namespace
 
+std::string Minuscole(std::string_view s) {
+    std::string m(s);
+    for (char& c : m)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return m;
+}
+
 void archivia() {
     uscita = 0;
     LF = 10;
@@ -236,6 +263,7 @@ void archivia() {
         SysBeep(30);
         return;
     }
+    if (r->opera == Opera::scriviPict && noWindow) return;
     if (r->opera == Opera::scrivi) {
         ultimoSalvataggioRiuscito = false;
         if (noWindow) return;
@@ -256,23 +284,38 @@ void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti) {
 }
 
 void LeggiDropText(const FSSpec& spec) {
-    const auto nomina = [&](const char* suffisso) { return spec.nome.find(suffisso) != std::string::npos; };
+    const std::string nome = Minuscole(spec.nome);
+    const auto nomina = [&nome](const char* suffisso) { return nome.find(suffisso) != std::string::npos; };
     // Kept: the suffix may stand anywhere in the name.
-    const std::int16_t numero = nomina(".DXF") || nomina(".dxf") ? rDxf : nomina(".XYZ") || nomina(".xyz") ? rXYZ : 0;
-    if (const Richiesta* r = richiestaDi(numero)) lasciato(*r, spec);
+    struct PerNome {
+        const char* suffisso;
+        std::int16_t numero;
+    };
+    std::int16_t numero = 0;
+    for (const PerNome& p : {PerNome{".dxf", rDxf}, {".xyz", rXYZ}, {".cxf", rCXF}})
+        if (numero == 0 && nomina(p.suffisso)) numero = p.numero;
+    if (const Richiesta* r = richiestaDi(numero)) {
+        lasciato(*r, spec);
+    } else {
+        rifiutato(TestoFile::tipoIgnoto, spec);
+    }
 }
 
 void LeggiDropPict(const FSSpec& spec) {
-    if (indElem < maxElementi) lasciato(*richiestaDi(rImmagine), spec);
-    InvalFinestra();   // all that a full drawing shows of it
+    if (indElem < maxElementi) {
+        lasciato(*richiestaDi(rImmagine), spec);
+    } else {
+        rifiutato(TestoFile::pieno, spec);
+    }
+    InvalFinestra();
 }
 
 namespace {
 const VoceStato righe[] = {
-    {"OKArchivioFss", VoceStato::u8, &OKArchivioFss, 0},
-    {"fType", VoceStato::speciale, nullptr, 0, [] { fType = tipoTS3D; }, nullptr},
-    {"ultimoSalvataggioRiuscito", VoceStato::speciale, nullptr, 0, [] { ultimoSalvataggioRiuscito = true; }, nullptr},
-    {"fileInLavoro", VoceStato::speciale, nullptr, 0, [] { fileInLavoro.clear(); }, nullptr},
+    voce<OKArchivioFss>("OKArchivioFss"),
+    {"fType", [] { fType = tipoTS3D; }, nullptr},
+    {"ultimoSalvataggioRiuscito", [] { ultimoSalvataggioRiuscito = true; }, nullptr},
+    {"fileInLavoro", [] { fileInLavoro.clear(); }, nullptr},
 };
 const TabellaStato tabella(righe);
 }   // namespace

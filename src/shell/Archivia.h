@@ -2,12 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "platform/Files.h"
 
 namespace tessaro {
 
-void archivia();   // by theItem
+void archivia();                             // by theItem
+std::string Minuscole(std::string_view s);   // ASCII letters in lower case: suffixes count in any
 // Files dropped on the sheet. A drawing is merged, by real coordinates, with Command or Option in `tasti` (modifier bits
 // of an event) by four points; it does not become the file that a save replaces.
 void LeggiDropTS3D(const FSSpec& spec, std::uint16_t tasti);

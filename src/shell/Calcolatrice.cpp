@@ -7,30 +7,36 @@
 #include "digitising/Tavoletta.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/Percorso.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
 #include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
+
+constinit std::int32_t Operazione = 0;
 
 constinit DialogPtr calcDialog = nullptr;
 constinit std::uint8_t ModifCalc = 0;
 
 namespace {
 
-constexpr std::int16_t dialogoCalcolatrice = 134, menuStrumenti = 6, voceCalcolatrice = 1;
+constexpr std::int16_t dialogoCalcolatrice = 134;
 constexpr std::int16_t nomi = 131;   // string list: what stands in the display
 constexpr std::int16_t decimali = 3;
-constexpr std::int32_t strumentoCalcolatrice = 4, nessunaOperazione = 4;
+constexpr std::int32_t nessunaOperazione = 4;
 enum : std::int16_t {   // items
     vChiudi = 0,
     vDisplay = 1,
@@ -154,7 +160,7 @@ void apri() {
     calcDialog = GetNewDialog(dialogoCalcolatrice);
     if (!calcDialog) {
         CalcWindow = 0;
-        operazCorrente = 0;
+        operazCorrente = opSegmento;
         return;
     }
     ModifCalc = 0;
@@ -162,7 +168,7 @@ void apri() {
     MettiDisplay(RisCalc.valore, vDisplay);
     MettiDisplay(RisCalc.fattore, vFattore);
     SelectDialogItemText(calcDialog, vDisplay, 0, 255);
-    CheckMenuItem(menuStrumenti, voceCalcolatrice, true);
+    CheckMenuItem(menuStrumenti, voci::strumenti::calcolatrice, true);
 }
 
 void ridisegna() {
@@ -187,7 +193,7 @@ void ponidisp(const double& value, std::string_view label) {
 
 void ApriCalcolatrice() {
     FineFigura();
-    operazCorrente = strumentoCalcolatrice;
+    operazCorrente = opCalcolatrice;
     if (CalcWindow) {
         SelectDialogWindow(calcDialog);
     } else {
@@ -201,23 +207,23 @@ void ChiudiCalcolatrice() {
     CalcWindow = 0;
     if (calcDialog) DisposeDialog(calcDialog);
     calcDialog = nullptr;
-    CheckMenuItem(menuStrumenti, voceCalcolatrice, false);
+    CheckMenuItem(menuStrumenti, voci::strumenti::calcolatrice, false);
     if (RisCalc.numPunti > 1 && !noWindow) InvalFinestra();   // the traced path is no part of the drawing
 }
 
 void LasciaCalcolatrice() {
     if (!CalcWindow) return;
     ChiudiCalcolatrice();
-    if (Azione != 5) return;
-    Azione = 0;
+    if (Azione != sPercorso) return;
+    Azione = sFermo;
     InvalFinestra();
 }
 
 void ChiusaCalcolatrice() {
     ChiudiCalcolatrice();
-    tabButton = 0;   // the path ends where it is, with no further point
+    tabButton = bNessuno;   // the path ends where it is, with no further point
     if (!noWindow) FineSegm();
-    operazCorrente = 0;
+    operazCorrente = opSegmento;
     DrawPallette();
 }
 
@@ -237,7 +243,7 @@ void DealwithDialogs(const EventRecord& event) {
 
 void IndietroPercorso() {
     if (noWindow || RisCalc.numPunti <= 1) return;
-    Azione = 5;
+    Azione = sPercorso;
     --RisCalc.numPunti;
     const auto n = static_cast<std::size_t>(RisCalc.numPunti);
     // Kept: the plain scale, also when the sheet is attached; the band itself goes by the registration.
@@ -254,8 +260,9 @@ void IndietroPercorso() {
 namespace {
 
 const VoceStato righe[] = {
-    {"ModifCalc", VoceStato::u8, &ModifCalc, 0},
-    {"calcDialog", VoceStato::speciale, nullptr, 0,
+    voce<Operazione>("Operazione"),
+    voce<ModifCalc>("ModifCalc"),
+    {"calcDialog",
      [] {
          if (calcDialog) DisposeDialog(calcDialog);
          calcDialog = nullptr;

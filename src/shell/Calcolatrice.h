@@ -20,4 +20,6 @@ void MettiDisplay(const double& value, std::int16_t item);
 void ponidisp(const double& value, std::string_view label);   // a value and its name into the display
 void IndietroPercorso();   // one point back on the path that is traced, or on the finished one
 
+extern std::int32_t Operazione;   // its pending operation: 0 add 1 subtract 2 multiply 3 divide 4 none
+
 }   // namespace tessaro

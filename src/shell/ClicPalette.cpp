@@ -2,17 +2,20 @@
 #include <array>
 
 #include "digitising/PuntiDigitati.h"
+#include "display/Disposizione.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
-#include "editing/Testi.h"
-#include "model/Attributi.h"
+#include "editing/TestoSelezione.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Calcolatrice.h"
@@ -22,17 +25,14 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int32_t lato = 32;   // a palette cell, pixels
-constexpr std::int32_t sinistraRiga = 148, destraRiga = 390;
-
 bool opzione = false;   // Option held at the click
 
-void freccia() { CambiaModo(0); }
-void digita() { CambiaModo(1); }
+void freccia() { CambiaModo(mSelezione); }
+void digita() { CambiaModo(mDigitazione); }
 
 void muovi() {
     if (Puntosel.attiva) {
-        CambiaModo(2);
+        CambiaModo(mSpostamento);
     } else {
         SysBeep(30);
     }
@@ -48,29 +48,29 @@ void strumentoDaCapo(std::int32_t operazione) {
     FineFigura();
     PrendiStrumento(operazione);
 }
-void segmento() { strumentoDaCapo(0); }
-void polilinea() { PrendiStrumento(1); }
+void segmento() { strumentoDaCapo(opSegmento); }
+void polilinea() { PrendiStrumento(opPolilinea); }
 
 void curva(std::int32_t operazione) {
     if (opzione) PrendiCurve(!CurvePerPunti);
     PrendiStrumento(operazione);
 }
-void cerchio() { curva(5); }
-void arco() { curva(6); }
+void cerchio() { curva(opCerchio); }
+void arco() { curva(opArco); }
 
 void testo() {
     if (Puntosel.attiva) {
         PoniTesti(1);
         return;
     }
-    strumentoDaCapo(2);
+    strumentoDaCapo(opTesto);
 }
-void marker() { strumentoDaCapo(3); }
+void marker() { strumentoDaCapo(opMarker); }
 
 // A point by typing, for the tools that take points.
 void puntoDigitato() {
-    const bool conPunti =
-        operazCorrente == 0 || operazCorrente == 1 || operazCorrente == 3 || operazCorrente == 5 || operazCorrente == 6;
+    const bool conPunti = operazCorrente == opSegmento || operazCorrente == opPolilinea || operazCorrente == opMarker
+                          || operazCorrente == opCerchio || operazCorrente == opArco;
     if (!conPunti) return;
     if (opzione) {
         IngressoPolare();
@@ -81,12 +81,13 @@ void puntoDigitato() {
 
 // The coordinate line flashes, then asks: while moving for the deltas, else for a point.
 void clicRigaCoordinate() {
-    if (Modalita != 1 && Modalita != 2) return;
-    const Rect riga = SetRect(sinistraRiga, myViewRect.bottom, destraRiga, GetPortBounds(theWindow).bottom);
+    if (Modalita != mDigitazione && Modalita != mSpostamento) return;
+    Rect riga = RigaCoordinate();
+    --riga.top;
     InvertRect(riga);
     Delay(static_cast<std::int32_t>(GetDblTime() / 3));
     InvertRect(riga);
-    if (Modalita == 2) {
+    if (Modalita == mSpostamento) {
         Sposta();
         InvalFinestra();
     } else {
@@ -97,65 +98,37 @@ void clicRigaCoordinate() {
 // The commands behind these cells are not built yet.
 void nonAncora() { SysBeep(30); }
 
-struct Cella {
-    std::int32_t alto, basso;   // pixels from the window's top, basso excluded
-    std::int32_t icona;
-    void (*azione)();
-};
-// The sheet cell's two halves leave a pixel between them.
-constexpr std::array celle{
-    Cella{0, 32, 13, freccia},
-    Cella{32, 64, 14, digita},
-    Cella{64, 96, 15, muovi},
-    Cella{96, 111, 16, [] { cambiaFoglio(1); }},
-    Cella{112, 128, 16, [] { cambiaFoglio(-1); }},
-    Cella{128, 160, 17, segmento},
-    Cella{160, 192, 18, polilinea},
-    Cella{192, 224, 19, cerchio},
-    Cella{224, 256, 20, arco},
-    Cella{256, 288, 21, testo},
-    Cella{288, 320, 22, marker},
-    Cella{320, 352, 23, ApriCalcolatrice},
-    Cella{352, 384, 24, nonAncora},
-    Cella{384, 416, 25, nonAncora},
-};
-
-std::int32_t iconaDi(const Cella& c) {
-    const bool perPunti = CurvePerPunti && (c.icona == 19 || c.icona == 20);
-    return perPunti ? c.icona + 100 : c.icona;
+// The halves act while the whole cell stays as it is: it has no lit form.
+void lucido() {
+    if (opzione) {
+        ParamLucidi();
+    } else if (const std::int32_t passo = MetaLucido(EventPoint); passo != 0) {
+        cambiaFoglio(static_cast<std::int16_t>(passo));
+    }
 }
 
-void clicCella(const Cella& c) {
-    if (c.icona == 16) {
-        // The halves act while the whole cell stays as it is: it has no lit form.
-        if (opzione) {
-            ParamLucidi();
-        } else {
-            c.azione();
-        }
+// By CellaPalette.
+constexpr std::array<void (*)(), numCelle> azioni{freccia,          digita,    muovi,    lucido, segmento,
+                                                  polilinea,        cerchio,   arco,     testo,  marker,
+                                                  ApriCalcolatrice, nonAncora, nonAncora};
+
+void clicCella(CellaPalette c) {
+    if (c == cellaLucido) {
+        lucido();
         return;
     }
-    const std::int32_t icona = iconaDi(c);
-    if (TrackIcon(SetRect(0, c.alto, lato, c.basso), icona, icona + 10000)) c.azione();
-}
-
-bool nellaRigaCoordinate(Point p) {
-    return p.h >= sinistraRiga && p.h <= destraRiga && p.v >= myViewRect.bottom
-           && p.v < GetPortBounds(theWindow).bottom;
+    const std::int32_t icona = IconaCella(c);
+    if (TrackIcon(RettangoloCella(c), icona, IconaAccesa(icona))) azioni[c]();
 }
 
 }   // namespace
 
 void Do_Tessaro3D() {
     opzione = (KeyModifiers() & optionKey) != 0;
-    if (nellaRigaCoordinate(EventPoint)) {
+    if (NellaRigaCoordinate(EventPoint)) {
         clicRigaCoordinate();
-    } else if (EventPoint.h >= 0 && EventPoint.h < lato) {
-        for (const Cella& c : celle) {
-            if (EventPoint.v < c.alto || EventPoint.v >= c.basso) continue;
-            clicCella(c);
-            break;
-        }
+    } else if (const CellaPalette c = CellaSotto(EventPoint); c != numCelle) {
+        clicCella(c);
     }
     DrawPallette();
     scriviSempreCoord = 1;

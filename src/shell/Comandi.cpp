@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoAggiungi.h"
-#include "digitising/attaccoDialogo.h"
+#include "digitising/AttaccoAggiungi.h"
+#include "digitising/AttaccoDialogo.h"
 #include "digitising/GeoRiferimento.h"
 #include "digitising/PuntiDigitati.h"
 #include "digitising/Tavoletta.h"
@@ -22,27 +22,37 @@
 #include "editing/Cancella.h"
 #include "editing/Conversioni.h"
 #include "editing/LucidiClassi.h"
+#include "editing/Scelta.h"
 #include "editing/SceltaColori.h"
-#include "editing/Selezione.h"
+#include "editing/SeparaPict.h"
 #include "editing/Sposta.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "editing/TratteggiDialogo.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
 #include "files/Impostazioni.h"
+#include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
+#include "platform/Dialogs.h"
 #include "platform/Menus.h"
 #include "raster/CreaMesh.h"
+#include "raster/CreaPict.h"
+#include "raster/Immagini.h"
 #include "raster/Lenti.h"
 #include "raster/pictrot.h"
 #include "raster/raster.h"
+#include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
@@ -53,38 +63,49 @@
 
 namespace tessaro {
 
-const std::int16_t myMenu[27] = {1,   2,   3,   4,   5,   6,   40,  50,  60, 100, 101, 102, 103, 104,
-                                 105, 106, 107, 108, 109, 110, 111, 112, 20, 0,   22,  23,  24};
-
 void ChkOnOffItem(std::int16_t menu, std::int16_t item, std::int16_t first, std::int16_t last) {
     for (std::int16_t i = first; i <= last; ++i) CheckMenuItem(menu, i, i == item);
 }
 
+void SpuntaCurve() {
+    using namespace voci::strumenti;
+    ChkOnOffItem(menuStrumenti, CurvePerPunti ? curvePerPunti : curvePerCentro, curvePerCentro, curvePerPunti);
+}
+
+namespace {
+
+void disegnoAperto() {
+    DisableMenuItem(menuArchivio, voci::archivio::nuovo);
+    EnableMenuItem(menuArchivio, voci::archivio::chiudi);
+}
+
+}   // namespace
+
 void Apri() {
     if (!TuttoChiuso()) return;
     SetUpWindow();
-    theItem = 2;
+    theItem = rApri;
     archivia();
-    DisableMenuItem(2, 1);
-    EnableMenuItem(2, 3);
+    disegnoAperto();
 }
 
 void Chiudi() { TuttoChiuso(); }
 
 void DoArchivio() {
+    using namespace voci::archivio;
     switch (theItem) {
-    case 1:
+    case nuovo:
         if (noWindow) {
             SetUpWindow();
             noWindow = 0;
         }
         break;
-    case 2: Apri(); break;
-    case 3: Chiudi(); break;
-    case 4:
-    case 5: archivia(); break;
-    case 9: FormatoXYZ(0); break;
-    case 16: fine = TuttoChiuso(); break;
+    case apri: Apri(); break;
+    case chiudi: Chiudi(); break;
+    case salva:
+    case salvaCome: archivia(); break;
+    case formato: FormatoXYZ(0); break;
+    case esci: fine = TuttoChiuso(); break;
     default: break;
     }
 }
@@ -102,28 +123,47 @@ void spostaDiValori() {
     Ridisegna();
 }
 
+// What could not be copied is not cleared.
+void taglia() {
+    if (PutPicScrap()) CancellaSelezione();
+}
+
+void separa() {
+    if (Puntosel.attiva) SeparaPict();
+}
+
 struct VoceModifica {
     std::int16_t item;
     bool conFinestra;
     void (*azione)();
 };
 constexpr VoceModifica modifiche[] = {
-    {1, true, AnnullaUltima},
-    {6, false, CancellaSelezione},
-    {8, true, selezionaTutto},
-    {9, true, [] { AvantiEIndietroSelezione(true); }},
-    {10, true, [] { AvantiEIndietroSelezione(false); }},
-    {12, true, spostaDiValori},
-    {14, true, TrasformaPoligSel},
-    {15, true, TrasformaSegmentiSel},
-    {16, true, [] { PoniLucido(); }},
+    {voci::modifica::annulla, true,
+     [] {
+         AnnullaUltima();
+         RistabilisciSelezione();   // what is gone is no longer selected
+     }},
+    {voci::modifica::taglia, true, taglia},
+    {voci::modifica::copia, true, [] { PutPicScrap(); }},
+    {voci::modifica::incolla, true, IncollaPict},
+    {voci::modifica::cancella, false, CancellaSelezione},
+    {voci::modifica::selezionaTutto, true, selezionaTutto},
+    {voci::modifica::primoPiano, true, [] { AvantiEIndietroSelezione(true); }},
+    {voci::modifica::inFondo, true, [] { AvantiEIndietroSelezione(false); }},
+    {voci::modifica::sposta, true, spostaDiValori},
+    {voci::modifica::separaImmagine, true, separa},
+    {voci::modifica::inPoligonali, true, TrasformaPoligSel},
+    {voci::modifica::inSegmenti, true, TrasformaSegmentiSel},
+    {voci::modifica::suLucido, true, [] { PoniLucido(); }},
+    {voci::modifica::scalaImmagine, true, ScalaImmagine},
+    {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
 };
 
 }   // namespace
 
 void DoEdit() {
     if (CalcWindow) {   // the only thing to take back is the path's last point
-        if (theItem == 1) IndietroPercorso();
+        if (theItem == voci::modifica::annulla) IndietroPercorso();
         return;
     }
     for (const VoceModifica& v : modifiche) {
@@ -137,7 +177,7 @@ void DoEdit() {
 namespace {
 
 // A choice among attributes goes to the selection when there is one and no figure is in progress.
-bool perLaSelezione() { return Puntosel.attiva && Azione == 0; }
+bool perLaSelezione() { return Puntosel.attiva && Azione == sFermo; }
 
 void coordinateSempre() {
     DrawPallette();
@@ -145,34 +185,35 @@ void coordinateSempre() {
     SetDrawCoordCorr();
 }
 
-void menuSistema() {
-    if (theItem == 1) AboutTessaro();
+void comandoSistema() {
+    if (theItem == voci::aiuto::informazioni) AboutTessaro();
 }
 
-void menuDisegna() {
+void comandoDisegna() {
+    using namespace voci::disegna;
     if (noWindow) return;
     switch (theItem) {
-    case 1:
+    case segmento:
         FineFigura();
-        PrendiStrumento(0);
+        PrendiStrumento(opSegmento);
         break;
-    case 2: PrendiStrumento(1); break;
-    case 3:
+    case polilinea: PrendiStrumento(opPolilinea); break;
+    case marker:
         FineFigura();
-        PrendiStrumento(3);
+        PrendiStrumento(opMarker);
         break;
-    case 4: ScegliMarker(); break;
-    case 5: PoniZeta(); return;
-    case 6:
+    case formaMarker: ScegliMarker(); break;
+    case quota: PoniZeta(); return;
+    case testo:
         FineFigura();
-        PrendiStrumento(2);
+        PrendiStrumento(opTesto);
         DrawPallette();
         [[fallthrough]];   // Kept: the item ends in the circle tool; the text tool is reached from the palette
-    case 7: PrendiStrumento(5); break;
-    case 8: PrendiStrumento(6); break;
-    case 20: IngressoVertici(); break;
-    case 21: IngressoMarker(); break;
-    case 14: PoniTratteggi(); return;
+    case cerchio: PrendiStrumento(opCerchio); break;
+    case arco: PrendiStrumento(opArco); break;
+    case vertice: IngressoVertici(); break;
+    case markerDigitato: IngressoMarker(); break;
+    case tratteggi: PoniTratteggi(); return;
     default: break;
     }
     DrawPallette();
@@ -191,43 +232,45 @@ void nuovaMesh(TTipoMesh tipo) {
     if (CreaMesh(tipo)) SpostaDaPunto(m.x[0][0], m.y[0][0]);
 }
 
-void menuTrasforma() {
-    if (theItem == 2 || theItem == 7) do_Trasforma();
+void comandoTrasforma() {
+    using namespace voci::trasforma;
+    if (theItem == origineDaSelezione || theItem == destinazioneDaSelezione) do_Trasforma();
     if (noWindow) return;
-    if (theItem == 5) dialogoTrasformazione();
-    if (theItem == 8) Aggiungi();
-    if (theItem == 10) nuovaMesh(TTipoMesh::origine);
-    if (theItem == 11) nuovaMesh(TTipoMesh::destinazione);
-    if (theItem == 15) ModificaRuotaImmagine();
-    if (theItem == 17) CorreggiPictSel();
-    if (theItem == 18) ApriRapporto();
+    if (theItem == dinamica) dialogoTrasformazione();
+    if (theItem == aggiungi) Aggiungi();
+    if (theItem == voci::trasforma::meshOrigine) nuovaMesh(TTipoMesh::origine);
+    if (theItem == voci::trasforma::meshDestinazione) nuovaMesh(TTipoMesh::destinazione);
+    if (theItem == ruotaImmagine) ModificaRuotaImmagine();
+    if (theItem == distorsione) CorreggiPictSel();
+    if (theItem == rapporto) ApriRapporto();
 }
 
-void menuStrumenti() {
+void comandoStrumenti() {
+    using namespace voci::strumenti;
     switch (theItem) {
-    case 1: ApriCalcolatrice(); break;
-    case 2: ParamGraf(); break;
-    case 3: ParamLucidi(); break;
-    case 4: SceltaColori(0); break;
-    case 5: ModificaGriglia(); break;
-    case 8: PoniCateg_Insieme(1); break;
-    case 9: PoniCateg_Insieme(2); break;
-    case 11: ParAttacco(); break;
-    case 12: ParGeoRefer(0); break;
-    case 14: RiferimentoFoglio(); break;
-    case 15: RiferimentoVista(); break;
-    case 20: CambiaLettura(); break;
-    case 21: ParTavoletta(); break;
-    case 17:
-    case 18:
-        PrendiCurve(theItem == 18);
+    case calcolatrice: ApriCalcolatrice(); break;
+    case paramGraf: ParamGraf(); break;
+    case lucidi: ParamLucidi(); break;
+    case colori: SceltaColori(0); break;
+    case griglia: ModificaGriglia(); break;
+    case categoria: PoniCateg_Insieme(1); break;
+    case insieme: PoniCateg_Insieme(2); break;
+    case coordinateReali: ParAttacco(); break;
+    case georeferenzia: ParGeoRefer(0); break;
+    case tavolettaSulFoglio: RiferimentoFoglio(); break;
+    case tavolettaSullaVista: RiferimentoVista(); break;
+    case lettura: CambiaLettura(); break;
+    case tavoletta: ParTavoletta(); break;
+    case curvePerCentro:
+    case curvePerPunti:
+        PrendiCurve(theItem == curvePerPunti);
         DrawPallette();
         break;
     default: break;
     }
 }
 
-void menuPatternPenna() {
+void comandoPatternPenna() {
     if (perLaSelezione()) {
         CambiaRetSel(theItem);
         return;
@@ -238,7 +281,7 @@ void menuPatternPenna() {
     DrawPallette();
 }
 
-void menuSpessore() {
+void comandoSpessore() {
     if (perLaSelezione()) {
         CambiaSpessSel(theItem);
         return;
@@ -246,24 +289,24 @@ void menuSpessore() {
     spessore = theItem;
     spess = static_cast<std::int16_t>(spessore / 2);
     PenSize(spessore, spessore);
-    ChkOnOffItem(24, theItem, 1, 9);
+    ChkOnOffItem(menuSpessore, theItem, 1, 9);
     DrawPallette();
     PoniAnnulla(aNiente);
 }
 
-void menuColore() {
+void comandoColore() {
     if (perLaSelezione()) {
         CambiaColoreSel(theItem);
         return;
     }
     colorCorrente = theItem;
-    ChkOnOffItem(23, theItem, 1, CountMenuItems(23));
-    ChkOnOffItem(104, theItem, 1, CountMenuItems(104));
+    ChkOnOffItem(menuNomiColori, theItem, 1, CountMenuItems(menuNomiColori));
+    ChkOnOffItem(menuColore, theItem, 1, CountMenuItems(menuColore));
     DrawPallette();
     PoniAnnulla(aNiente);
 }
 
-void menuPatternArea() {
+void comandoPatternArea() {
     if (perLaSelezione()) {
         CambiaRetAreaSel(static_cast<std::int16_t>(theItem - 1));
         return;
@@ -274,105 +317,124 @@ void menuPatternArea() {
     PoniAnnulla(aNiente);
 }
 
-void menuAref() {
+void comandoAref() {
     static constexpr std::int16_t tipi[] = {tSegmento, tPoligono, tCerchio, tArco, tMarker};
-    if (!noWindow && theItem >= 1 && theItem <= 5) PoniAREF(tipi[theItem - 1]);
+    const auto i = static_cast<std::size_t>(theItem - 1);
+    if (!noWindow && i < std::size(tipi)) PoniAREF(tipi[i]);
 }
 
-void menuZoom() { FaiZoom(theItem); }
+void comandoZoom() { FaiZoom(theItem); }
 
-void menuEsporta() {
+bool soloImmagine() {
+    return Puntosel.attiva && !Puntosel.multipla && Puntosel.indice >= 3 && Puntosel.indice <= indElem
+           && Elem(Puntosel.indice).tipo == tPict;
+}
+
+void comandoEsporta() {
+    using namespace voci::esporta;
     switch (theItem) {
-    case 1:
-        theItem = 41;
+    case versionePrecedente:
+        theItem = rEsporta;
         archivia();
         break;
-    case 4:
+    case immagineDisegno:
+        theItem = rPict;
+        archivia();
+        break;
+    case immagineSelezionata:
+        if (!soloImmagine()) {
+            StopAlert(146);
+            break;
+        }
+        theItem = rPictSel;
+        archivia();
+        break;
+    case dwg:
         if (!noWindow) EsportaDWG();
         break;
-    case 5: FaiXYZAsci(); break;
-    case 7: FaiMiniCad(due_D); break;
-    case 8: FaiMiniCad(tre_D); break;
+    case xyz: FaiXYZAsci(); break;
+    case miniCad2D: FaiMiniCad(due_D); break;
+    case miniCad3D: FaiMiniCad(tre_D); break;
     default: break;
     }
 }
 
-void menuApriAltri() {
-    theItem = static_cast<std::int16_t>(50 + theItem);
+void comandoApriAltri() {
+    theItem = static_cast<std::int16_t>(menuApriAltri + theItem);
     if (noWindow) SetUpWindow();
     archivia();
-    DisableMenuItem(2, 1);
-    EnableMenuItem(2, 3);
+    disegnoAperto();
 }
 
-void menuImporta() {
-    constexpr std::int16_t voceDWG = 2, voceScelteDWG = 5;
-    if (theItem == voceScelteDWG) {
+void comandoImporta() {
+    if (theItem == voci::importa::scelteDWG) {
         SceglieImportaDWG();
         return;
     }
     if (noWindow) SetUpWindow();
-    if (theItem == voceDWG && (KeyModifiers() & optionKey) == 0) {
+    if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
         ImportaDWG();
     } else {
-        theItem = static_cast<std::int16_t>(60 + theItem);
+        theItem = static_cast<std::int16_t>(menuImporta + theItem);
         archivia();
     }
-    DisableMenuItem(2, 1);
-    EnableMenuItem(2, 3);
+    disegnoAperto();
 }
 
-void menuIngressoAttacco() {
-    if (!noWindow && theItem >= 1 && theItem <= 4) IngressoAttacco(theItem);
+void comandoIngressoAttacco() {
+    const std::int16_t punto = theItem;   // an item is its point
+    if (!noWindow && punto >= 1 && punto <= 4) IngressoAttacco(punto);
 }
 
 // Items 1 to 4 choose a control point; item 5 sets cursor and mode only.
 // Kept: item 5 leaves operazCorrente alone, so the click does what the last chosen point did.
 void sceltaAttacco(std::int32_t primaOperazione, const std::array<std::int16_t, 5>& cursori) {
-    if (noWindow || theItem > 5) return;
-    if (theItem <= 4) {
+    const auto i = static_cast<std::size_t>(theItem - 1);
+    if (noWindow || i >= cursori.size()) return;
+    if (i + 1 < cursori.size()) {
         FineFigura();
         LasciaCalcolatrice();
         operazCorrente = primaOperazione + theItem - 1;
     }
-    attaccoCursor = cursori[static_cast<std::size_t>(theItem - 1)];
+    attaccoCursor = cursori[i];
     SetCursor(attaccoCursor);
-    CambiaModo(6);
+    CambiaModo(mAttacco);
     DrawPallette();
 }
 
-void menuAttacchiOrigine() {
-    if (theItem == 6) {
+void comandoAttacchiOrigine() {
+    if (theItem == voci::attacchiOrigine::verifica) {
         VerificaAttacchi();
         return;
     }
-    sceltaAttacco(7, origineCursor);
+    sceltaAttacco(opOrigine1, origineCursor);
 }
 
-void menuAttacchiDestinazione() {
-    if (theItem == 6) {
+void comandoAttacchiDestinazione() {
+    if (theItem == voci::attacchiDestinazione::verifica) {
         VerificaDestinazione();
         return;
     }
-    sceltaAttacco(12, destinazioneCursor);
+    sceltaAttacco(opDestinazione1, destinazioneCursor);
 }
 
-void menuVincoli() {
+void comandoVincoli() {
+    using namespace voci::vincoli;
     static constexpr void (*azioni[])() = {MettiAttaccoPt,      MettiAttaccoZ,    MettiParallelo,
                                            MettiPerpendicolare, MettiOrizzontale, MettiVerticale};
     if (noWindow) return;
-    if (theItem == 7) {
+    if (theItem == griglia) {
         AttivaGriglia();
         AggiustaStatoBottoni();
         DrawPallette();
         return;
     }
-    if (theItem < 1 || theItem > 6) return;
-    azioni[theItem - 1]();
+    if (theItem < punto || theItem > verticale) return;
+    azioni[theItem - punto]();
     coordinateSempre();
 }
 
-void menuTrasformaImmagine() {
+void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
 
@@ -381,30 +443,30 @@ struct VoceMenu {
     void (*azione)();
 };
 constexpr VoceMenu comandi[] = {
-    {1, menuSistema},
-    {2, DoArchivio},
-    {3, DoEdit},
-    {4, menuDisegna},
-    {5, menuTrasforma},
-    {6, menuStrumenti},
-    {20, menuPatternPenna},
-    {22, menuZoom},
-    {23, menuColore},
-    {24, menuSpessore},
-    {40, menuEsporta},
-    {50, menuApriAltri},
-    {60, menuImporta},
-    {100, [] { CheckFontMac(theItem); }},
-    {101, [] { CheckDimFMac(theItem); }},
-    {102, [] { CheckStile(theItem); }},
-    {103, menuAref},
-    {104, menuColore},
-    {105, menuPatternArea},
-    {106, menuIngressoAttacco},
-    {107, menuAttacchiOrigine},
-    {108, menuAttacchiDestinazione},
-    {111, menuTrasformaImmagine},
-    {112, menuVincoli},
+    {menuAiuto, comandoSistema},
+    {menuArchivio, DoArchivio},
+    {menuModifica, DoEdit},
+    {menuDisegna, comandoDisegna},
+    {menuTrasforma, comandoTrasforma},
+    {menuStrumenti, comandoStrumenti},
+    {menuPatternPenna, comandoPatternPenna},
+    {menuZoom, comandoZoom},
+    {menuNomiColori, comandoColore},
+    {menuSpessore, comandoSpessore},
+    {menuEsporta, comandoEsporta},
+    {menuApriAltri, comandoApriAltri},
+    {menuImporta, comandoImporta},
+    {menuCaratteri, [] { CheckFontMac(theItem); }},
+    {menuCorpi, [] { CheckDimFMac(theItem); }},
+    {menuStili, [] { CheckStile(theItem); }},
+    {menuAref, comandoAref},
+    {menuColore, comandoColore},
+    {menuPatternArea, comandoPatternArea},
+    {menuIngressoAttacco, comandoIngressoAttacco},
+    {menuAttacchiOrigine, comandoAttacchiOrigine},
+    {menuAttacchiDestinazione, comandoAttacchiDestinazione},
+    {menuImmagine, comandoImmagine},
+    {menuVincoli, comandoVincoli},
 };
 
 }   // namespace

@@ -9,7 +9,6 @@ void DoEdit();
 void Apri();
 void Chiudi();
 void ChkOnOffItem(std::int16_t menu, std::int16_t item, std::int16_t first, std::int16_t last);
+void SpuntaCurve();           // of the items for circles and arcs, by CurvePerPunti
 void Tasto(std::uint8_t c);   // the keyboard table
-// Resource numbers by menu index, as other code ticks and enables them.
-extern const std::int16_t myMenu[27];
 }   // namespace tessaro

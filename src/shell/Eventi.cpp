@@ -5,16 +5,21 @@
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Zoom.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/Events.h"
 #include "shell/Archivia.h"
-#include "shell/Barra.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
+#include "shell/Modificato.h"
 #include "shell/Rapporto.h"
 #include "shell/Trascinamento.h"
 
@@ -22,6 +27,7 @@ namespace tessaro {
 
 namespace {
 
+constinit std::uint8_t theChar = 0;   // last key
 // Palette and read-out after a repaint or a command that may have changed them.
 void aggiornaStrisce() {
     DrawPallette();
@@ -32,7 +38,7 @@ void aggiornaStrisce() {
 // Repaints the whole window.
 void ridipingi() {
     if (noWindow || !theWindow) return;
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     BeginUpdate(theWindow);
     DrawTopBar();
     if (NewDis) FlushEvents();
@@ -40,7 +46,6 @@ void ridipingi() {
     NewDis = 0;
     aggiornaStrisce();
     EndUpdate(theWindow);
-    SetPort(prima);
 }
 
 void attiva(bool diventaAttiva) {
@@ -80,19 +85,25 @@ constexpr Point daNessunaParte{-1, -1};
 constinit Point seguito = daNessunaParte;   // where the pointer was followed to
 
 void seguiPuntatore() {
-    if (Modalita != 0) CheckMouse((KeyModifiers() & shiftKey) != 0);
+    if (Modalita != mSelezione) CheckMouse((KeyModifiers() & shiftKey) != 0);
 }
 
 // A pointer at rest leaves the cursor where the tablet has put it; the button of a sample is over with the next round, so
 // that it holds back no click of the mouse.
 void riposo(bool campione) {
-    if (!campione && Modalita != 0 && Modalita != 2) tabButton = 0;
+    if (!campione && Modalita != mSelezione && Modalita != mSpostamento) tabButton = bNessuno;
+}
+
+// Repaints and scrolling leave the drawing as it is: they need no look at it.
+bool puoCambiare(EventKind what) {
+    return what != EventKind::updateEvt && what != EventKind::scroll && what != EventKind::wheel
+           && what != EventKind::activateEvt && what != EventKind::osEvt && what != EventKind::mouseUp;
 }
 
 void consuma(EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
-        if (TabAbilit && tabButton == 1) break;
+        if (TabAbilit && tabButton == bContinua) break;
         if (TabAbilit) seguiPuntatore();   // the tablet may have taken the cursor elsewhere
         DoMouseAction(e);
         break;
@@ -133,7 +144,10 @@ void consuma(EventRecord& e) {
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
-    if (WaitNextEvent(e, sonno)) consuma(e);
+    if (WaitNextEvent(e, sonno)) {
+        consuma(e);
+        if (puoCambiare(e.what)) MostraDiverso();
+    }
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     AggiustaStatoBottoni();
     AggiornaRapporto();
@@ -153,7 +167,8 @@ void CheckEvents() {
 
 namespace {
 const VoceStato righe[] = {
-    {"seguito", VoceStato::speciale, nullptr, 0, [] { seguito = daNessunaParte; }, nullptr},
+    voce<theChar>("theChar"),
+    {"seguito", [] { seguito = daNessunaParte; }, nullptr},
 };
 const TabellaStato tabella(righe);
 

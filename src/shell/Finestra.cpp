@@ -3,24 +3,34 @@
 #include <string>
 
 #include "dialogs/Parametri.h"
-#include "display/barra.h"
+#include "display/Barra.h"
+#include "display/Disposizione.h"
+#include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
+#include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
+#include "shell/Modificato.h"
 #include "shell/Recupero.h"
 #include "text/Conversione.h"
 
@@ -28,16 +38,37 @@ namespace tessaro {
 
 namespace {
 
+constinit std::int16_t htavp = 3000;   // htav as it was when the drawing was opened
 constexpr std::int16_t finestraDisegno = 1000, listaNomi = 129, nomeSenzaTitolo = 1;
-constexpr std::int16_t menuArchivio = 2, menuModifica = 3, voceNuovo = 1;
 constexpr std::int16_t avvisoSalva = 3001, risponde2Salva = 2, risponde3Annulla = 3;
 constexpr std::int16_t dialogoInformazioni = 1033, listaInformazioni = 9121;
 
-constexpr std::int16_t vociArchivio[] = {3, 4, 5, 7, 11, 14};
-constexpr std::int16_t vociModifica[] = {1, 4, 5};
+// Kept: 11 is a line between the items, and nothing shows that it is off.
+constexpr std::int16_t vociArchivio[] = {
+    voci::archivio::chiudi, voci::archivio::salva, voci::archivio::salvaCome, voci::archivio::esporta, 11,
+    voci::archivio::stampa};
+constexpr std::int16_t vociModifica[] = {voci::modifica::annulla, voci::modifica::copia, voci::modifica::incolla};
 // Drawing, transforming, zooming, exporting, attributes and constraints make no sense without a drawing.
-constexpr std::int16_t menuDisegno[] = {4,   5,   20,  22,  23,  24,  40,  100, 101,
-                                        102, 103, 104, 105, 106, 107, 108, 111, 112};
+constexpr std::int16_t conDisegno[] = {
+    menuDisegna,
+    menuTrasforma,
+    menuPatternPenna,
+    menuZoom,
+    menuNomiColori,
+    menuSpessore,
+    menuEsporta,
+    menuCaratteri,
+    menuCorpi,
+    menuStili,
+    menuAref,
+    menuColore,
+    menuPatternArea,
+    menuIngressoAttacco,
+    menuAttacchiOrigine,
+    menuAttacchiDestinazione,
+    menuImmagine,
+    menuVincoli,
+};
 
 void apriFinestra() {
     if (theWindow) DisposeWindow(theWindow);
@@ -67,7 +98,7 @@ void vistaIniziale() {
     Xmin = Ymin = 0;
     Xmax = Ymax = 300;
     // Kept: until the first zoom the corner lies a toolbar's height above the view's origin.
-    OrigX = -32;
+    OrigX = -latoCella;
     OrigY = 0;
     PageCorner = {-hToolbar, 0};
     RifTablet = 1;
@@ -105,9 +136,8 @@ void controlli() {
 
 // The whole tablet in the view.
 void primoZoom() {
-    constexpr double barra = 15;   // pixels of a scroll bar
-    const double w = myViewRect.right - myViewRect.left - barra;
-    const double h = myViewRect.bottom - myViewRect.top - barra;
+    const double w = myViewRect.right - myViewRect.left - barraScorrimento;
+    const double h = myViewRect.bottom - myViewRect.top - barraScorrimento;
     CambiaScala(std::min(w / btav1, h / htav1));
     scalaImmagineX = scalaImmagineY = 1;
     AggiornaTolleranze();
@@ -140,7 +170,7 @@ void chiudiDisegno() {
     AzzeraArchivio();
     indElem = 1;
     senzaAttacchi();
-    Azione = 0;   // a figure in progress ends with its drawing
+    Azione = sFermo;   // a figure in progress ends with its drawing
     ContinuaPoligono = 0;
     Sposta2ndClick = 0;
     AzzeraPuntosel();
@@ -154,10 +184,10 @@ void AbilitaMenu(bool disegnoAperto) {
     const auto poni = [disegnoAperto](std::int16_t menu, std::int16_t voce) {
         (disegnoAperto ? EnableMenuItem : DisableMenuItem)(menu, voce);
     };
-    (disegnoAperto ? DisableMenuItem : EnableMenuItem)(menuArchivio, voceNuovo);
+    (disegnoAperto ? DisableMenuItem : EnableMenuItem)(menuArchivio, voci::archivio::nuovo);
     for (const std::int16_t voce : vociArchivio) poni(menuArchivio, voce);
     for (const std::int16_t voce : vociModifica) poni(menuModifica, voce);
-    for (const std::int16_t menu : menuDisegno) poni(menu, 0);
+    for (const std::int16_t menu : conDisegno) poni(menu, 0);
     DrawMenuBar();
 }
 
@@ -176,19 +206,21 @@ void SetUpWindow() {
     mostra();
     Croce();
     AbilitaMenu(true);
+    SegnaSalvato();
     salvaRecupero = ScriviRecupero;
 }
 
 std::uint8_t TuttoChiuso() {
     if (noWindow) return 1;
     std::int16_t risposta = 1;
-    if (indElem > 2) {
+    const bool conFile = NomeD.view() != GetIndString(listaNomi, nomeSenzaTitolo);
+    if ((indElem > 2 || conFile) && DisegnoDiverso()) {
         ParamText(NomeD.view(), "", "", "");
         risposta = CautionAlert(avvisoSalva);
     }
     if (risposta == risponde3Annulla) return noWindow;
     if (risposta == risponde2Salva) {
-        theItem = 4;
+        theItem = rSalva;
         archivia();
         if (!ultimoSalvataggioRiuscito) return noWindow;
     }
@@ -199,11 +231,19 @@ std::uint8_t TuttoChiuso() {
 void AboutTessaro() {
     const std::int32_t usati = std::max(indElem - 2, 0), possibili = std::max(maxElementi - 2, 0);
     ParamText(GetIndString(listaInformazioni, 1), NumToString(usati).view(), NumToString(possibili).view(), "");
-    const DialogPtr d = GetNewDialog(dialogoInformazioni);
-    std::int16_t voce = 0;
-    while (voce < 1 || voce > 10) ModalDialog(MyMovableFilter, voce);
-    DisposeDialog(d);
+    {
+        const DialogoAperto aperto(dialogoInformazioni);
+        std::int16_t voce = 0;
+        while (voce < 1 || voce > 10) ModalDialog(MyMovableFilter, voce);
+    }
     InvalWind();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<htavp>("htavp"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

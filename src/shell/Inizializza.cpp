@@ -1,6 +1,7 @@
 // The process's skeleton: options, toolbox, Initialize, the settings in silence, the loop.
-#include "raster/Lenti.h"
 #include "shell/Inizializza.h"
+#include "raster/Lenti.h"
+#include "shell/Modificato.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,13 +20,20 @@
 #include "exchange/FormatoXYZ.h"
 #include "files/Impostazioni.h"
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Fonts.h"
 #include "platform/Memory.h"
@@ -37,9 +45,13 @@
 
 namespace tessaro {
 
+constinit Rect DragRect{};
+constinit Rect GrowRect{};
+
 namespace {
 
-constexpr std::int16_t alertMemoria = 3006, menuCaratteri = 100;
+constinit std::int16_t PlotPerCento = 100;   // the plotter's scale, per cent
+constexpr std::int16_t alertMemoria = 3006;
 constexpr std::int32_t riservaMemoria = 819175;   // bytes left to the rest of the program
 constexpr std::int32_t minimoRecord = 9;          // with no more than these the program does not start
 
@@ -65,16 +77,18 @@ void allocaArchivio() {
 
 void predisponiMenu() {
     CreateMenus();
-    for (std::int16_t i = 3; i <= 7; ++i) CheckMenuItem(102, i, false);
-    CheckMenuItem(102, 1, true);
-    CheckMenuItem(101, TheOldDimFIt, true);
-    ChkOnOffItem(6, CurvePerPunti ? 18 : 17, 17, 18);
-    ChkOnOffItem(22, 1, 1, 8);
-    ChkOnOffItem(6, 14, 14, 15);
-    ChkOnOffItem(23, 1, 1, coloriPresenti);
-    ChkOnOffItem(24, 1, 1, 9);
-    for (std::int16_t i = 1; i <= 7; ++i) CheckMenuItem(112, i, false);
-    DisableMenuItem(112, 2);
+    for (std::int16_t i = voci::stili::grassetto; i <= voci::stili::ombreggiato; ++i)
+        CheckMenuItem(menuStili, i, false);
+    CheckMenuItem(menuStili, voci::stili::normale, true);
+    CheckMenuItem(menuCorpi, TheOldDimFIt, true);
+    SpuntaCurve();
+    ChkOnOffItem(menuZoom, voci::zoom::foglio, voci::zoom::foglio, voci::zoom::riduci);
+    ChkOnOffItem(menuStrumenti, voci::strumenti::tavolettaSulFoglio, voci::strumenti::tavolettaSulFoglio,
+                 voci::strumenti::tavolettaSullaVista);
+    ChkOnOffItem(menuNomiColori, 1, 1, coloriPresenti);
+    ChkOnOffItem(menuSpessore, 1, 1, 9);
+    for (std::int16_t i = voci::vincoli::punto; i <= voci::vincoli::griglia; ++i) CheckMenuItem(menuVincoli, i, false);
+    DisableMenuItem(menuVincoli, voci::vincoli::quota);
     DrawMenuBar();
 }
 
@@ -133,7 +147,7 @@ void ApriPercorso(const char* pathUtf8) {
     const FSSpec voluto = myFSS;
     if (!TuttoChiuso()) return;
     myFSS = voluto;   // a save on the way out has its own file
-    theItem = 31;
+    theItem = rApriDato;
     archivia();
 }
 
@@ -146,7 +160,8 @@ void CicloPrincipale(std::string_view documento, bool offriRecupero) {
     SceltaColori(1);
     SceltaCorrezioneOttica(1);
     inizio = 0;
-    theItem = 20;
+    SegnaSalvato();   // units and colours of the settings are a new drawing's own
+    theItem = rNessunFile;
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
@@ -155,5 +170,12 @@ void CicloPrincipale(std::string_view documento, bool offriRecupero) {
     while (!fine) CheckEvents();
     FineDWG();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<PlotPerCento>("PlotPerCento"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

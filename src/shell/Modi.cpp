@@ -4,23 +4,28 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
+#include "editing/Scelta.h"
 #include "editing/SceltaPercorso.h"
-#include "editing/Selezione.h"
 #include "editing/Sposta.h"
-#include "editing/Testi.h"
+#include "editing/TestoSelezione.h"
 #include "editing/Vertici.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Figura.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
@@ -32,9 +37,11 @@
 
 namespace tessaro {
 
+constinit std::int16_t attaccoCursor = 0;
+
 namespace {
 
-constexpr std::int16_t menuScorciatoie = 110;
+constinit Point LastPoint{};   // where the last click was, window-local; EventPoint is this one's
 
 // --- mode 0: clicks select and edit
 
@@ -51,17 +58,18 @@ void clickScegliendo(const EventRecord& e, puntot& point) {
 // --- mode 1: clicks make elements
 
 void popupDisegno() {
-    CheckMenuItem(menuScorciatoie, 13, attaccoAttivo.GetModificato() != 0);
+    using namespace voci::scorciatoie;
+    CheckMenuItem(menuScorciatoie, dinamicaAttiva, attaccoAttivo.GetModificato() != 0);
     const std::int16_t item = PopUpMenuSelect(menuScorciatoie, EventPoint, 1);
-    if (item >= 1 && item <= 4) {
-        Attacco(item);
-    } else if (item >= 6 && item <= 9) {
-        AttaccoDin(static_cast<std::int16_t>(item - 5));
-    } else if (item == 11) {
+    if (item >= primoOrigine && item <= ultimoOrigine) {
+        Attacco(static_cast<std::int16_t>(item - primoOrigine + 1));
+    } else if (item >= primoDestinazione && item <= ultimoDestinazione) {
+        AttaccoDin(static_cast<std::int16_t>(item - primoDestinazione + 1));
+    } else if (item == cambiaDinamica) {
         // Kept: the switch is item 11 and its tick stands on item 13.
         attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
         if (attaccoAttivo.GetModificato())
-            attaccoAttivo.PreparaAttacco();   // points may have moved since the last time
+            ErroreAlert(attaccoAttivo.PreparaAttacco());   // points may have moved since the last time
         InvalWind();
     }
 }
@@ -73,17 +81,17 @@ bool doppioClick(const EventRecord& e) {
 
 void clickLinea(const EventRecord& e) {
     if (doppioClick(e)) {
-        tabButton = 0;
-        if (Azione == 1 || Azione == 5) FineSegm();
+        tabButton = bNessuno;
+        if (Azione == sPrimoPunto || Azione == sPercorso) FineSegm();
     } else {
-        tabButton = 1;
+        tabButton = bContinua;
         PuntoDiLinea();
     }
     Tempo = e.when;
 }
 
 void clickCurva(const EventRecord& e) {
-    tabButton = 1;
+    tabButton = bContinua;
     PuntoDiCurva();
     Tempo = e.when;
 }
@@ -94,19 +102,19 @@ void clickDigitando(const EventRecord& e) {
         return;
     }
     switch (operazCorrente) {
-    case 0:
-    case 1:
-    case 4: clickLinea(e); break;
-    case 2:
-        tabButton = 0;
+    case opSegmento:
+    case opPolilinea:
+    case opCalcolatrice: clickLinea(e); break;
+    case opTesto:
+        tabButton = bNessuno;
         PoniTesti(0);
         break;
-    case 3:
-        tabButton = 3;
+    case opMarker:
+        tabButton = bMarker;
         FaiMarker();
         break;
-    case 5:
-    case 6: clickCurva(e); break;
+    case opCerchio:
+    case opArco: clickCurva(e); break;
     default: break;
     }
 }
@@ -156,7 +164,7 @@ void clickPostoReale() {
 // --- mode 6: one click records a control point
 
 void clickAttacco() {
-    const std::int32_t n = operazCorrente - 7;
+    const std::int32_t n = operazCorrente - opOrigine1;
     if (n >= 0 && n <= 4) {
         Attacco(static_cast<std::int16_t>(n + 1));
     } else if (n >= 5 && n <= 9) {
@@ -168,10 +176,10 @@ void clickAttacco() {
 
 std::int16_t cursoreDelModo() {
     switch (Modalita) {
-    case 1: return DigitaCursor;
-    case 2: return Sposta2ndClick ? Sposta2Cursor : Sposta1Cursor;
-    case 5: return SpFoglioCursor;
-    case 6: return attaccoCursor;
+    case mDigitazione: return DigitaCursor;
+    case mSpostamento: return Sposta2ndClick ? Sposta2Cursor : Sposta1Cursor;
+    case mFoglio: return SpFoglioCursor;
+    case mAttacco: return attaccoCursor;
     default: return arrowCursor;
     }
 }
@@ -188,7 +196,7 @@ void bloccaSuAsse(double& x, double& y) {
 }   // namespace
 
 void CambiaModo(std::int32_t modo) {
-    if (Modalita == 2 && modo != 2) {
+    if (Modalita == mSpostamento && modo != mSpostamento) {
         if (Puntosel.multipla) DisegnaRettSel();
         if (Sposta2ndClick) InvalFinestra();   // the outline and the cross of its first click
         Sposta2ndClick = 0;
@@ -199,14 +207,14 @@ void CambiaModo(std::int32_t modo) {
 void PrendiStrumento(std::int32_t operazione) {
     if (operazione != operazCorrente) FineFigura();
     LasciaCalcolatrice();
-    CambiaModo(1);
+    CambiaModo(mDigitazione);
     operazCorrente = operazione;
 }
 
 void PrendiCurve(bool perPunti) {
-    if ((CurvePerPunti != 0) != perPunti && (operazCorrente == 5 || operazCorrente == 6)) FineFigura();
+    if ((CurvePerPunti != 0) != perPunti && (operazCorrente == opCerchio || operazCorrente == opArco)) FineFigura();
     CurvePerPunti = perPunti;
-    ChkOnOffItem(6, perPunti ? 18 : 17, 17, 18);
+    SpuntaCurve();
 }
 
 void CercaSelezione(EventRecord& e, puntot& point) {
@@ -215,18 +223,18 @@ void CercaSelezione(EventRecord& e, puntot& point) {
         return;
     }
     switch (Modalita) {
-    case 0: clickScegliendo(e, point); break;
-    case 1: clickDigitando(e); break;
-    case 2: clickSpostando(); break;
-    case 5: clickPostoReale(); break;
-    case 6: clickAttacco(); break;
+    case mSelezione: clickScegliendo(e, point); break;
+    case mDigitazione: clickDigitando(e); break;
+    case mSpostamento: clickSpostando(); break;
+    case mFoglio: clickPostoReale(); break;
+    case mAttacco: clickAttacco(); break;
     default: break;
     }
 }
 
 void SpostaDaPunto(double x, double y) {
     FineFigura();
-    Modalita = 2;
+    Modalita = mSpostamento;
     Sposta2ndClick = 1;
     xcurs = XSpost1 = x;
     ycurs = YSpost1 = y;
@@ -250,7 +258,7 @@ void MyControls() {
 }
 
 void CheckMouse(bool shift) {
-    if (noWindow || Modalita == 0) return;
+    if (noWindow || Modalita == mSelezione) return;
     const Point p = GetMouse();
     if (!PtInRect(p, myViewRect)) {
         SetCursor(arrowCursor);
@@ -262,24 +270,32 @@ void CheckMouse(bool shift) {
     if (griglia.attiva) AttaccaGriglia(reale.x, reale.y);
     double x = statoCursore.bloccaX ? xcurs : reale.x;
     double y = statoCursore.bloccaY ? ycurs : reale.y;
-    if ((Modalita == 1 || Modalita == 6) && shift) {
+    if ((Modalita == mDigitazione || Modalita == mAttacco) && shift) {
         // Overrides the locked axes: the candidate is the free position held to the nearer axis.
         x = reale.x;
         y = reale.y;
         bloccaSuAsse(x, y);
     }
     if (x == xcurs && y == ycurs) {
-        if (Modalita != 2) tabButton = 0;
+        if (Modalita != mSpostamento) tabButton = bNessuno;
         SetDrawCoordCorr();
         return;
     }
     xcurs = x;
     ycurs = y;
-    if (Modalita == 1) MuoviElastico();
+    if (Modalita == mDigitazione) MuoviElastico();
     Croce();
-    if (Modalita != 2) tabButton = 0;
+    if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;
     SetDrawCoordCorr();
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<attaccoCursor>("attaccoCursor"),
+    voce<LastPoint>("LastPoint"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

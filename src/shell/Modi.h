@@ -19,4 +19,7 @@ void CambiaModo(std::int32_t modo);
 void PrendiStrumento(std::int32_t operazione);
 // How circles and arcs are made from now on: through three points or by centre. A change gives up an open curve.
 void PrendiCurve(bool perPunti);
+
+extern std::int16_t attaccoCursor;   // cursor of pointer mode 6
+
 }   // namespace tessaro

@@ -6,8 +6,10 @@
 
 #include "digitising/RapportoTesti.h"
 #include "exchange/ApriScrittura.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "text/FileDati.h"
@@ -18,7 +20,6 @@ constinit DialogPtr rapportoDialog = nullptr;
 
 namespace {
 
-constexpr std::int16_t menuTrasforma = 5, voceRapporto = 18;
 enum : std::int16_t {   // items
     vChiusura = 0,
     vSalva = 1,
@@ -87,7 +88,7 @@ void ApriRapporto() {
     rapportoDialog = GetNewDialog(dialogoRapporto);
     if (!rapportoDialog) return;
     rifai();
-    CheckMenuItem(menuTrasforma, voceRapporto, true);
+    CheckMenuItem(menuTrasforma, voci::trasforma::rapporto, true);
 }
 
 void AggiornaRapporto() {
@@ -100,7 +101,7 @@ void ChiudiRapporto() {
     if (!rapportoDialog) return;
     DisposeDialog(rapportoDialog);
     rapportoDialog = nullptr;
-    CheckMenuItem(menuTrasforma, voceRapporto, false);
+    CheckMenuItem(menuTrasforma, voci::trasforma::rapporto, false);
 }
 
 void ColpoRapporto(std::int16_t item) {
@@ -112,7 +113,7 @@ void ColpoRapporto(std::int16_t item) {
 namespace {
 
 const VoceStato righe[] = {
-    {"rapportoDialog", VoceStato::speciale, nullptr, 0,
+    {"rapportoDialog",
      [] {
          if (rapportoDialog) DisposeDialog(rapportoDialog);
          rapportoDialog = nullptr;

@@ -4,12 +4,14 @@
 #include <string>
 
 #include "files/Nativo.h"
+#include "files/Richieste.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
+#include "shell/Modificato.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -77,7 +79,7 @@ void OffriRecupero() {
     }
     if (!TuttoChiuso()) return;
     myFSS = copia();
-    theItem = 31;
+    theItem = rApriDato;
     archivia();
     if (uscita) return;   // what cannot be read stays where it is
     // The next save asks where to: the copy is no place for a document.
@@ -85,6 +87,7 @@ void OffriRecupero() {
     NomeLavoro = NomeD;
     myFSS = FSSpec{};
     if (!noWindow) SetWTitle(theWindow, NomeLavoro.view());
+    SegnaDiverso();
     scarta();
 }
 

@@ -9,9 +9,12 @@
 #include "display/Zoom.h"
 #include "editing/Cancella.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Windows.h"
 #include "shell/Comandi.h"
 #include "shell/Modi.h"
@@ -56,8 +59,8 @@ void vincolo() {
 
 // Between selecting and digitising; any other mode goes to digitising.
 void cambiaModo() {
-    CambiaModo(Modalita == 1 ? 0 : 1);
-    if (Modalita != 1) SetCursor(arrowCursor);
+    CambiaModo(Modalita == mDigitazione ? mSelezione : mDigitazione);
+    if (Modalita != mDigitazione) SetCursor(arrowCursor);
     DrawPallette();
 }
 
@@ -75,8 +78,8 @@ constexpr VoceTasto tasti[] = {
     {indietro, CancellaSelezione},
     {' ', riferimento},
     {'*', marker<1>},
-    {'+', zoom<7>},
-    {'-', zoom<8>},
+    {'+', zoom<voci::zoom::ingrandisci>},
+    {'-', zoom<voci::zoom::riduci>},
     {'0', marker<5>},
     {'=', vincolo<MettiParallelo>},
     {'c', penna<23>},
@@ -105,7 +108,7 @@ void Tasto(std::uint8_t c) {
     if (c >= '1' && c <= '9') {
         spessore = static_cast<std::int16_t>(c - '0');
         spess = static_cast<std::int16_t>(spessore / 2);
-        ChkOnOffItem(24, spessore, 1, 9);
+        ChkOnOffItem(menuSpessore, spessore, 1, 9);
         DrawPallette();
         return;
     }

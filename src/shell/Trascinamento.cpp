@@ -6,7 +6,8 @@
 
 #include "dwg/DbDumper.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "shell/Archivia.h"
 #include "shell/Modi.h"
@@ -19,10 +20,10 @@ constexpr OSType testo = tipoDi("TEXT"), disegno = tipoDi("TS3D");
 
 bool eDisegno(const FSSpec& file, OSType tipo) {
     if (tipo == disegno) return true;
-    constexpr std::size_t lungo = 5;   // of a suffix, point included
-    if (file.nome.size() < lungo) return false;
-    const std::string fine = file.nome.substr(file.nome.size() - lungo);
-    return fine == ".tc3d" || fine == ".TS3D";
+    const auto punto = file.nome.rfind('.');
+    if (punto == std::string::npos) return false;
+    const std::string fine = Minuscole(file.nome.substr(punto));
+    return fine == ".ts3d" || fine == ".tc3d";
 }
 
 // A drawing of other programs, by its suffix. With Option a DXF goes to the program's own reader.
@@ -34,7 +35,7 @@ bool eCad(const FSSpec& file) {
 }
 
 void leggiImmagine(const FSSpec& file) {
-    if (Modalita != 0) CheckMouse(false);
+    if (Modalita != mSelezione) CheckMouse(false);
     LeggiDropPict(file);
 }
 

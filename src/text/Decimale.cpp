@@ -231,7 +231,7 @@ char* TestoDaReale(char* dove, double v, int decimali) {
         frazione = 0;
         ++intera;
     }
-    if (bit >> 63 != 0) *dove++ = '-';
+    if (bit >> 63 != 0 && (intera | frazione) != 0) *dove++ = '-';   // what rounds to nothing has no sign
     dove = cifreFisse(dove, intera, quanteCifre(intera));
     if (decimali == 0) return dove;
     *dove++ = '.';

@@ -15,7 +15,7 @@ protected:
     [[nodiscard]] bool largo() const { return fine - qui > rigaLarga; }
 
     static constexpr char cr = 13, lf = 10, tab = 9;
-    static constexpr std::ptrdiff_t massima = 255;   // characters of a line; a longer one goes on in the next
+    static constexpr std::ptrdiff_t massima = 255;   // characters of a line; of a longer one the rest is left out
     static constexpr std::ptrdiff_t rigaLarga = massima + 9;
     static bool fineRiga(char c) { return c == cr || c == lf; }
 

@@ -30,6 +30,9 @@ void Num2Str(decform f, double x, PStr255& s) {
         s = "NAN";
         return;
     }
+    // What rounds to nothing has no sign.
+    if (x < 0 && f.style == 1 && x > -0.5 * std::pow(10.0, -std::clamp<int>(f.digits, 0, 250))) x = 0;
+    if (x == 0) x = 0;
     std::array<char, 255> testo;
     const int cifre = std::clamp<int>(f.digits, 0, 250);
     if (f.style == 1) {

@@ -35,16 +35,17 @@ bool RaccoltaRiga::daTralasciare(std::uint8_t c) const {
 bool RaccoltaRiga::prendi(std::uint8_t c) {
     const bool finita = finisceCon(c);
     const bool tralasciato = !finita && daTralasciare(c);
-    if (!finita && !tralasciato) p[++p[0]] = c;
+    if (!finita && !tralasciato && p[0] < 255) p[++p[0]] = c;
     presi = presi || !tralasciato;
     prec = c;
-    return finita || p[0] == 255;
+    return finita || (spezza && p[0] == 255);
 }
 
 namespace {
 
 // One line of the open file, walked in the blocks of its buffer.
 void daDisco(RaccoltaRiga& riga) {
+    riga.taglia();
     for (bool finita = false; !finita;) {
         const char* blocco = nullptr;
         std::int64_t quanti = 0;

@@ -23,6 +23,8 @@ public:
     }
     // True when the line is complete; the byte has been taken.
     bool prendi(std::uint8_t c);
+    // From a file a line is a line: what follows its 255th character is read and left out.
+    void taglia() { spezza = false; }
     [[nodiscard]] std::uint8_t ultimo() const { return prec; }
     [[nodiscard]] bool iniziata() const { return presi; }
 
@@ -34,6 +36,7 @@ private:
     FineRiga regola;
     std::uint8_t prec;
     bool senzaTabELf;
+    bool spezza = true;   // the 255th character ends the line: the rest is the next one's
     bool presi = false;   // a byte of the line came, or its end: not just the LF of the line before
 };
 

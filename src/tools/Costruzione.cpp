@@ -10,16 +10,19 @@
 #include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Figura.h"
+#include "model/Penna.h"
 #include "model/PuntiElemento.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "platform/Events.h"
+#include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 
@@ -29,12 +32,8 @@ constinit PercorsoMisurato percorsoMisurato{};
 
 namespace {
 
-enum : std::int32_t { oSegm = 0, oPoli = 1, oCerc = 5, oArc = 6 };                   // tools, by operazCorrente
-enum : std::int32_t { nessuna = 0, primoPunto = 1, percorso = 5, terzoPunto = 8 };   // stages, by Azione
-enum : std::int16_t { continua = 1, termina = 2 };                                   // tabButton
-
-bool strumentoCurva() { return operazCorrente == oCerc || operazCorrente == oArc; }
-bool cerchioPerCentro() { return operazCorrente == oCerc && !CurvePerPunti; }
+bool strumentoCurva() { return operazCorrente == opCerchio || operazCorrente == opArco; }
+bool cerchioPerCentro() { return operazCorrente == opCerchio && !CurvePerPunti; }
 
 // The cross goes out of the way and comes back only for points that the pointer gives: a typed one repaints anyway.
 void croce(bool digitato) {
@@ -86,7 +85,7 @@ void ampiezzaFino(const puntot& p) {
 }
 
 void curvaPerPunti() {
-    if (operazCorrente == oArc) {
+    if (operazCorrente == opArco) {
         ArcoTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
     } else {
         CerchioTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente);
@@ -145,10 +144,10 @@ void InitSegm() {
     DigiToReal(Xini, Yini, xprecedente, yprecedente);
     PennaElastico();
     if (CalcWindow) {
-        if (Azione == nessuna && percorsoMisurato.inizia) percorsoMisurato.inizia(inReale(Xini, Yini, Zinizio));
-        Azione = percorso;
+        if (Azione == sFermo && percorsoMisurato.inizia) percorsoMisurato.inizia(inReale(Xini, Yini, Zinizio));
+        Azione = sPercorso;
     } else {
-        Azione = primoPunto;
+        Azione = sPrimoPunto;
         if (strumentoCurva()) {
             RaggioCorrente = 0;
             if (!CurvePerPunti) CentroCorrente = {Xini, Yini, 0};
@@ -178,7 +177,7 @@ void secondoPunto(bool digitato) {
 // Circles through points and arcs wait for a third point, with the curve so far as the rubber band.
 void attendiTerzoPunto(bool digitato) {
     cursoreSullaFine();
-    Azione = terzoPunto;
+    Azione = sTerzoPunto;
     Elastico();
     ultimoPunto();
     croce(digitato);
@@ -187,7 +186,7 @@ void attendiTerzoPunto(bool digitato) {
 
 void finisciPercorso() {
     if (percorsoMisurato.aggiungi) percorsoMisurato.aggiungi(inReale(Xfine, Yfine, zcurs));
-    if (tabButton == termina) misura();
+    if (tabButton == bTermina) misura();
 }
 
 // The undo of what is stored next begins here, whatever was deleted or put in since the figure's first point.
@@ -233,52 +232,52 @@ void finisciLato() {
 }
 
 void memorizzaFigura() {
-    if (Azione == percorso) {
+    if (Azione == sPercorso) {
         finisciPercorso();
         fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
-    } else if (operazCorrente == oSegm) {
+    } else if (operazCorrente == opSegmento) {
         finisciSegmento();
-    } else if (operazCorrente == oCerc) {
+    } else if (operazCorrente == opCerchio) {
         finisciCerchio();
-    } else if (operazCorrente == oPoli) {
+    } else if (operazCorrente == opPolilinea) {
         finisciLato();
     }
 }
 
 void proseguiOTermina() {
-    if (tabButton == termina) {
-        Azione = nessuna;
+    if (tabButton == bTermina) {
+        Azione = sFermo;
         return;
     }
     if (statoCursore.parallelo || statoCursore.perpendicolare) cursoreSullaFine();
-    if (operazCorrente == oPoli || Azione == percorso) {
+    if (operazCorrente == opPolilinea || Azione == sPercorso) {
         InitSegm();
-    } else if (Azione == primoPunto) {
-        Azione = nessuna;
+    } else if (Azione == sPrimoPunto) {
+        Azione = sFermo;
     }
 }
 
 void abbandona() {
-    if (Azione == percorso) misura();
-    Azione = nessuna;
+    if (Azione == sPercorso) misura();
+    Azione = sFermo;
 }
 
 }   // namespace
 
 void FineSegm() {
-    if (Azione != primoPunto && Azione != percorso) return;
+    if (Azione != sPrimoPunto && Azione != sPercorso) return;
     const bool digitato = IntroDigitale != 0;
     secondoPunto(digitato);
-    if (strumentoCurva() && Azione != percorso && !cerchioPerCentro() && (Xfine != Xini || Yfine != Yini)) {
+    if (strumentoCurva() && Azione != sPercorso && !cerchioPerCentro() && (Xfine != Xini || Yfine != Yini)) {
         attendiTerzoPunto(digitato);
         return;
     }
     PennaDefinitiva();
     DigiToReal(Xfine, Yfine, xprecedente, yprecedente);
     const double fineX = Xfine, fineY = Yfine;   // the next side may begin before the end of this routine
-    if (tabButton != continua && tabButton != termina) {
+    if (tabButton != bContinua && tabButton != bTermina) {
         abbandona();
-    } else if (strumentoCurva() && Azione != percorso ? Xfine != Xini || Yfine != Yini : diversaDaInizio()) {
+    } else if (strumentoCurva() && Azione != sPercorso ? Xfine != Xini || Yfine != Yini : diversaDaInizio()) {
         memorizzaFigura();
         proseguiOTermina();
     } else {
@@ -286,7 +285,7 @@ void FineSegm() {
         PennaElastico();
         if (!digitato) Elastico();
     }
-    if (tabButton != continua) {
+    if (tabButton != bContinua) {
         if (ContinuaPoligono) PoniAnnulla(aAggiunta);
         ContinuaPoligono = 0;
     }
@@ -324,7 +323,7 @@ void memorizzaCurva() {
     cominciaAggiunta();
     const puntot& c = CentroCorrente;
     const std::int32_t prima = indElem;
-    if (operazCorrente == oArc) {
+    if (operazCorrente == opArco) {
         Memorizza(tArco, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente, NumAreaPat, spessore, colorCorrente,
                   NumPat, "");
     } else {
@@ -333,7 +332,7 @@ void memorizzaCurva() {
     const bool entrata = indElem > prima;
     PoniAnnulla(aAggiunta);
     // Kept: with the centre form the arc is drawn whatever the tool.
-    if (!CurvePerPunti || operazCorrente == oArc) {
+    if (!CurvePerPunti || operazCorrente == opArco) {
         if (entrata) FillArco(indElem, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
         fai(tArco, c.x, c.y, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
     } else {
@@ -350,7 +349,7 @@ bool curvaFattibile() {
 }   // namespace
 
 void FineArcoRaggio() {
-    if (Azione != terzoPunto) return;
+    if (Azione != sTerzoPunto) return;
     const bool digitato = IntroDigitale != 0;
     terzoPuntoPreso(digitato);
     curvaAlTerzoPunto();
@@ -366,7 +365,7 @@ void FineArcoRaggio() {
     }
     if (diversaDaInizio()) memorizzaCurva();
     cursoreSullaFine();
-    Azione = nessuna;
+    Azione = sFermo;
     ultimoPunto();
     croce(digitato);
     IntroDigitale = 0;
@@ -392,33 +391,33 @@ void FaiElemento(std::int16_t tipo) {
 }
 
 void PuntoDiLinea() {
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 1 || Azione == 5) {
+    } else if (Azione == sPrimoPunto || Azione == sPercorso) {
         FineSegm();
     }
 }
 
 void PuntoDiCurva() {
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 1) {
+    } else if (Azione == sPrimoPunto) {
         FineSegm();
-    } else if (Azione == 8) {
+    } else if (Azione == sTerzoPunto) {
         FineArcoRaggio();
     }
 }
 
 void MuoviElastico() {
-    if (Azione == 5) {
+    if (Azione == sPercorso) {
         FaiElemento(1);
-    } else if (Azione == 8) {
-        if (operazCorrente == 5) FaiElemento(11);
-        if (operazCorrente == 6) FaiElemento(12);
-    } else if (Azione == 1) {
-        if (operazCorrente == 0 || operazCorrente == 1) {
+    } else if (Azione == sTerzoPunto) {
+        if (operazCorrente == opCerchio) FaiElemento(11);
+        if (operazCorrente == opArco) FaiElemento(12);
+    } else if (Azione == sPrimoPunto) {
+        if (operazCorrente == opSegmento || operazCorrente == opPolilinea) {
             FaiElemento(1);
-        } else if (operazCorrente == 5 || operazCorrente == 6) {
+        } else if (operazCorrente == opCerchio || operazCorrente == opArco) {
             FaiElemento(CurvePerPunti ? 1 : 11);
         }
     }
@@ -438,11 +437,11 @@ std::string json() {
 }
 
 const VoceStato righe[] = {
-    {"PuntoCurva1", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva1>, json<PuntoCurva1>},
-    {"PuntoCurva2", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva2>, json<PuntoCurva2>},
-    {"PuntoCurva3", VoceStato::speciale, nullptr, 0, azzera<PuntoCurva3>, json<PuntoCurva3>},
-    {"AngInizCorrente", VoceStato::f64, &AngInizCorrente},
-    {"percorsoMisurato", VoceStato::speciale, nullptr, 0, [] { percorsoMisurato = {}; }, nullptr},
+    {"PuntoCurva1", azzera<PuntoCurva1>, json<PuntoCurva1>},
+    {"PuntoCurva2", azzera<PuntoCurva2>, json<PuntoCurva2>},
+    {"PuntoCurva3", azzera<PuntoCurva3>, json<PuntoCurva3>},
+    voce<AngInizCorrente>("AngInizCorrente"),
+    voce<percorsoMisurato>("percorsoMisurato"),
 };
 const TabellaStato tabella(righe);
 

@@ -7,27 +7,22 @@
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Windows.h"
 
 namespace tessaro {
 
-namespace {
+constinit std::uint8_t debug = 0;
 
-constexpr std::int16_t menuVincoli = 112;
-enum : std::int16_t {   // its items
-    vPunto = 1,
-    vZeta = 2,
-    vParallelo = 3,
-    vPerpendicolare = 4,
-    vOrizzontale = 5,
-    vVerticale = 6,
-    vGriglia = 7,
-};
+namespace {
 
 std::uint8_t invertito(std::uint8_t v) { return v ? 0 : 1; }
 
@@ -53,14 +48,14 @@ void bloccaAsse(std::uint8_t& questo, std::uint8_t& altro) {
 
 void SpuntaVincoli() {
     const auto& s = statoCursore;
-    CheckMenuItem(menuVincoli, vPunto, s.attaccoPunto != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::punto, s.attaccoPunto != 0);
     // While attaching is off, item 2 keeps its tick: attaching again then takes Z again.
-    if (s.attaccoPunto) CheckMenuItem(menuVincoli, vZeta, s.attaccoZ != 0);
-    CheckMenuItem(menuVincoli, vParallelo, s.parallelo != 0);
-    CheckMenuItem(menuVincoli, vPerpendicolare, s.perpendicolare != 0);
-    CheckMenuItem(menuVincoli, vOrizzontale, s.bloccaY != 0);
-    CheckMenuItem(menuVincoli, vVerticale, s.bloccaX != 0);
-    CheckMenuItem(menuVincoli, vGriglia, griglia.attiva != 0);
+    if (s.attaccoPunto) CheckMenuItem(menuVincoli, voci::vincoli::quota, s.attaccoZ != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::parallelo, s.parallelo != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::perpendicolare, s.perpendicolare != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::orizzontale, s.bloccaY != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::verticale, s.bloccaX != 0);
+    CheckMenuItem(menuVincoli, voci::vincoli::griglia, griglia.attiva != 0);
 }
 
 void MettiPerpendicolare() {
@@ -77,13 +72,13 @@ void MettiParallelo() {
 
 void MettiOrizzontale() {
     bloccaAsse(statoCursore.bloccaY, statoCursore.bloccaX);
-    if (Azione == 1 && statoCursore.bloccaY) spostaCursore(ycurs, Yini);
+    if (Azione == sPrimoPunto && statoCursore.bloccaY) spostaCursore(ycurs, Yini);
     vincoloCambiato();
 }
 
 void MettiVerticale() {
     bloccaAsse(statoCursore.bloccaX, statoCursore.bloccaY);
-    if (Azione == 1 && statoCursore.bloccaX) spostaCursore(xcurs, Xini);
+    if (Azione == sPrimoPunto && statoCursore.bloccaX) spostaCursore(xcurs, Xini);
     vincoloCambiato();
 }
 
@@ -91,11 +86,11 @@ void MettiAttaccoPt() {
     statoCursore.attaccoPunto = invertito(statoCursore.attaccoPunto);
     debug = statoCursore.attaccoPunto;
     if (statoCursore.attaccoPunto) {
-        if (IsMenuItemChecked(menuVincoli, vZeta)) statoCursore.attaccoZ = 1;
-        EnableMenuItem(menuVincoli, vZeta);
+        if (IsMenuItemChecked(menuVincoli, voci::vincoli::quota)) statoCursore.attaccoZ = 1;
+        EnableMenuItem(menuVincoli, voci::vincoli::quota);
     } else {
         statoCursore.attaccoZ = 0;
-        DisableMenuItem(menuVincoli, vZeta);
+        DisableMenuItem(menuVincoli, voci::vincoli::quota);
     }
     vincoloCambiato();
 }
@@ -103,7 +98,7 @@ void MettiAttaccoPt() {
 void MettiAttaccoZ() {
     statoCursore.attaccoZ = invertito(statoCursore.attaccoZ);
     if (statoCursore.attaccoZ) {
-        EnableMenuItem(menuVincoli, vZeta);
+        EnableMenuItem(menuVincoli, voci::vincoli::quota);
         statoCursore.attaccoPunto = 1;
     }
     vincoloCambiato();
@@ -206,5 +201,12 @@ void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2) {
         std::swap(y1, y2);
     }
 }
+
+namespace {
+const VoceStato righe[] = {
+    voce<debug>("debug"),
+};
+const TabellaStato tabella(righe);
+}   // namespace
 
 }   // namespace tessaro

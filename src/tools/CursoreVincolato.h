@@ -2,6 +2,8 @@
 // side, and the elevation of new points.
 #pragma once
 
+#include <cstdint>
+
 namespace tessaro {
 
 void MettiParallelo();
@@ -19,5 +21,7 @@ void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2);
 void AttivaGriglia();     // menu 112 item 7: the snap's switch
 void SpuntaVincoli();     // ticks of menu 112 from the state
 void ModificaGriglia();   // dialog 150
+
+extern std::uint8_t debug;   // copy of the attach-to-points switch
 
 }   // namespace tessaro

@@ -3,7 +3,9 @@
 
 #include "dialogs/Parametri.h"
 #include "model/Annulla.h"
-#include "model/Attributi.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"
@@ -14,7 +16,7 @@ namespace tessaro {
 void PoniZeta() {
     constexpr std::int16_t dialogo = 2007, ok = 1, annulla = 2, campo = 4;
     constexpr double limite = 100000000;   // the user's unit
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     ScriviCampoReale(campo, ZetaCorrente, 2);
     SelectDialogItemText(theDialog, campo, 0, 100);
     double quota = ZetaCorrente;
@@ -22,8 +24,6 @@ void PoniZeta() {
         ModalDialog(MyMovableFilter, Noitem);
     } while (Noitem != annulla && !(Noitem == ok && LeggiCampoReale(campo, -limite, limite, quota)));
     if (Noitem == ok) ZetaCorrente = quota;
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 namespace {
@@ -74,7 +74,7 @@ public:
     }
 
     void Dialogo() override {
-        theDialog = GetNewDialog(dialogoId);
+        const DialogoAperto aperto(dialogoId);
         Giro(campoX);
     }
 };
@@ -83,11 +83,10 @@ public:
 
 void ModificaGriglia() {
     double terzo = 0;   // the dialog's third value means nothing to the grid
-    const GrafPtr prima = GetPort();
+    const PortaCorrente porta;
     TDlgGriglia d(griglia.passoX, griglia.passoY, terzo);
     d.Poni(1, 2, 0, 9, 150);
     d.Dialogo();
-    SetPort(prima);
 }
 
 }   // namespace tessaro

@@ -7,11 +7,13 @@
 #include "display/Sovrapposto.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Figura.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "tools/CursoreVincolato.h"
-#include "tools/Penna.h"
+#include "tools/PennaFigura.h"
 
 namespace tessaro {
 
@@ -70,18 +72,16 @@ void DisplayScegliMark() {
 
 void ScegliMarker() {
     constexpr std::int16_t dialogo = 2005;
-    theDialog = GetNewDialog(dialogo);
+    const DialogoAperto aperto(dialogo);
     DisplayScegliMark();
     do { ModalDialog(filtroForme, Noitem); } while (Noitem < 1 || Noitem > chiudi);
     if (Noitem <= ultimaForma && !quitPending()) {
-        if (Puntosel.attiva && Azione == 0) {
+        if (Puntosel.attiva && Azione == sFermo) {
             CambiaMarkerSel(Noitem);
         } else {
             RadioBoxItem(markerCorrente);
         }
     }
-    DisposeDialog(theDialog);
-    theDialog = nullptr;
 }
 
 }   // namespace tessaro

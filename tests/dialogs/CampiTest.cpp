@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/Parametri.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "support/Avvisi.h"
 #include "text/FileDati.h"
 

@@ -4,14 +4,18 @@
 #include "digitising/Attacchi.h"
 #include "editing/SpostaXY.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
+#include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/PuntiControllo.h"
 #include "shell/Archivia.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 #include "text/Conversione.h"
 
@@ -153,7 +157,6 @@ TEST(Attacchi, AClickSnapsToAPointInReach) {
     statoCursore.attaccoPunto = 1;
     xcurs = 1000;
     ycurs = 1000;
-    const Ascolto ascolto;
     Attacco(1);
     attesoPunto(1, 1003, 998);
     EXPECT_EQ(xcurs, 1000);
@@ -216,7 +219,6 @@ TEST(Attacchi, TheCheckRefusesCoincidenceFirstAndThenOrder) {
 
 TEST(Attacchi, TheVerdictIsToldInWords) {
     fogliovuoto();
-    Ascolto ascolto;
     VerificaAttacchi();
     for (std::int16_t n = 1; n <= 4; ++n) AssegnaAttacco(n, buoni[n - 1U].x, buoni[n - 1U].y);
     VerificaAttacchi();
@@ -224,7 +226,7 @@ TEST(Attacchi, TheVerdictIsToldInWords) {
     VerificaAttacchi();
     attaccoAttivo.xAtt[0] = 5000;   // destination points may stand in any order
     VerificaDestinazione();
-    EXPECT_EQ(ascolto.avvisi, (std::vector<std::int16_t>{999, 147, 999, 147}));
+    EXPECT_EQ(prova::numeriAvvisi(), (std::vector<std::int16_t>{999, 147, 999, 147}));
 }
 
 TEST(Attacchi, AllPointsComeFromTheSelectionAtOnce) {
@@ -233,9 +235,8 @@ TEST(Attacchi, AllPointsComeFromTheSelectionAtOnce) {
                s = segmento(11, 12, 13, 14), m = marker(1, 1);
     AssegnaAttacco(3, -3, -3);
     AssegnaAttacco(4, -4, -4);
-    Ascolto ascolto;
     TrasformaPuntiOrigine();   // nothing selected: nothing, and silently
-    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     attesoPunto(1, 0, 0);
 
     seleziona(due, oPoligono);
@@ -264,7 +265,7 @@ TEST(Attacchi, AllPointsComeFromTheSelectionAtOnce) {
     Puntosel.multipla = 1;
     TrasformaPuntiOrigine();
     TrasformaPuntiDestinazione();
-    EXPECT_EQ(ascolto.suoni, 3);
+    EXPECT_EQ(prova::suoni, 3);
     attesoPunto(1, 11, 12);
 }
 
@@ -276,12 +277,11 @@ TEST(Attacchi, TheDrawingIsMovedOntoPositiveCoordinatesWhenAsked) {
     AssegnaAttacco(3, 30, 31);
     AssegnaAttacco(4, 40, 41);
     Elem(2).att.x1 = 900;   // real coordinates stay
-    Ascolto ascolto;
     SpostaXY();
-    EXPECT_EQ(ascolto.avvisi, std::vector<std::int16_t>{3011});
+    EXPECT_EQ(prova::numeriAvvisi(), std::vector<std::int16_t>{3011});
     EXPECT_EQ(Elem(s).segm.x1, -5.0);   // the default leaves everything
 
-    ascolto.risposta = 2;
+    prova::bottoni[3011] = 2;
     SpostaXY();
     EXPECT_EQ(Elem(s).segm.x1, 1.0);   // by 6; circles and polylines do not count for the extent
     EXPECT_EQ(Elem(s).segm.y1, 10.0);
@@ -304,7 +304,7 @@ TEST(Attacchi, TheDrawingIsMovedOntoPositiveCoordinatesWhenAsked) {
     attesoPunto(4, 40, 1);
     attesoPunto(3, 30, 41);
 
-    ascolto.avvisi.clear();
+    prova::avvisi.clear();
     SpostaXY();
-    EXPECT_TRUE(ascolto.avvisi.empty());   // nothing negative is left to ask about
+    EXPECT_TRUE(prova::avvisi.empty());   // nothing negative is left to ask about
 }

@@ -9,8 +9,10 @@
 #include <random>
 
 #include "digitising/Attacchi.h"
-#include "digitising/attaccoAggiungi.h"
+#include "digitising/AttaccoAggiungi.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/PuntiControllo.h"
@@ -150,7 +152,7 @@ TEST(AttaccoDinamico, TwoPointsCarryTheSheetOntoTheDestination) {
     attaccoAttivo.tipo = 0;
     AssegnaAttacco(1, 100, 100);
     AssegnaAttacco(2, 300, 200);
-    (void)AttacchiCambiati();
+    AttacchiCambiati();
     attaccoAttivo.SetXYAtt(0, 1000, 1000);
     attaccoAttivo.SetXYAtt(1, 950, 1100);   // a quarter turn, half the size
     attaccoAttivo.PreparaAttacco();
@@ -171,7 +173,7 @@ TEST(AttaccoDinamico, PreparationNeedsTwoPointsAndPoint4CountsFromItsOwnRest) {
     EXPECT_EQ(attaccoAttivo.lavoro.okSrc, 1);
     EXPECT_EQ(attaccoAttivo.transf.deltaX, 0);
     AssegnaAttacco(1, 100, 100);
-    (void)AttacchiCambiati();
+    AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();
     EXPECT_EQ(attaccoAttivo.transf.deltaX, 0);
     AssegnaAttacco(4, 0, 0);   // the origin is a place for point 4
@@ -303,8 +305,8 @@ TEST(AttaccoDinamico, AnAngleIsRoundedAndStaysWithinATurn) {
         std::int16_t voluto;
     };
     constexpr Caso casi[] = {
-        {0, 100, 30.7, 131}, {0, 10, -10.7, 399}, {0, 0, -1.7, 398},   {0, 250, 0.99, 251}, {0, 390, 10.2, 0},
-        {1, 100, 30.7, 131}, {1, 10, 0.9, 11},    {1, 10, -10.7, 399},
+        {0, 100, 30.7, 131}, {0, 10, -10.7, 399}, {0, 0, -1.7, 398}, {0, 250, 0.99, 251},
+        {0, 390, 10.2, 0},   {1, 100, 30.7, 131}, {1, 10, 0.9, 11},  {1, 10, -10.7, 399},
     };
     for (const Caso& c : casi) {
         std::array<Coppia, 4> src = quadrato;

@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "display/Disegno.h"
+#include "model/Cursore.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Immagini.h"

@@ -3,6 +3,7 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "support/Foglio.h"
 

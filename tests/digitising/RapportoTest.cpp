@@ -7,6 +7,7 @@
 
 #include "digitising/RapportoAttacchi.h"
 #include "digitising/RapportoTesti.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/PuntiControllo.h"

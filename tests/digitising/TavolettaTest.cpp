@@ -5,11 +5,17 @@
 
 #include "digitising/Tavoletta.h"
 #include "digitising/TavolettaLettori.h"
+#include "display/Disposizione.h"
+#include "display/Lettura.h"
 #include "display/Scena.h"
+#include "display/Zoom.h"
 #include "files/Disco.h"
 #include "files/Impostazioni.h"
+#include "model/Cursore.h"
 #include "model/Percorso.h"
 #include "model/Registrazione.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
 #include "platform/Menus.h"
 #include "shell/Calcolatrice.h"
@@ -33,7 +39,7 @@ struct Tavoletta : testing::Test {
         scalaX = scalaY = 1;
         ScalaTavoletta();
         TabAbilit = 1;
-        Modalita = 1;
+        Modalita = mDigitazione;
         CreateMenus();
     }
     void TearDown() override {
@@ -88,7 +94,7 @@ TEST_F(Tavoletta, FrozenAxesAndTheGridHoldTheCursor) {
 }
 
 TEST_F(Tavoletta, TheRubberBandFollowsAndNothingStaysBehind) {
-    operazCorrente = 0;
+    operazCorrente = opSegmento;
     campione(1000, 11000, 1);
     campione(2000, 10000, 0);
     const std::vector<std::uint32_t> prima(finestra.porta().pixels(),
@@ -103,16 +109,16 @@ TEST_F(Tavoletta, TheRubberBandFollowsAndNothingStaysBehind) {
 }
 
 TEST_F(Tavoletta, ButtonsOneAndTwoTraceAPolylineAndEndIt) {
-    operazCorrente = 1;
+    operazCorrente = opPolilinea;
     campione(400, 11600, 2);   // nothing to end
     EXPECT_EQ(indElem, 2);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     campione(400, 11600, 1);
-    EXPECT_EQ(Azione, 1);
+    EXPECT_EQ(Azione, sPrimoPunto);
     campione(800, 11600, 1);
     campione(800, 11200, 0);
     campione(800, 11200, 2);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     ASSERT_EQ(indElem, 5);
     EXPECT_EQ(Elem(3).tipo, tPoligono);
     EXPECT_EQ(Elem(3).poli.numVertici, 2);
@@ -123,22 +129,22 @@ TEST_F(Tavoletta, ButtonsOneAndTwoTraceAPolylineAndEndIt) {
 TEST_F(Tavoletta, ButtonOneByToolAndStage) {
     // Three points of a circle: the third comes in stage 8.
     CurvePerPunti = 1;
-    operazCorrente = 5;
+    operazCorrente = opCerchio;
     campione(400, 11600, 1);
     campione(800, 11600, 1);
-    EXPECT_EQ(Azione, 8);
-    operazCorrente = 0;
+    EXPECT_EQ(Azione, sTerzoPunto);
+    operazCorrente = opSegmento;
     campione(801, 11600, 1);   // a segment's point is no third point
-    EXPECT_EQ(Azione, 8);
-    operazCorrente = 5;
+    EXPECT_EQ(Azione, sTerzoPunto);
+    operazCorrente = opCerchio;
     campione(800, 11200, 1);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     ASSERT_EQ(indElem, 3);
     EXPECT_EQ(Elem(3).tipo, tCerchio);
     // Markers whatever the stage, by the tool and by button 3.
-    operazCorrente = 3;
+    operazCorrente = opMarker;
     campione(1000, 11000, 1);
-    operazCorrente = 0;
+    operazCorrente = opSegmento;
     campione(1200, 11000, 3);
     ASSERT_EQ(indElem, 5);
     EXPECT_EQ(Elem(4).mark.x, 250);
@@ -148,7 +154,7 @@ TEST_F(Tavoletta, ButtonOneByToolAndStage) {
         operazCorrente = altro;
         campione(1300, 11000, 1);
         EXPECT_EQ(indElem, 5);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
     }
 }
 
@@ -189,7 +195,7 @@ TEST_F(Tavoletta, TheCalculatorsButtonsShowMeasuresTimesItsFactor) {
     EXPECT_EQ(RisCalc.valore, -1);   // it is closed
     campione(0, 0, 6);
     EXPECT_EQ(CalcWindow, 1);
-    EXPECT_EQ(operazCorrente, 4);
+    EXPECT_EQ(operazCorrente, opCalcolatrice);
     for (std::int16_t b = 7; b <= 13; ++b) {
         campione(0, 0, b);
         EXPECT_EQ(RisCalc.valore, (b - 6) * 10) << b;
@@ -204,7 +210,7 @@ TEST_F(Tavoletta, OtherButtonsMoveTheCursorAndTheReadOutOnly) {
         xcurs = 0;
         campione(888, 11600, static_cast<std::int16_t>(b));
         EXPECT_EQ(indElem, 2);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
         EXPECT_EQ(ycurs, 100);
         EXPECT_EQ(XVisualPrec, xcurs);
         EXPECT_EQ(scriviSempreCoord, 0);
@@ -229,7 +235,7 @@ TEST_F(Tavoletta, APenKeepsItsPartsOfAPixel) {
     EXPECT_EQ(indElem, 2);
     EXPECT_TRUE(PennaDigita(300, 300));
     EXPECT_FALSE(PennaDigita(5, 300));   // the palette
-    Modalita = 0;
+    Modalita = mSelezione;
     EXPECT_FALSE(PennaDigita(300, 300));
 }
 

@@ -1,5 +1,5 @@
 // The preview of the live transformation: what it shows is what its copies would be, and the marks of its points.
-#include "digitising/attaccoAggiungi.h"
+#include "digitising/AttaccoAggiungi.h"
 #include "display/AttacchiMarche.h"
 #include "display/Scena.h"
 

@@ -3,6 +3,7 @@
 
 #include "../display/Scena.h"
 #include "display/RiquadroTesto.h"
+#include "model/Archivio.h"
 #include "model/Selezione.h"
 
 using namespace tessaro;
@@ -15,7 +16,7 @@ TEST(Contorno, ATurnedTextIsDraggedAsItsOwnBox) {
         const std::int32_t n = testo(300, 200, "Strada vicinale", angolo);
         Puntosel = {1, 0, 1, oTesto, n};
         EraseRect(myViewRect);
-        Modalita = 2;
+        Modalita = mSpostamento;
         Sposta2ndClick = 1;
         XSpost1 = xcurs = 100;
         YSpost1 = ycurs = 100;

@@ -3,8 +3,14 @@
 
 #include "display/Disegno.h"
 #include "display/Sovrapposto.h"
+#include "model/Archivio.h"
+#include "model/Cursore.h"
+#include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
+#include "model/Vista.h"
 #include "Scena.h"
 
 using namespace tessaro;
@@ -239,7 +245,7 @@ TEST(DisegnoSelezione, DrawnTwiceItIsGoneWhateverIsSelected) {
         Elem(numeri[i]).selezionato = 1;
     }
     Puntosel.multipla = 1;
-    Modalita = 2;
+    Modalita = mSpostamento;
     rettSel = RettSel{5, 5, 80, 70};
     XSpost2 = YSpost2 = 30;
     DipingiEvidenza();
@@ -248,7 +254,7 @@ TEST(DisegnoSelezione, DrawnTwiceItIsGoneWhateverIsSelected) {
     EXPECT_EQ(s.immagine(), prima);
     // A summary that names a record that is gone is passed over.
     Puntosel.multipla = 0;
-    Modalita = 0;
+    Modalita = mSelezione;
     for (const std::int32_t n : {-1, 0, 1, 100000}) {
         Puntosel.indice = n;
         DipingiEvidenza();

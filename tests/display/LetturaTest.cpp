@@ -1,6 +1,11 @@
 // The coordinate line's text, and when it is worked out at all.
 #include "display/Lettura.h"
 
+#include "model/Cursore.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "Scena.h"
 
 using namespace tessaro;
@@ -9,7 +14,7 @@ using namespace prova;
 TEST(Lettura, ShowsRealPlaceElevationDistanceAndAngleInTheirColumns) {
     const Scena s;
     noWindow = 0;   // a drawing is open, without a window to show the line in
-    Modalita = 1;
+    Modalita = mDigitazione;
     rappvid = 0.1;
     lastX = 100;
     lastY = 2970;
@@ -30,7 +35,7 @@ TEST(Lettura, ShowsRealPlaceElevationDistanceAndAngleInTheirColumns) {
 
     // In the selecting mode the cursor does not count.
     scriviSempreCoord = 0;
-    Modalita = 0;
+    Modalita = mSelezione;
     xcurs = 300;
     const std::string prima = lineaCoordinate.str();
     SetDrawCoordCorr();

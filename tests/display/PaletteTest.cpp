@@ -1,7 +1,8 @@
 // When a tag wants to come out.
 #include "display/palette.h"
 
-#include "model/Attributi.h"
+#include "model/Vista.h"
+#include "platform/Quickdraw.h"
 #include "Scena.h"
 
 using namespace tessaro;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <vector>
 
+#include "display/Disposizione.h"
 #include "display/Zoom.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "bitmap/perRighe.h"
+#include "bitmap/PerRighe.h"
 #include "display/Disegno.h"
 #include "model/Lucidi.h"
 #include "Scena.h"

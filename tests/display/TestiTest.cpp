@@ -13,7 +13,8 @@
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
 #include "display/Sovrapposto.h"
-#include "editing/Selezione.h"
+#include "editing/AttacchiCambiati.h"
+#include "editing/Scelta.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "platform/pict/Codici.h"
@@ -166,7 +167,7 @@ TEST(Testi, ThePreviewDrawsTheTextOnceMoreWhereItsCopyWouldBe) {
             AssegnaAttacco(n, da[i].x, da[i].y);
             attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), c.a[i].x, c.a[i].y);
         }
-        (void)AttacchiCambiati();
+        AttacchiCambiati();
         attaccoAttivo.tipo = c.tipo;
         attaccoAttivo.PreparaAttacco();
         attaccoAttivo.SetModificato(0);

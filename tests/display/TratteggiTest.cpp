@@ -6,7 +6,10 @@
 #include <random>
 
 #include "../display/Scena.h"
+#include "model/Archivio.h"
+#include "model/Elemento.h"
 #include "model/Registrazione.h"
+#include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "text/Conversione.h"
 

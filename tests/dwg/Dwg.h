@@ -12,7 +12,7 @@
 #include "dwg/DbDumper.h"
 #include "dwg/dwgdxf.h"
 #include "exchange/Dxf.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 
 namespace prova {
 
@@ -59,9 +59,9 @@ inline OdError rilettoDxf(OdDbDatabase& db, const std::string& testo) {
 // Imports and gives what the report said.
 inline std::string importaDxf(const std::string& testo) {
     const FileCad f(testo);
-    Ascolto ascolto;
+    avvisi.clear();
     ImportaDWGFile(f.spec());
-    return ascolto.testi.empty() ? std::string() : ascolto.testi.back();
+    return avvisi.empty() ? std::string() : avvisi.back().testo;
 }
 
 }   // namespace prova

@@ -3,9 +3,10 @@
 
 #include "../display/Scena.h"
 #include "editing/Cancella.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "tools/Costruzione.h"
@@ -35,7 +36,7 @@ TEST(AnnullaComando, ASegmentInProgressGoesBackToTheStartOfTheOneBefore) {
     const Scena s;
     segmento(1, 2, 11, 12, 3);
     segmento(11, 12, 40, 50, 8);
-    Azione = 1;
+    Azione = sPrimoPunto;
     Xini = 40;
     Yini = 50;
     AnnullaUltima();
@@ -58,7 +59,7 @@ TEST(AnnullaComando, APolylineInProgressIsNotTakenApart) {
     const Scena s;
     polilinea({{10, 10}, {20, 20}});
     const std::int32_t ultimo = indElem;
-    Azione = 1;
+    Azione = sPrimoPunto;
     Xini = 20;
     AnnullaUltima();
     EXPECT_EQ(indElem, ultimo);
@@ -77,11 +78,11 @@ TEST(AnnullaComando, AMeasuredPathLosesAPointBehindTheKindsOwnAction) {
     };
     AnnullaUltima();
     EXPECT_EQ(passi, 0);
-    Azione = 5;
+    Azione = sPercorso;
     AnnullaUltima();
     EXPECT_EQ(passi, 1);
     EXPECT_EQ(visti, indElem);
-    Azione = 0;
+    Azione = sFermo;
 }
 
 TEST(AnnullaComando, TheMenuSaysWhatComesBack) {

@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include "../support/Ascolto.h"
 #include "../support/Foglio.h"
 #include "display/Tratteggi.h"
 #include "editing/Aref.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Selezionati.h"
 #include "model/Annulla.h"
+#include "support/Avvisi.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -104,18 +104,18 @@ TEST(AttributiSel, AnUnsuitableSelectionBeepsAndKeepsTheUndo) {
     for (const Caso& c : {Caso{CambiaSpessSel, 8, oTesto, 1}, Caso{CambiaColoreSel, 11, oPict, 1},
                           Caso{CambiaRetAreaSel, 3, oSegmento, 1}, Caso{CambiaColoreSel, 8, oTesto, 0},
                           Caso{CambiaColoreSel, 3, oMeshOrigine, 1}}) {
-        const Ascolto a;
+        prova::suoni = 0;
         unoPerTipo();
         seleziona(c.n, c.oggetto);
         PoniAnnulla(aAggiunta);
         c.cambia(5);
-        EXPECT_EQ(a.suoni, c.suoni);
+        EXPECT_EQ(prova::suoni, c.suoni);
         EXPECT_EQ(annullamento, c.suoni ? aAggiunta : aElemento);
     }
 }
 
 TEST(AttributiSel, TagsGoToTheNamedTypeOnly) {
-    const Ascolto a;
+    prova::suoni = 0;
     unoPerTipo();
     selezionaTutti();
     const Aref tredici{13, 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h', 'i', 'j', 'k', 'l', 'm'};
@@ -124,14 +124,14 @@ TEST(AttributiSel, TagsGoToTheNamedTypeOnly) {
         if (Elem(n).tipo == tTesto) continue;
         EXPECT_EQ(Elem(n).testa.aref == tredici, n == 5) << n;
     }
-    EXPECT_EQ(a.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     seleziona(5, oPoligono);
     CambiaAREF(tCerchio, tredici);
-    EXPECT_EQ(a.suoni, 1);
+    EXPECT_EQ(prova::suoni, 1);
 }
 
 TEST(AttributiSel, SheetsAndClasses) {
-    const Ascolto a;
+    prova::suoni = 0;
     unoPerTipo();
     const elemento testoPrima = Elem(8);
     seleziona(5, oPoligono);
@@ -144,20 +144,20 @@ TEST(AttributiSel, SheetsAndClasses) {
     EXPECT_EQ(Elem(5).testa.categoria, 200);
     EXPECT_EQ(Elem(5).testa.insieme, 201);
     EXPECT_EQ(Elem(6).testa.categoria, 1);
-    EXPECT_EQ(a.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     seleziona(8, oTesto);
     CambiaClass(1, 9);
-    EXPECT_EQ(a.suoni, 1);
+    EXPECT_EQ(prova::suoni, 1);
     for (std::int32_t n = 3; n <= indElem; ++n) Elem(n).selezionato = n == 8;
     Puntosel.multipla = 1;
     CambiaClass(2, 9);
-    EXPECT_EQ(a.suoni, 2);
+    EXPECT_EQ(prova::suoni, 2);
     elemento t = Elem(8);
     t.selezionato = testoPrima.selezionato;
     EXPECT_EQ(std::memcmp(&t, &testoPrima, sizeof t), 0);
     AzzeraPuntosel();
     CambiaLucido(3);
-    EXPECT_EQ(a.suoni, 3);
+    EXPECT_EQ(prova::suoni, 3);
 }
 
 TEST(AttributiSel, ANewHeadTakesTheTemplatesHatch) {

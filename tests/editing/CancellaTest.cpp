@@ -5,7 +5,7 @@
 
 #include "../display/Scena.h"
 #include "editing/AnnullaComando.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
 

@@ -1,8 +1,9 @@
 // What a click, a rectangle and "all" pick.
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 
 #include "../display/Scena.h"
 #include "model/Lucidi.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 
 using namespace tessaro;
@@ -137,7 +138,7 @@ TEST(Clic, ShiftAddsAndTakesAwayAndOptionGoesOnToMoving) {
     clic(50, 10);
     clic(50, 10, optionKey);
     EXPECT_EQ(Puntosel.numSel, 2);   // counted once more
-    EXPECT_EQ(Modalita, 2);
+    EXPECT_EQ(Modalita, mSpostamento);
 }
 
 TEST(Clic, SheetsAreReachedOnlyAsFarAsTheFilterLets) {

@@ -3,10 +3,11 @@
 
 #include "../display/Scena.h"
 #include "editing/AnnullaComando.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 
 using namespace tessaro;
 using namespace prova;

@@ -1,13 +1,16 @@
 // Vertices taken out and put in, where a full store, other polylines and stale summaries could do harm; conversions.
-#include "display/Sovrapposto.h"
 #include "editing/Vertici.h"
+#include "display/Sovrapposto.h"
 
 #include "../display/Scena.h"
 #include "editing/Conversioni.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
-#include "support/Ascolto.h"
+#include "model/Unita.h"
+#include "model/Vista.h"
+#include "support/Avvisi.h"
 #include "text/Conversione.h"
 
 using namespace tessaro;
@@ -120,7 +123,6 @@ TEST(Vertici, ASummaryThatOutlivesItsRecordCatchesNothing) {
 
 TEST(Conversioni, AnArcEndsWhereItEndsAndAPolylineGivesItsSides) {
     const Scena s;
-    const Ascolto ascolto;
     orientCorrente = orientAzimut;
     NumLatiPoligono = 3;
     const std::int32_t a = arco(100, 100, 50, 0, 90);
@@ -137,12 +139,12 @@ TEST(Conversioni, AnArcEndsWhereItEndsAndAPolylineGivesItsSides) {
     EXPECT_EQ(Elem(a + 9).segm.x2, Elem(a + 5).vert.x);
     EXPECT_EQ(annullamento, aAggiunta);
     EXPECT_EQ(inizioAggiunta, a + 5);
-    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     tieni(a, oArco);
     TrasformaSegmentiSel();
     EXPECT_EQ(indElem, a + 9);
     EXPECT_EQ(annullamento, aNiente);
-    EXPECT_EQ(ascolto.suoni, 1);
+    EXPECT_EQ(prova::suoni, 1);
 }
 
 // The button is up again at once: neither point moves, nothing is drawn on the drawing, no rubber line stays.

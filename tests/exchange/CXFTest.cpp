@@ -4,8 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "display/palette.h"
 #include "exchange/CXF.h"
+#include "model/Cursore.h"
 #include "model/Lucidi.h"
+#include "model/Unita.h"
 #include "platform/Resources.h"
 #include "support/Avvisi.h"
 #include "support/FileProva.h"

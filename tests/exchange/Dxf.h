@@ -8,8 +8,8 @@
 
 #include "exchange/DXF.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 #include "support/FileProva.h"
 #include "support/Foglio.h"

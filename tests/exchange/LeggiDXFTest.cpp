@@ -5,6 +5,9 @@
 #include <cstring>
 #include <filesystem>
 
+#include "display/palette.h"
+#include "model/Carattere.h"
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "support/Tasti.h"
 
@@ -30,15 +33,15 @@ TEST(LeggiDXF, AnElementOfEachKindLiesWhereTheFileSaysWithYTurnedOver) {
     EXPECT_EQ(s.z1, 7);
     EXPECT_EQ(s.x2, 3);
     EXPECT_EQ(s.z2, 9);
-    EXPECT_EQ(s.colore, 5);
+    EXPECT_EQ(s.colore, 4);   // 5 of the index is blue
     EXPECT_EQ(s.pattern, 4);
     EXPECT_EQ(Elem(4).mark.x, 10);
     EXPECT_EQ(Elem(4).mark.z, 3);
     EXPECT_EQ(Elem(4).mark.forma, markerCorrente);
     EXPECT_EQ(Elem(5).cerc.raggio, 3);
     EXPECT_EQ(Elem(5).cerc.colore, 3);
-    EXPECT_EQ(Elem(6).arco.angoloInizio, 90);
-    EXPECT_EQ(Elem(6).arco.ampiezza, 270);
+    EXPECT_EQ(Elem(6).arco.angoloInizio, 0);
+    EXPECT_EQ(Elem(6).arco.ampiezza, 90);
     EXPECT_EQ(testoDi(7), "Via Roma");
     EXPECT_EQ(Elem(7).test.dimensione, 12);
     EXPECT_EQ(Elem(7).test.angolo, 100);
@@ -64,11 +67,11 @@ TEST(LeggiDXF, WhatAnEntityDoesNotSayIsWhatTheLastOneLeft) {
     leggiDxf(entita("0 LINE,62 5,6 DASHED,10 1,20 2,11 3,21 4,0 LINE,0 TEXT,62 3,1 abc,0 LINE,"
                     "0 CIRCLE,62 6,40 1,0 CIRCLE,40 2"));
     ASSERT_EQ(indElem, 8);
-    EXPECT_EQ(Elem(4).segm.colore, 5);
+    EXPECT_EQ(Elem(4).segm.colore, 4);
     EXPECT_EQ(Elem(4).segm.pattern, 4);
     EXPECT_EQ(Elem(4).segm.x2, 3);
-    EXPECT_EQ(Elem(5).test.colore, 5);   // the last line's, not its own
-    EXPECT_EQ(Elem(6).segm.colore, 5);
+    EXPECT_EQ(Elem(5).test.colore, 4);   // the last line's, not its own
+    EXPECT_EQ(Elem(6).segm.colore, 4);
     EXPECT_EQ(Elem(8).cerc.colore, 6);
 }
 
@@ -88,20 +91,17 @@ TEST(LeggiDXF, ATextLeavesItsAngleAndCharactersToTheNextLine) {
     EXPECT_EQ(Elem(7).segm.pattern, NumPat);   // 100 is no pattern
 }
 
-TEST(LeggiDXF, UnderARegistrationATextLiesWhereItsCharactersSay) {
+TEST(LeggiDXF, UnderARegistrationATextLiesLikeEveryOtherPoint) {
     foglioDxf();
     Elem(1).att.y1 = Elem(1).att.y2 = 500;
     Elem(1).att.x2 = Elem(2).att.x2 = 100;
     Elem(2).att.y1 = Elem(2).att.y2 = 0;
     Elem(2).att.coordReali = 1;
     CalcTransfC();
-    double lettere[2] = {};
-    std::memcpy(lettere, "\x0F@@@@@@@@@@@@@@@", sizeof lettere);   // length and characters: two numbers near 32
     double x = 0, y = 0;
-    Tracoord(TransfInvert, lettere[0], lettere[1], x, y);
+    Tracoord(TransfInvert, 70, 80, x, y);
     leggiDxf(entita("0 TEXT,10 70,20 80,1 @@@@@@@@@@@@@@@"));
     ASSERT_EQ(indElem, 3);
-    EXPECT_NEAR(y, 467.5, 0.5);
     EXPECT_EQ(Elem(3).test.x, x);
     EXPECT_EQ(Elem(3).test.y, y);
 }
@@ -112,7 +112,7 @@ TEST(LeggiDXF, ColoursByBlockAndByLayerAreNoneAndOthersAreCounted) {
              + entita("0 LINE,62 5,10 1,0 LINE,62 0,10 1,0 LINE,62 256,10 1,0 LINE,62 257,10 1,0 LINE,62 -3,10 1,"
                       "0 LINE,8 B"));
     ASSERT_EQ(indElem, 8);
-    for (std::int32_t i = 3; i <= 7; ++i) EXPECT_EQ(Elem(i).segm.colore, 5);
+    for (std::int32_t i = 3; i <= 7; ++i) EXPECT_EQ(Elem(i).segm.colore, 4);
     EXPECT_EQ(Elem(8).segm.colore, 2);   // the layer's default
     EXPECT_NE(resoconto().find("3 colour numbers"), std::string::npos) << resoconto();
 }
@@ -123,7 +123,7 @@ TEST(LeggiDXF, APolylineClosesWithACopyOfItsHead) {
                     "0 SEQEND,8 0,0 LINE,10 9"));
     ASSERT_EQ(indElem, 7);
     EXPECT_EQ(Elem(3).poli.numVertici, 3);
-    EXPECT_EQ(Elem(3).poli.colore, 4);
+    EXPECT_EQ(Elem(3).poli.colore, 5);
     EXPECT_EQ(Elem(3).poli.z, 0);
     EXPECT_EQ(Elem(4).vert.z, 6);
     EXPECT_EQ(Elem(6).vert.x, Elem(3).poli.x);
@@ -139,7 +139,7 @@ TEST(LeggiDXF, APolylineWithoutVerticesIsItsHeadAlone) {
     EXPECT_EQ(Elem(3).tipo, tPoligono);
     EXPECT_EQ(Elem(3).poli.numVertici, 0);
     EXPECT_EQ(Elem(3).poli.x, 0);
-    EXPECT_EQ(Elem(3).poli.colore, 4);
+    EXPECT_EQ(Elem(3).poli.colore, 5);
     EXPECT_EQ(Elem(4).tipo, tSegmento);
 }
 
@@ -170,7 +170,7 @@ TEST(LeggiDXF, BlocksLeaveOnlyTheCopiesThatInsertMade) {
     EXPECT_EQ(Elem(5).segm.x1, 100);
     EXPECT_EQ(Elem(5).segm.y1, 800);
     EXPECT_EQ(Elem(5).segm.x2, 102);
-    EXPECT_EQ(Elem(5).segm.colore, 7);
+    EXPECT_EQ(Elem(5).segm.colore, 1);
     EXPECT_EQ(Elem(5).lucido, 1);
     EXPECT_EQ(Elem(6).cerc.raggio, 6);
     EXPECT_EQ(Elem(7).segm.x1, 5);
@@ -180,11 +180,13 @@ TEST(LeggiDXF, BlocksLeaveOnlyTheCopiesThatInsertMade) {
 TEST(LeggiDXF, AnInsertTakesItsScalesWithTheirSigns) {
     const struct {
         const char* scale;
-        double x2, y2, z2, raggio;
+        double x2, y2, z2, raggio, inizio;
+        const char* cambiati;   // in the report
     } casi[] = {
-        {"41 -1,42 1", 90, 798, 3, 0},   // mirrored: the mean of both is nothing
-        {"41 -2,42 -2,43 -1", 80, 804, -3, -10},
-        {"41 3,42 1,43 2,50 90,70 2,71 2,44 5,45 5", 130, 798, 6, 10},   // neither turned nor repeated
+        {"41 -1,42 1", 90, 798, 3, 5, 280, "Changed: 1 mirrored block."},
+        {"41 -2,42 -2,43 -1", 80, 804, -3, 10, 250, ""},
+        {"41 3,42 1,43 2,50 90,70 2,71 2,44 5,45 5", 130, 798, 6, 10, 70,   // neither turned nor repeated
+         "Changed: 1 turned block drawn upright, 1 array of blocks of which the first stands."},
     };
     const std::string blocco = sezione("BLOCKS", gruppi("0 BLOCK,2 B,10 1,20 1,0 LINE,10 1,20 1,11 11,21 3,31 3,"
                                                         "0 CIRCLE,10 1,20 1,40 5,0 ARC,40 5,50 10,51 20,"
@@ -199,8 +201,9 @@ TEST(LeggiDXF, AnInsertTakesItsScalesWithTheirSigns) {
         EXPECT_EQ(Elem(3).segm.z2, c.z2) << c.scale;
         EXPECT_EQ(Elem(4).cerc.raggio, c.raggio) << c.scale;
         EXPECT_EQ(Elem(5).arco.raggio, c.raggio) << c.scale;
-        EXPECT_EQ(Elem(5).arco.angoloInizio, 80);
-        EXPECT_EQ(Elem(5).arco.ampiezza, 350);
+        EXPECT_EQ(Elem(5).arco.angoloInizio, c.inizio) << c.scale;
+        EXPECT_EQ(Elem(5).arco.ampiezza, 10);
+        EXPECT_NE(resoconto().find(c.cambiati), std::string::npos) << resoconto();
         EXPECT_EQ(Elem(6).test.x, c.x2) << c.scale;
         EXPECT_EQ(Elem(6).test.dimensione, 127);
     }

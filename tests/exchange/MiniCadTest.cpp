@@ -5,8 +5,11 @@
 
 #include "exchange/MiniCad.h"
 #include "exchange/Versa.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "support/Avvisi.h"
 #include "support/FileProva.h"
 #include "support/Foglio.h"

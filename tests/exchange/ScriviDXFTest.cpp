@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include "exchange/ScriviDXF.h"
+#include "model/Carattere.h"
+#include "model/Unita.h"
 
 using namespace prova;
 
@@ -28,12 +30,16 @@ std::string scritto() {
         ScriviEntitiesDXF(s);
         s.b.righe2("  0", "EOF");
     }
-    std::string t = f.contenuto();
-    for (char& c : t) {
-        EXPECT_NE(c, '\n');
-        if (c == '\r') c = '\n';
+    const std::string t = f.contenuto();
+    std::string righe;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (t[i] == '\r') {
+            EXPECT_EQ(t[i + 1], '\n');
+        } else {
+            righe += t[i];
+        }
     }
-    return t;
+    return righe;
 }
 
 std::string entitaScritte() {
@@ -109,12 +115,12 @@ TEST(ScriviDXF, CurvesTextsAndVerticesAreToldToTheByte) {
     const std::string centro = " 10|10.0000000000000| 20|480.0000000000000| 30|0.0000000000000| 40|3.0000000000000|";
     const std::string vertice = " 20|498.0000000000000| 30|0.0000000000000| 42|0| 70|     0|";
     EXPECT_EQ(aBarre(entitaScritte()),
-              "  0|CIRCLE|  8|0|  6|HIDDEN| 62|1|" + centro + "  0|ARC|  8|0|  6|HIDDEN| 62|1|" + centro
+              "  0|CIRCLE|  8|0|  6|HIDDEN| 62|7|" + centro + "  0|ARC|  8|0|  6|HIDDEN| 62|7|" + centro
                   + " 50|-270.0000000000000| 51|0.0000000000000|"
-                    "  0|POLYLINE|  8|0|  6|DASHDOT| 62|1| 66|     1| 70|     0|"
-                    "  0|VERTEX|  8|0| 62|1| 10|1.0000000000000|"
-                  + vertice + "  0|VERTEX|  8|0| 62|1| 10|3.0000000000000|" + vertice
-                  + "  0|SEQEND|  0|TEXT|  8|0|  6|CONTINUOUS| 62|1| 10|1.0000000000000| 20|498.0000000000000|"
+                    "  0|POLYLINE|  8|0|  6|DASHDOT| 62|7| 66|     1| 70|     0|"
+                    "  0|VERTEX|  8|0| 62|7| 10|1.0000000000000|"
+                  + vertice + "  0|VERTEX|  8|0| 62|7| 10|3.0000000000000|" + vertice
+                  + "  0|SEQEND|  0|TEXT|  8|0|  6|CONTINUOUS| 62|7| 10|1.0000000000000| 20|498.0000000000000|"
                     " 30|0.0000000000000| 40|14.1111108000000| 50|72.0000000000000|  1|a\\U+00E0|");
 }
 
@@ -125,7 +131,7 @@ TEST(ScriviDXF, ASegmentHasThirteenDecimalsAndItsRealPlace) {
     colorCorrente = 6;
     segmento(1, 10, 3, 1000, 7, 8);
     EXPECT_EQ(entitaScritte(),
-              "  0\nLINE\n  8\n0\n  6\nDASHED\n 62\n6\n 10\n0.5000000000000\n 20\n495.0000000000000\n"
+              "  0\nLINE\n  8\n0\n  6\nDASHED\n 62\n220\n 10\n0.5000000000000\n 20\n495.0000000000000\n"
               " 30\n7.0000000000000\n 11\n1.5000000000000\n 21\n0.0000000000000\n 31\n8.0000000000000\n");
 }
 
@@ -223,7 +229,7 @@ TEST(ScriviDXF, SomeoneElsesReaderFindsTheSame) {
     EXPECT_EQ(std::system(comando.c_str()), 0);
     std::ostringstream s;
     s << std::ifstream(esito).rdbuf();
-    EXPECT_EQ(s.str(), "LINE 0 1\nLINE 0 1\nLINE 0 1\nPOLYLINE 0 1\nCIRCLE 0 1\nARC 0 1\nTEXT 0 1\n");
+    EXPECT_EQ(s.str(), "LINE 0 7\nLINE 0 7\nLINE 0 7\nPOLYLINE 0 7\nCIRCLE 0 7\nARC 0 7\nTEXT 0 7\n");
     std::filesystem::remove(dxf);
     std::filesystem::remove(esito);
 }

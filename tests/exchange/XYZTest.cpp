@@ -7,6 +7,8 @@
 #include "exchange/FormatoXYZ.h"
 #include "exchange/XYZ.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
+#include "model/Unita.h"
 #include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "support/Avvisi.h"

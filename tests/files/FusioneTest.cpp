@@ -8,6 +8,7 @@
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/PuntiControllo.h"

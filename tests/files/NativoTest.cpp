@@ -1,14 +1,19 @@
 // The native file byte for byte: what a save writes, what each version brings, and the way there and back.
+#include "editing/AttacchiCambiati.h"
 #include "files/Disco.h"
 
 #include <cmath>
 #include <limits>
 
+#include "files/Blocchi.h"
 #include "model/Annulla.h"
+#include "model/Carattere.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
 #include "model/Registrazione.h"
+#include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
@@ -163,7 +168,7 @@ TEST(Nativo, WhatIsWrittenComesBack) {
     comeIBlocchi();
     OKAttacco5 = 1;
     xAttacco5 = 5;
-    segmento(1, 2, 3, std::numeric_limits<double>::quiet_NaN());
+    segmento(1, 2, 3, -1e300);
     const auto testaPoli = polilinea({{1, 2}, {3, 4}, {5, 6}});
     testo(5, 6, "Caff\x8E", 33);
     arco(1, 2, 3, 4, 5);
@@ -206,7 +211,7 @@ TEST(Nativo, ADrawingWithALiveTransformationIsSavedAgainByteForByte) {
         AzzeraStato();
         fogliovuoto();
         for (std::int16_t n = 1; n <= 4; ++n) AssegnaAttacco(n, punti[n - 1][0], punti[n - 1][1]);
-        (void)AttacchiCambiati();
+        AttacchiCambiati();
         xAttacco5 = 1700;
         yAttacco5 = 1500;
         OKAttacco5 = 1;

@@ -5,6 +5,7 @@
 
 #include "model/Annulla.h"
 #include "model/Mesh.h"
+#include "model/Strumento.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;

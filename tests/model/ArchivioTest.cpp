@@ -5,6 +5,8 @@
 
 #include "model/Annulla.h"
 #include "model/Lucidi.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
 #include "support/Foglio.h"

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/Attributi.h"
+#include "model/Unita.h"
 
 using namespace tessaro;
 

@@ -4,8 +4,10 @@
 #include <cmath>
 #include <limits>
 
+#include "display/Disegno.h"
 #include "model/Colori.h"
 #include "model/Selezione.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "support/Foglio.h"
 

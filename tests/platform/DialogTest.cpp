@@ -15,7 +15,8 @@
 #include "platform/Files.h"
 #include "platform/Menus.h"
 #include "platform/qt/Dialogo.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
+#include "support/Avvisi.h"
 
 namespace tessaro {
 namespace {
@@ -60,7 +61,7 @@ protected:
     }
     void TearDown() override {
         DisposeDialog(d);
-        SetCopione(nullptr);
+        prova::ganciDellaSuite();
     }
     std::int16_t corri(ModalFilter filtro = nullptr) {
         std::int16_t item = -1;

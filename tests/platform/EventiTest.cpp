@@ -14,6 +14,7 @@
 #include "platform/Automation.h"
 #include "platform/qt/Interno.h"
 #include "platform/Windows.h"
+#include "support/Avvisi.h"
 
 using namespace tessaro;
 
@@ -60,7 +61,7 @@ protected:
     void TearDown() override {
         svuota();
         DisposeWindow(w);
-        SetCopione(nullptr);
+        prova::ganciDellaSuite();
     }
     void svuota() {
         EventRecord e;

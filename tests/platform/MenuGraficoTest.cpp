@@ -7,7 +7,7 @@
 #include <QMouseEvent>
 #include <QWidgetAction>
 
-#include "model/Attributi.h"
+#include "model/Penna.h"
 #include "platform/Menus.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/Tablet.h"
 

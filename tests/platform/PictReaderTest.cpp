@@ -12,6 +12,7 @@
 
 #include "platform/Images.h"
 #include "platform/paint/RasterPort.h"
+#include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
 #include "platform/pict/Raster.h"
 #include "platform/pict/Scrittore.h"
@@ -67,18 +68,64 @@ TEST(PictReader, figureIsScaledIntoTheGivenRectangle) {
     EXPECT_EQ(t.porto.foreground, (RGBColor{0, 65535, 0})) << "the port's own state comes back";
 }
 
-TEST(PictReader, sameFormsRepeatTheLastShapeOfTheirOwnKind) {
+TEST(PictReader, sameFormsRepeatTheLastRectangleOfWhateverKind) {
     const std::string p = pict(Rect{0, 0, 20, 40}, [](Scrittore& s) {
-        s.codice(opRect + 1);
-        s.rettangolo(Rect{2, 2, 8, 8});
         s.codice(opOval + 1);
         s.rettangolo(Rect{0, 20, 20, 40});
-        s.codice(opRect + 8 + 3);   // invert the same rectangle: white again
+        s.codice(opRect + 1);
+        s.rettangolo(Rect{2, 2, 18, 18});
+        s.codice(opRGBFgCol);
+        s.colore(RGBColor{65535, 0, 0});
+        s.codice(opOval + 8 + 1);
     });
     Tela t(40, 20);
     EXPECT_TRUE(DrawPicture(p, Rect{0, 0, 20, 40}));
-    EXPECT_EQ(t.a(4, 4), bianco);
+    EXPECT_EQ(t.a(10, 10), rosso) << "the oval within the rectangle drawn last";
+    EXPECT_EQ(t.a(2, 2), nero) << "whose corners it leaves";
     EXPECT_EQ(t.a(30, 10), nero);
+}
+
+TEST(PictReader, aHighlightIsNoInversion) {
+    const RGBColor giallo{65535, 65535, 0};
+    const std::string p = pict(Rect{0, 0, 10, 30}, [&](Scrittore& s) {
+        s.codice(opHiliteColor);
+        s.colore(giallo);
+        s.codice(opHiliteMode);
+        s.codice(opRect + 3);
+        s.rettangolo(Rect{0, 0, 10, 10});
+        s.codice(opRect + 3);   // the mode holds for one figure
+        s.rettangolo(Rect{0, 10, 10, 20});
+    });
+    Tela t(30, 10);
+    EXPECT_TRUE(DrawPicture(p, Rect{0, 0, 10, 30}));
+    EXPECT_EQ(t.a(5, 5), 0xFFFFFF00U);
+    EXPECT_EQ(t.a(15, 5), nero);
+    EXPECT_EQ(t.a(25, 5), bianco);
+}
+
+TEST(PictReader, aPictureThatBreaksOffIsCrossedOut) {
+    const std::string intera = pict(Rect{0, 0, 20, 20}, [](Scrittore& s) {
+        s.codice(opRect + 1);
+        s.rettangolo(Rect{2, 8, 4, 10});
+        s.codice(opRect + 1);
+        s.rettangolo(Rect{12, 8, 14, 10});
+    });
+    const auto esito = [&](std::size_t n, std::uint32_t& angolo) {
+        Tela t(20, 20);
+        EsitoPict e;
+        DrawPicture(std::string_view(intera).substr(0, n), Rect{0, 0, 20, 20}, &e);
+        angolo = t.a(0, 0);
+        return e;
+    };
+    std::uint32_t angolo = 0;
+    EXPECT_TRUE(esito(intera.size(), angolo).finita);
+    EXPECT_EQ(angolo, bianco);
+    const EsitoPict senzaFine = esito(intera.size() - 2, angolo);   // only its end is missing: all is there
+    EXPECT_FALSE(senzaFine.finita);
+    EXPECT_FALSE(senzaFine.rotta);
+    EXPECT_EQ(angolo, bianco);
+    EXPECT_TRUE(esito(intera.size() - 5, angolo).rotta);
+    EXPECT_EQ(angolo, nero);
 }
 
 TEST(PictReader, clipHoldsInsideThePortsOwnClip) {
@@ -202,9 +249,8 @@ TEST(PictReader, otherProgramsFilesAreRead) {
         std::puts("no folder of real files (TESSARO_DATA): nothing tried");
         return;
     }
-    // Damaged on purpose, in a coding that nobody has a reader for, or no picture at all.
-    const std::vector<std::string> guasti{"synth_bad_truncated.pict", "qdv_MireRpza.pict",
-                                          "qdv_polygon-reference.pict"};
+    // Damaged on purpose, or of another format under this name.
+    const std::vector<std::string> guasti{"synth_bad_truncated.pict", "qdv_polygon-reference.pict"};
     for (const auto& voce : std::filesystem::directory_iterator(cartella)) {
         const std::string nome = voce.path().filename().string();
         if (nome.ends_with(".png")) continue;

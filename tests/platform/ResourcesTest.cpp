@@ -6,7 +6,7 @@
 #include "platform/Automation.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -49,10 +49,10 @@ TEST_F(ResourcesTest, ListsFollowTheLanguageAndMissingStringsAreEmpty) {
 }
 
 TEST_F(ResourcesTest, AnItemThatIsNotBuiltStaysOffWhateverAsksForIt) {
-    EXPECT_FALSE(MenuItemBuilt(3, 5));
-    EnableMenuItem(3, 5);
-    EXPECT_FALSE(IsMenuItemEnabled(3, 5));
-    EXPECT_FALSE(AutoMenu(3, 5, 0));
+    EXPECT_FALSE(MenuItemBuilt(40, 6));
+    EnableMenuItem(40, 6);
+    EXPECT_FALSE(IsMenuItemEnabled(40, 6));
+    EXPECT_FALSE(AutoMenu(40, 6, 0));
     EXPECT_FALSE(AutoMenu(2, 6, 0));     // a line
     EXPECT_FALSE(AutoMenu(2, 99, 0));    // no such item
     EXPECT_FALSE(AutoMenu(999, 1, 0));   // no such menu

@@ -15,7 +15,10 @@
 #include "digitising/TavolettaLettori.h"
 #include "display/Scena.h"
 #include "files/Impostazioni.h"
+#include "model/Cursore.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Tablet.h"
@@ -43,9 +46,9 @@ struct Seriale : testing::Test {
             GTEST_SKIP() << "no pseudo-terminals here: " << std::strerror(errno);
         PortaTavIn = nome;
         velbaud = 4;
-        lettoreScelto = static_cast<std::int16_t>(Lettore::seriale);
-        Modalita = 1;
-        operazCorrente = 3;
+        lettoreScelto = static_cast<std::int16_t>(LettoreTavoletta::seriale);
+        Modalita = mDigitazione;
+        operazCorrente = opMarker;
         attacca(altro);
     }
     // The digitiser's end is held open only by what the program opens.
@@ -83,14 +86,14 @@ struct Seriale : testing::Test {
 
 TEST_F(Seriale, AStreamWithNoiseAndCutPacketsGivesEachPointOnce) {
     ASSERT_TRUE(TabAbilit);
-    EXPECT_EQ(lettoreVivo, static_cast<std::int16_t>(Lettore::seriale));
+    EXPECT_EQ(lettoreVivo, static_cast<std::int16_t>(LettoreTavoletta::seriale));
     EXPECT_TRUE(IsMenuItemChecked(6, 20));
     EXPECT_NE(GetMenuItemText(6, 20).find("Serial"), std::string::npos);
     manda("45,06789,1\r\n04000,08000,0\r\n");          // the first line was cut
     manda("04000,08000,1\r\n04000,08000,1\r\n0400");   // held, then cut between two writes
     ASSERT_TRUE(attendi([] { return indElem == 3; }));
     manda("4,08004,0\r\n\x01\x02\xFFnoise,,,\r\n12,34\r\n04400,08000,1\r\n04400,08000,0\r\n");
-    ASSERT_TRUE(attendi([] { return indElem == 4 && tabButton == 0; }));
+    ASSERT_TRUE(attendi([] { return indElem == 4 && tabButton == bNessuno; }));
     EXPECT_EQ(Elem(3).mark.x, 1000);
     EXPECT_EQ(Elem(3).mark.y, 1000);
     EXPECT_EQ(Elem(4).mark.x, 1100);
@@ -100,7 +103,7 @@ TEST_F(Seriale, AStreamWithNoiseAndCutPacketsGivesEachPointOnce) {
 
 TEST_F(Seriale, BinaryPacketsPassTheLineUnchanged) {
     formatoTavoletta = 3;
-    AccendiTavoletta(Lettore::seriale);
+    AccendiTavoletta(LettoreTavoletta::seriale);
     std::string flusso;
     for (int i = 0; i < 20; ++i) {
         const int x = 4000 + i * 40, y = 8000;
@@ -130,7 +133,7 @@ TEST_F(Seriale, APulledCableEndsReadingWithOneMessage) {
 }
 
 TEST_F(Seriale, AResetGivesTheLineBack) {
-    ASSERT_EQ(lettoreVivo, static_cast<std::int16_t>(Lettore::seriale));
+    ASSERT_EQ(lettoreVivo, static_cast<std::int16_t>(LettoreTavoletta::seriale));
     AzzeraStato();
     strappa();   // a line that were still open would tell of it
     for (int i = 0; i < 30; ++i) attendi([] { return true; });
@@ -150,7 +153,7 @@ TEST_F(Seriale, WhatArrivesUnderADialogIsDropped) {
         }
     }
     manda("04400,08000,1\r\n04400,08000,2\r\n");   // the first is the rest of what was cut, for all one knows
-    operazCorrente = 3;
+    operazCorrente = opMarker;
     ASSERT_TRUE(attendi([] { return xtab == 4400; }));
     EXPECT_EQ(indElem, 3);
     EXPECT_EQ(Elem(3).mark.x, 1100);

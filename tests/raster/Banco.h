@@ -9,14 +9,14 @@
 #include <random>
 #include <vector>
 
+#include "bitmap/PerRighe.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/pict/Pict.h"
 #include "raster/Percorri.h"
-#include "bitmap/perRighe.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"

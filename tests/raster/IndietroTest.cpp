@@ -5,6 +5,7 @@
 #include <random>
 
 #include "Banco.h"
+#include "model/Registrazione.h"
 #include "raster/Indietro.h"
 #include "raster/Lenti.h"
 #include "raster/NuovaImmagine.h"

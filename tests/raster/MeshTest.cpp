@@ -5,6 +5,8 @@
 
 #include "Banco.h"
 #include "digitising/Attacchi.h"
+#include "model/Archivio.h"
+#include "model/Selezione.h"
 #include "support/Avvisi.h"
 
 using namespace prova;

@@ -14,9 +14,10 @@
 #include "bitmap/Piramide.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Cursore.h"
 #include "model/Lucidi.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
@@ -150,6 +151,27 @@ TEST_F(PictureImport, aSideBeyondSixteenBitsComesInWhole) {
     ASSERT_EQ(indElem, 3);
     EXPECT_EQ(Piramide(PictBytes(Elem(3).pict.maniglia)).width(), 40001);
     EXPECT_NEAR(Elem(3).pict.larghezza, 40001 * DecPunto, 0.01);
+}
+
+TEST_F(PictureImport, everyPictFileOfOthersComesInThroughTheMenu) {
+    const char* dove = std::getenv("TESSARO_DATA");
+    const auto vere = std::filesystem::path(dove == nullptr ? "" : dove) / "pict";
+    if (dove == nullptr || !std::filesystem::is_directory(vere)) {
+        std::puts("no folder of real files (TESSARO_DATA): nothing tried");
+        return;
+    }
+    for (const auto& voce : std::filesystem::directory_iterator(vere)) {
+        const std::string nome = voce.path().filename().string();
+        prova::avvisi.clear();
+        const std::int32_t prima = indElem;
+        EXPECT_TRUE(ImportaImmagine(FSMakeFSSpec(voce.path().string()))) << nome;
+        ASSERT_EQ(indElem, prima + 1) << nome;
+        const auto& p = Elem(indElem).pict;
+        EXPECT_TRUE(p.larghezza > 10 && p.altezza > 10 && p.larghezza < 10000 && p.altezza < 10000) << nome;
+        const bool guasta = nome.starts_with("synth_bad_");
+        EXPECT_EQ(prova::numeriAvvisi(), guasta ? std::vector<std::int16_t>{9121} : std::vector<std::int16_t>{})
+            << nome;
+    }
 }
 
 TEST_F(PictureImport, aFullStoreTakesNothing) {

@@ -4,6 +4,10 @@
 #include <random>
 
 #include "Banco.h"
+#include "model/Archivio.h"
+#include "model/Elemento.h"
+#include "model/Registrazione.h"
+#include "model/Selezione.h"
 #include "raster/NuovaImmagine.h"
 #include "support/Avvisi.h"
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 
+#include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "support/Foglio.h"
 #include "text/Conversione.h"

@@ -8,16 +8,17 @@
 #include <random>
 #include <set>
 
-#include "digitising/attaccoAggiungi.h"
+#include "dialogs/Errori.h"
+#include "digitising/AttaccoAggiungi.h"
 #include "display/Disegno.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/PuntiControllo.h"
-#include "registration/solutori.h"
-#include "support/Ascolto.h"
+#include "registration/Solutori.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;
@@ -157,12 +158,11 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
     constexpr int giri = 4000;
     caso.seed(20260);
     fogliovuoto();
-    Ascolto ascolto;
     const auto avvisato = [&](auto lavoro) {
-        ascolto.avvisi.clear();
+        prova::avvisi.clear();
         lavoro();
-        for (const std::int16_t n : ascolto.avvisi) EXPECT_EQ(n, 999);   // errors 23 to 26, in words
-        return !ascolto.avvisi.empty();
+        for (const std::int16_t n : prova::numeriAvvisi()) EXPECT_EQ(n, 999);   // errors 23 to 26, in words
+        return !prova::avvisi.empty();
     };
     std::set<int> rami;
     Conto quattro, cinque, inverso, libero, omografia, due;
@@ -178,7 +178,7 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
 
         attaccoAttivo.tipo = 1;
         const Coefficienti prima = attaccoAttivo.coef;
-        bool a = avvisato([] { attaccoAttivo.PreparaAttacco(); });
+        bool a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); });
         rami.insert(r.par1 | r.par2 << 1 | r.par1d << 2 | r.par2d << 3);
         deformProspettica = 0;
         prova1(src, a, malato, quattro, avanti);
@@ -196,24 +196,24 @@ TEST(QuadrilateriDegeneri, EveryModeEndsInAnAlertOrInNumbers) {
         prova1(src, a, malato, libero, [&](double& x, double& y) { TrasformaFuga(r, true, x, y); });
 
         attaccoAttivo.tipo = 2;
-        a = avvisato([] { attaccoAttivo.PreparaAttacco(); });
+        a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); });
         prova1(src, a, malato, cinque, avanti);
         deformProspettica = 0;
         prova1(src, a, malato, cinque, avanti);
         deformProspettica = 1;
 
         attaccoAttivo.tipo = 1;
-        a = avvisato([] { attaccoAttivo.PreparaAttaccoInverso(); });
+        a = avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttaccoInverso()); });
         prova1(dst, a, malato, inverso, indietro);
 
         att4Pt.src = src;
         att4Pt.dst = dst;
-        a = avvisato([] { PrepAtt4pt(); });
+        a = avvisato([] { ErroreAlert(PrepAtt4pt()); });
         prova1(
             src, a, [](const Coppia&) { return !sano(att4Pt); }, libero, [](double& x, double& y) { Traf4Pt(x, y); });
 
         attaccoAttivo.tipo = 0;
-        EXPECT_FALSE(avvisato([] { attaccoAttivo.PreparaAttacco(); }));
+        EXPECT_FALSE(avvisato([] { ErroreAlert(attaccoAttivo.PreparaAttacco()); }));
         prova1(
             src, false, [&](const Coppia&) { return XA1 == XA2 && YA1 == YA2; }, due, avanti);
     }
@@ -239,7 +239,6 @@ TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
     SetPort(&porta);
     scalavid = 0.1;
     AggiornaTolleranze();
-    const Ascolto ascolto;
     segmento(100, 100, 3000, 2500);
     marker(900, 900);
     polilinea({{200, 2000}, {1500, 300}, {2600, 2600}});
@@ -260,7 +259,7 @@ TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
         poni(src, dst, ovunque(), ovunque());
         attaccoAttivo.SetModificato(1);
         for (attaccoAttivo.tipo = 0; attaccoAttivo.tipo <= 2; ++attaccoAttivo.tipo) {
-            attaccoAttivo.PreparaAttacco();
+            ErroreAlert(attaccoAttivo.PreparaAttacco());
             Disegna();
             EventRecord clic;
             clic.when = ora += 1000;   // never a double click

@@ -4,8 +4,9 @@
 
 #include <cmath>
 
-#include "model/Attributi.h"
-#include "registration/solutori.h"
+#include "dialogs/Errori.h"
+#include "model/Unita.h"
+#include "registration/Solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;
@@ -74,7 +75,7 @@ TEST(RamiParalleli, EveryBranchGivesTheFiguresOfTheFormulas) {
         Att4Pt r;
         r.src = forme[c.da];
         r.dst = destinazione(c.a);
-        PreparaQuattro(r, errori);
+        ErroreAlert(PreparaQuattro(r, errori));
         EXPECT_EQ(r.par1 + 2 * r.par2, c.da);
         EXPECT_EQ(r.par1d + 2 * r.par2d, c.a);
         atteso(r, true, c.punto, c.curva, "curve");
@@ -84,7 +85,7 @@ TEST(RamiParalleli, EveryBranchGivesTheFiguresOfTheFormulas) {
         r.dstC = {1900, 1300};
         xAttacco5 = 1650;
         yAttacco5 = 1450;
-        PreparaCinque(r, errori);
+        ErroreAlert(PreparaCinque(r, errori));
         atteso(r, true, c.punto, c.cinque, "five points");
     }
     EXPECT_TRUE(avvisi.empty());
@@ -95,7 +96,7 @@ TEST(RamiParalleli, TheAsymmetriesAreThere) {
     Att4Pt r;
     r.src = forme[3];
     r.dst = forme[3];
-    PreparaQuattro(r, {25, 26, 25, 25, 26, 26});
+    ErroreAlert(PreparaQuattro(r, {25, 26, 25, 25, 26, 26}));
     const double x2 = r.src[1].x, y2 = r.src[1].y;
     double x = x2, y = y2;
     TrasformaFuga(r, false, x, y);

@@ -8,9 +8,10 @@
 #include <cstdio>
 #include <random>
 
+#include "dialogs/Errori.h"
 #include "registration/gauss.h"
 #include "registration/PuntiControllo.h"
-#include "registration/solutori.h"
+#include "registration/Solutori.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;
@@ -80,7 +81,7 @@ Att4Pt preparato(const Quad& src, const Quad& dst) {
     Att4Pt r;
     r.src = src;
     r.dst = dst;
-    PreparaQuattro(r, errori);
+    ErroreAlert(PreparaQuattro(r, errori));
     return r;
 }
 
@@ -282,7 +283,7 @@ TEST(PuntiDiFuga, FivePointsTakeTheGivenCentreOfTheSource) {
     xAttacco5 = 1700;
     yAttacco5 = 1500;
     r.dstC = {-1, -1};   // not asked where sides are not parallel
-    PreparaCinque(r, errori);
+    ErroreAlert(PreparaCinque(r, errori));
     EXPECT_TRUE(avvisi.empty());
     EXPECT_NEAR(r.mid1, r.mid1d, 1e-9);
     EXPECT_NEAR(r.mid2, r.mid2d, 1e-9);
@@ -294,7 +295,7 @@ TEST(PuntiDiFuga, FivePointsTakeTheGivenCentreOfTheSource) {
     r.src = r.dst = piano;
     r.srcC = {-200, 100};
     r.dstC = {400, -300};
-    PreparaCinque(r, errori);
+    ErroreAlert(PreparaCinque(r, errori));
     vicini(mappa(r, true, {200, 100}), {-400, -300}, tolleranzaAngoli);
 }
 
@@ -324,13 +325,13 @@ TEST(PuntiDiFuga, WhatIsNoQuadrilateralAlertsOrStaysFinite) {
 TEST(PuntiDiFuga, TheFreeSolverNamesItsOwnErrors) {
     att4Pt.src = {{{0, 0}, {10, 0}, {20, 0}, {30, 0}}};
     att4Pt.dst = piano;
-    PrepAtt4pt();
+    ErroreAlert(PrepAtt4pt());
     ASSERT_FALSE(avvisi.empty());
     EXPECT_NE(avvisi[0].testo.find("source"), std::string::npos) << avvisi[0].testo;
     att4Pt.src = trapezio;
     att4Pt.dst = altro;
     deformProspettica = 0;   // the free form takes the curve all the same
-    PrepAtt4pt();
+    ErroreAlert(PrepAtt4pt());
     double x = trapezio[2].x, y = trapezio[2].y;
     Traf4Pt(x, y);
     vicini({x, y}, altro[2], 1e-6);

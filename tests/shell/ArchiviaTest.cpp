@@ -5,10 +5,11 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "files/Richieste.h"
 #include "model/Annulla.h"
+#include "model/Documento.h"
 #include "shell/Archivia.h"
 #include "shell/Recupero.h"
-#include "support/Ascolto.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;
@@ -62,14 +63,12 @@ TEST_F(Aperto, ASaveThatFailsLeavesTheOldFileAndTheDrawing) {
     struct rlimit poco {
         1000, prima.rlim_max
     };
-    auto* const segnale = ::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &poco);
     bottoni[3001] = 2;
     myFSS = FSMakeFSSpec(file);
     NomeD = "d.ts3d";
     const std::uint8_t chiuso = TuttoChiuso();   // "save" on the way out
     ::setrlimit(RLIMIT_FSIZE, &prima);
-    ::signal(SIGXFSZ, segnale);
     EXPECT_EQ(chiuso, 0);
     EXPECT_FALSE(ultimoSalvataggioRiuscito);
     EXPECT_EQ(noWindow, 0);
@@ -105,7 +104,7 @@ TEST_F(Aperto, OpeningTakesTheNameAndCanBeUndone) {
     bottoni[3001] = 1;
     ASSERT_TRUE(TuttoChiuso());
     myFSS = FSMakeFSSpec(file);
-    theItem = 31;
+    theItem = rApriDato;
     archivia();
     EXPECT_EQ(indElem, 4);
     EXPECT_EQ(NomeD.str(), "carta.ts3d");
@@ -133,7 +132,7 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
         avvisi.clear();
         if (c.byte) metti(cartella / c.nome, c.byte);
         myFSS = FSMakeFSSpec(cartella / c.nome);
-        theItem = 31;
+        theItem = rApriDato;
         archivia();
         EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{c.avviso}) << c.nome;
         EXPECT_EQ(indElem, 2);
@@ -142,15 +141,13 @@ TEST_F(Aperto, WhatCannotBeOpenedLeavesAnUntitledDrawing) {
     }
 }
 
-TEST_F(Aperto, RequestsThatAreNotBuiltBeepAndChangeNothing) {
-    const Ascolto ascolto;
-    for (const std::int16_t item : std::initializer_list<std::int16_t>{42, 43, 46}) {
-        PoniAnnulla(aElemento);
-        theItem = item;
-        archivia();
-        EXPECT_EQ(annullamento, aElemento) << item;
-    }
-    EXPECT_EQ(ascolto.suoni, 3);
+TEST_F(Aperto, ARequestThatIsNotBuiltBeepsAndChangesNothing) {
+    PoniAnnulla(aElemento);
+    constexpr std::int16_t diNessuno = 46;
+    theItem = diNessuno;
+    archivia();
+    EXPECT_EQ(annullamento, aElemento);
+    EXPECT_EQ(prova::suoni, 1);
     EXPECT_EQ(indElem, 3);
 }
 
@@ -159,18 +156,17 @@ TEST_F(Aperto, ADropThatIsMergedDoesNotBecomeTheDocument) {
     myFSS = FSMakeFSSpec(cartella / "mio.ts3d");
     NomeD = NomeLavoro = "mio.ts3d";
     LeggiDropTS3D(FSMakeFSSpec(cartella / "altro.ts3d"), 0);
-    EXPECT_EQ(theItem, 32);
+    EXPECT_EQ(theItem, rUnisciDato);
     EXPECT_EQ(indElem, 4);
     EXPECT_EQ(NomeD.str(), "mio.ts3d");
     EXPECT_EQ(myFSS.nome, "mio.ts3d");
 }
 
 TEST_F(Aperto, APictureDroppedOnAFullDrawingIsSilent) {
-    const Ascolto ascolto;
     metti(cartella / "foto.png", "no picture");
     maxElementi = indElem;
     LeggiDropPict(FSMakeFSSpec(cartella / "foto.png"));
-    EXPECT_EQ(ascolto.suoni, 0);
+    EXPECT_EQ(prova::suoni, 0);
     EXPECT_EQ(indElem, maxElementi);
 }
 

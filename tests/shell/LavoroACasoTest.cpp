@@ -11,6 +11,8 @@
 
 #include "digitising/TavolettaLettori.h"
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "platform/Automation.h"
 #include "shell/Archivia.h"
@@ -114,7 +116,7 @@ void tavoletta() {
     e.where = Point{caso->tra(500, 3000), caso->tra(500, 3000)};
     e.message = static_cast<std::uint32_t>(caso->tra(0, 5));
     caso->nota("tablet " + std::to_string(e.message));
-    if (!TabAbilit) AccendiTavoletta(Lettore::copione);
+    if (!TabAbilit) AccendiTavoletta(LettoreTavoletta::copione);
     AutoPost(e);
 }
 

@@ -2,6 +2,11 @@
 #include "model/Percorso.h"
 #include "../display/Scena.h"
 #include "display/Disegno.h"
+#include "model/Cursore.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
+#include "model/Vista.h"
+#include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 
@@ -35,8 +40,8 @@ TEST(PercorsoSulloSchermo, ARepaintKeepsItsSidesAndAStepBackTakesTheLastOneOff) 
     punto(300, 100);
     punto(300, 300);
     CalcWindow = 1;
-    Azione = 5;
-    operazCorrente = 4;
+    Azione = sPercorso;
+    operazCorrente = opCalcolatrice;
     xcurs = Xini = Xfine = 500;
     ycurs = Yini = Yfine = 400;
     const auto lati = [&f] { return std::pair(segnato(f, 200, 100), segnato(f, 300, 200)); };
@@ -49,7 +54,7 @@ TEST(PercorsoSulloSchermo, ARepaintKeepsItsSidesAndAStepBackTakesTheLastOneOff) 
     EXPECT_EQ(lati(), std::pair(true, false));
     EXPECT_EQ(std::pair(Xini, Yini), std::pair(300.0, 100.0));   // the rubber band hangs on the point before
     // Another thing under way: nothing of the path.
-    Azione = 0;
+    Azione = sFermo;
     EraseRect(myViewRect);
     Disegna();
     EXPECT_EQ(lati(), std::pair(false, false));

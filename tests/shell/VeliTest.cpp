@@ -11,7 +11,7 @@
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
-#include "editing/Selezione.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
 #include "model/TabellaStato.h"
@@ -102,7 +102,7 @@ struct Situazione {
 
 void strumento(std::int32_t quale, bool perPunti, int punti) {
     operazCorrente = quale;
-    Modalita = 1;
+    Modalita = mDigitazione;
     CurvePerPunti = perPunti;
     DrawPallette();
     constexpr double posti[][2] = {{350, 300}, {700, 650}, {1000, 350}, {1150, 900}};
@@ -110,7 +110,7 @@ void strumento(std::int32_t quale, bool perPunti, int punti) {
 }
 
 void scegli(bool tutto) {
-    Modalita = 0;
+    Modalita = mSelezione;
     DrawPallette();
     if (tutto) {
         SelezionaTutto();
@@ -122,7 +122,7 @@ void scegli(bool tutto) {
 
 void sposta(bool tutto, bool cominciato) {
     scegli(tutto);
-    Modalita = 2;
+    Modalita = mSpostamento;
     DrawPallette();
     DisegnaSelezione();
     if (cominciato) cliccaFoglio(600, 600);
@@ -136,8 +136,8 @@ std::vector<Situazione> situazioni() {
                               {"a move of one, half done", [] { sposta(false, true); }},
                               {"a move of all, half done", [] { sposta(true, true); }},
                               {"a control point to come", [] {
-                                   Modalita = 6;
-                                   operazCorrente = 7;
+                                   Modalita = mAttacco;
+                                   operazCorrente = opOrigine1;
                                    DrawPallette();
                                }}};
     const struct {

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "editing/AttacchiCambiati.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/PuntiControllo.h"
 
@@ -18,7 +19,7 @@ inline void preparaAttacco(const Quad& src, const Quad& dst) {
         AssegnaAttacco(n, src[i].x, src[i].y);
         attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
     }
-    (void)AttacchiCambiati();
+    AttacchiCambiati();
     attaccoAttivo.PreparaAttacco();
 }
 

@@ -1,5 +1,5 @@
-// What a test may know and say about alerts and dialogs: which alerts came, which button they get, who answers an open
-// dialog. Forgotten before each test.
+// What a test may know and say about alerts, beeps and dialogs: which came, which button an alert gets, who answers an
+// open dialog. The suite's one listener. Forgotten before each test.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,9 @@ struct Avviso {
 };
 extern std::vector<Avviso> avvisi;                             // in the order they came
 extern std::map<std::int16_t, std::int16_t> bottoni;           // alert to button; else its default
+extern int suoni;                                              // beeps
 extern std::function<bool(tessaro::DialogPtr)> passoDialogo;   // next step of an open dialog; false cancels it
+void ganciDellaSuite();                                        // back to these, after a test that had hooks of its own
 inline std::vector<std::int16_t> numeriAvvisi() {
     std::vector<std::int16_t> n;
     for (const Avviso& a : avvisi) n.push_back(a.id);

@@ -4,7 +4,8 @@
 #include <initializer_list>
 
 #include "model/Archivio.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 
 namespace prova {
 

@@ -15,7 +15,8 @@ namespace {
 
 std::string secondoLibreria(double v, int decimali) {
     char s[80];
-    return {s, std::to_chars(s, s + sizeof s, v, std::chars_format::fixed, decimali).ptr};
+    const std::string t(s, std::to_chars(s, s + sizeof s, v, std::chars_format::fixed, decimali).ptr);
+    return t[0] == '-' && t.find_first_not_of("-0.") == std::string::npos ? t.substr(1) : t;   // nothing has no sign
 }
 
 void confronta(double v, int decimali) {

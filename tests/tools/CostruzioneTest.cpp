@@ -2,8 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "model/Annulla.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Vincoli.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 #include "tools/Costruzione.h"
 #include "tools/Marker.h"
@@ -19,13 +23,13 @@ enum : std::int16_t { doppio = 0, continua = 1, termina = 2 };
 void clic(double x, double y, std::int16_t bottone = continua) {
     xcurs = x;
     ycurs = y;
-    if (Azione == 5 || (Azione == 1 && (operazCorrente < 2 || CurvePerPunti))) FaiElemento(1);
-    if (Azione == 1 && operazCorrente >= 5 && !CurvePerPunti) FaiElemento(11);
-    if (Azione == 8) FaiElemento(operazCorrente == 5 ? 11 : 12);
+    if (Azione == sPercorso || (Azione == sPrimoPunto && (operazCorrente < opTesto || CurvePerPunti))) FaiElemento(1);
+    if (Azione == sPrimoPunto && operazCorrente >= opCerchio && !CurvePerPunti) FaiElemento(11);
+    if (Azione == sTerzoPunto) FaiElemento(operazCorrente == opCerchio ? 11 : 12);
     tabButton = bottone;
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 8) {
+    } else if (Azione == sTerzoPunto) {
         FineArcoRaggio();
     } else {
         FineSegm();
@@ -38,9 +42,9 @@ void digita(double x, double y, double z, std::int16_t bottone = continua) {
     ZDigit = z;
     IntroDigitale = 1;
     tabButton = bottone;
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 8) {
+    } else if (Azione == sTerzoPunto) {
         FineArcoRaggio();
     } else {
         FineSegm();
@@ -58,10 +62,10 @@ TEST(Costruzione, ASegmentIsTwoClicksAndADoubleClickGivesItUp) {
     fogliovuoto();
     strumento(0);
     clic(100, 200);
-    EXPECT_EQ(Azione, 1);
+    EXPECT_EQ(Azione, sPrimoPunto);
     EXPECT_EQ(indElem, 2);
     clic(300, 250);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     ASSERT_EQ(indElem, 3);
     const auto& s = Elem(3).segm;
     EXPECT_EQ(s.x1, 100.0);
@@ -74,7 +78,7 @@ TEST(Costruzione, ASegmentIsTwoClicksAndADoubleClickGivesItUp) {
 
     clic(500, 500);
     clic(700, 700, doppio);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(indElem, 3);
     EXPECT_EQ(annullamento, aNiente);
 }
@@ -87,13 +91,13 @@ TEST(Costruzione, AFigureWithoutLengthIsIgnoredAndStaysInProgress) {
         const std::int32_t prima = indElem;
         clic(100, 100);
         clic(100, 100);
-        EXPECT_EQ(Azione, 1);
+        EXPECT_EQ(Azione, sPrimoPunto);
         EXPECT_EQ(indElem, prima);
         EXPECT_EQ(ModoAttuale, 10);   // still the rubber band's pen
         clic(130, 140);
         EXPECT_EQ(indElem, prima + (n == 1 ? 2 : 1));
         if (n == 1) clic(0, 0, doppio);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
     }
 }
 
@@ -118,7 +122,7 @@ TEST(Costruzione, APolylinesUndoTakesAllItsSides) {
     EXPECT_EQ(annullamento, aNiente);   // armed when the polyline ends, not after each vertex
     clic(200, 200);
     clic(150, 250, doppio);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(ContinuaPoligono, 0);
     ASSERT_EQ(indElem, 6);
     EXPECT_EQ(Elem(4).poli.numVertici, 2);
@@ -140,7 +144,7 @@ TEST(Costruzione, ATypedLastPointEndsThePolylineWithIt) {
     EXPECT_EQ(Xini, 20);
     EXPECT_EQ(Zinizio, 2);
     digita(20, 30, 3, termina);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(ContinuaPoligono, 0);
     EXPECT_EQ(Elem(3).poli.numVertici, 2);
     EXPECT_EQ(Elem(3).poli.z, 1.0);
@@ -154,7 +158,7 @@ TEST(Costruzione, CirclesAndArcsAreStoredAtTheirLastClick) {
     strumento(5);
     clic(1000, 1000);
     clic(1300, 1400);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     ASSERT_EQ(indElem, 3);
     EXPECT_EQ(Elem(3).cerc.raggio, 500.0);
     EXPECT_EQ(Elem(3).cerc.patternArea, 4);
@@ -162,10 +166,10 @@ TEST(Costruzione, CirclesAndArcsAreStoredAtTheirLastClick) {
     strumento(6);   // by centre: the second click sets radius and start, the third only the sweep
     clic(2000, 1000);
     clic(2300, 1000);
-    EXPECT_EQ(Azione, 8);
+    EXPECT_EQ(Azione, sTerzoPunto);
     EXPECT_EQ(indElem, 3);
     clic(2000, 9000);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     ASSERT_EQ(indElem, 4);
     EXPECT_EQ(Elem(4).arco.raggio, 300.0);
     EXPECT_EQ(Elem(4).arco.angoloInizio, 90.0);
@@ -179,7 +183,7 @@ TEST(Costruzione, CirclesAndArcsAreStoredAtTheirLastClick) {
     strumento(5, true);
     clic(100, 600);
     clic(500, 200);
-    EXPECT_EQ(Azione, 8);
+    EXPECT_EQ(Azione, sTerzoPunto);
     clic(900, 600);
     ASSERT_EQ(indElem, 6);
     EXPECT_NEAR(Elem(6).cerc.cx, 500, 1e-9);
@@ -199,7 +203,6 @@ TEST(Costruzione, CirclesAndArcsAreStoredAtTheirLastClick) {
 TEST(Costruzione, AFullStoreBeepsAndTheToolsGoOn) {
     fogliovuoto(4);
     segmento(0, 0, 1, 1);
-    const Ascolto ascolto;
     strumento(1);
     clic(10, 10);
     clic(20, 10);   // the head fits, its vertex does not
@@ -209,9 +212,9 @@ TEST(Costruzione, AFullStoreBeepsAndTheToolsGoOn) {
     strumento(5);
     clic(10, 10);
     clic(20, 10);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(indElem, 4);
-    EXPECT_EQ(ascolto.suoni, 2);
+    EXPECT_EQ(prova::suoni, 2);
 }
 
 TEST(Costruzione, AConstrainedSideEndsOnItsLineAndTheNextBeginsThere) {
@@ -243,12 +246,12 @@ TEST(Costruzione, AMeasuredPathIsHandedOnAndNotStored) {
     CalcWindow = 1;
     strumento(4);
     clic(10, 10);
-    EXPECT_EQ(Azione, 5);
+    EXPECT_EQ(Azione, sPercorso);
     clic(30, 10);
     clic(30, 40);
-    EXPECT_EQ(Azione, 5);
+    EXPECT_EQ(Azione, sPercorso);
     clic(50, 50, doppio);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
     EXPECT_EQ(indElem, 2);
     EXPECT_EQ(visti, (std::vector<std::string>{"da 10,-10", "a 30,-10", "a 30,-40", "misura"}));
 }
@@ -260,7 +263,7 @@ TEST(Costruzione, AMarkerStandsAtOnceAndLeavesTheReadOutsOrigin) {
     ycurs = 80;
     FaiMarker();
     digita(0, 0, 0);   // gives the typed point to a segment, for its place only
-    Azione = 0;
+    Azione = sFermo;
     lastX = 5;
     XDigit = 1;
     YDigit = 2;

@@ -3,9 +3,12 @@
 
 #include <cmath>
 
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
-#include "support/Ascolto.h"
+#include "support/Avvisi.h"
 #include "support/Foglio.h"
 #include "tools/CursoreVincolato.h"
 
@@ -39,7 +42,7 @@ TEST(CursoreVincolato, LockingAnAxisTakesTheCursorOntoTheFirstPoint) {
     MettiOrizzontale();
     EXPECT_EQ(ycurs, 60);   // no figure is in progress
     MettiOrizzontale();
-    Azione = 1;
+    Azione = sPrimoPunto;
     MettiOrizzontale();
     EXPECT_EQ(ycurs, 20);
     MettiVerticale();
@@ -94,7 +97,6 @@ TEST(CursoreVincolato, TheEarliestRecordInReachAttracts) {
     fogliovuoto();
     ZetaCorrente = 4;
     diffCerca = 10;
-    const Ascolto ascolto;
     struct Agganciato {
         double x, y, z;
     };

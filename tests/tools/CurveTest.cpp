@@ -52,9 +52,8 @@ TEST(Curve, VerticalAndLevelChordsAreNoExceptionWhereTheRuleSaysSo) {
 }
 
 TEST(Curve, PointsOfOneLineAreNoCurveAndTwoOfOneHeightAre) {
-    const puntot terne[][3] = {{{0, 0, 0}, {1, 1, 0}, {2, 2, 0}},
-                               {{3, 3, 0}, {3, 3, 0}, {3, 3, 0}},
-                               {{0, 5, 0}, {10, 5, 0}, {20, 5, 0}}};
+    const puntot terne[][3] = {
+        {{0, 0, 0}, {1, 1, 0}, {2, 2, 0}}, {{3, 3, 0}, {3, 3, 0}, {3, 3, 0}}, {{0, 5, 0}, {10, 5, 0}, {20, 5, 0}}};
     for (const auto& t : terne) {
         puntot centro;
         double raggio = 0;

@@ -5,6 +5,9 @@
 
 #include "display/Disegno.h"
 #include "display/Sovrapposto.h"
+#include "model/Cursore.h"
+#include "model/Penna.h"
+#include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "platform/paint/RasterPort.h"
 #include "support/Foglio.h"
@@ -39,15 +42,16 @@ public:
 void muovi(double x, double y) {
     xcurs = x;
     ycurs = y;
-    const bool segmento = Azione == 5 || operazCorrente < 2 || (Azione == 1 && CurvePerPunti);
-    if (Azione) FaiElemento(segmento ? tSegmento : Azione == 8 && operazCorrente == 6 ? tArco : tCerchio);
+    const bool segmento = Azione == sPercorso || operazCorrente < opTesto || (Azione == sPrimoPunto && CurvePerPunti);
+    if (Azione)
+        FaiElemento(segmento ? tSegmento : Azione == sTerzoPunto && operazCorrente == opArco ? tArco : tCerchio);
 }
 
 void premi(std::int16_t bottone) {
     tabButton = bottone;
-    if (Azione == 0) {
+    if (Azione == sFermo) {
         InitSegm();
-    } else if (Azione == 8) {
+    } else if (Azione == sTerzoPunto) {
         FineArcoRaggio();
     } else {
         FineSegm();
@@ -67,7 +71,7 @@ TEST(Elastico, AFigureGivenUpLeavesTheScreenAsItWas) {
         premi(1);
         for (const double x : {350, 520, 780}) muovi(x, 420);
         premi(0);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
         EXPECT_EQ(schermo.segnati(), 0);
     }
 }
@@ -97,7 +101,7 @@ TEST(Elastico, AFinishedFigureStandsAloneAsARepaintWouldDrawIt) {
         if (Azione) premi(1);
         muovi(610, 520);
         if (Azione) premi(1);
-        EXPECT_EQ(Azione, 0);
+        EXPECT_EQ(Azione, sFermo);
         const int lasciati = schermo.segnati();
         EXPECT_GT(lasciati, 20);
 

@@ -6,11 +6,9 @@ namespace tessaro {
 
 namespace {
 
-constexpr Pattern nero{{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}};
-
 // Row n is pattern n + 1.
 constexpr std::array<Pattern, 38> tavola{{
-    nero,                                                 //  1 black
+    qdBlack,                                              //  1 black
     {{0xDD, 0xFF, 0x77, 0xFF, 0xDD, 0xFF, 0x77, 0xFF}},   //  2 seven eighths
     {{0xDD, 0x77, 0xDD, 0x77, 0xDD, 0x77, 0xDD, 0x77}},   //  3 dark grey
     {{0xAA, 0x55, 0xAA, 0x55, 0xAA, 0x55, 0xAA, 0x55}},   //  4 grey
@@ -52,11 +50,7 @@ constexpr std::array<Pattern, 38> tavola{{
 
 }   // namespace
 
-constinit const Pattern qdBlack = tavola[0];
-constinit const Pattern qdDkGray = tavola[2];
-constinit const Pattern qdGray = tavola[3];
-constinit const Pattern qdLtGray = tavola[22];
-constinit const Pattern qdWhite = tavola[19];
+static_assert(qdDkGray == tavola[2] && qdGray == tavola[3] && qdLtGray == tavola[22] && qdWhite == tavola[19]);
 
 const Pattern& GetIndPattern(std::int32_t number) {
     const bool known = number >= 1 && number <= static_cast<std::int32_t>(tavola.size());

@@ -32,6 +32,8 @@ enum : std::uint16_t {
     opFillPixPat = 0x14,
     opRGBFgCol = 0x1A,
     opRGBBkCol = 0x1B,
+    opHiliteMode = 0x1C,
+    opHiliteColor = 0x1D,
     opDefHilite = 0x1E,
     opLine = 0x20,
     opLineFrom = 0x21,

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/pict/Bits.h"
+#include "platform/pict/Codifiche.h"
 
 namespace tessaro {
 
@@ -37,28 +38,6 @@ void saltaMaschera(Lettore& l, std::size_t lunga) {
     Lettore prova = l;
     l.salta(prova.u32());
     l.salta(lunga);
-}
-
-// Uncoded pixels: rows without padding, alpha in front at 32 bits.
-bool decodificaGrezza(const ImmagineCompressa& c, Immagine& out) {
-    if (c.depth != 24 && c.depth != 32 && c.depth != 16) return false;
-    const auto larghi = static_cast<std::size_t>(c.width);
-    const auto passo = static_cast<std::size_t>(c.depth) / 8;
-    const std::size_t righe = std::min(static_cast<std::size_t>(c.height), c.dati.size() / (larghi * passo));
-    if (righe == 0) return false;
-    BitsTesta t;
-    t.diretto = true;
-    t.pixelSize = c.depth == 16 ? 16 : 32;
-    t.packType = c.depth == 24 ? 2 : 1;
-    t.cmpCount = 3;
-    t.bounds = Rect{0, 0, static_cast<std::int32_t>(righe), c.width};
-    out.width = c.width;
-    out.height = static_cast<std::int32_t>(righe);
-    out.pixels.resize(larghi * righe);
-    DecodificaRighe decodifica(t);
-    for (std::size_t y = 0; y < righe; ++y)
-        decodifica.riga(c.dati.substr(y * larghi * passo, larghi * passo), out.pixels.data() + y * larghi);
-    return true;
 }
 
 }   // namespace
@@ -112,8 +91,7 @@ bool LeggiNonCompressa(std::string_view dati, ImmagineCompressa& c, std::uint16_
 }
 
 bool DecodificaCompressa(const ImmagineCompressa& c, std::int32_t reduce, Immagine& out) {
-    constexpr std::uint32_t grezza = 0x72617720;   // 'raw '
-    if (c.codice == grezza) return decodificaGrezza(c, out);
+    if (DecodificaAntica(c, out)) return true;
     if (!DecodeImageBytes(c.dati, reduce, out) || out.pixels.empty()) return false;
     return out.width > 0 && out.height > 0;
 }

@@ -33,6 +33,7 @@ public:
     bool esegui(EsitoPict& esito);   // true when all could be drawn
 
 private:
+    static constexpr RGBColor evidenzaUsuale{0xB4B4, 0xD5D5, 0xFEFE};
     bool tutte();   // the opcodes in their order; false where they make no sense
     // A pattern in the picture's terms: bits in the colours of the moment, or with colours of its own.
     struct Retino {
@@ -79,7 +80,9 @@ private:
     std::int16_t modoPenna = patCopy;
     Point misuraPenna{1, 1};
     RGBColor fronte, sfondo{65535, 65535, 65535};
-    std::array<Rect, 4> ultimo{};   // of rectangles, rounded ones, ovals, arcs
+    Rect ultimo;              // the one that `same` means, of rectangles, rounded ones, ovals and arcs alike
+    bool evidenzia = false;   // the next inverted figure is highlighted instead
+    RGBColor evidenza = evidenzaUsuale;
     Polygon ultimoPoligono;
     Region ultimaRegione;
     Point ovale, pennaQui, testoQui;

@@ -65,6 +65,10 @@ std::uint8_t carattere(int qtKey, const QString& text, Qt::KeyboardModifiers m);
 void iniettaTasto(QWidget* finestra, std::uint8_t macRoman, std::uint16_t modifiers);
 Qt::KeyboardModifiers modificatoriQt(std::uint16_t m);
 
+// --- what a save that was killed leaves beside its document
+std::string RadiceVicino(const std::string& nome);     // how the neighbours of a file name begin; six characters follow
+void TogliViciniVecchi(const std::string& percorso);   // those that are older than the document are removed
+
 // --- text
 inline QString daMac(std::string_view macRoman) { return QString::fromStdString(MacToUtf8(macRoman)); }
 inline std::string aMac(const QString& s) { return Utf8ToMac(s.toStdString()); }

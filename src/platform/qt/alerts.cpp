@@ -10,7 +10,7 @@
 #include "platform/Dialogs.h"
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 

@@ -22,7 +22,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/Tablet.h"
 
@@ -127,6 +127,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     QImageReader::setAllocationLimit(0);
     // Numbers in files and scripts have a point whatever the desktop says.
     std::setlocale(LC_NUMERIC, "C");
+    std::signal(SIGXFSZ, SIG_IGN);   // a file-size limit is an error of the write that meets it, and no death
     if (a.script) parificaCopione();
     if (!a.script) ascoltaSegnali();
     QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 // The toolkit's own doors for tests; it exports them without a public header.
@@ -149,7 +149,7 @@ bool AutoScreenshot(std::string_view path) {
 
 std::string AutoWindowTitle() {
     const Finestra* f = finestraAperta();
-    return f == nullptr ? std::string{} : MacToUtf8(f->titolo);
+    return f == nullptr ? std::string{} : MacToUtf8(f->titolo) + (f->cambiata ? " *" : "");
 }
 
 }   // namespace tessaro

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {
@@ -86,7 +86,10 @@ void Foglio::accodaPuntatore(EventKind what, QPointF where, Qt::KeyboardModifier
 
 void Foglio::premi(QMouseEvent* e) {
     if (e->button() != Qt::LeftButton && e->button() != Qt::RightButton) return;
-    if (premuto != Qt::NoButton) return;   // a second button does not begin a second press
+    if (premuto != Qt::NoButton) {
+        if (e->button() != premuto && e->buttons().testFlag(premuto)) return;   // a second button is no second press
+        lascia();                                                               // the release went to a pop-up
+    }
     premuto = e->button();
     const std::uint16_t extra = static_cast<std::uint16_t>(premuto == Qt::RightButton ? controlKey : 0);
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), extra, e->timestamp());

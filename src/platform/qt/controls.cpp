@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {

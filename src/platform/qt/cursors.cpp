@@ -8,7 +8,7 @@
 
 #include <map>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {

@@ -20,7 +20,7 @@
 
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 

@@ -21,7 +21,7 @@
 #include "platform/Menus.h"
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/qt/Interno.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -168,8 +169,7 @@ mode_t maschera() {
 // Makes the new file beside `percorso`: an open descriptor, or -1 with errno set.
 int creaVicino(const std::string& percorso, std::string& vicino) {
     const std::filesystem::path p(percorso);
-    // A long name leaves no room for the suffix: what tells the neighbour from others is its ending alone.
-    const std::string nome = "." + p.filename().string().substr(0, 200) + ".XXXXXX";
+    const std::string nome = RadiceVicino(p.filename().string()) + "XXXXXX";
     std::string modello = (p.has_parent_path() ? p.parent_path() / nome : std::filesystem::path(nome)).string();
     const int fd = ::mkostemp(modello.data(), O_CLOEXEC);
     if (fd >= 0) vicino = modello;
@@ -194,6 +194,7 @@ OSErr apriVicino(const std::string& percorso, FileAperto& f) {
     // A device, and a file that has other names, are what they are: only their content can be replaced.
     if (esiste && (!S_ISREG(vecchio.st_mode) || vecchio.st_nlink > 1)) return apriSulPosto(percorso, f);
     if (esiste && ::access(percorso.c_str(), W_OK) != 0) return errno == EACCES ? OSErr{fLckdErr} : erroreDi(errno);
+    TogliViciniVecchi(percorso);
     f.fd = creaVicino(percorso, f.vicino);
     if (f.fd < 0) {
         const int perche = errno;

@@ -4,7 +4,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {

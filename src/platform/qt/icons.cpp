@@ -11,7 +11,7 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {

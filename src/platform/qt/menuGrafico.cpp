@@ -12,10 +12,11 @@
 
 #include <algorithm>
 
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Penna.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
+#include "platform/Quickdraw.h"
 #include "platform/Resources.h"
 
 namespace tessaro {

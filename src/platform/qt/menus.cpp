@@ -10,7 +10,7 @@
 
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 

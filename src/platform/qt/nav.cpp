@@ -11,7 +11,7 @@
 #include "platform/Files.h"
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
-#include "platform/qt/Testi.h"
+#include "platform/qt/TestiQt.h"
 
 namespace tessaro {
 
@@ -67,6 +67,27 @@ QStringList filtri(std::int16_t tipi) {
     return v;
 }
 
+// The kinds of a save, one below the other; the chosen one's suffix takes the place of the name's.
+void specie(QFileDialog& richiesta, std::int16_t prima) {
+    QStringList nomi, suffissi;
+    for (const RigaRisorsa& r : RigheRisorsa("types.txt")) {
+        if (numeroDi(r.parole[0], 0) != prima + nomi.size() || r.parole.size() < 2) continue;
+        QStringList suoi;
+        for (std::size_t i = 1; i < r.parole.size(); ++i) suoi << daUtf8(r.parole[i]);
+        nomi << filtro(daUtf8(testo("types." + r.parole[0])), suoi);
+        suffissi << suoi.constFirst();
+    }
+    richiesta.setNameFilters(nomi);
+    QObject::connect(&richiesta, &QFileDialog::filterSelected, &richiesta,
+                     [&richiesta, nomi, suffissi](const QString& f) {
+                         const auto quale = nomi.indexOf(f);
+                         if (quale < 0 || richiesta.selectedFiles().isEmpty()) return;
+                         const QFileInfo ora(richiesta.selectedFiles().constFirst());
+                         richiesta.setDefaultSuffix(suffissi[quale]);
+                         richiesta.selectFile(ora.completeBaseName() + QLatin1Char('.') + suffissi[quale]);
+                     });
+}
+
 // Shows a request and waits for its end; true when it was accepted.
 bool attendi(QDialog& richiesta) {
     const Annidato annidato;
@@ -112,7 +133,7 @@ bool NavGetFile(std::string_view prompt, std::int16_t types, FSSpec& out) {
 }
 
 // A file that is there already is asked about by the request itself.
-bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& out) {
+bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& out, std::int16_t types) {
     if (copione() != nullptr) return daCopione(true, out);
     if (!conFinestre()) return false;
     const QString nome = daMac(defaultName);
@@ -121,6 +142,7 @@ bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& o
     richiesta.setAcceptMode(QFileDialog::AcceptSave);
     richiesta.setFileMode(QFileDialog::AnyFile);
     richiesta.setDefaultSuffix(suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso);
+    if (types != 0) specie(richiesta, types);
     richiesta.selectFile(nome);
     return daRichiesta(richiesta, out);
 }

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/Tablet.h"
 

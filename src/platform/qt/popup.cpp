@@ -9,11 +9,13 @@
 
 #include <algorithm>
 
-#include "model/Attributi.h"
 #include "model/Colori.h"
+#include "model/Penna.h"
 #include "platform/Menus.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/Menu.h"
+#include "platform/Quickdraw.h"
 
 namespace tessaro {
 
@@ -87,6 +89,8 @@ std::int16_t PopUpMenuSelect(std::int16_t menu, Point where, std::int16_t item) 
     while (q->isVisible() && waitStep(Attesa::popup, -1)) {}
     q->close();
     popupAperto = 0;
+    // The pop-up took the release of the press that opened it.
+    if (Finestra* f = finestraAperta(); f != nullptr && f->foglio != nullptr) f->foglio->lascia();
     return sceltaPopup;
 }
 

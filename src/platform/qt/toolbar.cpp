@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
 
 namespace tessaro {
@@ -150,6 +150,7 @@ void HiliteControl(ControlHandle c, std::int16_t part) {
     b->setEnabled(part != parteSpenta);
     b->setCheckable(part == parteAccesa);
     b->setChecked(part == parteAccesa);
+    b->update();   // a button that is no longer checkable loses its light without a word
 }
 
 std::int16_t GetControlHilite(ControlHandle c) { return c == nullptr ? std::int16_t{0} : c->parte; }

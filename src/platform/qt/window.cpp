@@ -16,8 +16,9 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/qt/Finestra.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
+#include "platform/Titolo.h"
 
 namespace tessaro {
 
@@ -69,7 +70,7 @@ QSize contenuto() {
 // The program's name stands behind the drawing's. Dialogs do without it, their title bars are short.
 void intitola(const QString& disegno) {
     const QString programma = QStringLiteral("Tessaro 3D");
-    cornice->setWindowTitle(disegno.isEmpty() ? programma : disegno + QStringLiteral(" — ") + programma);
+    cornice->setWindowTitle(disegno.isEmpty() ? programma : disegno + QStringLiteral("[*] — ") + programma);
 }
 
 }   // namespace
@@ -193,6 +194,12 @@ void SetWTitle(WindowPtr w, std::string_view macRoman) {
     if (w == nullptr) return;
     w->titolo = macRoman;
     if (cornice != nullptr) intitola(daMac(macRoman));
+}
+
+void SetWindowModified(WindowPtr w, bool modified) {
+    if (w == nullptr) return;
+    w->cambiata = modified;
+    if (cornice != nullptr) cornice->setWindowModified(modified);
 }
 
 std::string GetWTitle(WindowPtr w) { return w == nullptr ? std::string{} : w->titolo; }
