@@ -10,6 +10,7 @@
 #include <random>
 #include <vector>
 
+#include "bitmap/PerRighe.h"
 #include "display/Disegno.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
@@ -34,6 +35,7 @@ void prepara() {
     if (!preso) std::abort();
     AzzeraStato();
     AzzeraArchivio();
+    filiRaster = 1;   // one thread against one, but where bands are what is measured
     scalavid = 1;
     OrigX = OrigY = 0;
     AggiornaTolleranze();
@@ -239,6 +241,20 @@ void mistoNullaCopia(benchmark::State& state) {
     });
 }
 
+// The repaint in bands on so many threads, against the same on one. The scan alone is what no view holds anything of.
+void strisce(benchmark::State& state, bool inVista) {
+    prepara();
+    disegnoMisto(1, inVista ? 0 : 5000, inVista ? 0 : 5000);
+    const auto su = [](std::int32_t fili) {
+        return [fili] {
+            filiRaster = fili;
+            Disegna();
+        };
+    };
+    const auto fili = static_cast<std::int32_t>(state.range(0));
+    confronta(state, 1.0 / std::min(1.7, fili * 0.85), su(fili), su(1));
+}
+
 }   // namespace
 
 BENCHMARK_CAPTURE(segmenti, solid, 1, false)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -248,5 +264,8 @@ BENCHMARK(mistoTutto)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoVentesimo)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoNulla)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoNullaCopia)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+BENCHMARK_CAPTURE(strisce, drawing, true)->Arg(2)->Arg(4)->Arg(16)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(strisce, scan, false)->Arg(2)->Arg(16)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

@@ -9,7 +9,6 @@
 #include <random>
 #include <vector>
 
-#include "display/Disegno.h"
 #include "editing/AnnullaComando.h"
 #include "editing/Cancella.h"
 #include "editing/Scelta.h"

@@ -8,14 +8,15 @@
 #include <random>
 #include <vector>
 
-#include "digitising/Attacchi.h"
 #include "display/Disegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 
 using namespace tessaro;
 

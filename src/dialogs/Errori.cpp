@@ -101,13 +101,6 @@ void MostraGuasto(const Guasto& g) {
     StopAlert(9101);
 }
 
-void IOERR2(OSErr e) {
-    if (e > -1 || e < -523) return;
-    Messaggio(e);
-    SetCursor(arrowCursor);
-    uscita = 1;
-}
-
 void IOERR3() { ioerrtext(out); }
 
 void ioerrtext(std::FILE* f) {
@@ -118,12 +111,6 @@ void ioerrtext(std::FILE* f) {
     if (f == inst) inst = nullptr;
     Messaggio(e);
     uscita = 1;
-}
-
-void Sbaglio(std::int16_t code, std::uint8_t& flag) {
-    if (code >= 1) return;
-    StopAlertParam(avvisoDi(code), "");
-    flag = 1;
 }
 
 void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
@@ -144,5 +131,13 @@ void AvvisoMemoria(std::int64_t byte) {
                  + GetIndString(listaMemoria, 2) + std::to_string(libera / mega) + GetIndString(listaMemoria, 3);
     StopAlertParam(avvisoMemoria, quanto);
 }
+
+namespace {
+[[maybe_unused]] const bool agganciati = [] {
+    mostraErroreFile = Messaggio;
+    mostraSbaglio = [](std::int16_t code) { StopAlertParam(avvisoDi(code), ""); };
+    return true;
+}();
+}   // namespace
 
 }   // namespace tessaro

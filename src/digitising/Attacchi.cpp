@@ -4,8 +4,10 @@
 #include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Disegno.h"
-#include "display/Zoom.h"
+#include "display/AttacchiMarche.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -15,50 +17,10 @@
 #include "model/Vista.h"
 #include "platform/Windows.h"
 #include "registration/attaccoDinamico.h"
-#include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "tools/CursoreVincolato.h"
 
 namespace tessaro {
-
-void AssegnaAttacco(std::int16_t n, const double& x, const double& y) {
-    auto& primo = Elem(1).att;
-    auto& secondo = Elem(2).att;
-    switch (n) {
-    case 1:
-        primo.x1 = x;
-        primo.y1 = y;
-        break;
-    case 2:
-        primo.x2 = x;
-        primo.y2 = y;
-        break;
-    case 3:   // the Z fields are not needed for Z
-        primo.z1 = x;
-        primo.z2 = y;
-        break;
-    case 4:
-        secondo.z1 = x;
-        secondo.z2 = y;
-        break;
-    case 5:
-        xAttacco5 = x;
-        yAttacco5 = y;
-        break;
-    default: break;
-    }
-}
-
-Coppia LeggiAttacco(std::int16_t n) {
-    const auto& primo = Elem(1).att;
-    const auto& secondo = Elem(2).att;
-    switch (n) {
-    case 1: return {primo.x1, primo.y1};
-    case 2: return {primo.x2, primo.y2};
-    case 3: return {primo.z1, primo.z2};
-    case 4: return {secondo.z1, secondo.z2};
-    default: return {xAttacco5, yAttacco5};
-    }
-}
 
 bool AttaccoSelezionato(std::int16_t n) {
     const PuntiSelezione s = PuntiPerAttacco(n);
@@ -71,21 +33,6 @@ bool AttaccoSelezionato(std::int16_t n) {
 }
 
 namespace {
-
-void copiePunti12() {
-    const Coppia p1 = LeggiAttacco(1), p2 = LeggiAttacco(2);
-    XA1 = p1.x;
-    YA1 = p1.y;
-    XA2 = p2.x;
-    YA2 = p2.y;
-}
-
-void aggiornaTrasformazioni() {
-    if (Elem(2).att.coordReali) CalcTransfC();
-    if (!attaccoAttivo.GetModificato()) return;
-    ErroreAlert(attaccoAttivo.PreparaAttacco());
-    InvalWind();
-}
 
 using DisegnaMarca = void (*)();
 constexpr DisegnaMarca marche[] = {DisAttacco1, DisAttacco2, DisAttacco3, DisAttacco4, DisAttacco5};
@@ -106,7 +53,7 @@ void prendiPunto(std::int16_t n) {
 
 void segnaPunto(std::int16_t n) {
     if (n <= 2) {
-        copiePunti12();
+        CopiePunti12();
     } else if (n == 5) {
         OKAttacco5 = 1;
     } else {
@@ -140,11 +87,6 @@ Coppia destinazione(std::int16_t n) {
 
 }   // namespace
 
-void AttacchiCambiati() {
-    copiePunti12();
-    aggiornaTrasformazioni();
-}
-
 void Attacco(std::int16_t n) {
     if (n < 1 || n > 5) return;
     const bool digitato = IntroDigitale != 0;
@@ -176,10 +118,23 @@ void Attacco(std::int16_t n) {
     marche[n - 1]();
     PenSize(spessore, spessore);
     if (!digitato) Elastico();   // a figure in progress goes on
-    aggiornaTrasformazioni();
+    TrasformazioniCambiate();
     PoniAnnulla(aNiente);
     IntroDigitale = 0;
     if (!guasto.empty()) RifiutaRegistrazione(guasto);
+}
+
+void SetAttacco(std::int16_t n, const double& x, const double& y) {
+    const PuntiSelezione s = PuntiPerAttacco(n);
+    if (!s.presi) {
+        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), x, y);
+        return;
+    }
+    for (std::int16_t i = 0; i < s.numero; ++i) {
+        const Coppia& p = s.punti[static_cast<std::size_t>(i)];
+        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1 + i), p.x, p.y);
+    }
+    if (s.figura) InvalWind();
 }
 
 void AttaccoDin(std::int16_t n) {
@@ -191,14 +146,14 @@ void AttaccoDin(std::int16_t n) {
     if (digitato) {
         zcurs = ZDigit;
     } else {
-        attaccoAttivo.DisAttacco(n);
+        DisAttaccoDin(n);
         XDigit = xcurs;
         YDigit = ycurs;
         AttaccaCursore(XDigit, YDigit, zcurs);
     }
-    attaccoAttivo.SetAttacco(n, XDigit, YDigit);
+    SetAttacco(n, XDigit, YDigit);
     PenMode(patCopy);
-    attaccoAttivo.DisAttacco(n);
+    DisAttaccoDin(n);
     PenSize(spessore, spessore);
     if (!digitato) Croce();
     for (const Coppia& c : {prima, destinazione(n)}) invalidaAttorno(c);   // black in xor leaves a stain of a blue mark

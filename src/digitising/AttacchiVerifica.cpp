@@ -1,48 +1,20 @@
 // Checking the control points, and taking them all from the selection at once.
 #include "digitising/Attacchi.h"
 
-#include <cmath>
-
 #include "dialogs/Errori.h"
 #include "digitising/PuntiSelezione.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Voci.h"
 #include "platform/Automation.h"
 #include "platform/Events.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
-
-namespace {
-
-bool vicini(const Coppia& a, const Coppia& b) {
-    constexpr double tolleranza = 0.001;   // sheet units
-    return std::fabs(a.x - b.x) < tolleranza && std::fabs(a.y - b.y) < tolleranza;
-}
-
-// Lower left, upper left, upper right, lower right, with Y down; equal coordinates pass.
-bool maleOrdinati(const std::array<Coppia, 4>& p) {
-    return p[0].x > p[3].x || p[1].x > p[2].x || p[1].y > p[0].y || p[2].y > p[3].y;
-}
-
-}   // namespace
-
-std::int16_t GuastoCoincidenti(const std::array<Coppia, 4>& punti) {
-    constexpr std::int16_t erroreCoincidenti = 32;
-    for (std::size_t i = 0; i < punti.size(); ++i)
-        for (std::size_t j = i + 1; j < punti.size(); ++j)
-            if (vicini(punti[i], punti[j])) return erroreCoincidenti;
-    return 0;
-}
-
-std::int16_t GuastoAttacchi(const std::array<Coppia, 4>& punti) {
-    constexpr std::int16_t erroreOrdine = 33;
-    if (const std::int16_t guasto = GuastoCoincidenti(punti)) return guasto;
-    return maleOrdinati(punti) ? erroreOrdine : std::int16_t{0};
-}
 
 void MostraVerifica(std::int16_t guasto) {
     constexpr std::int16_t avvisoBuoni = 147;
@@ -77,13 +49,29 @@ void TrasformaPuntiOrigine() {
     InvalWind();
 }
 
+void VerificaDestinazione() {
+    const auto &x = attaccoAttivo.xAtt, &y = attaccoAttivo.yAtt;
+    MostraVerifica(GuastoCoincidenti({{{x[0], y[0]}, {x[1], y[1]}, {x[2], y[2]}, {x[3], y[3]}}}));   // in any order
+}
+
+void TrasformaPuntiDestinazione() {
+    const PuntiSelezione s = PuntiPerTutti();
+    if (!s.presi) return;
+    for (std::int16_t i = 0; i < s.numero; ++i) {
+        const Coppia& p = s.punti[static_cast<std::size_t>(i)];
+        attaccoAttivo.SetXYAtt(i, p.x, p.y);
+    }
+    if (attaccoAttivo.GetModificato()) attaccoAttivo.PreparaAttacco();
+    InvalWind();
+}
+
 void do_Trasforma() {
     constexpr std::int32_t lampeggio = 30;   // ticks of a menu's blink: only a script's clock sees them
     if (AvvioInForza().script) Delay(lampeggio);
     if (theItem == voci::trasforma::origineDaSelezione && !noWindow) {
         TrasformaPuntiOrigine();
     } else if (theItem == voci::trasforma::destinazioneDaSelezione && !noWindow) {
-        attaccoAttivo.TrasformaPuntiDestinazione();
+        TrasformaPuntiDestinazione();
     } else {
         SysBeep(30);
     }

@@ -1,11 +1,13 @@
 // Transformed copies of the selection, added behind the drawing: what is really drawn of the live transformation.
+#include "digitising/AttaccoAggiungi.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
 #include "digitising/RegistrazioneValida.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Figura.h"
@@ -44,113 +46,50 @@ PStr255 nomeSelezione() {
 
 }   // namespace
 
-std::int16_t ActiveAttach::PoniLucido() {
-    constexpr std::int16_t dialogo = 138, ok = 1, annulla = 2, campo = 4, mostra = 5;
-    constexpr std::int16_t nessuno = -1, massimo = 99;
-    if (!qualcosaSelezionato()) {
-        SysBeep(30);
-        return nessuno;
-    }
-    ParamText(nomeSelezione().view(), "", "", "");
-    const DialogoAperto aperto(dialogo);
-    const auto display = [] {
-        const PStr255 s = Puntosel.multipla ? PStr255("") : NumToString(Elem(Puntosel.indice).lucido);
-        SetDialogItemText(theDialog, campo, s.view());
-    };
-    display();
-    SelectDialogItemText(theDialog, campo, 0, 100);
-    std::int16_t layer = nessuno;
-    esito = 1;
-    do {
-        ModalDialog(MyMovableFilter, itemCorrente);
-        if (itemCorrente == mostra) {
-            esito = 1;
-            display();
-        }
-    } while (itemCorrente != annulla && !(itemCorrente == ok && LeggiCampo(campo, std::int16_t{0}, massimo, layer)));
-    return itemCorrente == ok && qualcosaSelezionato() ? layer : nessuno;
-}
-
-// --- the copies
-
 namespace {
 
-constexpr std::int32_t due = 0;   // the two-point mode
+class TLucidoCopie : public TParametri {
+    static constexpr std::int16_t dialogo = 138, ok = 1, annulla = 2, campo = 4, mostra = 5;
 
-Coppia mappato(double x, double y) {
-    attaccoAttivo.Traf4Pt(x, y);
-    return {x, y};
-}
+public:
+    static constexpr std::int16_t nessuno = -1;
 
-void mappa(f64& x, f64& y) {
-    const Coppia p = mappato(x, y);
-    x = p.x;
-    y = p.y;
-}
-
-// Centre and a point of the rim, both mapped, give centre and radius.
-void mappaCerchio(f64& cx, f64& cy, f64& raggio) {
-    const Coppia c = mappato(cx, cy), bordo = mappato(cx + raggio, cy);
-    cx = c.x;
-    cy = c.y;
-    raggio = Distanza(c.x, c.y, bordo.x, bordo.y);
-}
-
-// An angle of a text, the system in force: whole, from 0 to less than a turn, so that copies of copies stay readable.
-std::int16_t angoloDiTesto(double v) {
-    const double intero = std::round(v);
-    double giro = RadToAng(DuePig, gradCorrente);
-    if (giro > 100) giro = std::round(giro);   // gons and degrees: without what the 32-bit pi adds
-    if (!std::isfinite(intero) || !(giro > 0)) return 0;
-    return arrotonda16(intero - giro * std::floor(intero / giro));
-}
-
-void scala(f16& v, double fattore) { v = arrotonda16(v * fattore); }
+    void Display() override {
+        const PStr255 s = Puntosel.multipla ? PStr255("") : NumToString(Elem(Puntosel.indice).lucido);
+        SetDialogItemText(theDialog, campo, s.view());
+    }
+    std::int16_t chiedi() {
+        constexpr std::int16_t massimo = 99;
+        const DialogoAperto aperto(dialogo);
+        Display();
+        SelectDialogItemText(theDialog, campo, 0, 100);
+        std::int16_t layer = nessuno;
+        esito = 1;
+        do {
+            ModalDialog(MyMovableFilter, itemCorrente);
+            if (itemCorrente == mostra) {
+                esito = 1;
+                Display();
+            }
+        } while (itemCorrente != annulla
+                 && !(itemCorrente == ok && LeggiCampo(campo, std::int16_t{0}, massimo, layer)));
+        return itemCorrente == ok ? layer : nessuno;
+    }
+};
 
 }   // namespace
 
-void ActiveAttach::trasformaTesto(elemento& e) {
-    auto& t = e.test;
-    const Coppia prima{t.x, t.y};
-    mappa(t.x, t.y);
-    double angolo = 0, fattore = 0;
-    if (tipo == due) {
-        angolo = t.angolo + RadToAng(rotazione, gradCorrente);
-        fattore = transf.ingr;
-    } else {
-        // A point along the text, one height away, tells direction and size.
-        const auto L = static_cast<float>(DecPunto * t.altezza);
-        Coppia lungo;
-        PolarCart(prima.x, prima.y, AngToRad(t.angolo, gradCorrente), L, lungo.x, lungo.y, orientCorrente);
-        lungo = mappato(lungo.x, lungo.y);
-        double distanza = 0;
-        CartPolar(t.x, t.y, lungo.x, lungo.y, distanza, angolo, orientCorrente);
-        angolo = Pig - angolo;
-        if (angolo < 0) angolo += DuePig;
-        angolo = RadToAng(angolo, gradCorrente);
-        fattore = distanza / L;
+std::int16_t PoniLucidoCopie() {
+    if (!qualcosaSelezionato()) {
+        SysBeep(30);
+        return TLucidoCopie::nessuno;
     }
-    t.angolo = angoloDiTesto(angolo);
-    scala(t.altezza, fattore);
-    scala(t.larghezza, fattore);
-    scala(t.dimensione, fattore);
+    ParamText(nomeSelezione().view(), "", "", "");
+    const std::int16_t layer = TLucidoCopie().chiedi();
+    return qualcosaSelezionato() ? layer : TLucidoCopie::nessuno;
 }
 
-void ActiveAttach::TrasformaCopia(elemento& e) {
-    switch (e.tipo) {
-    case tPict: break;   // its corner stays
-    case tTesto: trasformaTesto(e); break;
-    case tCerchio: mappaCerchio(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
-    case tArco:
-        mappaCerchio(e.arco.cx, e.arco.cy, e.arco.raggio);
-        if (tipo == due) {
-            const double girato = e.arco.angoloInizio + RadToAng(rotazione, gradSessadecimali);
-            e.arco.angoloInizio = girato - 360 * std::floor(girato / 360);
-        }
-        break;
-    default: PerPunti(e, mappa); break;
-    }
-}
+// --- the copies
 
 namespace {
 
@@ -178,9 +117,9 @@ void copia(std::int32_t n, std::int32_t ultimo, std::int16_t layer) {
 
 }   // namespace
 
-void ActiveAttach::AggiungiElemento(std::int16_t layer) { copia(Puntosel.indice, indElem, layer); }
+void AggiungiElemento(std::int16_t layer) { copia(Puntosel.indice, indElem, layer); }
 
-void ActiveAttach::AggiungiMultipla(std::int16_t layer) {
+void AggiungiMultipla(std::int16_t layer) {
     if (std::int64_t{Puntosel.numSel} + indElem >= maxElementi) return;
     const std::int32_t ultimo = indElem;
     for (std::int32_t n = 3; n <= ultimo; ++n)
@@ -214,11 +153,11 @@ void togliCopie() {
 
 }   // namespace
 
-void ActiveAttach::Aggiungi() {
-    const std::int16_t layer = PoniLucido();
+void Aggiungi() {
+    const std::int16_t layer = PoniLucidoCopie();
     if (layer < 0) return;
     if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
-    ErroreAlert(PreparaAttacco());   // afresh: points may have moved since
+    ErroreAlert(attaccoAttivo.PreparaAttacco());   // afresh: points may have moved since
     CominciaAggiunta();
     if (Puntosel.multipla) {
         AggiungiMultipla(layer);

@@ -1,13 +1,18 @@
 // The dialogs of the live transformation: the present one and the older one, with the same items.
+#include "digitising/AttaccoDialogo.h"
+
+#include <array>
+
 #include "dialogs/Errori.h"
-#include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 
 namespace tessaro {
 
 namespace {
+
+ActiveAttach& a = attaccoAttivo;
 
 // Items: ten fields in a row, X1 Y1 to X5 Y5, in real coordinates.
 enum : std::int16_t { primoCampo = 3, casellaOpzione = 13, casellaModificato = 14, radioDue = 27, radioCinque = 29 };
@@ -19,24 +24,24 @@ bool eRadio(std::int16_t item) { return item >= radioDue && item <= radioCinque;
 
 }   // namespace
 
-void ActiveAttach::mostraScelte() {
+void TAttaccoDialogo::mostraScelte() {
     for (std::int16_t item = radioDue; item <= radioCinque; ++item)
-        SetDialogItemValue(theDialog, item, item == radioTipo);
+        SetDialogItemValue(theDialog, item, item == a.radioTipo);
 }
 
-void ActiveAttach::Display() {
-    for (std::size_t i = 0; i < xAtt.size(); ++i) {
+void TAttaccoDialogo::Display() {
+    for (std::size_t i = 0; i < a.xAtt.size(); ++i) {
         double x = 0, y = 0;
-        DigiToReal(xAtt[i], yAtt[i], x, y);
+        DigiToReal(a.xAtt[i], a.yAtt[i], x, y);
         ScriviCampoReale(campoX(i), x, 3);
         ScriviCampoReale(campoY(i), y, 3);
     }
-    SetDialogItemValue(theDialog, casellaOpzione, opzione != 0);
-    SetDialogItemValue(theDialog, casellaModificato, modificato != 0);
+    SetDialogItemValue(theDialog, casellaOpzione, a.opzione != 0);
+    SetDialogItemValue(theDialog, casellaModificato, a.modificato != 0);
     mostraScelte();
 }
 
-void ActiveAttach::IngGene(std::uint8_t ripristino) {
+void TAttaccoDialogo::IngGene(std::uint8_t ripristino) {
     constexpr double scarto = 1e-5;   // sheet units
     esito = 1;
     if (ripristino) return;
@@ -45,33 +50,33 @@ void ActiveAttach::IngGene(std::uint8_t ripristino) {
         if (!LeggiCampo(campoX(i), -limiteReale, limiteReale, reali[i].x)
             || !LeggiCampo(campoY(i), -limiteReale, limiteReale, reali[i].y))
             return;
-    opzione = GetDialogItemValue(theDialog, casellaOpzione) != 0;
-    modificato = GetDialogItemValue(theDialog, casellaModificato) != 0;
-    if (eRadio(radioTipo)) tipo = radioTipo - radioDue;
-    for (std::size_t i = 0; i < reali.size(); ++i) RealToDigi(reali[i].x, reali[i].y, xAtt[i], yAtt[i]);
+    a.opzione = GetDialogItemValue(theDialog, casellaOpzione) != 0;
+    a.modificato = GetDialogItemValue(theDialog, casellaModificato) != 0;
+    if (eRadio(a.radioTipo)) a.tipo = a.radioTipo - radioDue;
+    for (std::size_t i = 0; i < reali.size(); ++i) RealToDigi(reali[i].x, reali[i].y, a.xAtt[i], a.yAtt[i]);
     // Kept: point 1 moves a hair at every OK, so that it never stays exactly on the value it had.
-    xAtt[0] += scarto;
-    yAtt[0] += scarto;
-    ErroreAlert(PreparaAttacco());
+    a.xAtt[0] += scarto;
+    a.yAtt[0] += scarto;
+    ErroreAlert(a.PreparaAttacco());
     InvalWind();
 }
 
-void ActiveAttach::Riprendi() { radioTipo = static_cast<std::int16_t>(tipo + radioDue); }
+void TAttaccoDialogo::Riprendi() { a.radioTipo = static_cast<std::int16_t>(a.tipo + radioDue); }
 
-void ActiveAttach::ItemColpito() {
+void TAttaccoDialogo::ItemColpito() {
     if (itemCorrente == casellaOpzione || itemCorrente == casellaModificato) CambiaCheck(itemCorrente);
     if (!eRadio(itemCorrente)) return;
-    radioTipo = itemCorrente;
+    a.radioTipo = itemCorrente;
     mostraScelte();
 }
 
-void ActiveAttach::giroDialogo(ModalFilter filtro) {
+void TAttaccoDialogo::giroDialogo(ModalFilter filtro) {
     esito = 1;
     Giro(primoCampo, filtro);
     Riprendi();
 }
 
-void ActiveAttach::Dialogo() {
+void TAttaccoDialogo::Dialogo() {
     constexpr std::int16_t dialogo = 157;
     const DialogoAperto aperto(dialogo);
     for (const std::int16_t item : {campoX(4), campoY(4), std::int16_t{radioCinque}})
@@ -79,7 +84,7 @@ void ActiveAttach::Dialogo() {
     giroDialogo(nullptr);
 }
 
-void ActiveAttach::DialogoOld() {
+void TAttaccoDialogo::DialogoOld() {
     const DialogoAperto aperto(dialogoId);
     giroDialogo(MyMovableFilter);
 }

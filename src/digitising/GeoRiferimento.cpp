@@ -2,13 +2,15 @@
 #include "digitising/GeoRiferimento.h"
 
 #include "dialogs/Parametri.h"
-#include "digitising/Attacchi.h"
 #include "digitising/RegistrazioneValida.h"
+#include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
 #include "model/Stato.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Quickdraw.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 

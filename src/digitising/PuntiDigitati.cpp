@@ -3,7 +3,7 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/Attacchi.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

@@ -5,12 +5,12 @@
 #include <bit>
 #include <cmath>
 
-#include "digitising/Attacchi.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 #include "registration/Solutori.h"
 #include "text/Conversione.h"
 

@@ -8,11 +8,13 @@
 #include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "display/Zoom.h"
+#include "editing/AttacchiCambiati.h"
+#include "files/FileMondo.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
 #include "platform/Dialogs.h"
 #include "platform/Resources.h"
-#include "raster/FileMondo.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 

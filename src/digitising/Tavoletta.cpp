@@ -3,8 +3,8 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/TavolettaImpostazioni.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
+#include "display/Sovrapposto.h"
 #include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -25,6 +25,8 @@ namespace tessaro {
 
 constinit std::int32_t xtab = 0, ytab = 0;
 constinit double frazioneXt = 0, frazioneYt = 0;
+void (*apriCalcolatrice)() = nullptr;
+void (*mostraMisura)(const double&, std::string_view) = nullptr;
 
 namespace {
 
@@ -49,7 +51,7 @@ void termina() {
 
 template <double Risultati::*misura, std::int16_t nome>
 void mostra() {
-    if (CalcWindow) ponidisp(RisCalc.*misura * RisCalc.fattore, GetIndString(nomiMisure, nome));
+    if (CalcWindow && mostraMisura) mostraMisura(RisCalc.*misura * RisCalc.fattore, GetIndString(nomiMisure, nome));
 }
 
 constexpr void (*bottoni[])() = {
@@ -59,7 +61,9 @@ constexpr void (*bottoni[])() = {
     FaiMarker,
     [] { Attacco(1); },
     [] { Attacco(2); },
-    ApriCalcolatrice,
+    [] {
+        if (apriCalcolatrice) apriCalcolatrice();
+    },
     mostra<&Risultati::area, 18>,
     mostra<&Risultati::perimetro, 2>,
     mostra<&Risultati::sviluppo, 3>,

@@ -19,8 +19,9 @@ void Agg_cursore(std::int32_t xt, std::int32_t yt);
 void RiferimentoVista();
 void RiferimentoFoglio();
 
-// The calculator stands above: its window opened or brought forward, and a value under its name in its display.
-void ApriCalcolatrice();
-void ponidisp(const double& value, std::string_view label);
+// The calculator stands above and sets these at start: its window opened or brought forward, and a value under its name
+// in its display.
+extern void (*apriCalcolatrice)();
+extern void (*mostraMisura)(const double& value, std::string_view label);
 
 }   // namespace tessaro

@@ -1,10 +1,13 @@
 // The marks of the control points: shapes of a few pixels around the point's pixel.
-#include "digitising/Attacchi.h"
+#include "display/AttacchiMarche.h"
 
 #include <cmath>
 
+#include "display/Disegno.h"
 #include "model/Vista.h"
 #include "platform/Quickdraw.h"
+#include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 
@@ -97,6 +100,25 @@ void DisAttacco4() { marca(4); }
 void DisAttacco5() {
     marca(5);
     DisCentroAttacco(att4Pt.srcC);
+}
+
+void DisAttaccoDin(std::int16_t n) {
+    Coppia c;
+    attaccoAttivo.GetAttacco(n, c.x, c.y);
+    DisMarcaAttacco(n, c.x, c.y);
+    if (n == 5) DisCentroAttacco(attaccoAttivo.lavoro.dstC);
+}
+
+void DisAttacchiDin() {
+    constexpr std::int32_t quattroPt = 1, cinquePt = 2;
+    const std::int32_t tipo = attaccoAttivo.GetTipo();
+    ForeColor(blueColor);
+    PenPat(qdBlack);
+    PenSize(1, 1);
+    PenSizeLaser(0);
+    const std::int16_t ultimo = tipo == cinquePt ? 5 : tipo == quattroPt ? 4 : 2;
+    for (std::int16_t n = 1; n <= ultimo; ++n) DisAttaccoDin(n);
+    ForeColor(blackColor);
 }
 
 }   // namespace tessaro

@@ -1,9 +1,10 @@
-// Painting the drawing: the sheet frame, the elements in record order, control points, selection; and the primitives
-// that are also the rubber band when the pen is xor.
+// Painting the drawing: the sheet frame, the elements in record order, control points; and the primitives that are also
+// the rubber band when the pen is xor.
 #pragma once
 
 #include <cstdint>
 
+#include "display/Sovrapposto.h"
 #include "model/Elemento.h"
 #include "platform/Types.h"
 
@@ -20,7 +21,7 @@ void FillCerchio(std::int32_t index, const double& cx, const double& cy, const d
                  const double& b);
 void FillArco(std::int32_t index, const double& cx, const double& cy, const double& r, const double& inizio,
               const double& ampiezza);
-void DisPict(std::int32_t index);   // stands in raster/
+void DisPict(std::int32_t index);
 void faiFoglio();
 void DisegnaMesh();
 struct Mesh;
@@ -28,14 +29,6 @@ void DisegnaRete(const Mesh& m);   // its rows, then its columns, in the pen of 
 void DisegnaMeshSelezionata(std::int32_t oggetto);
 void DisegnaAref();
 void DisegnaMarker(std::int16_t forma, std::int32_t h, std::int32_t v);
-void DisegnaSelezione();   // xor: a second call removes it
-void DisegnaRettSel();
-void DisegnaLineaSel(std::int32_t i);
-void DisegnaPolySel(std::int32_t i);
-void DisegnaCerchioSel(std::int32_t i);
-void DisegnaArcoSel(std::int32_t i);
-void DisegnaTestoSel(std::int32_t i);
-void DisPictSel(std::int32_t i);
 void PenSizeLaser(std::int16_t size);
 void CommBegin();
 void CommEnd();
@@ -43,19 +36,11 @@ void CommEnd();
 void ColoreDaTabella(std::int16_t numero);
 void PennaAttuale();   // the pen back from the ...Attuale globals and spessore
 
-// Cursor crosses, all xor.
-void dis_cursor(const double& x, const double& y);    // 8 pixels, pen 1
-void Dis_Cursor2(const double& x, const double& y);   // 4 pixels
-void Dis_CursSel(const double& x, const double& y);   // 8 pixels, pen 2
-// The cross of the moment: the small one between the two clicks of a move, else the large one, at xcurs, ycurs.
-void Croce();
-// Toggles the cross and the rubber band of the figure in progress: a second call puts them back.
-void SospendiAz();
-// Toggles only the rubber band of the figure in progress (segment, circle or arc).
-void Elastico();
-
 extern double SpessorePenna;        // pen width for a printer, 2.5
 extern std::uint8_t DisegnaPict;    // 1 while painting for a printer, a file or the clipboard
 extern std::uint8_t StoStampando;   // 1 while printing
+
+// The selected picture as the live transformation's preview shows it, over the drawing. Set by the raster engine at start.
+extern void (*anteprimaImmagine)();
 
 }   // namespace tessaro

@@ -1,9 +1,11 @@
-// The highlight of what is selected: grey xor, two pixels wide, so that a second call takes it off.
+// The highlight of what is selected: grey xor, two pixels wide.
 #include <algorithm>
 
 #include "display/Disegno.h"
+#include "display/Elastico.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "model/Archivio.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
@@ -66,8 +68,14 @@ void selezioneMultipla() {
         if (Elem(i).selezionato) evidenzia(i, OggettoDi(Elem(i).tipo));
 }
 
+void rettangoloSelezione() {
+    if (rettSel.xmin > rettSel.xmax || rettSel.ymin > rettSel.ymax) return;
+    const Evidenza penna(1);
+    rettangoloFoglio(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax);
+}
+
 void spostamentoInCorso() {
-    if (Puntosel.multipla) DisegnaRettSel();
+    if (Puntosel.multipla) rettangoloSelezione();
     if (Sposta2ndClick) {
         Dis_CursSel(XSpost1, YSpost1);
     } else {
@@ -77,7 +85,7 @@ void spostamentoInCorso() {
 
 }   // namespace
 
-void DisegnaSelezione() {
+void DipingiEvidenza() {
     if (!Puntosel.attiva) return;
     if (EmptyRect(AreaDisegnabile())) return;   // nothing would be seen
     const std::int16_t spessPrima = spess;
@@ -92,12 +100,6 @@ void DisegnaSelezione() {
     }
     if (Modalita == mSpostamento) spostamentoInCorso();
     spess = spessPrima;
-}
-
-void DisegnaRettSel() {
-    if (rettSel.xmin > rettSel.xmax || rettSel.ymin > rettSel.ymax) return;
-    const Evidenza penna(1);
-    rettangoloFoglio(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax);
 }
 
 void DisegnaLineaSel(std::int32_t i) {

@@ -52,8 +52,9 @@ bool rettangoloDi(const Curva& c, Rect& r) {
     return std::int64_t{r.right} - r.left <= massimo && std::int64_t{r.bottom} - r.top <= massimo;
 }
 
-Polygon figura;                // the polygon being drawn; kept so that a repaint does not allocate
-std::vector<PuntoD> figuraD;   // the same where whole pixels do not hold it
+// The polygon being drawn, kept so that a repaint does not allocate; one a thread, for a repaint in bands.
+thread_local Polygon figura;
+thread_local std::vector<PuntoD> figuraD;   // the same where whole pixels do not hold it
 
 void puntiCurva(const Curva& c, bool intera) {
     constexpr double grado = 3.14159265358979323846 / 180;

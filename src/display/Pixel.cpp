@@ -90,7 +90,15 @@ std::int32_t PixelTenuto(double p) {
     return static_cast<std::int32_t>(std::round(std::clamp(p, -l, l)));
 }
 
+namespace {
+constinit thread_local const Rect* areaIntera = nullptr;
+}   // namespace
+
+AreaIntera::AreaIntera(const Rect& area) { areaIntera = &area; }
+AreaIntera::~AreaIntera() { areaIntera = nullptr; }
+
 Rect AreaDisegnabile() {
+    if (areaIntera != nullptr) return *areaIntera;
     const GrafPtr port = GetPort();
     return SectRect(port->clip.box(), port->portRect);
 }

@@ -44,6 +44,15 @@ std::int32_t PixelTenuto(double p);
 
 // The part of the current port that can be drawn on: its clip within its extent.
 Rect AreaDisegnabile();
+// While one lives, the area of the calling thread is this one, whatever part of it the current port holds: figures come
+// out the same in every band of a repaint.
+class AreaIntera {
+public:
+    explicit AreaIntera(const Rect& area);
+    ~AreaIntera();
+    AreaIntera(const AreaIntera&) = delete;
+    AreaIntera& operator=(const AreaIntera&) = delete;
+};
 
 // MoveTo and LineTo of the part of a-b within the limit; nothing when it is no number or lies outside.
 void LineaD(PuntoD a, PuntoD b);

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
-#include "display/Disegno.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "model/Cursore.h"
 #include "model/Stato.h"
@@ -64,19 +64,9 @@ bool SelRect(Rect& out) {
     Point primo;
     const bool premuto = attendiPressione(primo);
     if (premuto) {
-        const Stato stato;
-        PenNormal();
-        PenMode(patXor);
-        PenPat(qdGray);
-        ForeColor(blackColor);
-        out = tra(primo, GetMouse());
-        FrameRect(out);
-        for (Point p; TrackMouseLocation(p);) {
-            FrameRect(out);
-            out = tra(primo, p);
-            FrameRect(out);
-        }
-        FrameRect(out);
+        rettangoloElastico = tra(primo, GetMouse());
+        for (Point p; TrackMouseLocation(p);) rettangoloElastico = tra(primo, p);
+        rettangoloElastico = {};
         out = tra(primo, GetMouse());
     }
     SetCursor(arrowCursor);

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "bitmap/BitMap.h"
-#include "display/Disegno.h"
 #include "display/Pixel.h"
 #include "display/RiquadroTesto.h"
 #include "display/TestoGirato.h"

@@ -276,6 +276,15 @@ void Hatch_Poligon(std::int32_t index) {
     spess = spessPrima;
 }
 
+void CopiaTratteggio(elemento& a, const elemento& da) {
+    a.poli.passoTratt = da.poli.passoTratt;
+    a.poli.angoloTratt = da.poli.angoloTratt;
+    a.poli.tratteggio = da.poli.tratteggio;
+    a.poli.incrociato = da.poli.incrociato;
+}
+
+void TratteggiaNuovo(std::int32_t testa) { CopiaTratteggio(Elem(testa), TrattCorrente); }
+
 void ESCITRATTEGGIO() {
     StopAlert(alertMemoriaTratteggio);
     VisioneGraf.mostraTratteggi = 0;

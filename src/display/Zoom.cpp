@@ -5,13 +5,13 @@
 #include <cmath>
 
 #include "dialogs/Errori.h"
-#include "display/Disegno.h"
 #include "display/Disposizione.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
-#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
@@ -26,6 +26,7 @@
 namespace tessaro {
 
 constinit std::uint8_t NewDis = 0;
+constinit Rect Screen{};
 constinit ControlHandle VScroll = nullptr;
 constinit ControlHandle HScroll = nullptr;
 constinit ControlHandle panel = nullptr;
@@ -105,14 +106,8 @@ void scalaPerTipo(std::int16_t kind) {
 
 void ridisegnaVista() {
     SetPortWindowPort(theWindow);
-    ClipRect(GetPortBounds(theWindow));
     DrawTopBar();
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    SetCursor(ClockCursor);
-    Disegna();
-    SetCursor(arrowCursor);
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- extents
@@ -198,6 +193,7 @@ void ScrollBits() {
     const AngoloPagina nuovo{GetControlValue(VScroll), GetControlValue(HScroll)};
     const std::int32_t dh = PageCorner.h - nuovo.h, dv = PageCorner.v - nuovo.v;
     if (dh == 0 && dv == 0) return;
+    AggiornaVeli();   // ScorriVeli moves what they show
     PageCorner = nuovo;
     SetPortWindowPort(theWindow);
     ClipRect(myViewRect);
@@ -205,12 +201,8 @@ void ScrollBits() {
     OrigX -= dh;
     OrigY -= dv;
     tabletSegueVista();
-    SetClip(scoperta);
-    if (!(KeyModifiers() & cmdKey)) {   // held: pixels only move, for speed
-        SetCursor(ClockCursor);
-        Disegna();
-        SetCursor(arrowCursor);
-    }
+    ScorriVeli(dh, dv);
+    if (!(KeyModifiers() & cmdKey)) RidisegnaParte(scoperta);   // held: pixels only move, for speed
     ClipRect(GetPortBounds(theWindow));
 }
 
@@ -238,14 +230,12 @@ void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t 
     }
     constexpr std::int32_t scatto = 40;   // pixels
     const std::int32_t n = delta * scatto * (modifiers & optionKey ? 10 : 1);
-    SospendiAz();
     if (axis == 0) {
         ScrollWindow(0, -n);
     } else {
         ScrollWindow(-n, 0);
     }
     ClipRect(myViewRect);
-    SospendiAz();
 }
 
 // --- the window
@@ -265,6 +255,12 @@ void MoveScrollBars() {
     SetControlSteps(HScroll, passoRiga, static_cast<std::int32_t>(larghezza()));
 }
 
+void SetupLimits() {
+    Screen = ScreenBounds();
+    DragRect = SetRect(Screen.left + 4, Screen.top + 24, Screen.right - 4, Screen.bottom - 4);
+    GrowRect = SetRect(Screen.left, Screen.top + 24, Screen.right, Screen.bottom);
+}
+
 void ReSizeWindow(std::int32_t width, std::int32_t height) {
     if (!theWindow) return;
     SetupLimits();
@@ -274,21 +270,6 @@ void ReSizeWindow(std::int32_t width, std::int32_t height) {
     MoveScrollBars();
     MoveToolbar();
 }
-
-void InvalWind() {
-    if (noWindow || !theWindow) return;
-    NewDis = 1;
-    InvalWindowRect(theWindow, GetPortBounds(theWindow));
-}
-
-void InvalFinestra() { InvalWind(); }
-
-namespace {
-[[maybe_unused]] const bool agganciato = [] {
-    figuraFinita = InvalWind;
-    return true;
-}();
-}   // namespace
 
 void AggiornaBarre() {
     if (!VScroll || !HScroll) return;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "display/Ridisegno.h"
 #include "model/Elemento.h"
 #include "platform/Events.h"
 #include "platform/Types.h"
@@ -21,15 +22,15 @@ void TrackScroll(bool vertical, std::int16_t part);   // 20, 21 line up, down; 2
 void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t delta);
 void MoveScrollBars();
 void ReSizeWindow(std::int32_t width, std::int32_t height);
-void InvalWind();       // the whole port, and a full repaint: sets NewDis
-void InvalFinestra();   // its synonym
 void AggiornaBarre();   // maxima from scalavid and sheet, values from PageCorner
 void DisponiVista();    // myViewRect from the port's bounds
 // scalavid and the tolerances. Held to 1e-12..20000, where scroll positions stay within 32 bits; a scale that is no
 // number or not above 0 (a view without room) changes nothing.
 void CambiaScala(double nuova);
-
-void SetupLimits();   // Screen, DragRect, GrowRect; stands in shell/
+extern Rect Screen;     // the desktop, pixels
+extern Rect DragRect;   // where a window may be dragged
+extern Rect GrowRect;   // how far it may grow
+void SetupLimits();     // sets the three
 
 extern std::uint8_t NewDis;                     // a full repaint is wanted at the next update
 extern ControlHandle VScroll, HScroll, panel;   // scroll bars and the strip of the read-out; null without a drawing

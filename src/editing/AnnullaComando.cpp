@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <string>
 
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
+#include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
 #include "model/Documento.h"

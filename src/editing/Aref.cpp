@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "model/Lucidi.h"

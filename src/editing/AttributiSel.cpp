@@ -1,7 +1,7 @@
 // Where each type keeps its attributes, and the four changes of them on the selection.
 #include "editing/AttributiSel.h"
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Selezionati.h"
 #include "model/Annulla.h"
 #include "platform/Events.h"

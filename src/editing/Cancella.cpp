@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

@@ -2,7 +2,7 @@
 #include "editing/Conversioni.h"
 
 #include "dialogs/Parametri.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Cancella.h"
 #include "editing/Scelta.h"
 #include "model/Annulla.h"

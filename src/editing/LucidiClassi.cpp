@@ -1,7 +1,7 @@
 // Sheet, category and set of the selection.
 #include "editing/LucidiClassi.h"
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "model/Penna.h"

@@ -3,7 +3,7 @@
 
 #include "dialogs/Parametri.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/LucidiClassi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "display/Disegno.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "editing/MeshPunti.h"
 #include "editing/TestoSelezione.h"
-#include "editing/TrascinaFuori.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Strumento.h"
@@ -21,6 +21,7 @@
 namespace tessaro {
 
 constinit std::uint8_t selezionePrec = 0;
+bool (*trascinaFuori)() = nullptr;
 constinit std::uint32_t Tempo = 0;
 
 namespace {
@@ -155,7 +156,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (preso || !Button()) {
         Tempo = event.when;
     } else if (opzione) {   // beside everything
-        MyDoStartDrag();
+        if (trascinaFuori) trascinaFuori();
     } else {
         preso = daRettangolo();
     }

@@ -38,4 +38,7 @@ bool TestoInRect(std::int32_t index, const Rect& rect);
 extern std::uint8_t selezionePrec;   // the last selection was single and TogliSelezione took it off
 extern std::uint32_t Tempo;          // ticks of the last digitising click
 
+// Drags the selection out of the window; true when another program took it. Set by the shell at start.
+extern bool (*trascinaFuori)();
+
 }   // namespace tessaro

@@ -5,7 +5,7 @@
 
 #include "dialogs/Parametri.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Selezionati.h"
 #include "files/ParamColor.h"
 #include "model/Annulla.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "display/Disegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"

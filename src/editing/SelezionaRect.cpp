@@ -1,8 +1,8 @@
 // Selecting by rectangle and as a whole, and the box of what is selected.
 #include <algorithm>
 
-#include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

@@ -6,12 +6,6 @@
 
 namespace tessaro {
 
-// One element is selected, and it is an element: grids are selected too, and have no record.
-inline bool UnSoloElemento() {
-    return Puntosel.attiva && !Puntosel.multipla && Puntosel.oggetto < oMeshOrigine && Puntosel.indice >= 3
-           && Puntosel.indice <= indElem;
-}
-
 // Calls cambia(n) for every selected record. True when one of them said that it took the change.
 template <class Cambia>
 bool PerSelezionati(Cambia cambia) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "display/SeparaPort.h"
 #include "display/Zoom.h"
 #include "editing/Scelta.h"
 #include "model/Annulla.h"
@@ -13,7 +14,6 @@
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
 #include "platform/Windows.h"
-#include "raster/SeparaPort.h"
 
 namespace tessaro {
 

@@ -1,8 +1,8 @@
 // What the selected texts hold: string, angle, font, size, style. Whoever changes one of these measures it again.
 #include <algorithm>
 
+#include "display/Ridisegno.h"
 #include "display/Testi.h"
-#include "display/Zoom.h"
 #include "editing/TestoSelezione.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

@@ -1,9 +1,10 @@
-// The drag of a vertex: rubber lines in xor from the pointer to its neighbours while the button is held.
+// The drag of a vertex: rubber lines from the pointer to its neighbours while the button is held.
+#include <algorithm>
 #include <array>
 #include <span>
 
-#include "display/Disegno.h"
 #include "display/Lettura.h"
+#include "display/Sovrapposto.h"
 #include "editing/Vertici.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -16,18 +17,10 @@ namespace tessaro {
 
 namespace {
 
-using Vicini = std::span<const puntot>;
-
-// The readout follows the drag, the cursor tells of it, the pen is the rubber's; put right again at the end.
+// The readout follows the drag and the cursor tells of it; put right again at the end.
 class Trascinamento {
-    Stato stato;
-    Vicini vicini;
     std::uint32_t inizio = TickCount();
     Point pixel = EventPoint;
-
-    void elastico() const {
-        for (const puntot& p : vicini) fai(tElastico, p.x, p.y, xcurs, ycurs, 0);
-    }
 
     static void leggi() {
         scriviSempreCoord = 1;
@@ -43,28 +36,25 @@ class Trascinamento {
         }
         if (p.h == pixel.h && p.v == pixel.v) return;
         pixel = p;
-        elastico();
         xcurs = q.x;
         ycurs = q.y;
         leggi();
-        elastico();
     }
 
 public:
-    Trascinamento(Vicini v, double x, double y) : vicini(v) {
+    Trascinamento(std::span<const puntot> fissi, double x, double y) {
         xcurs = x;
         ycurs = y;
         leggi();
         SetCursor(spostaCursor);
-        ClipRect(myViewRect);
-        PenNormal();
-        PenMode(patXor);
-        ForeColor(blackColor);
-        elastico();
+        const std::size_t quanti = std::min(fissi.size(), latiElastici.fissi.size());
+        std::copy_n(fissi.begin(), quanti, latiElastici.fissi.begin());
+        latiElastici.quanti = static_cast<std::int32_t>(quanti);
         for (Point p; TrackMouseLocation(p);) segui(p);
         segui(GetMouse());
     }
     ~Trascinamento() {
+        latiElastici = {};
         SetCursor(arrowCursor);
         scriviSempreCoord = 0;
         SetDrawCoordCorr();
@@ -72,7 +62,6 @@ public:
     Trascinamento(const Trascinamento&) = delete;
     Trascinamento& operator=(const Trascinamento&) = delete;
 
-    void togli() const { elastico(); }
     [[nodiscard]] bool tenuto() const { return TickCount() - inizio > GetDblTime() >> 1; }
 };
 
@@ -86,7 +75,6 @@ void arriva(double& x, double& y) {
 void TrascinaPunto(std::span<const puntot> neighbours, double& movedX, double& movedY) {
     const Trascinamento t(neighbours, movedX, movedY);
     const bool tenuto = t.tenuto();
-    t.togli();
     if (!tenuto) return;
     arriva(movedX, movedY);
     double z = zcurs;
@@ -94,20 +82,18 @@ void TrascinaPunto(std::span<const puntot> neighbours, double& movedX, double& m
 }
 
 void SpostaLinea(const double& fixedX, const double& fixedY, double& movedX, double& movedY) {
-    const std::array vicini{puntot{fixedX, fixedY, 0}};
-    const Trascinamento t(vicini, movedX, movedY);
-    if (!t.tenuto()) return;   // Kept: the last rubber line stays on the screen
-    t.togli();
+    const std::array fissi{puntot{fixedX, fixedY, 0}};
+    const Trascinamento t(fissi, movedX, movedY);
+    if (!t.tenuto()) return;
     AttaccaCursore(xcurs, ycurs, zcurs);
     arriva(movedX, movedY);
 }
 
 void SpostaVertice(const double& prevX, const double& prevY, const double& nextX, const double& nextY, double& movedX,
                    double& movedY) {
-    const std::array vicini{puntot{prevX, prevY, 0}, puntot{nextX, nextY, 0}};
-    const Trascinamento t(vicini, movedX, movedY);
-    const bool tenuto = t.tenuto();   // before the attachment, whose flash takes time
-    t.togli();
+    const std::array fissi{puntot{prevX, prevY, 0}, puntot{nextX, nextY, 0}};
+    const Trascinamento t(fissi, movedX, movedY);
+    const bool tenuto = t.tenuto();        // before the attachment, whose flash takes time
     AttaccaCursore(xcurs, ycurs, zcurs);   // Kept: also when the point stays
     if (tenuto) arriva(movedX, movedY);
 }

@@ -1,7 +1,9 @@
 // The dialog of the hatch: angle, spacing, on or off, crossed.
+#include "editing/TratteggiDialogo.h"
+
 #include "dialogs/Parametri.h"
+#include "display/Ridisegno.h"
 #include "display/Tratteggi.h"
-#include "display/Zoom.h"
 #include "editing/Domanda.h"
 #include "editing/Selezionati.h"
 #include "model/Unita.h"
@@ -14,13 +16,6 @@ namespace {
 constexpr std::int16_t dialogo = 9130, campoAngolo = 4, campoPasso = 6, spuntaTratteggio = 9, spuntaIncrociato = 13;
 constexpr double maxAngolo = 401.0;                 // in the angle system in force
 constexpr double minPasso = 0.02, maxPasso = 5.0;   // hundreds of sheet units
-
-void copiaTratteggio(elemento& a, const elemento& da) {
-    a.poli.passoTratt = da.poli.passoTratt;
-    a.poli.angoloTratt = da.poli.angoloTratt;
-    a.poli.tratteggio = da.poli.tratteggio;
-    a.poli.incrociato = da.poli.incrociato;
-}
 
 class TPoniTratteggi : public TParametri {
 public:
@@ -79,14 +74,14 @@ void TPoniTratteggi::Tratt() {
     if (Puntosel.attiva) {
         CambiaTratt();
     } else {
-        copiaTratteggio(TrattCorrente, lavoro);
+        CopiaTratteggio(TrattCorrente, lavoro);
     }
 }
 
 void TPoniTratteggi::CambiaTratt() {
     const auto cambia = [this](std::int32_t n) {
         if (Elem(n).tipo != tPoligono) return false;
-        copiaTratteggio(Elem(n), lavoro);
+        CopiaTratteggio(Elem(n), lavoro);
         return true;
     };
     if (!PerSelezionati(cambia)) {
@@ -103,7 +98,5 @@ void PoniTratteggi() {
     t.Poni(1, 2, 0, 0, dialogo);
     t.Tratt();
 }
-
-void TratteggiaNuovo(std::int32_t testa) { copiaTratteggio(Elem(testa), TrattCorrente); }
 
 }   // namespace tessaro

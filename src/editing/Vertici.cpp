@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/MeshPunti.h"
 #include "editing/Modifica.h"
 #include "editing/Scelta.h"

@@ -1,8 +1,8 @@
 // The sections of a DXF file: what is read of the tables, the blocks, and the entities; and the whole reading.
 #include <cstdlib>
 
-#include "digitising/Attacchi.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "editing/SpostaXY.h"
 #include "exchange/DXF.h"
 #include "exchange/EntitaDXF.h"
 #include "exchange/GruppiDXF.h"

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "digitising/Attacchi.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "editing/SpostaXY.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/Operazione.h"
@@ -18,6 +18,7 @@
 #include "model/Penna.h"
 #include "platform/Dialogs.h"
 #include "platform/Resources.h"
+#include "platform/Windows.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 #include "text/Decimale.h"

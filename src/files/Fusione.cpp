@@ -2,13 +2,13 @@
 #include "files/Fusione.h"
 
 #include "dialogs/Errori.h"
-#include "digitising/Attacchi.h"
 #include "files/Richieste.h"
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "platform/Events.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "registration/Solutori.h"
 
 namespace tessaro {

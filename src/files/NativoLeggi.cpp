@@ -7,6 +7,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
+#include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
 #include "files/Fusione.h"

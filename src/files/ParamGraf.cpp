@@ -9,6 +9,7 @@
 
 #include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
+#include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
 #include "files/Impostazioni.h"

@@ -15,7 +15,7 @@ constinit std::int16_t NumAreaPat = 0;
 constinit Pattern PatAreaCorrente = qdWhite;
 constinit Pattern PatAreaAttuale = qdWhite;
 constinit std::int16_t spessore = 1;
-constinit std::int16_t spess = 0;
+constinit thread_local std::int16_t spess = 0;
 constinit std::int16_t ModoCorrente = 10;
 constinit std::int16_t ModoAttuale = 10;
 constinit std::int16_t markerCorrente = 1;
@@ -41,7 +41,7 @@ const VoceStato righe[] = {
     voce<PatAreaCorrente>("PatAreaCorrente"),
     voce<PatAreaAttuale>("PatAreaAttuale"),
     voce<spessore>("spessore"),
-    voce<spess>("spess"),
+    {"spess", [] { spess = 0; }, [] { return std::to_string(spess); }},
     voce<ModoCorrente>("ModoCorrente"),
     voce<ModoAttuale>("ModoAttuale"),
     voce<markerCorrente>("markerCorrente"),

@@ -24,6 +24,11 @@ void AzzeraPuntosel() {
     Puntosel.numSel = 0;
 }
 
+bool UnSoloElemento() {
+    return Puntosel.attiva && !Puntosel.multipla && Puntosel.oggetto < oMeshOrigine && Puntosel.indice >= 3
+           && Puntosel.indice <= indElem;
+}
+
 void AggRettSel(const double& x, const double& y) {
     if (x < rettSel.xmin) {
         rettSel.xmin = x;

@@ -35,6 +35,8 @@ struct PuntoselT {
     std::int32_t indice = 3;    // record number; of a polyline the head
 };
 extern PuntoselT Puntosel;
+// One element is selected, and it is an element: grids are selected too, and have no record.
+bool UnSoloElemento();
 
 // Bounding box in sheet units; empty is minimum 1e99, maximum -1e99.
 struct RettSel {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Quickdraw.h"
 
@@ -33,6 +34,19 @@ void InvalWindowRect(WindowPtr w, const Rect& r);   // an update event follows
 void BeginUpdate(WindowPtr w);                      // the invalid area becomes empty; the port's clip is kept
 void EndUpdate(WindowPtr w);
 void FlushWindow(WindowPtr w);   // puts what was drawn on the screen now (long work)
+
+// --- overlays: rasters of the window's size that are shown xor'd over its pixels and belong to no drawing. Black in
+// mode xor inverts what it covers; drawn twice it is gone.
+enum class Velo : std::uint8_t { evidenza, puntatore };   // the highlight of the selection; what follows the pointer
+// Clears the overlay where it was drawn and lets `draw` draw it afresh, with its raster as the current port and the whole
+// window as the clip.
+void RedrawOverlay(WindowPtr w, Velo v, void (*draw)());
+// Moves what r holds of the overlay by (dh, dv) and lets `draw` draw what is uncovered.
+void ScrollOverlay(WindowPtr w, Velo v, const Rect& r, std::int32_t dh, std::int32_t dv, void (*draw)());
+// Called before what was drawn is put on the screen, to draw overlays that are stale. Set by display.
+extern void (*aggiornaVeli)();
+// Device pixels of the window as the screen shows them, 0xFFRRGGBB, row by row: its own with the overlays over them.
+std::vector<std::uint32_t> ShownPixels(WindowPtr w);
 
 // --- controls
 ControlHandle NewScrollBar(WindowPtr w, bool vertical);

@@ -7,8 +7,13 @@
 #include <cstring>
 #include <memory>
 
-#include "model/Attributi.h"
+#include "display/Disegno.h"
+#include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Morbida.h"
@@ -111,5 +116,9 @@ void DisegnaAnteprimaPict() {
     Ricampiona({*c, campo, t, *forma, Rect{0, 0, t.altezza, t.larghezza}}, [](double) { return true; });
     vela(*porta, t, area, ratio);
 }
+
+namespace {
+[[maybe_unused]] const bool legata = (anteprimaImmagine = DisegnaAnteprimaPict, true);
+}   // namespace
 
 }   // namespace tessaro

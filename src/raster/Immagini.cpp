@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"

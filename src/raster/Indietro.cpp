@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "raster/PerRighe.h"
+#include "bitmap/PerRighe.h"
 
 namespace tessaro {
 

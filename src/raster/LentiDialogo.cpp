@@ -3,10 +3,10 @@
 #include <cmath>
 
 #include "dialogs/Parametri.h"
-#include "files/ParamLenses.h"
 #include "model/Mesh.h"
 #include "platform/Resources.h"
 #include "raster/Lenti.h"
+#include "raster/ParamLenses.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 

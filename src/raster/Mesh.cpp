@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
-#include "digitising/Attacchi.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "platform/Memory.h"
@@ -15,6 +14,7 @@
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 
@@ -128,7 +128,7 @@ void preparaCella(const Cella& src, const Cella& dst) {
     for (std::size_t i = 0; i < angoli; ++i) {
         const auto n = static_cast<std::int16_t>(i + 1);
         AssegnaAttacco(n, src[i].x, src[i].y);
-        attaccoAttivo.SetAttacco(n, dst[i].x, dst[i].y);
+        attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), dst[i].x, dst[i].y);
         Xtaglio[i] = src[i].x;
         Ytaglio[i] = src[i].y;
     }

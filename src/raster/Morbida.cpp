@@ -6,7 +6,7 @@
 #include <cstring>
 #include <limits>
 
-#include "raster/perRighe.h"
+#include "bitmap/PerRighe.h"
 
 namespace tessaro {
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <new>
 
-#include "raster/PerRighe.h"
+#include "bitmap/PerRighe.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {

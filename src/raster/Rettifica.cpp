@@ -5,8 +5,8 @@
 
 #include "dialogs/Errori.h"
 #include "display/Zoom.h"
-#include "editing/Selezionati.h"
 #include "model/Annulla.h"
+#include "model/Selezione.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Memory.h"

@@ -4,8 +4,12 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
-#include "model/Attributi.h"
+#include "model/Documento.h"
 #include "model/Mesh.h"
+#include "model/Penna.h"
+#include "model/Stato.h"
+#include "model/Strumento.h"
+#include "model/Unita.h"
 #include "raster/Lavoro.h"
 #include "raster/Lenti.h"
 #include "raster/Morbida.h"

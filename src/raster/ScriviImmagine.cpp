@@ -9,6 +9,7 @@
 #include "bitmap/PictInPixel.h"
 #include "dialogs/Errori.h"
 #include "display/Disegno.h"
+#include "files/FileMondo.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Selezione.h"
@@ -19,7 +20,6 @@
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
 #include "raster/CreaPict.h"
-#include "raster/FileMondo.h"
 #include "raster/VistaPict.h"
 #include "text/FileDati.h"
 

@@ -5,12 +5,12 @@
 #include <cstring>
 #include <new>
 
+#include "bitmap/PerRighe.h"
 #include "bitmap/Piramide.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Compressa.h"
 #include "platform/pict/Pict.h"
 #include "platform/pict/Raster.h"
-#include "raster/perRighe.h"
 
 namespace tessaro {
 

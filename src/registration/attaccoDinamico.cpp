@@ -1,19 +1,14 @@
-// The live transformation: its destination points, the preparation of its mapping, the mapping, its marks.
+// The live transformation: its destination points, the preparation of its mapping, the mapping.
 #include "registration/attaccoDinamico.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "dialogs/Errori.h"
-#include "digitising/Attacchi.h"
-#include "digitising/PuntiSelezione.h"
-#include "display/Disegno.h"
-#include "display/Zoom.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/VociDocumento.h"
-#include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -31,7 +26,6 @@ bool conRisolutore(std::int32_t tipo) { return tipo == quattroPt || tipo == cinq
 bool AnteprimaAttiva() { return attaccoAttivo.GetModificato() != 0 && attaccoAttivo.Preparato(); }
 
 ActiveAttach::ActiveAttach() {
-    Poni(1, 2, 0, 17, 137);
     SetDelta(0, 0, 0);
     SetRot(0, 0, 0, 0);
     SetIngr(1);
@@ -52,19 +46,6 @@ void ActiveAttach::GetAttacco(std::int16_t n, double& x, double& y) const {
     if (n < 1 || n > static_cast<std::int16_t>(xAtt.size())) return;
     x = xAtt[static_cast<std::size_t>(n - 1)];
     y = yAtt[static_cast<std::size_t>(n - 1)];
-}
-
-void ActiveAttach::SetAttacco(std::int16_t n, const double& x, const double& y) {
-    const PuntiSelezione s = PuntiPerAttacco(n);
-    if (!s.presi) {
-        SetXYAtt(static_cast<std::int16_t>(n - 1), x, y);
-        return;
-    }
-    for (std::int16_t i = 0; i < s.numero; ++i) {
-        const Coppia& p = s.punti[static_cast<std::size_t>(i)];
-        SetXYAtt(static_cast<std::int16_t>(n - 1 + i), p.x, p.y);
-    }
-    if (s.figura) InvalWind();
 }
 
 void ActiveAttach::SetDelta(const double& x, const double& y, const double& z) {
@@ -206,43 +187,6 @@ void ActiveAttach::Traf4PtInverso(double& x, double& y) {
     } else {
         Tracoord(transf, x, y, x, y);
     }
-}
-
-// --- checking, and points from the selection
-
-void ActiveAttach::VerificaAttacchi() {
-    const std::array<Coppia, 4> p{{{xAtt[0], yAtt[0]}, {xAtt[1], yAtt[1]}, {xAtt[2], yAtt[2]}, {xAtt[3], yAtt[3]}}};
-    MostraVerifica(GuastoCoincidenti(p));   // in any order
-}
-
-void ActiveAttach::TrasformaPuntiDestinazione() {
-    const PuntiSelezione s = PuntiPerTutti();
-    if (!s.presi) return;
-    for (std::int16_t i = 0; i < s.numero; ++i) {
-        const Coppia& p = s.punti[static_cast<std::size_t>(i)];
-        SetXYAtt(i, p.x, p.y);
-    }
-    if (modificato) ErroreAlert(PreparaAttacco());
-    InvalWind();
-}
-
-// --- marks
-
-void ActiveAttach::DisAttacco(std::int16_t n) {
-    double x = 0, y = 0;
-    GetAttacco(n, x, y);
-    DisMarcaAttacco(n, x, y);
-    if (n == 5) DisCentroAttacco(lavoro.dstC);
-}
-
-void ActiveAttach::Disegna() {
-    ForeColor(blueColor);
-    PenPat(qdBlack);
-    PenSize(1, 1);
-    PenSizeLaser(0);
-    const std::int16_t ultimo = tipo == cinquePt ? 5 : tipo == quattroPt ? 4 : 2;
-    for (std::int16_t n = 1; n <= ultimo; ++n) DisAttacco(n);
-    ForeColor(blackColor);
 }
 
 namespace {

@@ -1,23 +1,22 @@
 // The live transformation of the drawing: from the control points to its own destination points, by two points, four or
-// five. While its preview is on, what is drawn shows also where it would land; Aggiungi really adds transformed copies.
+// five. While its preview is on, what is drawn shows also where it would land. Its dialogs and the copies that it adds
+// stand in digitising/, its marks in display/.
 #pragma once
 
 #include <array>
 #include <cstdint>
 
-#include "dialogs/Parametri.h"
 #include "model/Elemento.h"
 #include "model/Registrazione.h"
 #include "registration/Solutori.h"
 
 namespace tessaro {
 
-class ActiveAttach : public TParametri {
+class ActiveAttach {
 public:
     ActiveAttach();
-    void SetXYAtt(std::int16_t i, const double& x, const double& y);     // slot from 0
-    void SetAttacco(std::int16_t n, const double& x, const double& y);   // point from 1, selection first
-    void GetAttacco(std::int16_t n, double& x, double& y) const;         // point from 1
+    void SetXYAtt(std::int16_t i, const double& x, const double& y);   // slot from 0
+    void GetAttacco(std::int16_t n, double& x, double& y) const;       // point from 1
     void SetDelta(const double& x, const double& y, const double& z);
     void SetRot(const double& a, const double& b, const double& c, const double& d);   // Kept: d lands on rot21 too
     void SetIngr(const double& v);
@@ -37,19 +36,7 @@ public:
     // Map a sheet point in place. The mode is the global object's; the inverse has no homography and no plain scale.
     void Traf4Pt(double& x, double& y);
     void Traf4PtInverso(double& x, double& y);
-    void VerificaAttacchi();
-    void TrasformaPuntiDestinazione();
-    void Dialogo() override;   // dialog 157
-    void DialogoOld();         // dialog 137
-    void Display() override;   // the fields, in real coordinates
-    void IngGene(std::uint8_t ripristino) override;
-    void Aggiungi();             // transformed copies of the selection, on a layer that is asked for
-    std::int16_t PoniLucido();   // dialog 138: the layer, 0 to 99; negative to stop
-    void AggiungiElemento(std::int16_t layer);
-    void AggiungiMultipla(std::int16_t layer);
     void TrasformaCopia(elemento& e);   // one record's points; others than figures stay
-    void Disegna();                     // the marks, colour 409
-    void DisAttacco(std::int16_t n);    // one mark, 1 to 5
     void WriteAttacco();                // 627 bytes to RefNum
     void ReadAttacco();
     void Azzera();   // the state of a new process
@@ -69,11 +56,6 @@ private:
     friend struct VociAttacco;   // the rows that the journal keeps of it
     void similitudine(const Coppia& s1, const Coppia& s2, const Coppia& d1, const Coppia& d2);
     void trasformaTesto(elemento& e);
-    void Riprendi() override;
-    void ItemColpito() override;
-    void giroDialogo(ModalFilter filtro);
-    void mostraScelte();
-
     void mappaPerFuga(bool curva, double& x, double& y);
 
     MappaFuga fuga;           // of `lavoro`, made anew with it

@@ -8,7 +8,7 @@
 
 #include "dialogs/Errori.h"
 #include "digitising/RiferimentoImmagine.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "dialogs/Parametri.h"
-#include "display/Disegno.h"
+#include "digitising/Tavoletta.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Figura.h"
@@ -172,12 +172,8 @@ void apri() {
 }
 
 void ridisegna() {
-    SetPortWindowPort(theWindow);
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
+    Ridisegna();
     PennaElastico();
-    SospendiAz();
 }
 
 }   // namespace
@@ -274,6 +270,13 @@ const VoceStato righe[] = {
      nullptr},
 };
 const TabellaStato tabella(righe);
+
+// The tablet's buttons reach the calculator through these.
+[[maybe_unused]] const bool agganciati = [] {
+    apriCalcolatrice = ApriCalcolatrice;
+    mostraMisura = ponidisp;
+    return true;
+}();
 
 }   // namespace
 

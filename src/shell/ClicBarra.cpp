@@ -3,9 +3,8 @@
 
 #include "digitising/PuntiDigitati.h"
 #include "display/Barra.h"
-#include "display/Disegno.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
 #include "model/Selezione.h"

@@ -2,11 +2,11 @@
 #include <array>
 
 #include "digitising/PuntiDigitati.h"
-#include "display/Disegno.h"
 #include "display/Disposizione.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Sposta.h"
 #include "editing/TestoSelezione.h"

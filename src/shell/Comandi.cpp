@@ -4,13 +4,15 @@
 #include <algorithm>
 
 #include "digitising/Attacchi.h"
+#include "digitising/AttaccoAggiungi.h"
+#include "digitising/AttaccoDialogo.h"
 #include "digitising/GeoRiferimento.h"
 #include "digitising/PuntiDigitati.h"
 #include "digitising/Tavoletta.h"
 #include "digitising/TavolettaLettori.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
 #include "display/Stampa.h"
 #include "display/StampaPiastrelle.h"
 #include "display/Tratteggi.h"
@@ -28,6 +30,7 @@
 #include "editing/SeparaPict.h"
 #include "editing/Sposta.h"
 #include "editing/TestoSelezione.h"
+#include "editing/TratteggiDialogo.h"
 #include "exchange/FormatoXYZ.h"
 #include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
@@ -117,23 +120,15 @@ void DoArchivio() {
 
 namespace {
 
-// What a command has changed shows at once.
-void ridisegna() {
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
-}
-
 void selezionaTutto() {
     SelezionaTutto();
-    ridisegna();
+    Ridisegna();
 }
 
 void spostaDiValori() {
     if (!Puntosel.attiva) return;
     Sposta();
-    ridisegna();
+    Ridisegna();
 }
 
 // What could not be copied is not cleared.
@@ -231,9 +226,9 @@ void comandoDisegna() {
 
 void dialogoTrasformazione() {
     if (KeyModifiers() & optionKey) {
-        attaccoAttivo.DialogoOld();
+        TAttaccoDialogo().DialogoOld();
     } else {
-        attaccoAttivo.Dialogo();
+        TAttaccoDialogo().Dialogo();
     }
 }
 
@@ -247,7 +242,7 @@ void comandoTrasforma() {
     if (theItem == origineDaSelezione || theItem == destinazioneDaSelezione) do_Trasforma();
     if (noWindow) return;
     if (theItem == dinamica) dialogoTrasformazione();
-    if (theItem == aggiungi) attaccoAttivo.Aggiungi();
+    if (theItem == aggiungi) Aggiungi();
     if (theItem == voci::trasforma::meshOrigine) nuovaMesh(TTipoMesh::origine);
     if (theItem == voci::trasforma::meshDestinazione) nuovaMesh(TTipoMesh::destinazione);
     if (theItem == ruotaImmagine) ModificaRuotaImmagine();
@@ -285,10 +280,8 @@ void comandoPatternPenna() {
         CambiaRetSel(theItem);
         return;
     }
-    SospendiAz();
     PatCorrente = PatAttuale = GetIndPattern(theItem);
     NumPat = theItem;
-    SospendiAz();
     PoniAnnulla(aNiente);
     DrawPallette();
 }
@@ -424,7 +417,7 @@ void comandoAttacchiOrigine() {
 
 void comandoAttacchiDestinazione() {
     if (theItem == voci::attacchiDestinazione::verifica) {
-        attaccoAttivo.VerificaAttacchi();
+        VerificaDestinazione();
         return;
     }
     sceltaAttacco(opDestinazione1, destinazioneCursor);

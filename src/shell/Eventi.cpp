@@ -3,9 +3,9 @@
 
 #include "dialogs/Parametri.h"
 #include "digitising/TavolettaLettori.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
 #include "display/Stampa.h"
 #include "display/Zoom.h"
 #include "model/Cursore.h"
@@ -40,24 +40,17 @@ void aggiornaStrisce() {
     SetDrawCoordCorr();
 }
 
-// Repaints the whole window. The rubber band of a figure in progress and the cross come back: a repaint has erased both.
+// Repaints the whole window.
 void ridipingi() {
     if (noWindow || !theWindow) return;
-    SetCursor(ClockCursor);
     const PortaCorrente porta;
-    SetPortWindowPort(theWindow);
     BeginUpdate(theWindow);
-    ClipRect(GetPortBounds(theWindow));
     DrawTopBar();
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
     if (NewDis) FlushEvents();
-    Disegna();
-    SospendiAz();
+    Ridisegna();
     NewDis = 0;
     aggiornaStrisce();
     EndUpdate(theWindow);
-    SetCursor(arrowCursor);
 }
 
 void attiva(bool diventaAttiva) {
@@ -67,14 +60,11 @@ void attiva(bool diventaAttiva) {
     ShowControl(HScroll);
 }
 
-// A scroll bar moved by hand: the cross and the rubber are out of the way while pixels move.
+// A scroll bar moved by hand.
 void barraMossa() {
     if (noWindow) return;
-    SospendiAz();
     ScrollBits();
-    ClipRect(GetPortBounds(theWindow));
     ClipRect(myViewRect);
-    SospendiAz();
 }
 
 void dalDesktop(const EventRecord& e) {
@@ -109,9 +99,7 @@ void tasto(const EventRecord& e) {
     theChar = static_cast<std::uint8_t>(e.message & 0xFF);
     // Command keys reach the menus through the toolkit; one that names no item does nothing.
     if ((e.modifiers & cmdKey) || noWindow) return;
-    SospendiAz();
     Tasto(theChar);
-    SospendiAz();
     PenSize(spessore, spessore);
     PenPat(PatAttuale);
 }

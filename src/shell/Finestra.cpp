@@ -4,10 +4,11 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Barra.h"
-#include "display/Disegno.h"
 #include "display/Disposizione.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "files/Richieste.h"
 #include "model/Annulla.h"

@@ -4,7 +4,6 @@
 #include "shell/Modificato.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -41,7 +40,6 @@
 #include "platform/Memory.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
-#include "script/Copione.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/ImpostazioniGiornale.h"
@@ -49,7 +47,6 @@
 
 namespace tessaro {
 
-constinit Rect Screen{};
 constinit Rect DragRect{};
 constinit Rect GrowRect{};
 
@@ -129,12 +126,6 @@ void predisponiScale() {
 
 }   // namespace
 
-void SetupLimits() {
-    Screen = ScreenBounds();
-    DragRect = SetRect(Screen.left + 4, Screen.top + 24, Screen.right - 4, Screen.bottom - 4);
-    GrowRect = SetRect(Screen.left, Screen.top + 24, Screen.right, Screen.bottom);
-}
-
 void Initialize() {
     SetCursor(ClockCursor);
     AzzeraStato();
@@ -179,30 +170,18 @@ bool HandlePDOC(const std::vector<std::string>& percorsi) {
 
 namespace {
 
-int guastoOpzioni(const std::string& guasto) {
-    std::fprintf(stderr, "%s\n", guasto.c_str());
-    return 2;
-}
-
-// What the command line asks to be printed; true when that is all it asked for.
-bool soloInformazioni(const Opzioni& opzioni) {
-    if (!opzioni.aiuto && !opzioni.versione) return false;
-    std::fputs(ResourceFile(opzioni.aiuto ? "texts/usage.txt" : "texts/version.txt").c_str(), stdout);
-    return true;
-}
-
-// Prints the drawings named and leaves; gives the exit status.
-int soloStampa(const Opzioni& opzioni) {
-    if (!opzioni.stampaSu.empty()) {
+bool soloStampa(const Partenza& p) {
+    if (!p.stampaSu.empty()) {
         PMPrintSettings s;
-        s.luogo = FSMakeFSSpec(opzioni.stampaSu).percorso;
+        s.luogo = FSMakeFSSpec(p.stampaSu).percorso;
         PMFlattenPrintSettings(s, hPrintSettings);
     }
-    return HandlePDOC(opzioni.documenti) ? 0 : 1;
+    return HandlePDOC(p.documenti);
 }
 
-// Gives the exit status.
-int cicloPrincipale(const Opzioni& opzioni) {
+}   // namespace
+
+bool CicloPrincipale(const Partenza& p) {
     InizioDWG();
     inizio = 1;
     TabAbilit = 0;
@@ -216,37 +195,18 @@ int cicloPrincipale(const Opzioni& opzioni) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-<<<<<<< HEAD
-    OffriRecupero();
-=======
-    if (!opzioni.avvio.script) OffriRecupero();
-    if (opzioni.stampa || !opzioni.stampaSu.empty()) {
-        const int esito = soloStampa(opzioni);
-        FineDWG();
-        return esito;
+    if (p.offriRecupero) OffriRecupero();
+    bool bene = true;
+    if (p.stampa) {
+        bene = soloStampa(p);
+    } else {
+        // The rest are left alone on purpose: one drawing at a time.
+        if (!p.documenti.empty()) ApriPercorso(p.documenti.front().c_str());
+        while (!fine) CheckEvents();
     }
->>>>>>> h-carta
-    // The first file named is opened; the rest are left alone on purpose: one drawing at a time.
-    if (!opzioni.documenti.empty()) ApriPercorso(opzioni.documenti.front().c_str());
-    while (!fine) CheckEvents();
     FineRecupero();
     FineDWG();
-    return EsitoCopione();
-}
-
-}   // namespace
-
-int TessaroMain(int argc, char** argv) {
-    Opzioni opzioni;
-    std::string guasto;
-    if (!LeggiOpzioni(argc, argv, opzioni, guasto)) return guastoOpzioni(guasto);
-    if (soloInformazioni(opzioni)) return 0;
-    if (!PreparaCopione(opzioni.copione, guasto)) return guastoOpzioni(guasto);
-    StartToolbox(argc, argv, opzioni.avvio);
-    Initialize();
-    const int esito = cicloPrincipale(opzioni);
-    StopToolbox();
-    return esito;
+    return bene;
 }
 
 namespace {

@@ -2,22 +2,26 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "platform/Types.h"
-
 namespace tessaro {
-int TessaroMain(int argc, char** argv);
-void Initialize();
+
+void Initialize();    // every global at its start, settings read, menus made, an empty drawing open
 void CheckEvents();   // one event and one idle step
-void SetupLimits();
+// What the program is started for. Paths are UTF-8.
+struct Partenza {
+    std::vector<std::string> documenti;   // the first one is opened
+    bool offriRecupero = true;            // what a program that died left is offered before it
+    bool stampa = false;                  // the drawings are printed, and that is all
+    std::string stampaSu;                 // on this file; empty: on the printer that is kept or the default one
+};
+// The settings load in silence, the drawing of the start closes, then events until the end. False when a drawing that was
+// to be printed was not.
+bool CicloPrincipale(const Partenza& p);
 void ApriPercorso(const char* pathUtf8);   // as the desktop's "odoc" does
 // As the desktop's "pdoc" does: each drawing is opened and printed, with the page format and the printer that are kept or
 // are the defaults. False when one was not opened or not printed, which was shown.
 bool HandlePDOC(const std::vector<std::string>& percorsi);
-
-extern Rect Screen;     // the desktop, pixels
-extern Rect DragRect;   // where a window may be dragged
-extern Rect GrowRect;   // how far it may grow
 
 }   // namespace tessaro

@@ -7,10 +7,10 @@
 #include "dialogs/Errori.h"
 #include "digitising/Attacchi.h"
 #include "digitising/GeoRiferimento.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "editing/Scelta.h"
 #include "editing/SceltaPercorso.h"
 #include "editing/Sposta.h"
@@ -31,7 +31,6 @@
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
-#include "shell/Contorno.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -131,13 +130,9 @@ void clickSpostando() {
     if (!Sposta2ndClick) {
         agganciaCursore();
         Sposta2ndClick = 1;
-        Croce();
-        PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
-        FaiContorno();
-        MostraContorno();
         XSpost1 = xcurs;
         YSpost1 = ycurs;
-        Dis_CursSel(XSpost1, YSpost1);
+        DisegnaSelezione();
         return;
     }
     agganciaCursore();
@@ -148,10 +143,7 @@ void clickSpostando() {
     YDeltaSpost = YSpost2 - YSpost1;
     ZDeltaSpost = 0;
     SpostaSelezione();
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- mode 5: one click is where the first real point lies
@@ -166,10 +158,7 @@ void clickPostoReale() {
     ZDeltaSpost = 0;
     SpostaTutto();
     ParGeoRefer(1);
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
+    Ridisegna();
 }
 
 // --- mode 6: one click records a control point
@@ -249,13 +238,7 @@ void SpostaDaPunto(double x, double y) {
     Sposta2ndClick = 1;
     xcurs = XSpost1 = x;
     ycurs = YSpost1 = y;
-    ClipRect(myViewRect);
-    EraseRect(myViewRect);
-    Disegna();
-    SospendiAz();
-    PosBaseSpost = Point{YVid(ycurs), XVid(xcurs)};
-    FaiContorno();
-    MostraContorno();
+    Ridisegna();
     DrawPallette();
 }
 
@@ -269,11 +252,9 @@ void DoMouseAction(EventRecord& e) {
 
 // A click outside the drawing area: scroll bars and buttons are the toolkit's own, the rest is the palette's.
 void MyControls() {
-    SospendiAz();
     ClipRect(GetPortBounds(theWindow));
     Do_Tessaro3D();
     ClipRect(myViewRect);
-    SospendiAz();
 }
 
 void CheckMouse(bool shift) {
@@ -300,11 +281,9 @@ void CheckMouse(bool shift) {
         SetDrawCoordCorr();
         return;
     }
-    Croce();
     xcurs = x;
     ycurs = y;
     if (Modalita == mDigitazione) MuoviElastico();
-    if (Modalita == mSpostamento && Sposta2ndClick && Puntosel.attiva) SpostaContorno();
     Croce();
     if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;

@@ -3,9 +3,9 @@
 
 #include "digitising/Attacchi.h"
 #include "digitising/Tavoletta.h"
-#include "display/Disegno.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
+#include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "editing/Cancella.h"
 #include "model/Archivio.h"
@@ -64,11 +64,9 @@ void cambiaModo() {
     DrawPallette();
 }
 
-// A zoom ends with cross and rubber out; the key's own bracket toggles them once more behind it.
 template <std::int16_t tipo>
 void zoom() {
     FaiZoom(tipo);
-    SospendiAz();
 }
 
 struct VoceTasto {

@@ -9,6 +9,14 @@
 
 namespace tessaro {
 
+void (*mostraSbaglio)(std::int16_t) = nullptr;
+
+void Sbaglio(std::int16_t code, std::uint8_t& flag) {
+    if (code >= 1) return;
+    if (mostraSbaglio) mostraSbaglio(code);
+    flag = 1;
+}
+
 constinit const std::int32_t* gradInUso = nullptr;
 constinit const std::int16_t* tipoAngoloInUso = nullptr;
 

@@ -29,8 +29,9 @@ std::int16_t STRtoFP(const double& min, const double& max, const PStr255& text, 
                      std::uint8_t flag);
 std::int16_t STRtoINT(std::int16_t min, std::int16_t max, const PStr255& text, std::int16_t& value, std::int16_t& pos,
                       std::uint8_t flag);
-// The message of a code below 1 (alerts 1012, 1008, 1009, 1010, 1005), and flag set. Stands with the dialogs.
+// The message of a code below 1 (alerts 1012, 1008, 1009, 1010, 1005), and flag set.
 void Sbaglio(std::int16_t code, std::uint8_t& flag);
+extern void (*mostraSbaglio)(std::int16_t code);   // its alert; set by the dialogs at start
 
 void RToStr(const double& x, std::int16_t d, PStr255& s);   // fixed notation, d decimals
 PStr255 FormatStr(const PStr255& s, std::int16_t w);        // right-aligned, at most 30 blanks added

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/Windows.h"
 #include "text/EndianConvert.h"
 
 namespace tessaro {
@@ -17,6 +18,14 @@ constinit std::int16_t numriga = 0;
 constinit std::uint8_t rigapari = 1;
 constinit std::uint8_t LF = 10;
 constinit std::uint8_t uscita = 0;
+void (*mostraErroreFile)(std::int16_t) = nullptr;
+
+void IOERR2(OSErr e) {
+    if (e > -1 || e < -523) return;
+    if (mostraErroreFile) mostraErroreFile(e);
+    SetCursor(arrowCursor);
+    uscita = 1;
+}
 
 namespace {
 

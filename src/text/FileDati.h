@@ -18,15 +18,15 @@ extern std::uint8_t LF;         // 10
 extern std::uint8_t uscita;     // first fatal fault of file work
 
 // The message of a file error, `uscita` set, arrow cursor; anything outside -1..-523 passes silently.
-// Stands with the dialogs.
 void IOERR2(OSErr e);
+extern void (*mostraErroreFile)(std::int16_t code);   // Messaggio; set by the dialogs at start
 
 // --- binary, big-endian on disk. A read gives 0 once uscita is set.
 std::uint8_t leggib();
 std::int16_t leggii();
 std::int32_t leggiLong();
 double leggir();
-std::array<std::uint8_t, 10> leggiExtended();   // raw bytes of an 80-bit extended
+std::array<std::uint8_t, 10> leggiExtended();                 // raw bytes of an 80-bit extended
 long double x80told(const std::array<std::uint8_t, 10>& x);   // infinite and no numbers too; narrowing rounds once
 void leggiBlocco(void* data, std::int32_t count);
 void scrivib(std::uint8_t v);

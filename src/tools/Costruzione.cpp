@@ -5,6 +5,8 @@
 #include <cmath>
 
 #include "display/Disegno.h"
+#include "display/Elastico.h"
+#include "display/Sovrapposto.h"
 #include "display/Tratteggi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -25,9 +27,8 @@
 
 namespace tessaro {
 
-constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{}, CentroCorrente{};
-constinit double RaggioCorrente = 0, AngInizCorrente = 0;
-constinit std::int16_t AngInizio = 0, AmpiezzaAngCorrente = 0;
+constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{};
+constinit double AngInizCorrente = 0;
 constinit PercorsoMisurato percorsoMisurato{};
 
 namespace {
@@ -440,11 +441,7 @@ const VoceStato righe[] = {
     {"PuntoCurva1", azzera<PuntoCurva1>, json<PuntoCurva1>},
     {"PuntoCurva2", azzera<PuntoCurva2>, json<PuntoCurva2>},
     {"PuntoCurva3", azzera<PuntoCurva3>, json<PuntoCurva3>},
-    {"CentroCorrente", azzera<CentroCorrente>, json<CentroCorrente>},
-    voce<RaggioCorrente>("RaggioCorrente"),
     voce<AngInizCorrente>("AngInizCorrente"),
-    voce<AngInizio>("AngInizio"),
-    voce<AmpiezzaAngCorrente>("AmpiezzaAngCorrente"),
     voce<percorsoMisurato>("percorsoMisurato"),
 };
 const TabellaStato tabella(righe);

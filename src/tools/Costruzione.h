@@ -8,10 +8,7 @@
 namespace tessaro {
 
 extern puntot PuntoCurva1, PuntoCurva2, PuntoCurva3;   // points of a curve, sheet units
-extern puntot CentroCorrente;
-extern double RaggioCorrente;                         // sheet units
-extern double AngInizCorrente;                        // start angle, radians
-extern std::int16_t AngInizio, AmpiezzaAngCorrente;   // start and sweep, whole degrees
+extern double AngInizCorrente;                         // start angle, radians
 
 void InitSegm();                       // first point
 void FineSegm();                       // second point, by tabButton

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "display/palette.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Penna.h"

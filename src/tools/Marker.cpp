@@ -3,7 +3,8 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Disegno.h"
-#include "display/Zoom.h"
+#include "display/Ridisegno.h"
+#include "display/Sovrapposto.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

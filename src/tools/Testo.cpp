@@ -1,7 +1,7 @@
 // Texts: stored at one click, like markers.
 #include "tools/Testo.h"
 
-#include "display/Disegno.h"
+#include "display/Sovrapposto.h"
 #include "display/Testi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "digitising/Attacchi.h"
-#include "display/Zoom.h"
+#include "editing/SpostaXY.h"
 #include "model/Annulla.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -13,6 +13,7 @@
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "shell/Archivia.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
@@ -96,7 +97,7 @@ TEST(Attacchi, ASelectionFeedsThePointsFromTheOneNamedOn) {
             attaccoAttivo.SetXYAtt(static_cast<std::int16_t>(n - 1), -1, -1);
         }
         EXPECT_EQ(AttaccoSelezionato(c.n), c.preso);
-        attaccoAttivo.SetAttacco(c.n, 777, 888);
+        SetAttacco(c.n, 777, 888);
         for (std::int16_t n = 1; n <= 5; ++n) {
             EXPECT_EQ(LeggiAttacco(n).x, c.x[static_cast<std::size_t>(n - 1)]) << "point " << n;
             double x = 0, y = 0;
@@ -224,7 +225,7 @@ TEST(Attacchi, TheVerdictIsToldInWords) {
     AssegnaAttacco(1, 500, 100);
     VerificaAttacchi();
     attaccoAttivo.xAtt[0] = 5000;   // destination points may stand in any order
-    attaccoAttivo.VerificaAttacchi();
+    VerificaDestinazione();
     EXPECT_EQ(prova::numeriAvvisi(), (std::vector<std::int16_t>{999, 147, 999, 147}));
 }
 
@@ -248,7 +249,7 @@ TEST(Attacchi, AllPointsComeFromTheSelectionAtOnce) {
 
     seleziona(cinque, oPoligono);
     TrasformaPuntiOrigine();
-    attaccoAttivo.TrasformaPuntiDestinazione();
+    TrasformaPuntiDestinazione();
     attesoPunto(4, 4, 6);
     EXPECT_EQ(Elem(2).att.quattroPunti, 1);
     EXPECT_EQ(attaccoAttivo.xAtt, (std::array<double, 5>{1, 2, 3, 4, 1500}));
@@ -263,7 +264,7 @@ TEST(Attacchi, AllPointsComeFromTheSelectionAtOnce) {
     seleziona(s, oSegmento);
     Puntosel.multipla = 1;
     TrasformaPuntiOrigine();
-    attaccoAttivo.TrasformaPuntiDestinazione();
+    TrasformaPuntiDestinazione();
     EXPECT_EQ(prova::suoni, 3);
     attesoPunto(1, 11, 12);
 }

@@ -9,10 +9,13 @@
 #include <random>
 
 #include "digitising/Attacchi.h"
+#include "digitising/AttaccoAggiungi.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "platform/Files.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 #include "support/Attacco.h"
 #include "support/Foglio.h"
 #include "text/FileDati.h"
@@ -250,7 +253,7 @@ TEST(AttaccoDinamico, CopiesGoOntoTheirLayerAndLeaveTheOriginal) {
     const std::int32_t giro = arco(1000, 1000, 100, 10, 50);
     Puntosel = {1, 1, 2, oArco, giro};
     Elem(testa).selezionato = Elem(giro).selezionato = 1;
-    attaccoAttivo.AggiungiMultipla(7);
+    AggiungiMultipla(7);
     ASSERT_EQ(indElem, giro + 4);
     EXPECT_EQ(Elem(giro + 1).lucido, 7);
     EXPECT_EQ(Elem(giro + 2).lucido, 3);   // vertices keep theirs
@@ -267,7 +270,7 @@ TEST(AttaccoDinamico, CopiesGoOntoTheirLayerAndLeaveTheOriginal) {
     AzzeraArchivio();
     polilinea({{0, 0}, {1, 1}});
     Puntosel = {1, 0, 1, oPoligono, 3};
-    attaccoAttivo.AggiungiElemento(1);
+    AggiungiElemento(1);
     EXPECT_EQ(indElem, 4);
 }
 
@@ -283,7 +286,7 @@ TEST(AttaccoDinamico, ATextTurnsAndGrowsWithItsCopyAndItsAngleIsTruncated) {
         Elem(n).test.dimensione = 9;
         Elem(n).test.larghezza = 25;
         Puntosel = {1, 0, 1, oTesto, n};
-        attaccoAttivo.AggiungiElemento(0);
+        AggiungiElemento(0);
         const auto& t = Elem(indElem).test;
         EXPECT_EQ(t.altezza, 18);
         EXPECT_EQ(t.larghezza, 50);
@@ -318,7 +321,7 @@ TEST(AttaccoDinamico, AnAngleIsRoundedAndStaysWithinATurn) {
         const std::int32_t n = testo(1000, 1000, "Sasso", c.angolo);
         Elem(n).test.altezza = 9;
         Puntosel = {1, 0, 1, oTesto, n};
-        attaccoAttivo.AggiungiElemento(0);
+        AggiungiElemento(0);
         EXPECT_EQ(Elem(indElem).test.angolo, c.voluto) << c.tipo << ", " << c.angolo << " turned by " << c.giro;
     }
 }
@@ -342,7 +345,7 @@ TEST(AttaccoDinamico, EveryChangeOfAPointPreparesWhileThePreviewIsOn) {
         Puntosel = {1, 0, 1, oPoligono, p};
         TrasformaPuntiOrigine();
         EXPECT_EQ(l.src[0].x, anteprima ? 400 : trapezio[0].x);
-        attaccoAttivo.TrasformaPuntiDestinazione();
+        TrasformaPuntiDestinazione();
         EXPECT_EQ(l.dst[3].x, anteprima ? 3200 : quadrato[3].x);
         Puntosel = {};
         if (!anteprima) continue;
@@ -356,7 +359,7 @@ TEST(AttaccoDinamico, APictureCopiedHasDataOfItsOwn) {
     prepara(0, quadrato, girato);
     const std::int32_t n = immagine(10, 20, 30, 40, "dati");
     Puntosel = {1, 0, 1, oPict, n};
-    attaccoAttivo.AggiungiElemento(2);
+    AggiungiElemento(2);
     ASSERT_EQ(indElem, n + 1);
     EXPECT_NE(Elem(indElem).pict.maniglia, Elem(n).pict.maniglia);
     EXPECT_EQ(PictBytes(Elem(indElem).pict.maniglia), "dati");

@@ -8,13 +8,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "digitising/Attacchi.h"
 #include "display/Disegno.h"
 #include "model/Cursore.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "raster/Immagini.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <complex>
 
-#include "digitising/Attacchi.h"
 #include "digitising/RapportoAttacchi.h"
 #include "digitising/RapportoTesti.h"
 #include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 

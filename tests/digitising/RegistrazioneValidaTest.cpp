@@ -7,6 +7,9 @@
 #include <limits>
 
 #include "digitising/Attacchi.h"
+#include "digitising/AttaccoAggiungi.h"
+#include "digitising/AttaccoDialogo.h"
+#include "editing/AttacchiCambiati.h"
 #include "editing/Sposta.h"
 #include "model/Cursore.h"
 #include "model/Selezione.h"
@@ -14,6 +17,7 @@
 #include "platform/Automation.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
 
@@ -72,7 +76,7 @@ TEST(RegistrazioneValida, CopiesWantTheirPointsAndGoByTheOnesOfNow) {
     Puntosel = {1, 0, 1, oSegmento, 3};
     passoDialogo = [](DialogPtr d) { return AutoDialogClick(d, 1); };
     attaccoAttivo.tipo = 0;
-    attaccoAttivo.Aggiungi();
+    Aggiungi();
     EXPECT_EQ(indElem, 3);
     EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9150});
     AssegnaAttacco(1, 100, 100);
@@ -80,7 +84,7 @@ TEST(RegistrazioneValida, CopiesWantTheirPointsAndGoByTheOnesOfNow) {
     AttacchiCambiati();
     attaccoAttivo.SetXYAtt(0, 1100, 100);
     attaccoAttivo.SetXYAtt(1, 1500, 100);
-    attaccoAttivo.Aggiungi();   // nobody prepared it
+    Aggiungi();   // nobody prepared it
     ASSERT_EQ(indElem, 4);
     EXPECT_NEAR(Elem(4).segm.x1, 1200, 1e-9);
     EXPECT_NEAR(Elem(4).segm.y1, 300, 1e-9);

@@ -1,8 +1,11 @@
 // The preview of the live transformation: what it shows is what its copies would be, and the marks of its points.
+#include "digitising/AttaccoAggiungi.h"
+#include "display/AttacchiMarche.h"
 #include "display/Scena.h"
 
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
+#include "display/Sovrapposto.h"
 #include "model/Selezione.h"
 #include "support/Attacco.h"
 
@@ -83,7 +86,7 @@ TEST(Anteprima, ItShowsWhatTheCopiesWouldBe) {
             EXPECT_LT(scena.quanti(bianco), senza);
             attaccoAttivo.SetModificato(0);
             Puntosel.indice = n;
-            attaccoAttivo.AggiungiElemento(Elem(n).lucido);
+            AggiungiElemento(Elem(n).lucido);
             scena.pulisci();
             Disegna();
             EXPECT_TRUE(scena.immagine() == anteprima);
@@ -102,7 +105,7 @@ TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
     for (const std::int32_t n : figure) {
         Puntosel = {1, 0, 1, OggettoDi(Elem(n).tipo), n};
         scena.pulisci();
-        DisegnaSelezione();
+        DipingiEvidenza();
         int qui = 0, altrove = 0;
         for (std::int32_t y = 0; y < 220; ++y) {
             for (std::int32_t x = 0; x < 220; ++x) {
@@ -112,7 +115,7 @@ TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
         }
         EXPECT_GT(qui, 0) << int{Elem(n).tipo};
         EXPECT_NEAR(altrove, qui, qui / 4.0) << int{Elem(n).tipo};   // the grey falls differently
-        DisegnaSelezione();
+        DipingiEvidenza();
         EXPECT_EQ(scena.quanti(bianco), 420 * 420) << int{Elem(n).tipo};
     }
 }
@@ -124,7 +127,7 @@ TEST(Anteprima, TheMarksAreThoseOfTheMode) {
         constexpr double posti[5] = {10, 30, 50, 70, 90};
         for (std::int16_t i = 0; i < 5; ++i) attaccoAttivo.SetXYAtt(i, posti[i], 40);
         attaccoAttivo.lavoro.dstC = {90, 80};   // the black dot goes with the solver's centre
-        attaccoAttivo.Disegna();
+        DisAttacchiDin();
         const auto inchiostro = [&](double cx, double cy) {
             int n = 0;
             for (int y = -5; y <= 5; ++y)

@@ -2,6 +2,7 @@
 #include <random>
 
 #include "display/Disegno.h"
+#include "display/Sovrapposto.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -237,9 +238,9 @@ TEST(DisegnoSelezione, DrawnTwiceItIsGoneWhateverIsSelected) {
     for (std::size_t i = 0; i < std::size(numeri); ++i) {
         SCOPED_TRACE(oggetti[i]);
         selezionaUno(numeri[i], oggetti[i]);
-        DisegnaSelezione();
+        DipingiEvidenza();
         EXPECT_NE(s.immagine(), prima);
-        DisegnaSelezione();
+        DipingiEvidenza();
         EXPECT_EQ(s.immagine(), prima);
         Elem(numeri[i]).selezionato = 1;
     }
@@ -247,16 +248,16 @@ TEST(DisegnoSelezione, DrawnTwiceItIsGoneWhateverIsSelected) {
     Modalita = mSpostamento;
     rettSel = RettSel{5, 5, 80, 70};
     XSpost2 = YSpost2 = 30;
-    DisegnaSelezione();
+    DipingiEvidenza();
     EXPECT_NE(s.immagine(), prima);
-    DisegnaSelezione();
+    DipingiEvidenza();
     EXPECT_EQ(s.immagine(), prima);
     // A summary that names a record that is gone is passed over.
     Puntosel.multipla = 0;
     Modalita = mSelezione;
     for (const std::int32_t n : {-1, 0, 1, 100000}) {
         Puntosel.indice = n;
-        DisegnaSelezione();
+        DipingiEvidenza();
         EXPECT_EQ(s.immagine(), prima);
     }
 }
@@ -267,17 +268,16 @@ TEST(DisegnoSelezione, AnOddScrollBetweenDrawingItAndTakingItOffLeavesNothing) {
     selezionaUno(n, oSegmento);
     Elem(n).selezionato = 1;
     s.pulisci();
-    DisegnaSelezione();
+    DipingiEvidenza();
     s.porta.scroll(s.porta.portRect, -3, 2);
     OrigX += 3;
     OrigY -= 2;
-    DisegnaSelezione();
+    DipingiEvidenza();
     EXPECT_EQ(s.quanti(bianco), 100 * 80);
 }
 
 TEST(DisegnoSelezione, TheRubberAndTheCrossComeOffAtTheSecondCall) {
     Scena s;
-    noWindow = 0;   // the cross is drawn for an open drawing only; there is no window to save a state of
     xcurs = ycurs = 40;
     Xini = Yini = 10;
     Xfine = 70;
@@ -289,12 +289,11 @@ TEST(DisegnoSelezione, TheRubberAndTheCrossComeOffAtTheSecondCall) {
         for (const std::int32_t strumento : {0, 5, 6}) {
             Azione = azione;
             operazCorrente = strumento;
-            SospendiAz();
+            DipingiPuntatore();
             EXPECT_NE(s.immagine(), prima);
-            SospendiAz();
+            DipingiPuntatore();
             EXPECT_EQ(s.immagine(), prima);
         }
-    noWindow = 1;
 }
 
 TEST(Disegno, ATagStandsAtItsSidesMiddleAndTheLastVertexLooksAtTheNextElement) {

@@ -9,16 +9,18 @@
 #include <vector>
 
 #include "bitmap/BitMap.h"
-#include "digitising/Attacchi.h"
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "display/Scena.h"
+#include "display/Sovrapposto.h"
+#include "editing/AttacchiCambiati.h"
 #include "editing/Scelta.h"
 #include "model/Lucidi.h"
 #include "model/Selezione.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace {
 

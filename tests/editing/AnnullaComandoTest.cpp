@@ -74,7 +74,7 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
         SCOPED_TRACE(c.strumento);
         const Scena s;
         const ConGiornale g;
-        Modalita = 1;
+        Modalita = mDigitazione;
         operazCorrente = c.strumento;
         marker(500, 500);
         finePasso();
@@ -84,7 +84,7 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
             stati.push_back(stato());
             xcurs = 100 + 10 * i;
             ycurs = 100 + 20 * (i % 2);
-            tabButton = 1;
+            tabButton = bContinua;
             MuoviElastico();
             c.strumento <= 1 ? PuntoDiLinea() : PuntoDiCurva();
             EXPECT_TRUE(finePasso());
@@ -97,7 +97,7 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
         EXPECT_EQ(indElem, 2);
         for (std::int32_t i = 0; i < c.punti; ++i) ripeti();
         EXPECT_EQ(stato(), stati.back());
-        Azione = 0;
+        Azione = sFermo;
         ContinuaPoligono = 0;
     }
 }
@@ -105,12 +105,12 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
 TEST(AnnullaComando, AFigureThatWasGivenUpLeavesNoStep) {
     const Scena s;
     const ConGiornale g;
-    Modalita = 1;
+    Modalita = mDigitazione;
     xcurs = 100;
-    tabButton = 1;
+    tabButton = bContinua;
     PuntoDiLinea();
     ASSERT_TRUE(finePasso());
-    Azione = 0;
+    Azione = sFermo;
     finePasso();
     EXPECT_EQ(DaAnnullare(), nullptr);
 }
@@ -124,11 +124,11 @@ TEST(AnnullaComando, AMeasuredPathLosesAPointAndTheDrawingNothing) {
     static std::int32_t passi = 0;
     passi = 0;
     percorsoMisurato.indietro = [] { ++passi; };
-    Azione = 5;
+    Azione = sPercorso;
     annulla();
     EXPECT_EQ(passi, 1);
     EXPECT_EQ(indElem, 3);
-    Azione = 0;
+    Azione = sFermo;
     annulla();
     EXPECT_EQ(passi, 1);
     EXPECT_EQ(indElem, 2);

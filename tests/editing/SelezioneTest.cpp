@@ -2,7 +2,6 @@
 #include "editing/Scelta.h"
 
 #include "../display/Scena.h"
-#include "display/Disegno.h"
 #include "model/Lucidi.h"
 #include "model/Strumento.h"
 #include "model/Vincoli.h"

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "digitising/Attacchi.h"
 #include "model/Annulla.h"
 #include "model/Colori.h"
 #include "model/Lucidi.h"
@@ -12,6 +11,7 @@
 #include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

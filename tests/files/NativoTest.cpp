@@ -1,10 +1,10 @@
 // The native file byte for byte: what a save writes, what each version brings, and the way there and back.
+#include "editing/AttacchiCambiati.h"
 #include "files/Disco.h"
 
 #include <cmath>
 #include <limits>
 
-#include "digitising/Attacchi.h"
 #include "files/Blocchi.h"
 #include "model/Annulla.h"
 #include "model/Carattere.h"
@@ -15,6 +15,7 @@
 #include "model/Registrazione.h"
 #include "model/Unita.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
 
 using namespace tessaro;

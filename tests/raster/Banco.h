@@ -9,6 +9,7 @@
 #include <random>
 #include <vector>
 
+#include "bitmap/PerRighe.h"
 #include "model/Archivio.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
@@ -16,7 +17,6 @@
 #include "model/Unita.h"
 #include "platform/pict/Pict.h"
 #include "raster/Percorri.h"
-#include "raster/PerRighe.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"

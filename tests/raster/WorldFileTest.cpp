@@ -8,9 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include "files/FileMondo.h"
 #include "model/Archivio.h"
 #include "model/TabellaStato.h"
-#include "raster/FileMondo.h"
 #include "registration/Coordinate.h"
 
 using namespace tessaro;

@@ -9,13 +9,14 @@
 #include <set>
 
 #include "dialogs/Errori.h"
-#include "digitising/Attacchi.h"
+#include "digitising/AttaccoAggiungi.h"
 #include "display/Disegno.h"
 #include "editing/Scelta.h"
 #include "model/Selezione.h"
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 #include "registration/Solutori.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
@@ -267,7 +268,7 @@ TEST(QuadrilateriDegeneri, APreviewOfAnyMappingIsDrawnPickedAndCopied) {
             NessunaSelezione();
             for (std::int32_t i = 3; i <= disegnati; ++i) Elem(i).selezionato = Elem(i).tipo != tVertice;
             Puntosel.numSel = 6;
-            attaccoAttivo.AggiungiMultipla(1);
+            AggiungiMultipla(1);
             EXPECT_EQ(indElem, 2 + 2 * (disegnati - 2));
             Disegna();   // the copies themselves, once more transformed
             for (std::int32_t i = 3; i <= disegnati; ++i) Elem(i).selezionato = 0;

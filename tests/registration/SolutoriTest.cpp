@@ -9,8 +9,8 @@
 #include <random>
 
 #include "dialogs/Errori.h"
-#include "digitising/Attacchi.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 #include "registration/Solutori.h"
 #include "support/Avvisi.h"
 

@@ -52,7 +52,7 @@ TEST(PercorsoSulloSchermo, ARepaintKeepsItsSidesAndAStepBackTakesTheLastOneOff) 
     IndietroPercorso();
     EXPECT_EQ(RisCalc.numPunti, 2);
     EXPECT_EQ(lati(), std::pair(true, false));
-    EXPECT_TRUE(segnato(f, 400, 250));   // the rubber band hangs on the point before
+    EXPECT_EQ(std::pair(Xini, Yini), std::pair(300.0, 100.0));   // the rubber band hangs on the point before
     // Another thing under way: nothing of the path.
     Azione = sFermo;
     EraseRect(myViewRect);

@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 
 #include "files/RecuperoFormato.h"
+#include "files/Richieste.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "platform/StateFiles.h"
@@ -114,7 +115,7 @@ TEST_F(Recuperi, ClosingSavingAndDiscardingLeaveNothing) {
     EXPECT_EQ(recuperi().size(), 1U);
     myFSS = FSMakeFSSpec(cartella / "d.ts3d");
     NomeD = "d.ts3d";
-    theItem = 4;
+    theItem = rSalva;
     archivia();
     EXPECT_TRUE(recuperi().empty());
     EXPECT_NE(DaAnnullare(), nullptr);   // a save is no end of what can be taken back

@@ -3,8 +3,9 @@
 
 #include <array>
 
-#include "digitising/Attacchi.h"
+#include "editing/AttacchiCambiati.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/PuntiControllo.h"
 
 namespace prova {
 

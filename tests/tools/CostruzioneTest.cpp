@@ -140,7 +140,7 @@ TEST(Costruzione, APolylinesUndoTakesAllItsSides) {
     EXPECT_EQ(indElem, 3);
     RipetiPasso();
     EXPECT_EQ(indElem, 6);
-    EXPECT_EQ(Azione, 0);
+    EXPECT_EQ(Azione, sFermo);
 }
 
 TEST(Costruzione, ATypedLastPointEndsThePolylineWithIt) {

@@ -52,6 +52,9 @@ void Brush::make(const Key& key) {
     if (bits_ == 0) ops_[1] = ops_[0];
 
     for (std::size_t i = 0; i < cella_.size(); ++i) cella_[i] = ops_[(bits_ >> i) & 1U];
+    for (std::size_t i = 0; i < cella_.size(); ++i) tinte_[i] = cella_[i].flip;
+    const bool copre = ops_[0].keep == 0 && ops_[1].keep == 0, inverte = ops_[0].keep == ~0U && ops_[1].keep == ~0U;
+    tratto_ = copre ? Tratto::copre : inverte ? Tratto::inverte : Tratto::misto;
     kind_ = Kind::pattern;
     const bool uniform = bits_ == 0 || bits_ == ~std::uint64_t{0};
     if (uniform && ops_[1].keep == 0) kind_ = Kind::solid;

@@ -45,6 +45,12 @@ public:
         flip,      // every pixel is xored with mask()
         pattern,   // set and clear bits differ
     };
+    // What a pattern does alike to all its pixels, so that a dot needs less than the whole operation.
+    enum class Tratto : std::uint8_t {
+        misto,    // some pixels keep what they have
+        copre,    // each becomes its colour, and what was there is not read
+        inverte   // each is xored with its mask
+    };
 
     void update(const Key& key) {
         if (!(key == key_)) make(key);
@@ -54,6 +60,9 @@ public:
     [[nodiscard]] std::uint32_t mask() const { return ops_[1].flip; }     // of a flip brush
     // What happens to device pixel (x, y) of a port of ratio 1 stands at 8 * (y & 7) + (x & 7).
     [[nodiscard]] const RasterOp* cell() const { return cella_.data(); }
+    [[nodiscard]] Tratto tratto() const { return tratto_; }
+    // The colours or masks of a pattern that covers or inverts, at the same places.
+    [[nodiscard]] const std::uint32_t* tinte() const { return tinte_.data(); }
 
     // Applies the brush to the pixels x0 <= x < x1 of device row y, whose first pixel is `row`.
     void span(std::uint32_t* row, std::int32_t y, std::int32_t x0, std::int32_t x1) {
@@ -90,6 +99,8 @@ private:
     std::array<RasterOp, 2> ops_;   // by pattern bit
     std::uint64_t bits_ = 0;        // bit 8 * y + x of the pattern, turned by the origin
     std::array<RasterOp, 64> cella_{};
+    std::array<std::uint32_t, 64> tinte_{};
+    Tratto tratto_ = Tratto::misto;
     std::int32_t periodo_ = 8;   // device pixels after which a row of righe_ starts anew
     bool potenza_ = true;        // the period is `lunghezza`, and the ratio 1 << scorri_: no divisions
     int scorri_ = 0;

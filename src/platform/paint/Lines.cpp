@@ -105,9 +105,17 @@ inline void withBrush(const Brush& brush, Draw draw) {
     case Brush::Kind::flip: return draw([mask = brush.mask()](std::uint32_t& px, auto, auto) { px ^= mask; });
     case Brush::Kind::pattern: break;
     }
-    const RasterOp* const ops = brush.cell();
-    draw([ops](std::uint32_t& px, auto x, auto y) {
-        const RasterOp& op = ops[((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U)];
+    constexpr auto posto = [](auto x, auto y) {
+        return ((static_cast<std::uint32_t>(y) & 7U) << 3U) | (static_cast<std::uint32_t>(x) & 7U);
+    };
+    const std::uint32_t* const tinte = brush.tinte();
+    switch (brush.tratto()) {
+    case Brush::Tratto::copre: return draw([=](std::uint32_t& px, auto x, auto y) { px = tinte[posto(x, y)]; });
+    case Brush::Tratto::inverte: return draw([=](std::uint32_t& px, auto x, auto y) { px ^= tinte[posto(x, y)]; });
+    case Brush::Tratto::misto: break;
+    }
+    draw([posto, ops = brush.cell()](std::uint32_t& px, auto x, auto y) {
+        const RasterOp& op = ops[posto(x, y)];
         px = (px & op.keep) ^ op.flip;
     });
 }
@@ -186,7 +194,7 @@ bool RasterPort::shortLine(Point from, Point to, const Brush& brush) {
     if (left < 0 || right >= width_ || a.v < 0 || b.v >= height_ || std::max(width_, height_) > corta) return false;
     sporco.add(DeviceRect{left, a.v, right + 1, b.v + 1});
     const Segmento32 s{a.h, a.v, right - left, b.v - a.v, b.h >= a.h};
-    withBrush(brush, [&](auto put) { walkWhole(s, memory_.data(), width_, put); });
+    withBrush(brush, [&](auto put) { walkWhole(s, base_, width_, put); });
     return true;
 }
 

@@ -30,7 +30,7 @@ GrafPort& portaNulla() {
     return nowhere;
 }
 
-constinit GrafPtr corrente = nullptr;   // null stands for portaNulla()
+constinit thread_local GrafPtr corrente = nullptr;   // one a thread; null stands for portaNulla()
 
 inline GrafPort& current() { return corrente != nullptr ? *corrente : portaNulla(); }
 

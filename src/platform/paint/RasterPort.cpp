@@ -60,6 +60,18 @@ RasterPort::RasterPort() = default;
 
 RasterPort::RasterPort(std::int32_t width, std::int32_t height, std::int32_t scale) { resize(width, height, scale); }
 
+RasterPort::RasterPort(RasterPort& of, const Rect& part) : base_(of.base_), width_(of.width_), height_(of.height_) {
+    portRect = of.portRect;
+    origin = of.origin;
+    ratio = of.ratio;
+    pen = of.pen;
+    text = of.text;
+    foreground = of.foreground;
+    background = of.background;
+    clip = of.clip;
+    clip.intersect(part);
+}
+
 RasterPort::~RasterPort() {
     if (GetPort() == this) SetPort(nullptr);
 }
@@ -77,6 +89,7 @@ void RasterPort::resize(std::int32_t width, std::int32_t height, std::int32_t sc
     fresh.assign(static_cast<std::size_t>(count), 0xFFFFFFFFU);
 
     memory_ = std::move(fresh);
+    base_ = memory_.data();
     ratio = newRatio;
     width_ = w * ratio;
     height_ = h * ratio;

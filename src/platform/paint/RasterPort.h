@@ -27,8 +27,13 @@ struct DeviceRect {
 class Sporco {
 public:
     void add(const DeviceRect& r) {
-        const DeviceRect& last = parts_[ultimo_];
-        if (r.left >= last.left && r.right <= last.right && r.top >= last.top && r.bottom <= last.bottom) return;
+        if (holds(parts_[ultimo_], r)) return;
+        // A repaint jumps about in few large parts: the one that holds it takes it, before anything grows.
+        for (std::size_t i = 0; i < used_; ++i) {
+            if (!holds(parts_[i], r)) continue;
+            ultimo_ = i;
+            return;
+        }
         merge(r);
     }
     void clear() {
@@ -41,6 +46,9 @@ public:
     [[nodiscard]] Region region(std::int32_t ratio) const;
 
 private:
+    static bool holds(const DeviceRect& a, const DeviceRect& r) {
+        return r.left >= a.left && r.right <= a.right && r.top >= a.top && r.bottom <= a.bottom;
+    }
     void merge(const DeviceRect& r);
     std::array<DeviceRect, 6> parts_{};
     std::size_t used_ = 0;
@@ -54,6 +62,9 @@ class RasterPort final : public GrafPort {
 public:
     RasterPort();   // without pixels: draws nowhere until resized
     RasterPort(std::int32_t width, std::int32_t height, std::int32_t scale);
+    // A port over the pixels of `of`, with its pen, text and colours, for a thread that draws within `part` of its clip. Good
+    // until `of` is resized; what it touches is not told to `of`.
+    RasterPort(RasterPort& of, const Rect& part);
     ~RasterPort() override;   // leaves the current port when it is this one
 
     // New white pixels, all of them dirty; origin 0, the clip is the whole port. Pen, text and colours stay. Sizes are
@@ -63,8 +74,8 @@ public:
 
     // The memory: 0xFFRRGGBB in native order, deviceHeight() rows of rowPixels(), good until the next resize. Who
     // writes here directly calls touch().
-    [[nodiscard]] std::uint32_t* pixels() { return memory_.data(); }
-    [[nodiscard]] const std::uint32_t* pixels() const { return memory_.data(); }
+    [[nodiscard]] std::uint32_t* pixels() { return base_; }
+    [[nodiscard]] const std::uint32_t* pixels() const { return base_; }
     [[nodiscard]] std::ptrdiff_t rowPixels() const { return width_; }
     [[nodiscard]] std::int32_t deviceWidth() const { return width_; }
     [[nodiscard]] std::int32_t deviceHeight() const { return height_; }
@@ -73,7 +84,7 @@ public:
         return x < 0 || y < 0 || x >= width_ || y >= height_ ? 0U : *at(x, y);
     }
     // For CopyBits out of this port: the bounds are device pixels from (0, 0).
-    [[nodiscard]] PixMap pixMap() const { return PixMap{memory_.data(), width_, Rect{0, 0, height_, width_}}; }
+    [[nodiscard]] PixMap pixMap() const { return PixMap{base_, width_, Rect{0, 0, height_, width_}}; }
 
     Sporco sporco;
     void touch(const Rect& logical);   // marks as dirty
@@ -98,10 +109,10 @@ public:
 
 private:
     [[nodiscard]] std::uint32_t* at(std::int32_t x, std::int32_t y) {
-        return memory_.data() + static_cast<std::ptrdiff_t>(y) * width_ + x;
+        return base_ + static_cast<std::ptrdiff_t>(y) * width_ + x;
     }
     [[nodiscard]] const std::uint32_t* at(std::int32_t x, std::int32_t y) const {
-        return memory_.data() + static_cast<std::ptrdiff_t>(y) * width_ + x;
+        return base_ + static_cast<std::ptrdiff_t>(y) * width_ + x;
     }
     // Logical coordinates as device pixels.
     [[nodiscard]] std::int64_t deviceX(std::int64_t h) const { return (h - origin.h) * ratio; }
@@ -123,10 +134,11 @@ private:
 
     struct Scansione;   // Scan.h
 
-    std::vector<std::uint32_t> memory_;
-    std::int32_t width_ = 0;    // device pixels
-    std::int32_t height_ = 0;   // device pixels
-    Brush penna_;               // the pen's, kept as long as pen and colours stay the same
+    std::vector<std::uint32_t> memory_;   // empty for a port over the pixels of another
+    std::uint32_t* base_ = nullptr;       // the first pixel
+    std::int32_t width_ = 0;              // device pixels
+    std::int32_t height_ = 0;             // device pixels
+    Brush penna_;                         // the pen's, kept as long as pen and colours stay the same
     std::unique_ptr<Scansione> scansione_;
     Brush riempi_;   // the last fill's, erase's or invert's
 };

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QWidget>
 
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -50,7 +51,8 @@ private:
     Finestra& finestra;
     Qt::MouseButton premuto = Qt::NoButton;
     enum class Premuti : std::uint8_t { nessuno, penna, comeTopo } premuti = Premuti::nessuno;   // a pen's buttons
-    QPoint restoRotella;   // angle of the wheel that makes no whole step yet, eighths of a degree
+    std::vector<std::uint32_t> conVeli;   // pixels on their way to the screen
+    QPoint restoRotella;                  // angle of the wheel that makes no whole step yet, eighths of a degree
 };
 
 struct Controllo {
@@ -62,10 +64,18 @@ struct Controllo {
     [[nodiscard]] QScrollBar* cursore() const { return tipo == barra ? static_cast<QScrollBar*>(widget) : nullptr; }
 };
 
+// An overlay: its raster rests black, and what differs from black inverts the window's pixels.
+struct VeloFinestra {
+    RasterPort porta;
+    Region coperto;    // where it was drawn
+    Region cambiato;   // where the screen shows another one
+};
+
 struct Finestra {
     std::unique_ptr<RasterPort> porta;
-    Foglio* foglio = nullptr;   // null without an application object
-    Region invalida;            // what the next update event is about
+    std::array<VeloFinestra, 2> veli;   // by Velo
+    Foglio* foglio = nullptr;           // null without an application object
+    Region invalida;                    // what the next update event is about
     bool mostrata = false;
     std::string titolo;      // Mac Roman
     bool cambiata = false;   // the title shows a change
@@ -97,6 +107,9 @@ void aggiornaTitolo();
 Finestra* finestraAperta();
 // The port takes the content's size and the screen's ratio; false when it had them.
 bool adattaPorta(Finestra& f, std::int32_t width, std::int32_t height);
+void adattaVeli(Finestra& f);   // the overlays take the port's size, empty
+// Device pixels of `area` as they are shown, row by row.
+void componi(const Finestra& f, const DeviceRect& area, std::vector<std::uint32_t>& out);
 void mostraDisegnato();             // hands what was drawn to the widget, for the next paint
 void scordaInvalida();              // FlushEvents: no repaint is asked for
 void scordaFinestra(WindowPtr w);   // drops the queued records of a window that goes

@@ -1,5 +1,5 @@
-// The widget of the drawing window's content: it shows the port's pixels without a copy and turns the pointer, the wheel
-// and drops into records.
+// The widget of the drawing window's content: it shows the port's pixels, without a copy where no overlay lies over them,
+// and turns the pointer, the wheel and drops into records.
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -19,6 +19,15 @@ Point pixel(QPointF p) {
     return Point{static_cast<std::int32_t>(std::floor(p.y())), static_cast<std::int32_t>(std::floor(p.x()))};
 }
 constexpr int angoloPasso = 120;   // eighths of a degree in a step of the wheel
+
+// Does an overlay lie over some of r?
+bool velata(const Finestra& f, const QRect& r) {
+    const Rect area{r.top(), r.left(), r.bottom() + 1, r.right() + 1};
+    return std::any_of(f.veli.begin(), f.veli.end(), [&](const VeloFinestra& v) {
+        return std::any_of(v.coperto.parti.begin(), v.coperto.parti.end(),
+                           [&](const Rect& parte) { return !EmptyRect(SectRect(parte, area)); });
+    });
+}
 }   // namespace
 
 Foglio::Foglio(QWidget* parent, Finestra& f) : QWidget(parent), finestra(f) {
@@ -42,8 +51,14 @@ void Foglio::paintEvent(QPaintEvent* e) {
         const QRect dentro = r.intersected(QRect(0, 0, larga, alta));
         if (dentro != r) p.fillRect(r, Qt::white);
         if (dentro.isEmpty()) continue;
-        p.drawImage(dentro, vista,
-                    QRect(dentro.x() * ratio, dentro.y() * ratio, dentro.width() * ratio, dentro.height() * ratio));
+        const QRect sua(dentro.x() * ratio, dentro.y() * ratio, dentro.width() * ratio, dentro.height() * ratio);
+        if (velata(finestra, dentro)) {
+            componi(finestra, DeviceRect{sua.left(), sua.top(), sua.right() + 1, sua.bottom() + 1}, conVeli);
+            p.drawImage(dentro, QImage(reinterpret_cast<const uchar*>(conVeli.data()), sua.width(), sua.height(),
+                                       static_cast<qsizetype>(sua.width()) * 4, QImage::Format_RGB32));
+        } else {
+            p.drawImage(dentro, vista, sua);
+        }
     }
     disegnaEvidenza(p, *this);
     if (static_cast<int>(ScreenRatio()) == ratio) return;

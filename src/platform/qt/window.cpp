@@ -128,6 +128,7 @@ WindowPtr GetNewCWindow(std::int16_t resource) {
     const auto ratio = static_cast<std::int32_t>(ScreenRatio());
     const Rect schermo = ScreenBounds();
     aperta->porta = std::make_unique<RasterPort>(schermo.right, schermo.bottom, ratio);
+    adattaVeli(*aperta);
     if (cornice != nullptr) {
         aperta->foglio = new Foglio(cornice->centralWidget(), *aperta);
         aperta->foglio->setGeometry(cornice->centralWidget()->rect());
@@ -143,6 +144,7 @@ bool adattaPorta(Finestra& f, std::int32_t width, std::int32_t height) {
     const Rect& r = f.porta->portRect;
     if (r.right - r.left == width && r.bottom - r.top == height && f.porta->ratio == ratio) return false;
     f.porta->resize(std::max(width, 1), std::max(height, 1), ratio);
+    adattaVeli(f);
     if (f.foglio != nullptr) f.foglio->update();
     return true;
 }
@@ -229,8 +231,13 @@ void scordaInvalida() {
 
 namespace {
 QRegion sporcoDi(Finestra& f) {
+    if (aggiornaVeli) aggiornaVeli();
     QRegion r;
-    for (const Rect& p : f.porta->PrendiSporco().parti) r += QRect(p.left, p.top, p.right - p.left, p.bottom - p.top);
+    const auto aggiungi = [&r](const Region& parti) {
+        for (const Rect& p : parti.parti) r += QRect(p.left, p.top, p.right - p.left, p.bottom - p.top);
+    };
+    aggiungi(f.porta->PrendiSporco());
+    for (VeloFinestra& v : f.veli) aggiungi(std::exchange(v.cambiato, Region{}));
     return r;
 }
 }   // namespace

@@ -1,4 +1,4 @@
-// The one fork of the program: a raster job's rows shared out among threads.
+// The one fork of the program: a job's rows, or a repaint's bands, shared out among threads.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace tessaro {
 
-extern std::int32_t filiRaster;   // threads of a raster job; 0, the default: as the machine has, 8 at most
+extern std::int32_t filiRaster;   // threads of a raster job; 0, the default: as the machine has, 16 at most
 std::int32_t Fili();              // how many that are, 1 or more
 
 // Calls fn(from, to, thread) over bands of rows that together are 0 to n (not included), each on a thread of its own, and

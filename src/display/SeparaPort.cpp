@@ -1,5 +1,5 @@
 // The bottlenecks that store elements, and what the port's state means in the drawing's own numbers.
-#include "raster/SeparaPort.h"
+#include "display/SeparaPort.h"
 
 #include <algorithm>
 #include <cmath>

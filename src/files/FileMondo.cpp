@@ -1,5 +1,5 @@
 // Six numbers: from the registration, to and from text, and the names that such files have.
-#include "raster/FileMondo.h"
+#include "files/FileMondo.h"
 
 #include <array>
 #include <charconv>

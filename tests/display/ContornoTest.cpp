@@ -1,10 +1,12 @@
 // What is dragged along between the two clicks of a move.
-#include "shell/Contorno.h"
+#include "display/Contorno.h"
 
 #include "../display/Scena.h"
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
+#include "model/Cursore.h"
 #include "model/Selezione.h"
+#include "model/Strumento.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -16,8 +18,11 @@ TEST(Contorno, ATurnedTextIsDraggedAsItsOwnBox) {
         const std::int32_t n = testo(300, 200, "Strada vicinale", angolo);
         Puntosel = {1, 0, 1, oTesto, n};
         EraseRect(myViewRect);
-        FaiContorno();
-        MostraContorno();
+        Modalita = mSpostamento;
+        Sposta2ndClick = 1;
+        XSpost1 = xcurs = 100;
+        YSpost1 = ycurs = 100;
+        DisegnaContorno();
         const auto neri = [&f](const PuntoD& p) {
             int quanti = 0;
             for (int dy = -2; dy <= 2; ++dy)
@@ -26,7 +31,7 @@ TEST(Contorno, ATurnedTextIsDraggedAsItsOwnBox) {
             return quanti;
         };
         for (const PuntoD& p : AngoliTesto(Elem(n))) EXPECT_GT(neri(p), 0) << angolo;
-        MostraContorno();
+        DisegnaContorno();
         for (const PuntoD& p : AngoliTesto(Elem(n))) EXPECT_EQ(neri(p), 0) << angolo;
     }
 }

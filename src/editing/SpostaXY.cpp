@@ -1,8 +1,12 @@
 // Keeping the drawing on positive coordinates: its extent by points, and the shift of everything.
-#include "digitising/Attacchi.h"
+#include "editing/SpostaXY.h"
+
+#include "display/Ridisegno.h"
+#include "editing/AttacchiCambiati.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "platform/Dialogs.h"
+#include "registration/PuntiControllo.h"
 
 namespace tessaro {
 

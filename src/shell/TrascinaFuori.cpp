@@ -1,6 +1,7 @@
 // The picture is made before the drag: nothing of the drawing is touched while another program asks for it.
-#include "editing/TrascinaFuori.h"
+#include "shell/TrascinaFuori.h"
 
+#include "editing/Scelta.h"
 #include "platform/Drags.h"
 #include "platform/Events.h"
 #include "raster/CreaPict.h"
@@ -15,5 +16,9 @@ bool MyDoStartDrag() {
     }
     return TrackDrag(SaporiPict(p));
 }
+
+namespace {
+[[maybe_unused]] const bool legata = (trascinaFuori = MyDoStartDrag, true);
+}   // namespace
 
 }   // namespace tessaro

@@ -1,19 +1,19 @@
 // The outline of what a move carries.
-#include "shell/Contorno.h"
+#include "display/Contorno.h"
 
 #include "display/Disegno.h"
 #include "display/RiquadroTesto.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Penna.h"
 #include "model/Selezione.h"
 #include "model/Stato.h"
+#include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
 
 namespace tessaro {
-
-constinit Point PosBaseSpost{};
 
 namespace {
 
@@ -68,7 +68,6 @@ void contornoSingolo() {
 void FaiContorno() {
     PolySel.punti.clear();
     if (!Puntosel.attiva) return;
-    const Stato stato;
     OpenPoly();
     if (Puntosel.multipla || Puntosel.oggetto >= oMeshOrigine || Puntosel.indice < 3 || Puntosel.indice > indElem) {
         rettangolo(rettSel.xmin, rettSel.ymin, rettSel.xmax, rettSel.ymax);
@@ -78,29 +77,15 @@ void FaiContorno() {
     PolySel = ClosePoly();
 }
 
-void MostraContorno() {
-    const Stato stato;
-    ClipRect(myViewRect);
+void DisegnaContorno() {
+    if (Modalita != mSpostamento || !Sposta2ndClick || !Puntosel.attiva) return;
+    FaiContorno();
+    OffsetPoly(PolySel, h(xcurs) - h(XSpost1), v(ycurs) - v(YSpost1));
     PenNormal();
     PenMode(patXor);
     PenPat(qdGray);
     ForeColor(blackColor);
     FramePoly(PolySel);
 }
-
-void SpostaContorno() {
-    const Point ora{YVid(ycurs), XVid(xcurs)};
-    MostraContorno();
-    OffsetPoly(PolySel, ora.h - PosBaseSpost.h, ora.v - PosBaseSpost.v);
-    MostraContorno();
-    PosBaseSpost = ora;
-}
-
-namespace {
-const VoceStato righe[] = {
-    voce<PosBaseSpost>("PosBaseSpost"),
-};
-const TabellaStato tabella(righe);
-}   // namespace
 
 }   // namespace tessaro

@@ -1,5 +1,5 @@
 // "ParamLenses": a count, then 70 bytes a lens: six doubles, the first of the highest byte, and the name.
-#include "files/ParamLenses.h"
+#include "raster/ParamLenses.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // Bands of rows on threads.
-#include "raster/PerRighe.h"
+#include "bitmap/PerRighe.h"
 
 #include <algorithm>
 #include <system_error>
@@ -13,7 +13,7 @@ namespace tessaro {
 constinit std::int32_t filiRaster = 0;
 
 std::int32_t Fili() {
-    constexpr std::int32_t massimo = 8;
+    constexpr std::int32_t massimo = 16;
     const auto quanti = filiRaster > 0 ? filiRaster : static_cast<std::int32_t>(std::thread::hardware_concurrency());
     return std::clamp(quanti, 1, massimo);
 }

@@ -1,0 +1,13 @@
+// Transformed copies of the selection by the live transformation.
+#pragma once
+
+#include <cstdint>
+
+namespace tessaro {
+
+void Aggiungi();                  // on a layer that is asked for
+std::int16_t PoniLucidoCopie();   // dialog 138: the layer, 0 to 99; negative to stop
+void AggiungiElemento(std::int16_t layer);
+void AggiungiMultipla(std::int16_t layer);
+
+}   // namespace tessaro

@@ -1,0 +1,23 @@
+// The marks of the control points: source points in the pen of the moment, destination points of the live
+// transformation in blue.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Registrazione.h"
+
+namespace tessaro {
+
+void DisAttacco1();
+void DisAttacco2();
+void DisAttacco3();
+void DisAttacco4();
+void DisAttacco5();
+void DisAttaccoDin(std::int16_t n);   // destination point 1 to 5, in the pen of the moment
+void DisAttacchiDin();                // those that the mode uses, in colour 409
+// The mark of point n (1 to 5) at a sheet position, with the pen of the moment.
+void DisMarcaAttacco(std::int16_t n, const double& x, const double& y);
+// The black dot that goes with mark 5, at the centre that a solver holds.
+void DisCentroAttacco(const Coppia& centro);
+
+}   // namespace tessaro
