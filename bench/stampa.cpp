@@ -10,8 +10,8 @@
 #include "Misure.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
-#include "model/Unita.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 #include "platform/Automation.h"
 #include "platform/pict/Pict.h"
 

@@ -405,7 +405,7 @@ void GiornaleFine() {
 
 bool GiornaleAperto() { return giornale().aperto; }
 
-bool ChiudiPasso(const NomePasso& nome) {
+bool ChiudiPasso(const NomePasso& nome, bool diComando) {
     Giornale& g = giornale();
     if (!g.aperto) return false;
     StatoFigura figura = leggiFigura(g);
@@ -418,8 +418,14 @@ bool ChiudiPasso(const NomePasso& nome) {
     if (!p.vuoto()) confrontaRighe(g, p, true);
     p.nome = nome;
     const bool era = g.ombra.figura.inCorso, c = figura.inCorso;
+    // A command that ended the figure and stored something of its own makes a step behind the figure's.
+    const bool altrui = era && !c && diComando && !p.vuoto();
+    if (altrui && !g.passi.empty() && g.passi.back().figura == g.figure) {
+        g.passi.back().figuraDopo = figura;
+        chiudiFigura(g, g.figure);
+    }
     if (c && !era) ++g.figure;
-    if (era || c) {
+    if ((era || c) && !altrui) {
         p.figura = g.figure;
         p.figuraPrima = g.ombra.figura;
         p.figuraDopo = figura;
@@ -443,7 +449,7 @@ bool ChiudiPasso(const NomePasso& nome) {
     g.passi.push_back(std::move(p));
     g.fatti = g.passi.size();
     avvisa(g.passi.back().tratti, g.passi.back().righe);
-    if (era && !c) chiudiFigura(g, g.figure);
+    if (era && !c && !altrui) chiudiFigura(g, g.figure);
     contieni(g);
     return true;
 }

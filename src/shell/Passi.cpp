@@ -42,7 +42,9 @@ void FinePasso(const EventRecord& e) {
     NomePasso nome;
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);
-    if (!noWindow) ChiudiPasso(nome);
+    const bool diComando = e.what == EventKind::menuChoice || e.what == EventKind::drop || e.what == EventKind::button
+                           || e.what == EventKind::dialogItem || e.what == EventKind::highLevel;
+    if (!noWindow) ChiudiPasso(nome, diComando);
     AggiornaVociAnnulla();
 }
 
