@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace tessaro {
@@ -59,7 +60,7 @@ void versa(const BitMap& b, std::vector<Point> daFare, BitMap& raggiunti) {
         BitMapSet(&raggiunti, h, v);
         daFare.push_back(Point{y, x});
     };
-    for (const Point& p : std::vector<Point>(std::move(daFare))) prova(p.h, p.v);
+    for (const Point& p : std::exchange(daFare, {})) prova(p.h, p.v);
     while (!daFare.empty()) {
         const Point p = daFare.back();
         daFare.pop_back();

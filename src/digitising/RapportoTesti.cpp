@@ -102,7 +102,8 @@ std::string numeri(const std::vector<std::int16_t>& punti) {
     std::string s = std::to_string(punti.front());
     for (std::size_t i = 1; i < punti.size(); ++i) {
         const std::string n = std::to_string(punti[i]);
-        s = i + 1 == punti.size() ? stringa(elenco, s, n) : s + ", " + n;
+        if (i + 1 == punti.size()) return stringa(elenco, s, n);
+        s.append(", ").append(n);
     }
     return s;
 }

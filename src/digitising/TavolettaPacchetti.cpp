@@ -61,7 +61,7 @@ bool LeggiLarghezzaFissa(std::string_view riga, Campione& c) {
     riga = senzaBianchi(riga);
     const std::size_t bianco = riga.find(' ');
     // With a blank behind X the widths are plain to see; else all digits but an odd last one are the two coordinates.
-    if (bianco != std::string_view::npos && bianco <= maxCifre) {
+    if (bianco <= maxCifre) {
         const std::string_view resto = riga.substr(bianco + 1);
         return leggiCoppia(riga.substr(0, bianco), resto.substr(0, bianco),
                            resto.substr(std::min(bianco, resto.size())), c);

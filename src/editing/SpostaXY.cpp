@@ -22,7 +22,7 @@ namespace {
 void estensione() {
     const bool quattro = Elem(2).att.quattroPunti != 0;
     Xmin = Ymin = Xmax = Ymax = 0;
-    for (std::int16_t n = 1; n <= (quattro ? 3 : 2); ++n) {
+    for (std::int16_t n = 1, ultimo = quattro ? 3 : 2; n <= ultimo; ++n) {
         const Coppia p = LeggiAttacco(n);
         AggMinMax(p.x, p.y);
     }
@@ -68,7 +68,7 @@ void spostaRecord(elemento& e, double dx, double dy, bool quattro) {
 
 void spostaTutti(double dx, double dy) {
     const bool quattro = Elem(2).att.quattroPunti != 0;
-    for (std::int16_t n = 1; n <= (quattro ? 3 : 2); ++n) {
+    for (std::int16_t n = 1, ultimo = quattro ? 3 : 2; n <= ultimo; ++n) {
         const Coppia p = LeggiAttacco(n);
         AssegnaAttacco(n, p.x + dx, p.y + dy);
     }

@@ -78,7 +78,7 @@ public:
     void coloreFuori() { ++colori; }
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at
-    void nota(std::string macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
+    void nota(const std::string& macRoman) { noteProprie += noteProprie.empty() ? macRoman : ' ' + macRoman; }
     ElementiContati parti;      // left out, beside the entities of a name
     ElementiContati cambiati;   // came in, but not as they were
     // Shows alert 9110. righe: where a reading that did not end stopped, else 0; fermata: the person stopped it.

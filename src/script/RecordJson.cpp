@@ -18,8 +18,10 @@ struct Campo {
     std::size_t capienza = 0;   // testo: most characters behind the length byte
 };
 
+// NOLINTBEGIN(bugprone-macro-parentheses): names of members, which take none
 #define CAMPO(tipo, gruppo, nome)                                                                                      \
     Campo { Campo::tipo, #nome, offsetof(elemento, gruppo.nome) }
+// NOLINTEND(bugprone-macro-parentheses)
 
 constexpr Campo comuni[] = {{Campo::corto, "lucido", offsetof(elemento, lucido)},
                             {Campo::byte, "selezionato", offsetof(elemento, selezionato)}};

@@ -11,6 +11,7 @@
 
 namespace tessaro {
 
+// NOLINTBEGIN(performance-unnecessary-value-param): the given signatures take their strings by value
 PStr255 ConCat2(PStr255 a, PStr255 b) { return a += b; }
 PStr255 ConCat3(PStr255 a, PStr255 b, PStr255 c) { return (a += b) += c; }
 PStr255 ConCat4(PStr255 a, PStr255 b, PStr255 c, PStr255 d) { return ((a += b) += c) += d; }
@@ -24,6 +25,7 @@ PStr255 ConCat7(PStr255 a, PStr255 b, PStr255 c, PStr255 d, PStr255 e, PStr255 f
 PStr255 ConCat8(PStr255 a, PStr255 b, PStr255 c, PStr255 d, PStr255 e, PStr255 f, PStr255 g, PStr255 h) {
     return ((((((a += b) += c) += d) += e) += f) += g) += h;
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 void Num2Str(decform f, double x, PStr255& s) {
     if (std::isnan(x)) {
@@ -53,7 +55,7 @@ void Num2Str(decform f, double x, PStr255& s) {
         s = PStr255(std::string_view(testo.data(), static_cast<std::size_t>(r.ptr - testo.data())));
 }
 
-double Str2Num(PStr255 s) {
+double Str2Num(PStr255 s) {   // NOLINT(performance-unnecessary-value-param): as above
     std::string_view v = s.view();
     while (!v.empty() && (v[0] == ' ' || (v[0] >= '\t' && v[0] <= '\r'))) v.remove_prefix(1);
     std::size_t used = 0;
