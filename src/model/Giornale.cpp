@@ -62,9 +62,10 @@ struct Giornale {
     std::vector<VoceDocumento> voci;
     Ombra ombra;
     std::deque<Passo> passi;
-    std::size_t fatti = 0;     // steps that lie behind; those from here on can be done again
-    std::int64_t peso = 0;     // of the steps' own bytes
-    std::int64_t figure = 0;   // number of the last figure begun
+    std::size_t fatti = 0;       // steps that lie behind; those from here on can be done again
+    std::int64_t peso = 0;       // of the steps' own bytes
+    std::int32_t concluse = 0;   // figureConcluse at the last step's end
+    std::int64_t figure = 0;     // number of the last figure begun
     ImmaginiTrattenute immagini;
 };
 Giornale& giornale() {
@@ -349,7 +350,10 @@ void chiudiFigura(Giornale& g, std::int64_t figura) {
         return;
     }
     for (auto p = primo; p != g.passi.end(); ++p) p->chiusa = true;
-    g.passi.back().nome.punto = false;
+    Passo& ultimo = g.passi.back();
+    ultimo.figuraDopo = g.ombra.figura;   // done again it is finished too
+    ultimo.nome.punto = false;
+    if (ultimo.nome.tipo == aNiente) ultimo.nome.tipo = aAggiunta;
 }
 
 void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
@@ -390,6 +394,7 @@ void GiornaleNuovo() {
     g.ombra.impronte = impronteDelDisegno();
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = leggiFigura(g);
+    g.concluse = figureConcluse;
     g.immagini.entra(g.ombra.record);
     g.aperto = true;
     pictTrattenuta = trattieni;
@@ -418,8 +423,11 @@ bool ChiudiPasso(const NomePasso& nome) {
     if (!p.vuoto()) confrontaRighe(g, p, true);
     p.nome = nome;
     const bool era = g.ombra.figura.inCorso, c = figura.inCorso;
+    // A command that ended the figure before it stored something of its own: a step apart, behind the finished figure.
+    const bool altroComando = era && !c && g.concluse != figureConcluse && !p.vuoto();
+    g.concluse = figureConcluse;
     if (c && !era) ++g.figure;
-    if (era || c) {
+    if ((era || c) && !altroComando) {
         p.figura = g.figure;
         p.figuraPrima = g.ombra.figura;
         p.figuraDopo = figura;
@@ -439,11 +447,12 @@ bool ChiudiPasso(const NomePasso& nome) {
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = std::move(figura);
     perdiRipetibili(g);
+    if (altroComando) chiudiFigura(g, g.figure);
     g.peso += p.peso();
     g.passi.push_back(std::move(p));
     g.fatti = g.passi.size();
     avvisa(g.passi.back().tratti, g.passi.back().righe);
-    if (era && !c) chiudiFigura(g, g.figure);
+    if (era && !c && !altroComando) chiudiFigura(g, g.figure);
     contieni(g);
     return true;
 }
