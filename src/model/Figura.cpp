@@ -11,6 +11,7 @@
 namespace tessaro {
 
 void (*figuraFinita)() = nullptr;
+constinit std::int32_t figureConcluse = 0;
 
 namespace {}
 
@@ -18,6 +19,7 @@ bool FiguraInCorso() { return ContinuaPoligono || Azione == sPrimoPunto || Azion
 
 void FineFigura() {
     if (!FiguraInCorso()) return;
+    ++figureConcluse;
     if (ContinuaPoligono && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);
     ContinuaPoligono = 0;
     if (Azione == sPrimoPunto || Azione == sTerzoPunto) Azione = sFermo;

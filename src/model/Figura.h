@@ -11,6 +11,8 @@ bool FiguraInCorso();
 // Ends the figure in progress: what is stored of it stays, with its undo; a lone first point or the open stage of a curve
 // is given up. Nothing happens without one.
 void FineFigura();
+extern std::int32_t
+    figureConcluse;   // how many it has ended: by this the journal keeps what came behind the door apart
 
 // The door of what stores records of its own: ends the figure in progress, and the undo of what is stored next begins at
 // indElem.

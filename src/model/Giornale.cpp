@@ -8,7 +8,7 @@
 #include "model/Annulla.h"
 #include "model/Figura.h"
 #include "model/GiornaleImmagini.h"
-#include "model/Impronta.h"
+#include "model/GiornaleRecord.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
@@ -22,8 +22,6 @@ void (*dopoTransizione)(const Transizione&) = nullptr;
 namespace {
 
 using Byte = std::vector<unsigned char>;
-
-constexpr std::int32_t recordPerPagina = 512;
 
 // The figure in progress at a moment: the bytes of its rows, and whether there is one.
 struct StatoFigura {
@@ -51,9 +49,8 @@ struct Passo {
 
 // The drawing as it was at the last step's end.
 struct Ombra {
-    std::vector<elemento> record;
-    std::vector<std::uint64_t> impronte;   // a page each
-    Byte righe;                            // documento and derivata, one after the other
+    OmbraRecord record;
+    Byte righe;   // documento and derivata, one after the other
     StatoFigura figura;
 };
 
@@ -62,9 +59,10 @@ struct Giornale {
     std::vector<VoceDocumento> voci;
     Ombra ombra;
     std::deque<Passo> passi;
-    std::size_t fatti = 0;     // steps that lie behind; those from here on can be done again
-    std::int64_t peso = 0;     // of the steps' own bytes
-    std::int64_t figure = 0;   // number of the last figure begun
+    std::size_t fatti = 0;       // steps that lie behind; those from here on can be done again
+    std::int64_t peso = 0;       // of the steps' own bytes
+    std::int32_t concluse = 0;   // figureConcluse at the last step's end
+    std::int64_t figure = 0;     // number of the last figure begun
     ImmaginiTrattenute immagini;
 };
 Giornale& giornale() {
@@ -152,161 +150,6 @@ void scambiaRighe(const Giornale& g, Passo& p) {
     }
 }
 
-// --- records
-
-std::vector<std::uint64_t> impronteDelDisegno() {
-    std::vector<std::uint64_t> pagine;
-    pagine.reserve(static_cast<std::size_t>(indElem / recordPerPagina + 1));
-    for (std::int32_t n = 1; n <= indElem; n += recordPerPagina)
-        pagine.push_back(ImprontaRecord(&Elem(n), std::min(recordPerPagina, indElem - n + 1)));
-    return pagine;
-}
-
-std::span<const elemento> vivi(std::size_t da, std::size_t a) { return {ArrElementi + da, a - da}; }
-
-void sposta(std::vector<TrattoDiverso>& tratti, std::size_t di) {
-    for (TrattoDiverso& t : tratti) {
-        t.prima += static_cast<std::int32_t>(di);
-        t.dopo += static_cast<std::int32_t>(di);
-    }
-}
-
-// Pages that differ, each on its own, as long as no record has another number; else all from the first on.
-std::vector<TrattoDiverso> confrontaRecord(const Ombra& ombra, const std::vector<std::uint64_t>& pagine) {
-    const std::size_t prima = ombra.record.size(), dopo = static_cast<std::size_t>(indElem);
-    const std::size_t comuni = std::min(pagine.size(), ombra.impronte.size());
-    std::vector<std::size_t> diverse;
-    for (std::size_t p = 0; p < comuni; ++p)
-        if (pagine[p] != ombra.impronte[p]) diverse.push_back(p);
-    if (prima == dopo && diverse.empty()) return {};
-    const std::size_t inizio = (diverse.empty() ? comuni : diverse.front()) * recordPerPagina;
-    const auto da = [&](std::size_t d, std::size_t finePrima, std::size_t fineDopo) {
-        std::vector<TrattoDiverso> t =
-            TrattiDiversi(std::span(ombra.record).subspan(d, finePrima - d), vivi(d, fineDopo));
-        sposta(t, d);
-        return t;
-    };
-    if (prima != dopo) return da(std::min({inizio, prima, dopo}), prima, dopo);
-    std::vector<TrattoDiverso> tratti;
-    for (const std::size_t p : diverse) {
-        const std::size_t d = p * recordPerPagina, a = std::min(d + recordPerPagina, dopo);
-        for (std::size_t i = d; i < a; ++i) {
-            if (StessoRecord(ombra.record[i], ArrElementi[i])) continue;
-            const auto n = static_cast<std::int32_t>(i);
-            if (!tratti.empty() && tratti.back().prima + tratti.back().quantiPrima == n) {
-                ++tratti.back().quantiPrima;
-                ++tratti.back().quantiDopo;
-            } else {
-                tratti.push_back({n, 1, n, 1});
-            }
-        }
-    }
-    const std::size_t fine = std::min((diverse.back() + 1) * recordPerPagina, dopo);
-    std::size_t cambiati = 0;
-    for (const TrattoDiverso& t : tratti) cambiati += static_cast<std::size_t>(t.quantiPrima);
-    // Most of a stretch has changed: things may have moved within it.
-    return cambiati * 2 > fine - inizio ? da(inizio, fine, fine) : tratti;
-}
-
-bool alPosto(const std::vector<TrattoDiverso>& tratti) {
-    return std::all_of(tratti.begin(), tratti.end(),
-                       [](const TrattoDiverso& t) { return t.quantiPrima == t.quantiDopo; });
-}
-
-// The shadow takes over what the drawing has now in the stretches' new places; digests follow.
-void aggiornaOmbra(Ombra& ombra, const std::vector<TrattoDiverso>& tratti) {
-    if (tratti.empty()) return;
-    const auto copia = [&](std::size_t da, std::size_t a) {
-        if (a > da) std::memcpy(&ombra.record[da], ArrElementi + da, (a - da) * sizeof(elemento));
-    };
-    const auto fine = static_cast<std::size_t>(indElem);
-    if (alPosto(tratti)) {
-        for (const TrattoDiverso& t : tratti) {
-            const auto da = static_cast<std::size_t>(t.dopo);
-            copia(da, da + static_cast<std::size_t>(t.quantiDopo));
-        }
-        return;
-    }
-    if (ombra.record.capacity() < fine) {   // in steps of half as much again, at most the whole store
-        const auto tutto = static_cast<std::size_t>(maxElementi);
-        ombra.record.reserve(std::min(std::max(fine, ombra.record.capacity() + ombra.record.capacity() / 2), tutto));
-    }
-    ombra.record.resize(fine);
-    copia(static_cast<std::size_t>(tratti.front().dopo), fine);
-}
-
-void rifaiImpronte(Ombra& ombra, const std::vector<TrattoDiverso>& tratti) {
-    if (tratti.empty()) return;
-    const auto una = [&](std::size_t p) {
-        const auto n = static_cast<std::int32_t>(p) * recordPerPagina + 1;
-        ombra.impronte[p] = ImprontaRecord(&Elem(n), std::min(recordPerPagina, indElem - n + 1));
-    };
-    const auto pagina = [](std::int32_t i) { return static_cast<std::size_t>(i / recordPerPagina); };
-    ombra.impronte.resize(static_cast<std::size_t>((indElem + recordPerPagina - 1) / recordPerPagina));
-    if (!alPosto(tratti)) {
-        for (std::size_t p = pagina(tratti.front().dopo); p < ombra.impronte.size(); ++p) una(p);
-        return;
-    }
-    std::size_t prossima = 0;
-    for (const TrattoDiverso& t : tratti) {
-        for (std::size_t p = std::max(prossima, pagina(t.dopo)); p <= pagina(t.dopo + t.quantiDopo - 1); ++p) {
-            una(p);
-            prossima = p + 1;
-        }
-    }
-}
-
-std::vector<TrattoDiverso> rovescio(const std::vector<TrattoDiverso>& tratti) {
-    std::vector<TrattoDiverso> r;
-    r.reserve(tratti.size());
-    for (const TrattoDiverso& t : tratti) r.push_back({t.dopo, t.quantiDopo, t.prima, t.quantiPrima});
-    return r;
-}
-
-// Does a record that takes another's place stand for the same thing? Then it keeps its flag of selection.
-bool succede(const elemento& nuovo, const elemento& vecchio) { return nuovo.tipo == vecchio.tipo; }
-
-// The stretches of the drawing give way to `nuovi`; what they held comes back. Within a stretch records follow each other
-// in order as long as the kinds are the same: a polyline that loses a vertex is still that polyline. Flags of selection
-// go with what they are on.
-std::vector<elemento> sostituisci(const std::vector<TrattoDiverso>& tratti, const std::vector<elemento>& nuovi,
-                                  EsitoPasso& esito) {
-    std::vector<elemento> tolti, coda;
-    tolti.reserve(nuovi.size());
-    const auto inizio = static_cast<std::size_t>(tratti.front().prima);
-    const bool stessi = alPosto(tratti);
-    const std::int32_t scelto = esito.indice - 1;
-    std::int32_t segue = scelto < tratti.front().prima ? scelto : -1;
-    std::size_t letto = inizio, preso = 0;
-    for (const TrattoDiverso& t : tratti) {
-        const auto da = static_cast<std::size_t>(t.prima), a = da + static_cast<std::size_t>(t.quantiPrima);
-        if (scelto >= static_cast<std::int32_t>(letto) && scelto < t.prima) segue = scelto + t.dopo - t.prima;
-        if (!stessi) coda.insert(coda.end(), ArrElementi + letto, ArrElementi + da);
-        tolti.insert(tolti.end(), ArrElementi + da, ArrElementi + a);
-        bool seguono = true;
-        for (std::int32_t i = 0; i < t.quantiDopo; ++i) {
-            elemento e = nuovi[preso++];
-            seguono = seguono && i < t.quantiPrima && succede(e, ArrElementi[t.prima + i]);
-            e.selezionato = seguono ? ArrElementi[t.prima + i].selezionato : std::uint8_t{0};
-            if (seguono && scelto == t.prima + i) segue = t.dopo + i;
-            if (stessi)
-                ArrElementi[t.dopo + i] = e;
-            else
-                coda.push_back(e);
-        }
-        esito.alPosto = esito.alPosto && seguono && stessi;
-        letto = a;
-    }
-    if (scelto >= static_cast<std::int32_t>(letto))
-        segue = scelto + tratti.back().dopo + tratti.back().quantiDopo - static_cast<std::int32_t>(letto);
-    esito.indice = segue + 1;
-    if (stessi) return tolti;
-    coda.insert(coda.end(), ArrElementi + letto, ArrElementi + indElem);
-    std::copy(coda.begin(), coda.end(), ArrElementi + inizio);
-    indElem = static_cast<std::int32_t>(inizio + coda.size());
-    return tolti;
-}
-
 void avvisa(const std::vector<TrattoDiverso>& tratti, const std::vector<RigaDiversa>& righe) {
     if (dopoTransizione && !(tratti.empty() && righe.empty())) dopoTransizione({tratti, righe});
 }
@@ -349,14 +192,17 @@ void chiudiFigura(Giornale& g, std::int64_t figura) {
         return;
     }
     for (auto p = primo; p != g.passi.end(); ++p) p->chiusa = true;
-    g.passi.back().nome.punto = false;
+    Passo& ultimo = g.passi.back();
+    ultimo.figuraDopo = g.ombra.figura;   // done again it is finished too
+    ultimo.nome.punto = false;
+    if (ultimo.nome.tipo == aNiente) ultimo.nome.tipo = aAggiunta;
 }
 
 void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
-    const std::vector<TrattoDiverso> tratti = indietro ? rovescio(p.tratti) : p.tratti;
+    const std::vector<TrattoDiverso> tratti = indietro ? Rovescio(p.tratti) : p.tratti;
     const StatoFigura& figura = indietro ? p.figuraPrima : p.figuraDopo;
     if (!tratti.empty()) {
-        std::vector<elemento> tolti = sostituisci(tratti, p.altri, esito);
+        std::vector<elemento> tolti = Sostituisci(tratti, p.altri, esito);
         g.immagini.scambia(tolti, p.altri);
         g.peso += (static_cast<std::int64_t>(tolti.size()) - static_cast<std::int64_t>(p.altri.size()))
                   * static_cast<std::int64_t>(sizeof(elemento));
@@ -364,8 +210,7 @@ void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
     }
     scambiaRighe(g, p);
     if (!figura.byte.empty()) poniFigura(g, figura);
-    aggiornaOmbra(g.ombra, tratti);
-    rifaiImpronte(g.ombra, tratti);
+    g.ombra.record.Segui(tratti);
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = leggiFigura(g);
     if (p.figura != 0) g.figure = std::max(g.figure, p.figura);
@@ -386,11 +231,11 @@ void GiornaleNuovo() {
     // By name: the order of start-up of the files says nothing.
     std::sort(g.voci.begin(), g.voci.end(),
               [](const VoceDocumento& a, const VoceDocumento& b) { return std::strcmp(a.nome, b.nome) < 0; });
-    g.ombra.record.assign(ArrElementi, ArrElementi + indElem);
-    g.ombra.impronte = impronteDelDisegno();
+    g.ombra.record.Copia();
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = leggiFigura(g);
-    g.immagini.entra(g.ombra.record);
+    g.concluse = figureConcluse;
+    g.immagini.entra(g.ombra.record.record);
     g.aperto = true;
     pictTrattenuta = trattieni;
 }
@@ -405,27 +250,24 @@ void GiornaleFine() {
 
 bool GiornaleAperto() { return giornale().aperto; }
 
-bool ChiudiPasso(const NomePasso& nome, bool diComando) {
+bool ChiudiPasso(const NomePasso& nome) {
     Giornale& g = giornale();
     if (!g.aperto) return false;
     StatoFigura figura = leggiFigura(g);
     const bool diFigura = figuraCambiata(g, figura);
-    std::vector<std::uint64_t> pagine = impronteDelDisegno();
+    std::vector<std::uint64_t> pagine = ImpronteDelDisegno();
     Passo p;
-    p.tratti = confrontaRecord(g.ombra, pagine);
+    p.tratti = g.ombra.record.Confronta(pagine);
     confrontaRighe(g, p, false);
     if (p.vuoto() && !diFigura) return false;
     if (!p.vuoto()) confrontaRighe(g, p, true);
     p.nome = nome;
     const bool era = g.ombra.figura.inCorso, c = figura.inCorso;
-    // A command that ended the figure and stored something of its own makes a step behind the figure's.
-    const bool altrui = era && !c && diComando && !p.vuoto();
-    if (altrui && !g.passi.empty() && g.passi.back().figura == g.figure) {
-        g.passi.back().figuraDopo = figura;
-        chiudiFigura(g, g.figure);
-    }
+    // A command that ended the figure before it stored something of its own: a step apart, behind the finished figure.
+    const bool altroComando = era && !c && g.concluse != figureConcluse && !p.vuoto();
+    g.concluse = figureConcluse;
     if (c && !era) ++g.figure;
-    if ((era || c) && !altrui) {
+    if ((era || c) && !altroComando) {
         p.figura = g.figure;
         p.figuraPrima = g.ombra.figura;
         p.figuraDopo = figura;
@@ -435,21 +277,21 @@ bool ChiudiPasso(const NomePasso& nome, bool diComando) {
     for (const TrattoDiverso& t : p.tratti) quanti += static_cast<std::size_t>(t.quantiPrima);
     p.altri.reserve(quanti);
     for (const TrattoDiverso& t : p.tratti) {
-        const auto da = g.ombra.record.begin() + t.prima;
+        const auto da = g.ombra.record.record.begin() + t.prima;
         p.altri.insert(p.altri.end(), da, da + t.quantiPrima);
-        g.immagini.entra(vivi(static_cast<std::size_t>(t.dopo), static_cast<std::size_t>(t.dopo + t.quantiDopo)));
+        g.immagini.entra({ArrElementi + t.dopo, static_cast<std::size_t>(t.quantiDopo)});
     }
     g.immagini.esce(p.altri);
-    aggiornaOmbra(g.ombra, p.tratti);
-    g.ombra.impronte = std::move(pagine);
+    g.ombra.record.Segui(p.tratti, std::move(pagine));
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = std::move(figura);
     perdiRipetibili(g);
+    if (altroComando) chiudiFigura(g, g.figure);
     g.peso += p.peso();
     g.passi.push_back(std::move(p));
     g.fatti = g.passi.size();
     avvisa(g.passi.back().tratti, g.passi.back().righe);
-    if (era && !c && !altrui) chiudiFigura(g, g.figure);
+    if (era && !c && !altroComando) chiudiFigura(g, g.figure);
     contieni(g);
     return true;
 }

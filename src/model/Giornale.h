@@ -32,8 +32,8 @@ struct NomePasso {
 
 // The event loop has been reached. True when the drawing differed from the shadow and a step was made. The steps of one
 // figure are taken back together once it is finished; one that was given up without storing anything leaves none.
-// `diComando`: what happened was no point of a figure but a command, whose records are a step of their own.
-bool ChiudiPasso(const NomePasso& nome, bool diComando = false);
+// What a command stores behind the door that ends the figure is a step of its own.
+bool ChiudiPasso(const NomePasso& nome);
 
 const NomePasso* DaAnnullare();   // null when there is none
 const NomePasso* DaRipetere();

@@ -38,7 +38,8 @@ void dueRecord(Somme& s, const unsigned char* p) {
     std::memcpy(w.data(), p, sizeof w);
     w[0] &= senzaFlagPrimo;
     w[secondo] &= senzaFlagSecondo;
-    for (std::size_t i = 0; i < paroleDiDue; ++i) s[i % corsie] = passo(s[i % corsie], w[i]);
+    for (std::size_t giro = 0; giro < paroleDiDue; giro += corsie)
+        for (std::size_t i = 0; i < corsie; ++i) s[i] = passo(s[i], w[giro + i]);
 }
 
 }   // namespace

@@ -42,9 +42,7 @@ void FinePasso(const EventRecord& e) {
     NomePasso nome;
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);
-    const bool diComando = e.what == EventKind::menuChoice || e.what == EventKind::drop || e.what == EventKind::button
-                           || e.what == EventKind::dialogItem || e.what == EventKind::highLevel;
-    if (!noWindow) ChiudiPasso(nome, diComando);
+    if (!noWindow) ChiudiPasso(nome);
     AggiornaVociAnnulla();
 }
 

@@ -8,6 +8,7 @@
 #include "editing/Scelta.h"
 #include "model/Annulla.h"
 #include "model/Cursore.h"
+#include "model/Figura.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Voci.h"
@@ -100,6 +101,37 @@ TEST(AnnullaComando, AFigureInProgressGivesUpAPointATime) {
         Azione = sFermo;
         ContinuaPoligono = 0;
     }
+}
+
+TEST(AnnullaComando, WhatEndsAFigureAndStoresItsOwnIsAStepApart) {
+    const Scena s;
+    const ConGiornale g;
+    Modalita = mDigitazione;
+    operazCorrente = opPolilinea;
+    for (const double x : {100, 200, 300}) {
+        xcurs = x;
+        tabButton = bContinua;
+        MuoviElastico();
+        PuntoDiLinea();
+        ASSERT_TRUE(finePasso());
+    }
+    ASSERT_EQ(indElem, 5);
+    CominciaAggiunta();
+    marker(500, 500);
+    PoniAnnulla(aAggiunta);
+    finePasso();
+    EXPECT_EQ(indElem, 6);
+    annulla();
+    EXPECT_EQ(indElem, 5);
+    EXPECT_EQ(Azione, sFermo);
+    annulla();
+    EXPECT_EQ(indElem, 2);   // all its sides
+    ripeti();
+    EXPECT_EQ(indElem, 5);
+    EXPECT_EQ(Azione, sFermo);   // finished, as it was
+    EXPECT_EQ(annullamento, aAggiunta);
+    ripeti();
+    EXPECT_EQ(indElem, 6);
 }
 
 TEST(AnnullaComando, AFigureThatWasGivenUpLeavesNoStep) {
