@@ -35,7 +35,6 @@ int main(int argc, char** argv) {
     Initialize();
     Partenza p;
     p.documenti = opzioni.documenti;
-    p.offriRecupero = !opzioni.avvio.script;
     p.stampa = opzioni.stampa || !opzioni.stampaSu.empty();
     p.stampaSu = opzioni.stampaSu;
     const bool bene = CicloPrincipale(p);

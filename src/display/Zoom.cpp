@@ -25,6 +25,9 @@
 
 namespace tessaro {
 
+constinit Rect DragRect{};
+constinit Rect GrowRect{};
+
 constinit std::uint8_t NewDis = 0;
 constinit Rect Screen{};
 constinit ControlHandle VScroll = nullptr;

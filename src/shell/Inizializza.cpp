@@ -47,9 +47,6 @@
 
 namespace tessaro {
 
-constinit Rect DragRect{};
-constinit Rect GrowRect{};
-
 namespace {
 
 constinit std::int16_t PlotPerCento = 100;   // the plotter's scale, per cent
@@ -195,7 +192,7 @@ bool CicloPrincipale(const Partenza& p) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-    if (p.offriRecupero) OffriRecupero();
+    OffriRecupero();                              // a script has a settings folder of its own, and what was left there
     bool bene = true;
     if (p.stampa) {
         bene = soloStampa(p);

@@ -12,7 +12,6 @@ void CheckEvents();   // one event and one idle step
 // What the program is started for. Paths are UTF-8.
 struct Partenza {
     std::vector<std::string> documenti;   // the first one is opened
-    bool offriRecupero = true;            // what a program that died left is offered before it
     bool stampa = false;                  // the drawings are printed, and that is all
     std::string stampaSu;                 // on this file; empty: on the printer that is kept or the default one
 };
