@@ -35,7 +35,7 @@ public:
     TLeggiEntitaDXF(const TLeggiEntitaDXF&) = delete;
     TLeggiEntitaDXF& operator=(const TLeggiEntitaDXF&) = delete;
 
-    void Leggi();
+    void Leggi();   // to the end of the section, or until the reading is over
 
 protected:
     virtual void Punto();
