@@ -108,6 +108,7 @@ public:
         const Campi& c = campi[e.tipo];
         double y1 = leggi<double>(e, c.y1), y2 = leggi<double>(e, c.y2), m = 0;
         if (e.tipo == tTesto) {
+            y1 = y2 = e.test.y;   // a text keeps its point elsewhere
             m = lontananzaTesto(e);
             if (!VisioneGraf.mostraTesti || !passaTesto(e)) return false;
         } else if (e.tipo == tPoligono) {
