@@ -30,7 +30,10 @@ public:
         tutto->setSpacing(distanza);
         tutto->addStretch(1);
         tutto->addWidget(titolo(), 0, Qt::AlignHCenter);
-        for (std::int16_t i = 2; i <= 4; ++i) tutto->addWidget(riga(i), 0, Qt::AlignHCenter);
+        auto* righe = new QVBoxLayout;
+        righe->setSpacing(distanza / 2);
+        for (std::int16_t i = 2; i <= 4; ++i) righe->addWidget(riga(i), 0, Qt::AlignHCenter);
+        tutto->addLayout(righe);
         auto* sotto = new QHBoxLayout;
         sotto->setSpacing(distanza);
         sotto->addStretch(1);
@@ -58,7 +61,7 @@ private:
         auto* t = new QLabel(daMac(GetIndString(listaPagina, i)), this);
         t->setTextFormat(Qt::PlainText);
         t->setWordWrap(true);
-        t->setFixedWidth(larghezzaRighe);
+        t->setFixedSize(larghezzaRighe, t->heightForWidth(larghezzaRighe));
         return t;
     }
 
@@ -77,6 +80,7 @@ private:
 
     QBoxLayout* comandi() {
         auto* colonna = new QVBoxLayout;
+        colonna->setSpacing(distanza / 3);
         primo = bottone(menuFile, vNuovo);
         colonna->addWidget(primo);
         colonna->addWidget(bottone(menuFile, vApri));
