@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <string>
 
+#include "batch/Batch.h"
 #include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "script/Copione.h"
@@ -26,6 +27,7 @@ bool soloInformazioni(const Opzioni& opzioni) {
 }   // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1 && EComando(argv[1])) EseguiComando(argc, argv);
     Opzioni opzioni;
     std::string guasto;
     if (!LeggiOpzioni(argc, argv, opzioni, guasto)) return guastoOpzioni(guasto);
