@@ -11,8 +11,7 @@
 #include "dialogs/Parametri.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
-#include "registration/Coordinate.h"
-#include "registration/PuntiControllo.h"
+#include "shell/Generi.h"
 
 namespace tessaro {
 
@@ -89,44 +88,21 @@ std::int32_t PrimaImmagine() {
     return 0;
 }
 
-double Similitudine::ingrandimento() const { return std::hypot(a, b); }
-
-// Both clouds are taken from their centroids, so that seven digits before the point cost nothing.
-bool MinimiQuadrati(const std::vector<PuntoDato>& punti, Similitudine& s) {
-    Coppia f, r;
-    const auto n = static_cast<double>(punti.size());
-    for (const PuntoDato& p : punti) {
-        f = {f.x + p.foglio.x / n, f.y + p.foglio.y / n};
-        r = {r.x + p.reale.x / n, r.y + p.reale.y / n};
-    }
-    double quadrati = 0, lungo = 0, largo = 0;
-    for (const PuntoDato& p : punti) {
-        const double x = p.foglio.x - f.x, y = p.foglio.y - f.y, X = p.reale.x - r.x, Y = p.reale.y - r.y;
-        quadrati += x * x + y * y;
-        lungo += x * X - y * Y;
-        largo += y * X + x * Y;
-    }
-    constexpr double poco = 1e-6;   // sheet units, squared
-    s.a = lungo / quadrati;
-    s.b = largo / quadrati;
-    s.cx = r.x - s.a * f.x - s.b * f.y;
-    s.cy = r.y - s.b * f.x + s.a * f.y;
-    return quadrati > poco && s.ingrandimento() > 0 && std::isfinite(s.ingrandimento());
+Esito Adatta(const Chiamata& c, const std::string& percorso, const std::vector<PuntoDato>& punti, SoluzionePunti& s) {
+    std::vector<PuntoNoto> noti;
+    for (const PuntoDato& p : punti) noti.push_back({p.foglio, p.reale});
+    if (RisolviPunti(noti, Metodo::helmert, s) && Ingrandimento(s.mappa) > 0) return Esito::fatto;
+    return Rifiuta(c, Esito::nonFatto, percorso, Testo(Frase::puntiFermi));
 }
 
-void RegistraFoglio(const Similitudine& s) {
-    const Coppia basso = s.reale(0, YFDecimi), alto = s.reale(XFDecimi, 0);
-    AssegnaAttacco(1, 0, YFDecimi);
-    AssegnaAttacco(2, XFDecimi, 0);
-    auto& reali = Elem(2).att;
-    reali.x1 = basso.x;
-    reali.y1 = basso.y;
-    reali.x2 = alto.x;
-    reali.y2 = alto.y;
-    reali.coordReali = 1;
-    CopiePunti12();
-    CalcTransfC();
-    CalcolaRapporti();
+double Ingrandimento(const MappaPunti& m) {
+    const std::array<double, 4> d = m.Derivate({0, 0});
+    return std::hypot(d[0], d[2]);
+}
+
+void RegistraFoglio(const MappaPunti& m) {
+    const auto [primo, secondo] = SegniFoglio();
+    RegistraSegni(m(primo), m(secondo));
 }
 
 void FoglioPer(double larghezza, double altezza) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "batch/Chiamata.h"
-#include "model/Registrazione.h"
+#include "registration/MoltiPunti.h"
 
 namespace tessaro {
 
@@ -25,17 +25,14 @@ void InFoglio(std::vector<PuntoDato>& punti, std::int32_t n);
 // The first picture of the drawing; 0 without one.
 std::int32_t PrimaImmagine();
 
-// The similarity from the sheet to the real plane with the least sum of squared residuals in it: X = a x + b y + cx,
-// Y = b x - a y + cy (the sheet's Y runs down). Exact for two points. False when all lie in one place.
-struct Similitudine {
-    double a = 1, b = 0, cx = 0, cy = 0;
-    [[nodiscard]] Coppia reale(double x, double y) const { return {a * x + b * y + cx, b * x - a * y + cy}; }
-    [[nodiscard]] double ingrandimento() const;   // real units to a sheet unit
-};
-bool MinimiQuadrati(const std::vector<PuntoDato>& punti, Similitudine& s);
+// The similarity (one scale, one turn) with the least sum of squared residuals; exact for two points. Esito::nonFatto, and
+// said, when the points define none.
+Esito Adatta(const Chiamata& c, const std::string& percorso, const std::vector<PuntoDato>& punti, SoluzionePunti& s);
+// Real units to a sheet unit.
+double Ingrandimento(const MappaPunti& m);
 
-// The sheet takes the similarity: control points 1 and 2 lie in two corners of it.
-void RegistraFoglio(const Similitudine& s);
+// The sheet takes the mapping at its control points 1 and 2.
+void RegistraFoglio(const MappaPunti& m);
 // A sheet as large as the picture in its corner: whole millimetres, 10 to 200 centimetres a side.
 void FoglioPer(double larghezza, double altezza);
 

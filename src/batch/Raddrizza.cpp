@@ -85,7 +85,9 @@ void soloRisultato(Meta& m) {
     p.x = p.y = 0;
     FoglioPer(p.larghezza, p.altezza);
     Elem(2).att.quattroPunti = 0;
-    RegistraFoglio({m.perUnita, 0, m.X0, m.Y1});
+    const auto reale = [&m](const Coppia& q) { return Coppia{m.X0 + q.x * m.perUnita, m.Y1 - q.y * m.perUnita}; };
+    const auto [primo, secondo] = SegniFoglio();
+    RegistraSegni(reale(primo), reale(secondo));
 }
 
 constexpr GenereFile soloImmagine{"", nullptr, [] {
@@ -120,14 +122,14 @@ Esito ComandoRaddrizza(const Chiamata& c) {
     if (n != 3) CopiaRecord(3, n, 1);
     indElem = 3;
     InFoglio(punti, 3);
-    Similitudine s;
-    if (!MinimiQuadrati(punti, s) || !ordina(punti))
-        return Rifiuta(c, Esito::nonFatto, elenco, Testo(Frase::quadrilatero));
+    SoluzionePunti s;
+    if (const Esito e = Adatta(c, elenco, punti, s); e != Esito::fatto) return e;
+    if (!ordina(punti)) return Rifiuta(c, Esito::nonFatto, elenco, Testo(Frase::quadrilatero));
     const elemento pict = Elem(3);
     const PictInPixel pixel(PictBytes(pict.pict.maniglia));
-    Meta m = preparaPunti(punti, scalaVoluta > 0 ? scalaVoluta / decimiUnita : s.ingrandimento());
+    Meta m = preparaPunti(punti, scalaVoluta > 0 ? scalaVoluta / decimiUnita : Ingrandimento(s.mappa));
     // As many pixels to a metre as the picture has in the mean, unless it is told.
-    const double sua = pixel.width() / (pict.pict.larghezza / DecPollice) * m.perUnita / s.ingrandimento();
+    const double sua = pixel.width() / (pict.pict.larghezza / DecPollice) * m.perUnita / Ingrandimento(s.mappa);
     risoluzione = std::round(std::clamp(dpi > 0 ? dpi : sua, 49.0, 999.0));
     tipoTrasformazione = c.ha("plain") ? 1 : 2;
     tipoTaglio = 1;

@@ -20,23 +20,23 @@ struct Rapporto {
     std::string peggiore;
 };
 
-Rapporto residui(const Chiamata& c, const std::vector<PuntoDato>& punti, const Similitudine& s, bool scrivi) {
+Rapporto residui(const Chiamata& c, const std::vector<PuntoDato>& punti, const SoluzionePunti& s) {
     Rapporto r;
     double quadrati = 0;
-    for (const PuntoDato& p : punti) {
-        const Coppia dove = s.reale(p.foglio.x, p.foglio.y);
-        const double dx = dove.x - p.reale.x, dy = dove.y - p.reale.y, d = std::hypot(dx, dy);
-        quadrati += d * d;
-        if (d >= r.massimo) {
-            r.massimo = d;
+    for (std::size_t i = 0; i < punti.size(); ++i) {
+        const PuntoDato& p = punti[i];
+        const Coppia d = s.punti[i].residuo;
+        const double lungo = std::hypot(d.x, d.y);
+        quadrati += lungo * lungo;
+        if (lungo >= r.massimo) {
+            r.massimo = lungo;
             r.peggiore = p.nome;
         }
-        if (!scrivi) continue;
         Rigo riga(c);
         riga.testo("point", p.nome).numero("sheet_x_mm", p.foglio.x / 10).numero("sheet_y_mm", p.foglio.y / 10);
         riga.numero("x" + Unita(), p.reale.x).numero("y" + Unita(), p.reale.y);
-        riga.numero("residual_x" + Unita(), dx).numero("residual_y" + Unita(), dy).numero("residual" + Unita(), d);
-        riga.stampaRiga();
+        riga.numero("residual_x" + Unita(), d.x).numero("residual_y" + Unita(), d.y);
+        riga.numero("residual" + Unita(), lungo).stampaRiga();
     }
     r.medio = std::sqrt(quadrati / static_cast<double>(punti.size()));
     return r;
@@ -60,10 +60,10 @@ Esito ComandoRegistra(const Chiamata& c) {
         InFoglio(punti, immagine);
     }
     if (!diCasa && immagine != 0) FoglioPer(Elem(immagine).pict.larghezza, Elem(immagine).pict.altezza);
-    Similitudine s;
-    if (!MinimiQuadrati(punti, s)) return Rifiuta(c, Esito::nonFatto, elenco, Testo(Frase::puntiFermi));
-    RegistraFoglio(s);
-    const Rapporto r = residui(c, punti, s, true);
+    SoluzionePunti s;
+    if (const Esito e = Adatta(c, elenco, punti, s); e != Esito::fatto) return e;
+    RegistraFoglio(s.mappa);
+    const Rapporto r = residui(c, punti, s);
     if (r.massimo > limite)
         return Rifiuta(c, Esito::nonFatto, elenco,
                        Testo(Frase::oltreResiduo, r.peggiore + " " + Decimali(r.massimo, 4), Decimali(limite, 4)));
@@ -71,7 +71,7 @@ Esito ComandoRegistra(const Chiamata& c) {
     constexpr double gradi = 57.29577951308232;
     Rigo riga(c);
     riga.testo("input", da).testo("output", a).intero("points", static_cast<std::int64_t>(punti.size()));
-    riga.numero("scale_denominator", Scaladis).numero("rotation_deg", std::atan2(s.b, s.a) * gradi);
+    riga.numero("scale_denominator", Scaladis).numero("rotation_deg", ParametriDi(s.mappa, {0, 0}).rotazione * gradi);
     riga.numero("residual_rms" + Unita(), r.medio).numero("residual_max" + Unita(), r.massimo);
     riga.testo("worst_point", r.peggiore).stampaRiga();
     return Esito::fatto;

@@ -127,20 +127,6 @@ void sposta(const TransfRec& t) {
     }
 }
 
-void registra(double X0, double Y0, double perUnita) {
-    AssegnaAttacco(1, 0, YFDecimi);
-    AssegnaAttacco(2, XFDecimi, 0);
-    auto& reali = Elem(2).att;
-    reali.x1 = X0;
-    reali.y1 = Y0;
-    reali.x2 = X0 + XFDecimi * perUnita;
-    reali.y2 = Y0 + YFDecimi * perUnita;
-    reali.coordReali = 1;
-    CopiePunti12();
-    CalcTransfC();
-    CalcolaRapporti();
-}
-
 }   // namespace
 
 std::span<const GenereFile> GeneriDiFile() { return generi; }
@@ -150,6 +136,26 @@ const GenereFile* GenereDi(std::string_view percorso) {
     const auto* f = std::find_if(std::begin(generi), std::end(generi),
                                  [&nome](const GenereFile& x) { return nome.ends_with(x.suffisso); });
     return f == std::end(generi) ? nullptr : f;
+}
+
+std::array<Coppia, 2> SegniFoglio() {
+    constexpr double dentro = 100;
+    return {Coppia{dentro, YFDecimi - dentro}, Coppia{XFDecimi - dentro, dentro}};
+}
+
+void RegistraSegni(const Coppia& primo, const Coppia& secondo) {
+    const auto [basso, alto] = SegniFoglio();
+    AssegnaAttacco(1, basso.x, basso.y);
+    AssegnaAttacco(2, alto.x, alto.y);
+    auto& reali = Elem(2).att;
+    reali.x1 = primo.x;
+    reali.y1 = primo.y;
+    reali.x2 = secondo.x;
+    reali.y2 = secondo.y;
+    reali.coordReali = 1;
+    CopiePunti12();
+    CalcTransfC();
+    CalcolaRapporti();
 }
 
 void PosaSulFoglio() {
@@ -171,7 +177,9 @@ void PosaSulFoglio() {
     t.deltaX = -X0 / perUnita;
     t.deltaY = Y0 / perUnita;
     sposta(t);
-    registra(X0, Y0, perUnita);
+    const auto reale = [&](const Coppia& p) { return Coppia{X0 + p.x * perUnita, Y0 + (YFDecimi - p.y) * perUnita}; };
+    const auto [primo, secondo] = SegniFoglio();
+    RegistraSegni(reale(primo), reale(secondo));
 }
 
 bool ApriConGenere(const GenereFile& formato, const FSSpec& file, bool posa) {

@@ -2,9 +2,11 @@
 // opens and for the commands without a window.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
+#include "model/Registrazione.h"
 #include "platform/Files.h"
 
 namespace tessaro {
@@ -30,5 +32,11 @@ bool ApriConGenere(const GenereFile& formato, const FSSpec& file, bool posa = tr
 // at the scale in force when it fits, else at the next of 1, 2, 2.5 and 5 times a power of ten. Nothing happens to an
 // empty drawing, to one that is registered, and to one that lies on its sheet.
 void PosaSulFoglio();
+
+// Control points 1 and 2 of a sheet that no hand has registered: a centimetre inside its lower left and upper right
+// corners, sheet units.
+std::array<Coppia, 2> SegniFoglio();
+// Their real coordinates; the sheet is registered by them.
+void RegistraSegni(const Coppia& primo, const Coppia& secondo);
 
 }   // namespace tessaro
