@@ -39,6 +39,9 @@ install(FILES packaging/io.github.tessaro3d.Tessaro3D.metainfo.xml DESTINATION $
 install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES packaging/copyright ${CMAKE_BINARY_DIR}/packed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
+if(NOT TESSARO_FUZZ)
+  install(FILES ${CMAKE_BINARY_DIR}/sample.ts3d DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d)
+endif()
 install(FILES examples/parcels.jpg examples/sample.script DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
 install(DIRECTORY examples/archive DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples OPTIONAL)
 # The reader of DWG files, where npm has brought its library; what its tests alone need stays out.

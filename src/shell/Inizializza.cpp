@@ -44,6 +44,7 @@
 #include "shell/Comandi.h"
 #include "shell/Generi.h"
 #include "shell/ImpostazioniGiornale.h"
+#include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
 namespace tessaro {
@@ -134,6 +135,8 @@ void Initialize() {
     LeggiParGiornale();
     allocaArchivio();
     predisponiMenu();
+    LeggiRecenti();
+    ShowMenuItem(menuArchivio, voci::archivio::esempio, EsempioInstallato());
     predisponiTesto();
     SetupLimits();
     predisponiScale();
@@ -207,7 +210,11 @@ bool CicloPrincipale(const Partenza& p) {
         bene = soloStampa(p);
     } else {
         // The rest are left alone on purpose: one drawing at a time.
-        if (!p.documenti.empty()) ApriPercorso(p.documenti.front().c_str());
+        if (!p.documenti.empty()) {
+            ApriPercorso(p.documenti.front().c_str());
+        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+            ShowStartPage();
+        }
         while (!fine) CheckEvents();
     }
     FineRecupero();
