@@ -34,7 +34,7 @@ enum class Frase : std::int16_t {
     rigaPunto,      // ^0 number of the line
     pochiPunti,     // ^0 wanted, ^1 there
     puntiFermi,     // all in one place
-    oltreResiduo,   // ^0 the residual, ^1 the limit
+    oltreResiduo,   // ^0 the point that fits least, ^1 the limit
     nulla,          // nothing was written
     pieno,          // the drawing
     quadrilatero,   // four points that are none

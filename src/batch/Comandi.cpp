@@ -24,6 +24,8 @@ constexpr std::string_view diMisura[] = {"layer=", "total", "unit=", "scale="};
 constexpr std::string_view diStampa[] = {"paper=",   "landscape",  "margin=", "pages=",  "one-page",
                                          "overlap=", "skip-empty", "marks",   "numbers", "ruler"};
 
+constexpr std::string_view diMiniatura[] = {"size="};
+
 struct Comando {
     std::string_view nome;
     std::size_t file;   // how many it takes
@@ -31,9 +33,10 @@ struct Comando {
     Esito (*esegui)(const Chiamata& c);
 };
 constexpr Comando comandi[] = {
-    {"convert", 2, diConverti, ComandoConverti},  {"info", 1, {}, ComandoInforma},
-    {"register", 3, diRegistra, ComandoRegistra}, {"rectify", 3, diRaddrizza, ComandoRaddrizza},
-    {"measure", 1, diMisura, ComandoMisura},      {"print", 2, diStampa, ComandoStampa},
+    {"convert", 2, diConverti, ComandoConverti},     {"info", 1, {}, ComandoInforma},
+    {"register", 3, diRegistra, ComandoRegistra},    {"rectify", 3, diRaddrizza, ComandoRaddrizza},
+    {"measure", 1, diMisura, ComandoMisura},         {"print", 2, diStampa, ComandoStampa},
+    {"thumbnail", 2, diMiniatura, ComandoMiniatura},
 };
 
 const Comando* comandoDi(std::string_view nome) {

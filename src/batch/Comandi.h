@@ -13,6 +13,7 @@ Esito ComandoRegistra(const Chiamata& c);
 Esito ComandoRaddrizza(const Chiamata& c);
 Esito ComandoMisura(const Chiamata& c);
 Esito ComandoStampa(const Chiamata& c);
+Esito ComandoMiniatura(const Chiamata& c);
 
 // A whole text as a number between bounds; v stays when it is none.
 [[nodiscard]] bool LeggiNumero(std::string_view s, double min, double max, double& v);

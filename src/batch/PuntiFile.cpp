@@ -11,6 +11,7 @@
 #include "dialogs/Parametri.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
+#include "registration/Sbagli.h"
 #include "shell/Generi.h"
 
 namespace tessaro {
@@ -88,10 +89,24 @@ std::int32_t PrimaImmagine() {
     return 0;
 }
 
+namespace {
+
+std::vector<PuntoNoto> noti(const std::vector<PuntoDato>& punti) {
+    std::vector<PuntoNoto> v;
+    for (const PuntoDato& p : punti) v.push_back({p.foglio, p.reale});
+    return v;
+}
+
+}   // namespace
+
+std::vector<std::string> Sospetti(const std::vector<PuntoDato>& punti) {
+    std::vector<std::string> nomi;
+    for (const PuntoSbagliato& s : CercaSbagli(noti(punti), Metodo::helmert).punti) nomi.push_back(punti[s.punto].nome);
+    return nomi;
+}
+
 Esito Adatta(const Chiamata& c, const std::string& percorso, const std::vector<PuntoDato>& punti, SoluzionePunti& s) {
-    std::vector<PuntoNoto> noti;
-    for (const PuntoDato& p : punti) noti.push_back({p.foglio, p.reale});
-    if (RisolviPunti(noti, Metodo::helmert, s) && Ingrandimento(s.mappa) > 0) return Esito::fatto;
+    if (RisolviPunti(noti(punti), Metodo::helmert, s) && Ingrandimento(s.mappa) > 0) return Esito::fatto;
     return Rifiuta(c, Esito::nonFatto, percorso, Testo(Frase::puntiFermi));
 }
 

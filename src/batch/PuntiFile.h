@@ -28,6 +28,8 @@ std::int32_t PrimaImmagine();
 // The similarity (one scale, one turn) with the least sum of squared residuals; exact for two points. Esito::nonFatto, and
 // said, when the points define none.
 Esito Adatta(const Chiamata& c, const std::string& percorso, const std::vector<PuntoDato>& punti, SoluzionePunti& s);
+// Names of the points that do not agree with the others, the worst first: slips, by chance less than one in fifty.
+std::vector<std::string> Sospetti(const std::vector<PuntoDato>& punti);
 // Real units to a sheet unit.
 double Ingrandimento(const MappaPunti& m);
 

@@ -64,16 +64,18 @@ Esito ComandoRegistra(const Chiamata& c) {
     if (const Esito e = Adatta(c, elenco, punti, s); e != Esito::fatto) return e;
     RegistraFoglio(s.mappa);
     const Rapporto r = residui(c, punti, s);
+    const std::vector<std::string> sospetti = Sospetti(punti);
     if (r.massimo > limite)
-        return Rifiuta(c, Esito::nonFatto, elenco,
-                       Testo(Frase::oltreResiduo, r.peggiore + " " + Decimali(r.massimo, 4), Decimali(limite, 4)));
+        return Rifiuta(
+            c, Esito::nonFatto, elenco,
+            Testo(Frase::oltreResiduo, sospetti.empty() ? r.peggiore : sospetti.front(), Decimali(limite, 4)));
     if (const Esito e = ScriviUscita(c, *forma, a); e != Esito::fatto) return e;
     constexpr double gradi = 57.29577951308232;
     Rigo riga(c);
     riga.testo("input", da).testo("output", a).intero("points", static_cast<std::int64_t>(punti.size()));
     riga.numero("scale_denominator", Scaladis).numero("rotation_deg", ParametriDi(s.mappa, {0, 0}).rotazione * gradi);
     riga.numero("residual_rms" + Unita(), r.medio).numero("residual_max" + Unita(), r.massimo);
-    riga.testo("worst_point", r.peggiore).stampaRiga();
+    riga.testo("worst_point", r.peggiore).elenco("suspect_points", sospetti).stampaRiga();
     return Esito::fatto;
 }
 
