@@ -183,8 +183,12 @@ struct AltroNome {
     Campo campo;
 };
 constexpr AltroNome altriNomi[] = {
-    {"layername", Campo::nomeLucido}, {"livello", Campo::nomeLucido}, {"color", Campo::colore},
-    {"colore", Campo::colore},        {"elev", Campo::quota},         {"quota", Campo::quota},
+    {"layername", Campo::nomeLucido},
+    {"livello", Campo::nomeLucido},
+    {"color", Campo::colore},
+    {"colore", Campo::colore},
+    {"elev", Campo::quota},
+    {"quota", Campo::quota},
     {"z", Campo::quota},
 };
 

@@ -37,7 +37,7 @@ inline constexpr std::size_t nCampi = static_cast<std::size_t>(Campo::nCampi);
 
 struct DescriviCampo {
     const char* nome;
-    int tipo;   // gdal::campo...
+    int tipo;    // gdal::campo...
     int lungo;   // characters, or 0
 };
 extern const std::array<DescriviCampo, nCampi> descriviCampi;
@@ -64,7 +64,8 @@ class CampiLetti {
 public:
     CampiLetti(const Gdal& gdal, gdal::Oggetto layer);
     [[nodiscard]] bool ha(gdal::Oggetto feature, Campo c) const;
-    [[nodiscard]] std::string testo(gdal::Oggetto feature, Campo c) const;   // UTF-8, cut at 255 bytes; empty without one
+    [[nodiscard]] std::string testo(gdal::Oggetto feature,
+                                    Campo c) const;   // UTF-8, cut at 255 bytes; empty without one
     [[nodiscard]] double numero(gdal::Oggetto feature, Campo c, double senza) const;   // a finite one, else `senza`
     [[nodiscard]] int intero(gdal::Oggetto feature, Campo c, int senza, int min, int max) const;
     // Fields that are nobody's: `conta` adds one to each that the feature fills.

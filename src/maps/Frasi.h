@@ -17,37 +17,40 @@ enum class FraseMappe : std::int16_t {
     avanzaScrittura,
     avanzaLettura,
     nienteDaScrivere,
-    nonApre,           // ^0 what the library said
-    nonScrive,         // ^0 what the library said
-    diversoRiletto,    // ^0 meant, ^1 found
-    curveInLati,       // ^0 circles and arcs
-    senzaSistema,      // the drawing names none
-    formaGenerale,     // what maps do not hold
-    attributiPersi,    // ^0 "NAME (12), AREA (12)"
-    altriAttributi,    // ^0 how many more
-    sistemaPreso,      // ^0 the file's system is now the drawing's
-    trasformati,       // ^0 from, ^1 to, ^2 accuracy
-    accuratezza,       // ^0 metres
+    nonApre,          // ^0 what the library said
+    nonScrive,        // ^0 what the library said
+    diversoRiletto,   // ^0 meant, ^1 found
+    curveInLati,      // ^0 circles and arcs
+    senzaSistema,     // the drawing names none
+    formaGenerale,    // what maps do not hold
+    attributiPersi,   // ^0 "NAME (12), AREA (12)"
+    altriAttributi,   // ^0 how many more
+    sistemaPreso,     // ^0 the file's system is now the drawing's
+    trasformati,      // ^0 from, ^1 to, ^2 accuracy
+    accuratezza,      // ^0 metres
     accuratezzaIgnota,
     sistemaNonTrasf,   // ^0 why
     sistemaIgnoto,     // the file names none
     coordinateComeSono,
-    lucidiUniti,       // ^0 layers
-    coloriOltre,       // ^0 elements
+    lucidiUniti,   // ^0 layers
+    coloriOltre,   // ^0 elements
     fermata,
-    interrotta,        // ^0 what the library said
+    interrotta,   // ^0 what the library said
     geometriaStrana,
     nessunElemento,
-    esisteGia,         // ^0 names
-    cartella,          // the folder refuses
-    tiffScritto,       // ^0 width, ^1 height, ^2 real size of a pixel
-    rasterGrande,      // ^0 pixels
-    rasterSenzaPosto,  // no georeference in it
+    esisteGia,          // ^0 names
+    cartella,           // the folder refuses
+    tiffScritto,        // ^0 width, ^1 height, ^2 real size of a pixel
+    rasterGrande,       // ^0 pixels
+    rasterSenzaPosto,   // no georeference in it
     rasterGirato,
-    sistemaNonTrovato, // ^0 as typed
-    sistemaNonReale,   // ^0 a system of heights or the like
+    sistemaNonTrovato,   // ^0 as typed
+    sistemaNonReale,     // ^0 a system of heights or the like
     coordGeografiche,
-    latLonNord, latLonSud, latLonEst, latLonOvest,
+    latLonNord,
+    latLonSud,
+    latLonEst,
+    latLonOvest,
     nessunSistema,
     sistemaStriscia,   // ^0 name
 };

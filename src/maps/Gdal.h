@@ -9,7 +9,7 @@ namespace tessaro {
 
 namespace gdal {
 
-using Oggetto = void*;   // any of the library's handles
+using Oggetto = void*;                // any of the library's handles
 using Opzioni = const char* const*;   // NAME=VALUE, ended by a null
 
 // Flags of GDALOpenEx.
@@ -48,8 +48,8 @@ struct Gdal {
     void (*VSIFree)(void* p);
     // --- datasets
     O (*GDALGetDriverByName)(const char* name);
-    O (*GDALOpenEx)(const char* path, unsigned int flags, gdal::Opzioni drivers, gdal::Opzioni open,
-                    gdal::Opzioni siblings);
+    O(*GDALOpenEx)
+    (const char* path, unsigned int flags, gdal::Opzioni drivers, gdal::Opzioni open, gdal::Opzioni siblings);
     O (*GDALCreate)(O driver, const char* path, int width, int height, int bands, int type, gdal::Opzioni options);
     void (*GDALClose)(O dataset);
     void (*GDALFlushCache)(O dataset);
@@ -154,7 +154,7 @@ private:
     const Gdal& g;
 };
 
-// A dataset that is closed at the end of its block.
+// A dataset, or none, that is closed at the end of its block.
 class Aperto {
 public:
     Aperto(const Gdal& gdal, gdal::Oggetto dataset) : g(gdal), ds(dataset) {}
@@ -162,9 +162,10 @@ public:
     Aperto(const Aperto&) = delete;
     Aperto& operator=(const Aperto&) = delete;
     operator gdal::Oggetto() const { return ds; }   // NOLINT: it stands for its handle
-    void chiudi() {
+    void chiudi() { poni(nullptr); }
+    void poni(gdal::Oggetto altro) {
         if (ds != nullptr) g.GDALClose(ds);
-        ds = nullptr;
+        ds = altro;
     }
 
 private:
