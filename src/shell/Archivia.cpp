@@ -33,6 +33,7 @@
 #include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
+#include "shell/Recenti.h"
 #include "shell/Recupero.h"
 #include "text/FileDati.h"
 
@@ -235,6 +236,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     NomeD = PStr255(std::string_view(file.nome));
     NomeLavoro = NomeD;
     SegnaSalvato();
+    RicordaRecente(file);
 }
 
 void concludi() {
