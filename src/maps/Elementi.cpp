@@ -105,7 +105,7 @@ void ElementiDaMappa::leggiAspetto(gdal::Oggetto f, const CampiLetti& campi, con
 
 void ElementiDaMappa::aggiungi(gdal::Oggetto feature, const CampiLetti& campi, const std::string& strato) {
     const gdal::Oggetto forma = g.OGR_F_GetGeometryRef(feature);
-    if (forma == nullptr) return resoconto.tralascia("NO GEOMETRY");
+    if (forma == nullptr) return resoconto.tralascia("EMPTY");
     leggiAspetto(feature, campi, strato);
     VisioneGraf.lucidoCorrente = a.lucido;
     geometria(forma, 0);
@@ -128,7 +128,7 @@ void ElementiDaMappa::geometria(gdal::Oggetto forma, int profondita) {
         return tipo == gdal::punto ? punto(p.front()) : linea(p, false);
     }
     const int parti = g.OGR_G_GetGeometryCount(forma);
-    if (parti == 0 || profondita > fondo) return resoconto.tralascia(parti == 0 ? "NO GEOMETRY" : "COLLECTION");
+    if (parti == 0 || profondita > fondo) return resoconto.tralascia(parti == 0 ? "EMPTY" : "COLLECTION");
     const bool anelli = tipo == gdal::poligono || tipo == gdal::triangolo;
     for (int i = 0; i < parti && !pieno; ++i) {
         const gdal::Oggetto parte = g.OGR_G_GetGeometryRef(forma, i);
@@ -157,7 +157,7 @@ bool ElementiDaMappa::punti(gdal::Oggetto forma, std::vector<puntot>& p) {
         const double z = conZ ? g.OGR_G_GetZ(forma, i) : a.quota;
         p.push_back({g.OGR_G_GetX(forma, i), g.OGR_G_GetY(forma, i), std::isfinite(z) ? z : 0});
     }
-    if (in.via.pronto() && !in.via.avanti(p.data(), p.size())) return false;
+    if (via->pronto() && !via->avanti(p.data(), p.size())) return false;
     for (puntot& q : p) {
         const double X = q.x, Y = q.y;
         RealToDigi(X, Y, q.x, q.y);

@@ -6,14 +6,16 @@
 
 #include "exchange/Resoconto.h"
 #include "maps/Campi.h"
-#include "maps/Ingresso.h"
 #include "maps/NomiLucidi.h"
+#include "maps/SistemaRiferimento.h"
 
 namespace tessaro {
 
 class ElementiDaMappa {
 public:
-    ElementiDaMappa(const Gdal& gdal, Ingresso& ingresso, Resoconto& r) : g(gdal), in(ingresso), resoconto(r) {}
+    ElementiDaMappa(const Gdal& gdal, Resoconto& r) : g(gdal), resoconto(r) {}
+
+    FraSistemi* via = nullptr;   // from the layer's system to the drawing's; not ready: coordinates as they stand
 
     // The elements of one feature of a layer of that name (Mac Roman). What has no place or no meaning is counted.
     void aggiungi(gdal::Oggetto feature, const CampiLetti& campi, const std::string& strato);
@@ -41,7 +43,6 @@ private:
     void rifinisci(std::int32_t n);   // what Memorizza does not take
 
     const Gdal& g;
-    Ingresso& in;
     Resoconto& resoconto;
     Aspetto a;
 };

@@ -9,6 +9,7 @@
 #include "editing/SpostaXY.h"
 #include "maps/Elementi.h"
 #include "maps/Frasi.h"
+#include "maps/Ingresso.h"
 #include "maps/Mappe.h"
 #include "maps/SistemaGdal.h"
 #include "model/Annulla.h"
@@ -44,7 +45,8 @@ public:
 
 struct Strato {
     gdal::Oggetto layer = nullptr;
-    std::string nome;   // Mac Roman
+    std::string nome;      // Mac Roman
+    std::string sistema;   // empty for none
 };
 
 class Lettura {
@@ -54,31 +56,29 @@ public:
         const int n = std::min(g.GDALDatasetGetLayerCount(ds), massimi);
         for (int i = 0; i < n; ++i) {
             const gdal::Oggetto l = g.GDALDatasetGetLayer(ds, i);
-            if (l != nullptr) strati.push_back({l, Utf8ToMac(std::string(g.OGR_L_GetName(l)).substr(0, 80))});
+            if (l != nullptr) strati.push_back({l, Utf8ToMac(std::string(g.OGR_L_GetName(l)).substr(0, 80)), {}});
         }
     }
 
     bool prepara() {
         gdal::Envelope tutto{HUGE_VAL, -HUGE_VAL, HUGE_VAL, -HUGE_VAL};
+        for (Strato& s : strati) {
+            s.sistema = DefinizioneDi(g, g.OGR_L_GetSpatialRef(s.layer));
+            if (sistema.empty()) sistema = s.sistema;
+        }
         for (const Strato& s : strati) {
             totale += std::max<std::int64_t>(g.OGR_L_GetFeatureCount(s.layer, 1), 0);
             gdal::Envelope e{};
-            if (g.OGR_L_GetExtent(s.layer, &e, 1) != 0) continue;
+            if (altroSistema(s) || g.OGR_L_GetExtent(s.layer, &e, 1) != 0) continue;
             tutto = {std::min(tutto.minX, e.minX), std::max(tutto.maxX, e.maxX), std::min(tutto.minY, e.minY),
                      std::max(tutto.maxY, e.maxY)};
-        }
-        // Layers of several systems in one file: the first one's stands for all, and the others are told.
-        for (const Strato& s : strati) {
-            const std::string suo = DefinizioneDi(g, g.OGR_L_GetSpatialRef(s.layer));
-            if (sistema.empty()) sistema = suo;
-            if (!suo.empty() && suo != sistema) resoconto.tralascia("REFERENCE SYSTEM");
         }
         return PreparaIngresso(sistema, tutto, nome, ingresso);
     }
 
     void leggi() {
         EseguiIngresso(ingresso);
-        ElementiDaMappa elementi(g, ingresso, resoconto);
+        ElementiDaMappa elementi(g, resoconto);
         const LatoRimandato rimanda;
         for (const Strato& s : strati)
             if (!fermata && !elementi.pieno) strato(s, elementi);
@@ -99,9 +99,20 @@ public:
 private:
     void nota(const std::string& s) { resoconto.nota(s); }
 
+    [[nodiscard]] bool altroSistema(const Strato& s) const { return !s.sistema.empty() && s.sistema != sistema; }
+
     void strato(const Strato& s, ElementiDaMappa& elementi) {
         constexpr std::int64_t ogni = 256;
         constexpr int guastoGrave = 3;
+        FraSistemi altra;
+        elementi.via = &ingresso.via;
+        // A layer of another system than the file's first has a way of its own, or stays out.
+        if (altroSistema(s)) {
+            std::string motivo;
+            const std::string& verso = SistemaDelDisegno().empty() ? sistema : SistemaDelDisegno();
+            if (!altra.prepara(s.sistema, verso, motivo)) return resoconto.tralascia("LAYER");
+            elementi.via = &altra;
+        }
         CampiLetti campi(g, s.layer);
         g.OGR_L_ResetReading(s.layer);
         g.CPLErrorReset();

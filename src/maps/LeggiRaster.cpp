@@ -66,6 +66,8 @@ public:
             return guasto(FraseMappe::rasterGrande, file, ConMigliaia(static_cast<std::int64_t>(pixel)));
         if (!PreparaIngresso(sistema, estensione(m, raster.width(), raster.height()), file.nome, in)) return;
         if (indElem >= maxElementi) return guasto(FraseMappe::nonApre, file, TestoDi(TestoScambio::pieno));
+        CominciaAggiunta();
+        NessunaSelezione();
         const Registrazione prima;
         EseguiIngresso(in);
         if (entra()) return;
@@ -98,8 +100,6 @@ private:
             guasto(FraseMappe::rasterSenzaPosto, file);
             return false;
         }
-        CominciaAggiunta();
-        NessunaSelezione();
         SetCursor(ClockCursor);
         ProgressOpen(Frase(FraseMappe::avanzaLettura));
         bool memoria = true, fatta = false;

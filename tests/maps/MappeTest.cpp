@@ -135,7 +135,7 @@ TEST(Mappe, PlacesThatAreNoneAreCountedAndTheRestComesIn) {
     ASSERT_EQ(indElem, 6);
     EXPECT_EQ(Elem(3).poli.spessore, spessore) << "a width out of bounds is the current one";
     EXPECT_EQ(Elem(3).poli.colore, colorCorrente);
-    for (const char* const parola : {"POINT", "NO GEOMETRY", "COLLECTION"})
+    for (const char* const parola : {"POINT", "EMPTY", "COLLECTION"})
         EXPECT_NE(detto().find(parola), std::string::npos) << parola << " in " << detto();
 }
 
