@@ -148,6 +148,7 @@ enum : std::int16_t {
     curvePerPunti = 18,
     lettura = 20,
     tavoletta = 21,
+    riferimento = 26,
 };
 }
 namespace zoom {
@@ -174,13 +175,15 @@ enum : std::int16_t {
     fabra = 6,
     miniCad2D = 7,
     miniCad3D = 8,
+    mappa = 12,
+    geoTiff = 13,
 };
 }
 namespace apriAltri {
 enum : std::int16_t { suiPunti = 1, suQuattroPunti = 2, sulleCoordinate = 3 };
 }
 namespace importa {
-enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5 };
+enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5, mappa = 12, raster = 13 };
 }
 namespace stili {
 enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5, contornato = 6, ombreggiato = 7 };

@@ -36,6 +36,8 @@
 #include "exchange/XYZ.h"
 #include "files/Impostazioni.h"
 #include "files/Richieste.h"
+#include "maps/DialogoSistema.h"
+#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -266,6 +268,9 @@ void comandoStrumenti() {
     case insieme: PoniCateg_Insieme(2); break;
     case coordinateReali: ParAttacco(); break;
     case georeferenzia: ParGeoRefer(0); break;
+    case riferimento:
+        if (!noWindow) ParSistema();
+        break;
     case tavolettaSulFoglio: RiferimentoFoglio(); break;
     case tavolettaSullaVista: RiferimentoVista(); break;
     case lettura: CambiaLettura(); break;
@@ -364,6 +369,12 @@ void comandoEsporta() {
     case xyz: FaiXYZAsci(); break;
     case miniCad2D: FaiMiniCad(due_D); break;
     case miniCad3D: FaiMiniCad(tre_D); break;
+    case mappa:
+        if (!noWindow) EsportaMappa();
+        break;
+    case geoTiff:
+        if (!noWindow) EsportaGeoTIFF();
+        break;
     default: break;
     }
 }
@@ -383,6 +394,10 @@ void comandoImporta() {
     if (noWindow) SetUpWindow();
     if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
         ImportaDWG();
+    } else if (theItem == voci::importa::mappa) {
+        ImportaMappa();
+    } else if (theItem == voci::importa::raster) {
+        ImportaRaster();
     } else {
         theItem = static_cast<std::int16_t>(menuImporta + theItem);
         archivia();
