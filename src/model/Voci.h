@@ -190,6 +190,15 @@ enum : std::int16_t {
     ultimoDestinazione = 9,
     cambiaDinamica = 11,
     dinamicaAttiva = 13,   // shows the state that 11 turns
+    termina = 14,          // the figure in progress
+    chiudi = 15,
+    indietro = 16,
+    abbandona = 17,
+    rinuncia = 18,   // the tool or move in hand
+    taglia = 19,
+    copia = 20,
+    incolla = 21,
+    cancella = 22,
 };
 }
 namespace immagine {
