@@ -8,6 +8,7 @@
 #include "editing/AnnullaComando.h"
 #include "model/Annulla.h"
 #include "model/Documento.h"
+#include "model/Estensioni.h"
 #include "model/Giornale.h"
 #include "platform/Menus.h"
 
@@ -44,6 +45,7 @@ void FinePasso(const EventRecord& e) {
     nome.comando = nomeComando(e);
     nome.segue = e.what == EventKind::autoKey;
     if (!noWindow) ChiudiPasso(nome);
+    AvvisaEstensioni();
     AggiornaVociAnnulla();
 }
 
