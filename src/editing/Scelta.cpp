@@ -13,7 +13,7 @@
 #include "editing/MeshPunti.h"
 #include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
@@ -27,9 +27,7 @@ constinit std::uint32_t Tempo = 0;
 
 namespace {
 
-bool raggiungibile(const elemento& e) {
-    return LucidoVisibile(e.lucido) && !(VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente);
-}
+bool raggiungibile(const elemento& e) { return LucidoRaggiungibile(e.lucido); }
 
 // Is e hit? A vertex is hit by the side that joins it to `prima`, the record before it.
 bool colpito(const puntot& p, const elemento& prima, const elemento& e) {

@@ -1,6 +1,7 @@
 // The elements that a command on the selection reaches, and where each type keeps its attributes.
 #pragma once
 
+#include "model/CampiElemento.h"
 #include "model/Archivio.h"
 #include "model/Selezione.h"
 
@@ -21,7 +22,6 @@ bool PerSelezionati(Cambia cambia) {
 
 // A field of a record, null where its type has none: texts have a colour alone; segments and markers no area pattern;
 // pictures and vertices nothing.
-f16* ColoreDi(elemento& e);
 f16* SpessoreDi(elemento& e);
 f16* PatternDi(elemento& e);
 f16* PatternAreaDi(elemento& e);

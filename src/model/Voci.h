@@ -77,6 +77,8 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    incollaSulPosto = 20,
+    incollaImmagine = 21,
 };
 }
 namespace disegna {
@@ -138,6 +140,7 @@ enum : std::int16_t {
     curvePerPunti = 18,
     lettura = 20,
     tavoletta = 21,
+    pannelloLucidi = 22,
 };
 }
 namespace zoom {
@@ -177,7 +180,7 @@ enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5,
 }
 // A control point's number is its item.
 namespace attacchiOrigine {
-enum : std::int16_t { quinto = 5, verifica = 6 };
+enum : std::int16_t { primo = 1, secondo = 2, terzo = 3, quarto = 4, quinto = 5, verifica = 6 };
 }
 namespace attacchiDestinazione {
 enum : std::int16_t { quinto = 5, verifica = 6 };
@@ -199,6 +202,7 @@ enum : std::int16_t {
     copia = 20,
     incolla = 21,
     cancella = 22,
+    incollaSulPosto = 23,
 };
 }
 namespace immagine {

@@ -70,6 +70,7 @@ constexpr VoceContesto contesto[] = {
     {taglia, sceltiElementi, comandoModifica<voci::modifica::taglia>},
     {copia, sceltiElementi, comandoModifica<voci::modifica::copia>},
     {incolla, fermo, comandoModifica<voci::modifica::incolla>},
+    {incollaSulPosto, fermo, comandoModifica<voci::modifica::incollaSulPosto>},
     {cancella, scelto, comandoModifica<voci::modifica::cancella>},
     {primoOrigine, sempre, origine<1>},
     {primoOrigine + 1, sempre, origine<2>},

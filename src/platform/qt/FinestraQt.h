@@ -96,6 +96,7 @@ protected:
     bool event(QEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    bool focusNextPrevChild(bool avanti) override;
 };
 
 void creaTelaio();   // after the application object
