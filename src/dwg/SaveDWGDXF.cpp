@@ -82,8 +82,7 @@ std::unique_ptr<OdDbDatabase> CreaDatabaseDisegno(Scritti& conto) {
     newLayerId.fill({});
     const auto nomi = NomiLayer("Layer ");
     for (std::size_t i = 0; i < newLayerId.size(); ++i)
-        if (scelteEsporta.soloInUso == 0 || usati[i])
-            addLayer(*db, MacToUtf8(nomi[i]).c_str(), newLayerId[i]);
+        if (scelteEsporta.soloInUso == 0 || usati[i]) addLayer(*db, MacToUtf8(nomi[i]).c_str(), newLayerId[i]);
     addLinetypes(*db);
     CreaDWG(*db, conto);
     limiti(*db);

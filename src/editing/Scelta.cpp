@@ -206,8 +206,8 @@ bool ScegliSotto(const puntot& point, bool indietro) {
 bool ScegliPerMenu(const puntot& point) {
     const std::vector<std::int32_t> colpiti = tuttiColpiti(point);
     if (colpiti.empty()) return false;
-    const bool scelto = std::any_of(colpiti.begin(), colpiti.end(),
-                                    [](std::int32_t i) { return Elem(bersaglio(i)).selezionato != 0; });
+    const bool scelto =
+        std::any_of(colpiti.begin(), colpiti.end(), [](std::int32_t i) { return Elem(bersaglio(i)).selezionato != 0; });
     if (!scelto) scegliSolo(colpiti.front());
     return true;
 }

@@ -88,7 +88,8 @@ void SelezionaTutto() {
     if (!(KeyModifiers() & shiftKey)) TogliSelezione();
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (LucidoVisibile(e.lucido) && !LucidoBloccato(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti)) e.selezionato = 1;
+        if (LucidoVisibile(e.lucido) && !LucidoBloccato(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti))
+            e.selezionato = 1;
     }
     if (Puntosel.attiva && Puntosel.oggetto >= oMeshOrigine) Puntosel.attiva = 0;   // records are selected now
     RistabilisciSelezione();                                                        // vertex records count one by one

@@ -1,8 +1,8 @@
 // The elements that a command on the selection reaches, and where each type keeps its attributes.
 #pragma once
 
-#include "model/CampiElemento.h"
 #include "model/Archivio.h"
+#include "model/CampiElemento.h"
 #include "model/Selezione.h"
 
 namespace tessaro {

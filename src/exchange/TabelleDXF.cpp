@@ -51,7 +51,7 @@ struct Nomi {
     std::unordered_map<std::string, std::vector<std::int32_t>> blocchi;
     bool layerPronti = false;
     std::array<std::int16_t, maxLayerDxf> lucidi{};   // of the drawing, by layer, from 1; 0 not yet looked for
-    std::array<std::int16_t, 256> colori{};   // of the drawing, by the index; 0 not yet looked for
+    std::array<std::int16_t, 256> colori{};           // of the drawing, by the index; 0 not yet looked for
 };
 Nomi nomi;
 

@@ -224,14 +224,13 @@ void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
 bool prosegue(const Giornale& g, const Passo& p) {
     if (!p.nome.segue || g.fatti == 0 || g.fatti != g.passi.size()) return false;
     const Passo& ultimo = g.passi.back();
-    const bool stessa = ultimo.figura == 0 && p.figura == 0 && ultimo.nome.tipo == p.nome.tipo
-                        && ultimo.righe.empty() && p.righe.empty();
+    const bool stessa = ultimo.figura == 0 && p.figura == 0 && ultimo.nome.tipo == p.nome.tipo && ultimo.righe.empty()
+                        && p.righe.empty();
     const auto alPosto = [](const TrattoDiverso& a, const TrattoDiverso& b) {
         return a.prima == a.dopo && a.quantiPrima == a.quantiDopo && b.prima == b.dopo && b.quantiPrima == b.quantiDopo
                && a.prima == b.prima && a.quantiPrima == b.quantiPrima;
     };
-    return stessa
-           && std::equal(p.tratti.begin(), p.tratti.end(), ultimo.tratti.begin(), ultimo.tratti.end(), alPosto);
+    return stessa && std::equal(p.tratti.begin(), p.tratti.end(), ultimo.tratti.begin(), ultimo.tratti.end(), alPosto);
 }
 
 bool trattieni(PicHandle h) { return giornale().immagini.nominata(h); }

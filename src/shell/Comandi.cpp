@@ -63,6 +63,7 @@
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Rapporto.h"
+#include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
 
@@ -107,6 +108,7 @@ void DoArchivio() {
         break;
     case apri: Apri(); break;
     case chiudi: Chiudi(); break;
+    case esempio: ApriEsempio(); break;
     case salva:
     case salvaCome: archivia(); break;
     case formato: FormatoXYZ(0); break;
@@ -448,6 +450,11 @@ void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
 
+void comandoRecenti() {
+    if (theItem == voci::recenti::svuota) return SvuotaRecenti();
+    ApriRecente(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -460,6 +467,7 @@ constexpr VoceMenu comandi[] = {
     {menuTrasforma, comandoTrasforma},
     {menuStrumenti, comandoStrumenti},
     {menuPatternPenna, comandoPatternPenna},
+    {menuRecenti, comandoRecenti},
     {menuZoom, comandoZoom},
     {menuNomiColori, comandoColore},
     {menuSpessore, comandoSpessore},

@@ -98,8 +98,7 @@ void preparaLuogo() {
 
 void MenuContesto() {
     preparaLuogo();
-    for (const VoceContesto& v : contesto)
-        (v.adatta() ? EnableMenuItem : DisableMenuItem)(menuScorciatoie, v.voce);
+    for (const VoceContesto& v : contesto) (v.adatta() ? EnableMenuItem : DisableMenuItem)(menuScorciatoie, v.voce);
     CheckMenuItem(menuScorciatoie, dinamicaAttiva, attaccoAttivo.GetModificato() != 0);
     const std::int16_t scelta = PopUpMenuSelect(menuScorciatoie, EventPoint, 0);
     for (const VoceContesto& v : contesto)

@@ -98,7 +98,18 @@ struct VoceTasto {
     void (*azione)();
 };
 // Keys without a character of their own.
-enum : char { invioNumerico = 3, indietro = 8, tabulatore = 9, invio = 13, fuga = 27, sinistra, destra, su, giu, canc = 127 };
+enum : char {
+    invioNumerico = 3,
+    indietro = 8,
+    tabulatore = 9,
+    invio = 13,
+    fuga = 27,
+    sinistra,
+    destra,
+    su,
+    giu,
+    canc = 127
+};
 constexpr VoceTasto tasti[] = {
     {indietro, CancellaSelezione},
     {canc, CancellaSelezione},

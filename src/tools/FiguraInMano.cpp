@@ -68,8 +68,8 @@ void AbbandonaFigura() {
     const bool conLati = ContinuaPoligono != 0;
     const std::int32_t testa = IndicePolCorrente;
     FineFigura();
-    const bool sua = conLati && testa >= 3 && testa <= indElem && Elem(testa).tipo == tPoligono
-                     && UltimoRecord(testa) == indElem;
+    const bool sua =
+        conLati && testa >= 3 && testa <= indElem && Elem(testa).tipo == tPoligono && UltimoRecord(testa) == indElem;
     if (!sua) return;
     indElem = testa - 1;
     IndicePolCorrente = 0;

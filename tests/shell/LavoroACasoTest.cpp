@@ -95,8 +95,8 @@ void unaVoce() {
 
 void tasto() {
     // Behind the letters: Backspace, Tab, Return, Escape, the arrows, Delete.
-    static constexpr std::array<std::uint8_t, 25> tasti{'e', 'e', 'e', 'j', 'k', 'u', 'i', 'o', 'v', '=', 'l',  'p', '3',
-                                                        'x', 'x', 8,   9,   13,  27,  27,  28,  29,  30,  31, 127};
+    static constexpr std::array<std::uint8_t, 25> tasti{'e', 'e', 'e', 'j', 'k', 'u', 'i', 'o', 'v', '=', 'l', 'p', '3',
+                                                        'x', 'x', 8,   9,   13,  27,  27,  28,  29,  30,  31,  127};
     const std::uint8_t c = tasti[static_cast<std::size_t>(caso->tra(0, 24))];
     const std::uint16_t m = caso->unoSu(4) ? std::uint16_t{shiftKey} : std::uint16_t{0};
     caso->nota("key " + std::to_string(c) + " mods " + std::to_string(m));
@@ -108,8 +108,9 @@ void pannello() {
     const DialogPtr d = AutoModeless(9430);
     if (d == nullptr) return voce(6, 22);
     const std::string riga = std::to_string(caso->tra(1, 6));
-    const std::array<std::string, 6> righe{riga + ",3,nome", riga + ",2,1", riga + ",4,1",
-                                           riga + ",4,0",    riga + ",5,0", riga + ">" + std::to_string(caso->tra(1, 6))};
+    const std::array<std::string, 6> righe{riga + ",3,nome", riga + ",2,1",
+                                           riga + ",4,1",    riga + ",4,0",
+                                           riga + ",5,0",    riga + ">" + std::to_string(caso->tra(1, 6))};
     const std::string& s = righe[static_cast<std::size_t>(caso->tra(0, 5))];
     caso->nota("panel " + s);
     AutoDialogSetText(d, 4, s);

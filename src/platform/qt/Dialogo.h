@@ -100,7 +100,7 @@ QWidget* creaGriglia(FinestraDialogo& d, std::int16_t item, int righe, const QSt
 void testataGriglia(const VoceDialogo& v, const QString& testo);
 void righeGriglia(const VoceDialogo& v, int quante);
 void rigaGriglia(const VoceDialogo& v, int n, const QString& testo);
-std::string testoGriglia(const VoceDialogo& v);   // UTF-8, as a table's
+std::string testoGriglia(const VoceDialogo& v);                   // UTF-8, as a table's
 bool scriviGriglia(const VoceDialogo& v, const QString& testo);   // for scripts: "3,2,text", "3>1"
 
 }   // namespace tessaro

@@ -18,10 +18,10 @@ namespace tessaro {
 enum class FiguraVoce : std::uint8_t { nessuna, retino, riga, colore };
 
 struct VoceMenu {
-    std::string testo;               // UTF-8
-    std::string tasto;               // "Ctrl+N", several with commas; empty for none
-    std::string cenno;               // a key of the drawing's own, shown only: "P"; as the person reads it, empty for none
-    std::int16_t sottomenu = 0;      // number of the menu that hangs here
+    std::string testo;            // UTF-8
+    std::string tasto;            // "Ctrl+N", several with commas; empty for none
+    std::string cenno;            // a key of the drawing's own, shown only: "P"; as the person reads it, empty for none
+    std::int16_t sottomenu = 0;   // number of the menu that hangs here
     std::int16_t figuraNumero = 0;   // pattern, thickness or colour that the icon shows
     FiguraVoce figura = FiguraVoce::nessuna;
     bool separatore = false;
@@ -30,6 +30,7 @@ struct VoceMenu {
     bool costruita = true;
     bool accesa = true;
     bool spuntata = false;
+    bool nascosta = false;
     QAction* azione = nullptr;
 };
 

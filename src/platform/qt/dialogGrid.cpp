@@ -66,8 +66,7 @@ public:
         const QTableWidgetItem* i = item_(r, c);
         if (i == nullptr) return {};
         switch (colonne[static_cast<std::size_t>(c)]) {
-        case Colonna::spunta:
-            return i->checkState() == Qt::Checked ? QStringLiteral("[x]") : QStringLiteral("[ ]");
+        case Colonna::spunta: return i->checkState() == Qt::Checked ? QStringLiteral("[x]") : QStringLiteral("[ ]");
         case Colonna::scelta: return i->text().isEmpty() ? QStringLiteral("-") : QStringLiteral("*");
         default: return i->text();
         }
@@ -158,7 +157,9 @@ private:
     }
 };
 
-Griglia* grigliaDi(const VoceDialogo& v) { return v.tipo == TipoVoce::griglia ? static_cast<Griglia*>(v.widget) : nullptr; }
+Griglia* grigliaDi(const VoceDialogo& v) {
+    return v.tipo == TipoVoce::griglia ? static_cast<Griglia*>(v.widget) : nullptr;
+}
 
 }   // namespace
 
