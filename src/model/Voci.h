@@ -87,6 +87,8 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    incollaSulPosto = 20,
+    incollaImmagine = 21,
 };
 }
 namespace disegna {
@@ -149,6 +151,7 @@ enum : std::int16_t {
     lettura = 20,
     tavoletta = 21,
     riferimento = 26,
+    pannelloLucidi = 22,
 };
 }
 namespace zoom {
@@ -190,7 +193,7 @@ enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5,
 }
 // A control point's number is its item.
 namespace attacchiOrigine {
-enum : std::int16_t { quinto = 5, verifica = 6 };
+enum : std::int16_t { primo = 1, secondo = 2, terzo = 3, quarto = 4, quinto = 5, verifica = 6 };
 }
 namespace attacchiDestinazione {
 enum : std::int16_t { quinto = 5, verifica = 6 };
@@ -203,6 +206,16 @@ enum : std::int16_t {
     ultimoDestinazione = 9,
     cambiaDinamica = 11,
     dinamicaAttiva = 13,   // shows the state that 11 turns
+    termina = 14,          // the figure in progress
+    chiudi = 15,
+    indietro = 16,
+    abbandona = 17,
+    rinuncia = 18,   // the tool or move in hand
+    taglia = 19,
+    copia = 20,
+    incolla = 21,
+    cancella = 22,
+    incollaSulPosto = 23,
 };
 }
 namespace immagine {

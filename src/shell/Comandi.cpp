@@ -59,10 +59,12 @@
 #include "raster/raster.h"
 #include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
+#include "shell/Appunti.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/Modi.h"
+#include "shell/PannelloLucidi.h"
 #include "shell/Rapporto.h"
 #include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
@@ -138,7 +140,7 @@ void spostaDiValori() {
 
 // What could not be copied is not cleared.
 void taglia() {
-    if (PutPicScrap()) CancellaSelezione();
+    if (CopiaElementi()) CancellaSelezione();
 }
 
 void separa() {
@@ -153,8 +155,10 @@ struct VoceModifica {
 constexpr VoceModifica modifiche[] = {
     {voci::modifica::annulla, true, AnnullaUltima},
     {voci::modifica::taglia, true, taglia},
-    {voci::modifica::copia, true, [] { PutPicScrap(); }},
-    {voci::modifica::incolla, true, IncollaPict},
+    {voci::modifica::copia, true, [] { CopiaElementi(); }},
+    {voci::modifica::incolla, true, [] { IncollaElementi(false); }},
+    {voci::modifica::incollaSulPosto, true, [] { IncollaElementi(true); }},
+    {voci::modifica::incollaImmagine, true, IncollaPict},
     {voci::modifica::cancella, false, CancellaSelezione},
     {voci::modifica::selezionaTutto, true, selezionaTutto},
     {voci::modifica::primoPiano, true, [] { AvantiEIndietroSelezione(true); }},
@@ -275,6 +279,7 @@ void comandoStrumenti() {
     case tavolettaSullaVista: RiferimentoVista(); break;
     case lettura: CambiaLettura(); break;
     case tavoletta: ParTavoletta(); break;
+    case voci::strumenti::pannelloLucidi: ApriPannelloLucidi(); break;
     case curvePerCentro:
     case curvePerPunti:
         PrendiCurve(theItem == curvePerPunti);

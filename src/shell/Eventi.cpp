@@ -23,6 +23,7 @@
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
+#include "shell/PannelloLucidi.h"
 #include "shell/Passi.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
@@ -171,6 +172,7 @@ void CheckEvents() {
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     if (campione || PuoCambiare(e.what)) {
         FinePasso(e);
+        AggiornaPannelloLucidi();
         MostraDiverso();
     }
     RecuperoARiposo(!qualcosa);

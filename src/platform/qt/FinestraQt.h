@@ -96,11 +96,12 @@ protected:
     bool event(QEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    bool focusNextPrevChild(bool avanti) override;
 };
 
 void creaTelaio();   // after the application object
 void distruggiTelaio();
-QRect schermoUtile();                                         // where the frame may stand, logical pixels
+QRect schermoUtile();   // where the frame may stand, logical pixels
 // Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
 // the screens and it fits; else onto that screen or the first one, and no larger than it.
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi);
