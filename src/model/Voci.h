@@ -152,6 +152,7 @@ enum : std::int16_t {
     riduci = 8,
     rettangolo = 9,
     rilievo = 10,
+    disegno = 11,
 };
 }
 namespace esporta {

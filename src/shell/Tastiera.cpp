@@ -66,7 +66,7 @@ void cambiaModo() {
 
 template <std::int16_t tipo>
 void zoom() {
-    FaiZoom(tipo);
+    ZoomAlPuntatore(tipo);
 }
 
 struct VoceTasto {

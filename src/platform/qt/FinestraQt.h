@@ -48,6 +48,7 @@ protected:
 
 private:
     void premi(QMouseEvent* e);
+    void pizzica(double fattore, QPointF dove, Qt::KeyboardModifiers m);
     Finestra& finestra;
     Qt::MouseButton premuto = Qt::NoButton;
     enum class Premuti : std::uint8_t { nessuno, penna, comeTopo } premuti = Premuti::nessuno;   // a pen's buttons
@@ -100,6 +101,10 @@ protected:
 
 void creaTelaio();   // after the application object
 void distruggiTelaio();
+// The strip of texts at the frame's foot, and its height in logical pixels.
+void creaStriscia(QMainWindow& frame);
+int altezzaStriscia();
+void togliStriscia();   // before the frame goes
 QRect schermoUtile();                                         // where the frame may stand, logical pixels
 void adattaTelaio(std::int32_t width, std::int32_t height);   // so that the content gets this size
 void aggiornaTitolo();

@@ -55,9 +55,11 @@ std::deque<EventRecord>::iterator primaPer(Attesa chi) {
 // What a record tells beside itself: where the pointer is, what is held, that the quit is being dealt with.
 void consegna(const EventRecord& e) {
     switch (e.what) {
-    case EventKind::mouseDown: coda.tenuto = true; [[fallthrough]];
+    case EventKind::mouseDown:
+    case EventKind::middleDown: coda.tenuto = true; [[fallthrough]];
     case EventKind::nullEvent:
     case EventKind::wheel:
+    case EventKind::pinch:
     case EventKind::drop:
         coda.puntatore = e.where;
         coda.modifiers = e.modifiers;
