@@ -5,6 +5,7 @@
 #include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "script/Copione.h"
+#include "script/Guarda.h"
 #include "shell/Inizializza.h"
 
 namespace {
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     if (!PreparaCopione(opzioni.copione, guasto)) return guastoOpzioni(guasto);
     StartToolbox(argc, argv, opzioni.avvio);
     Initialize();
+    GuardaStato();
     Partenza p;
     p.documenti = opzioni.documenti;
     p.stampa = opzioni.stampa || !opzioni.stampaSu.empty();

@@ -35,6 +35,7 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuAgganci = 9400,   // an item is its TipoAggancio
 };
 
 namespace voci {
@@ -205,6 +206,7 @@ enum : std::int16_t {
     orizzontale = 5,
     verticale = 6,
     griglia = 7,
+    agganci = 8,
 };
 }
 

@@ -439,6 +439,8 @@ void comandoVincoli() {
     coordinateSempre();
 }
 
+void comandoAgganci() { CambiaAggancio(static_cast<TipoAggancio>(theItem)); }
+
 void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
@@ -472,6 +474,7 @@ constexpr VoceMenu comandi[] = {
     {menuAttacchiDestinazione, comandoAttacchiDestinazione},
     {menuImmagine, comandoImmagine},
     {menuVincoli, comandoVincoli},
+    {menuAgganci, comandoAgganci},
 };
 
 }   // namespace

@@ -178,6 +178,8 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
+void (*dopoIlGiro)() = nullptr;
+
 bool CicloPrincipale(const Partenza& p) {
     InizioDWG();
     inizio = 1;
@@ -199,7 +201,10 @@ bool CicloPrincipale(const Partenza& p) {
     } else {
         // The rest are left alone on purpose: one drawing at a time.
         if (!p.documenti.empty()) ApriPercorso(p.documenti.front().c_str());
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();

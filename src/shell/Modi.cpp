@@ -31,6 +31,7 @@
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
+#include "tools/Aggancio.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
@@ -202,6 +203,7 @@ void CambiaModo(std::int32_t modo) {
         Sposta2ndClick = 0;
     }
     Modalita = modo;
+    agganciato = {};
 }
 
 void PrendiStrumento(std::int32_t operazione) {
@@ -262,6 +264,7 @@ void CheckMouse(bool shift) {
     const Point p = GetMouse();
     if (!PtInRect(p, myViewRect)) {
         SetCursor(arrowCursor);
+        AggiornaAggancio(true);
         return;
     }
     SetCursor(cursoreDelModo());
@@ -278,12 +281,14 @@ void CheckMouse(bool shift) {
     }
     if (x == xcurs && y == ycurs) {
         if (Modalita != mSpostamento) tabButton = bNessuno;
+        AggiornaAggancio(false);
         SetDrawCoordCorr();
         return;
     }
     xcurs = x;
     ycurs = y;
     if (Modalita == mDigitazione) MuoviElastico();
+    AggiornaAggancio(false);
     Croce();
     if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;

@@ -62,7 +62,8 @@ enum : std::int16_t {   // strings of listaStato
     sVerticale,
     sParallelo,
     sPerpendicolare,
-    sPrimaLettura = 30,   // by paroleLettura
+    sPrimoAggancio = 20,   // by TipoAggancio
+    sPrimaLettura = 30,    // by paroleLettura
     sLettura = 40,
 };
 
@@ -155,6 +156,8 @@ std::string vincoli() {
         {statoCursore.parallelo != 0, sParallelo},  {statoCursore.perpendicolare != 0, sPerpendicolare},
     };
     std::string s;
+    if (agganciato.tipo != agNessuno)
+        return stato(static_cast<std::int16_t>(sPrimoAggancio + int{agganciato.tipo} - int{agEstremo}));
     for (const auto& v : vincoli)
         if (v.acceso) s += (s.empty() ? "" : ", ") + stato(v.testo);
     return s;

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "model/PreferenzeVista.h"
+
 namespace tessaro {
 
 void MettiParallelo();
@@ -14,7 +16,8 @@ void MettiAttaccoPt();
 void MettiAttaccoZ();
 void Perpendicolare();   // moves Xfine, Yfine
 void Parallelo();
-void AttaccaCursore(double& x, double& y, double& z);   // earliest record in reach wins
+void AttaccaCursore(double& x, double& y, double& z);   // onto the point that CercaAggancio finds
+void CambiaAggancio(TipoAggancio tipo);                 // a kind of points attracts, or does no more
 void AttaccaGriglia(double& x, double& y);
 void PoniZeta();   // dialog 2007
 void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2);

@@ -32,7 +32,8 @@ void puntaA(Point p) {
     EventRecord e;
     e.where = p;
     AutoPost(e);
-    WaitNextEvent(e, 0);
+    do WaitNextEvent(e, 0);
+    while (!AutoQueueEmpty());
 }
 
 }   // namespace
