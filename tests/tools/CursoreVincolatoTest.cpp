@@ -102,7 +102,7 @@ TEST(CursoreVincolato, EveryKindOfPointAttractsByItsOwnSwitchAndIsToldByItsKind)
     statoCursore.attaccoPunto = 1;
     AzzeraVisioneGraf();
     segmento(1000, 1000, 1200, 1000);
-    segmento(1040, 900, 1040, 1100);
+    segmento(1040, 900, 1040, 1060);
     polilinea({{2000, 1000}, {2000, 1300}});
     marker(1500, 1500);
     cerchio(3000, 1000, 200);
