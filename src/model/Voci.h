@@ -35,6 +35,7 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuAgganci = 9400,   // an item is its TipoAggancio
     menuRecenti = 9480,
 };
 
@@ -166,6 +167,7 @@ enum : std::int16_t {
     riduci = 8,
     rettangolo = 9,
     rilievo = 10,
+    disegno = 11,
 };
 }
 namespace esporta {
@@ -230,6 +232,7 @@ enum : std::int16_t {
     orizzontale = 5,
     verticale = 6,
     griglia = 7,
+    agganci = 8,
 };
 }
 

@@ -463,6 +463,8 @@ void comandoVincoli() {
     coordinateSempre();
 }
 
+void comandoAgganci() { CambiaAggancio(static_cast<TipoAggancio>(theItem)); }
+
 void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
@@ -502,6 +504,7 @@ constexpr VoceMenu comandi[] = {
     {menuAttacchiDestinazione, comandoAttacchiDestinazione},
     {menuImmagine, comandoImmagine},
     {menuVincoli, comandoVincoli},
+    {menuAgganci, comandoAgganci},
 };
 
 }   // namespace

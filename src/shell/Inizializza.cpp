@@ -186,6 +186,8 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
+void (*dopoIlGiro)() = nullptr;
+
 void LeggiImpostazioni() {
     InizioDWG();
     inizio = 1;
@@ -215,7 +217,10 @@ bool CicloPrincipale(const Partenza& p) {
         } else if (!AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();
