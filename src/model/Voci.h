@@ -36,6 +36,10 @@ enum NumeroMenu : std::int16_t {
     menuImmagine = 111,
     menuVincoli = 112,
     menuRecenti = 9480,
+    menuLucidi = 9483,
+    menuForme = 9484,
+    menuLingue = 9491,
+    menuUnita = 9492,
 };
 
 namespace voci {
@@ -87,6 +91,8 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    preferenze = 30,
+    proprieta = 31,
 };
 }
 namespace disegna {

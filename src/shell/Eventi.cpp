@@ -24,6 +24,7 @@
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
 #include "shell/Passi.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
 #include "shell/Trascinamento.h"
@@ -159,10 +160,6 @@ void consuma(EventRecord& e) {
 
 }   // namespace
 
-namespace {
-constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
-}   // namespace
-
 void CheckEvents() {
     static std::int32_t sonno = -1;   // until the help tag wants to be asked again
     EventRecord e;
@@ -176,12 +173,13 @@ void CheckEvents() {
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
+    AggiornaProprieta(campione || PuoCambiare(e.what));
     if (noWindow) {
         sonno = -1;
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = 60 * recuperoSecondi;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);

@@ -42,7 +42,7 @@
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
-#include "shell/ImpostazioniGiornale.h"
+#include "shell/Preferenze.h"
 #include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
@@ -131,7 +131,7 @@ void Initialize() {
     PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
-    LeggiParGiornale();
+    LeggiPreferenze();
     allocaArchivio();
     predisponiMenu();
     LeggiRecenti();
@@ -191,6 +191,7 @@ bool CicloPrincipale(const Partenza& p) {
     SceltaCorrezioneOttica(1);
     inizio = 0;
     SegnaSalvato();   // units and colours of the settings are a new drawing's own
+    UnitaDelDisegnoNuovo();
     theItem = rNessunFile;
     archivia();
     fine = 0;
@@ -203,7 +204,7 @@ bool CicloPrincipale(const Partenza& p) {
         // The rest are left alone on purpose: one drawing at a time.
         if (!p.documenti.empty()) {
             ApriPercorso(p.documenti.front().c_str());
-        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+        } else if (mostraInizio && !AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
         while (!fine) CheckEvents();
