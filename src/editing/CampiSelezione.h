@@ -66,7 +66,7 @@ struct CampiSelezione {
 // One pass over the selection. `vertice` of the one polyline is looked at, from 0; a larger number means its last.
 CampiSelezione LeggiCampi(std::int32_t vertice);
 
-bool CampoDiTesto(Campo c);
+bool CampoDiTesto(Campo c);   // its value is characters, not a number
 // The bounds of a typed number, for the message that refuses it.
 struct LimitiCampo {
     double min, max;

@@ -59,6 +59,7 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Modi.h"
 #include "shell/Preferenze.h"
 #include "shell/Proprieta.h"
@@ -203,6 +204,7 @@ void coordinateSempre() {
 
 void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
+    if (theItem == voci::aiuto::guida) ApriGuida();
 }
 
 void comandoDisegna() {
