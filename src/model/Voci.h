@@ -37,6 +37,10 @@ enum NumeroMenu : std::int16_t {
     menuVincoli = 112,
     menuAgganci = 9400,   // an item is its TipoAggancio
     menuRecenti = 9480,
+    menuLucidi = 9483,
+    menuForme = 9484,
+    menuLingue = 9491,
+    menuUnita = 9492,
 };
 
 namespace voci {
@@ -90,6 +94,8 @@ enum : std::int16_t {
     ripeti = 19,
     incollaSulPosto = 20,
     incollaImmagine = 21,
+    preferenze = 30,
+    proprieta = 31,
 };
 }
 namespace disegna {

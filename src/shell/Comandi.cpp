@@ -65,6 +65,8 @@
 #include "shell/ClicBarra.h"
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
+#include "shell/Preferenze.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
@@ -107,6 +109,7 @@ void DoArchivio() {
         if (noWindow) {
             SetUpWindow();
             noWindow = 0;
+            UnitaDelDisegnoNuovo();
         }
         break;
     case apri: Apri(); break;
@@ -147,6 +150,9 @@ void separa() {
     if (Puntosel.attiva) SeparaPict();
 }
 
+// Chosen again it closes, as its mark says.
+void mostraProprieta() { proprietaDialog ? ChiudiProprieta() : ApriProprieta(); }
+
 struct VoceModifica {
     std::int16_t item;
     bool conFinestra;
@@ -171,12 +177,15 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::scalaImmagine, true, ScalaImmagine},
     {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
     {voci::modifica::ripeti, true, RipetiUltima},
+    {voci::modifica::proprieta, false, mostraProprieta},
+    {voci::modifica::preferenze, false, Preferenze},
 };
 
 }   // namespace
 
 void DoEdit() {
-    if (CalcWindow) {   // the only thing to take back is the path's last point
+    const bool sempre = theItem == voci::modifica::proprieta || theItem == voci::modifica::preferenze;
+    if (CalcWindow && !sempre) {   // the only thing to take back is the path's last point
         if (theItem == voci::modifica::annulla) IndietroPercorso();
         return;
     }

@@ -25,6 +25,7 @@
 #include "shell/Modificato.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Passi.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
 #include "shell/StrisciaTesti.h"
@@ -173,7 +174,6 @@ struct AllaFine {
     void (*azione)();
     ~AllaFine() { azione(); }
 };
-constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
 }   // namespace
 
 void CheckEvents() {
@@ -190,13 +190,14 @@ void CheckEvents() {
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
+    AggiornaProprieta(campione || PuoCambiare(e.what));
     const AllaFine striscia{AggiornaStriscia};
     if (noWindow) {
         sonno = -1;
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = 60 * recuperoSecondi;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);
