@@ -19,6 +19,7 @@
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 
 namespace {
 

@@ -34,6 +34,7 @@
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
+#include "registration/PuntiControllo.h"
 
 using namespace tessaro;
 

@@ -8,6 +8,7 @@
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/TabellaStato.h"
+#include "model/Unita.h"
 
 namespace {
 

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "bitmap/PerRighe.h"
+
 namespace tessaro {
 
 namespace {
@@ -42,8 +44,10 @@ Riduttore::Tratto Riduttore::tratto(std::int32_t d, double origine, double scala
 Riduttore::Riduttore(FonteRighe& source, const Posa& where, std::int32_t left, std::int32_t w)
     : fonte(source), posa(where), inizio(source.width), fine(0) {
     colonne.reserve(static_cast<std::size_t>(w));
+    posti.reserve(static_cast<std::size_t>(w));
     for (std::int32_t i = 0; i < w; ++i) {
         colonne.push_back(tratto(left + i, posa.x, posa.sx, fonte.width));
+        posti.push_back(colonne.back().da);
         inizio = std::min(inizio, colonne.back().da);
         fine = std::max(fine, colonne.back().a);
     }
@@ -79,21 +83,38 @@ const float* Riduttore::ridotta(std::int32_t y) {
     return somme.data();
 }
 
-void Riduttore::righe(std::int32_t top, std::int32_t h, std::uint32_t* out) {
-    const std::size_t w = colonne.size();
-    std::int32_t presa = -1;   // when growing: the source row that the row above shows
-    for (std::int32_t i = 0; i < h; ++i, out += w) {
-        const Tratto t = tratto(top + i, posa.y, posa.sy, fonte.height);
-        if (posa.sy >= 1 && posa.sx >= 1) {
-            if (t.da == presa) {
-                std::memcpy(out, out - w, w * 4);
+// The source's rows are fetched one after the other, as its coding wants it; only the spreading is shared out.
+void Riduttore::cresciute(std::int32_t top, std::int32_t h, std::uint32_t* out) {
+    const auto w = static_cast<std::ptrdiff_t>(colonne.size()), lunga = std::ptrdiff_t(fine) - inizio;
+    const auto sorgente = [&](std::int32_t i) { return tratto(top + i, posa.y, posa.sy, fonte.height).da; };
+    const std::int32_t prima = sorgente(0), ultima = sorgente(h - 1);
+    banco.resize(static_cast<std::size_t>(lunga * (ultima + 1 - prima)));
+    for (std::int32_t y = prima; y <= ultima; ++y) fonte.riga(y, inizio, fine, banco.data() + (y - prima) * lunga);
+    const auto spargi = [&](std::int32_t da, std::int32_t a, std::int32_t) {
+        std::int32_t presa = -1;   // the source row that the row above shows
+        for (std::int32_t i = da; i < a; ++i) {
+            std::uint32_t* const riga = out + i * w;
+            const std::int32_t y = sorgente(i);
+            if (y == presa) {
+                std::memcpy(riga, riga - w, static_cast<std::size_t>(w) * 4);
                 continue;
             }
-            presa = t.da;
-            fonte.riga(t.da, inizio, fine, banco.data());
-            for (std::size_t x = 0; x < w; ++x) out[x] = banco[static_cast<std::size_t>(colonne[x].da - inizio)];
-            continue;
+            presa = y;
+            const std::uint32_t* const qui = banco.data() + (y - prima) * lunga - inizio;
+            for (std::ptrdiff_t x = 0; x < w; ++x) riga[x] = qui[posti[static_cast<std::size_t>(x)]];
         }
+    };
+    constexpr std::ptrdiff_t valeUnFilo = 1 << 18;   // pixels
+    if (w * h < valeUnFilo) return spargi(0, h, 0);
+    perRighe(h, spargi);
+}
+
+void Riduttore::righe(std::int32_t top, std::int32_t h, std::uint32_t* out) {
+    if (h <= 0 || colonne.empty()) return;
+    if (posa.sy >= 1 && posa.sx >= 1) return cresciute(top, h, out);
+    const std::size_t w = colonne.size();
+    for (std::int32_t i = 0; i < h; ++i, out += w) {
+        const Tratto t = tratto(top + i, posa.y, posa.sy, fonte.height);
         std::fill(totale.begin(), totale.end(), 0.0F);
         float pesi = 0;
         for (std::int32_t y = t.da; y < t.a; ++y) {

@@ -34,9 +34,11 @@ private:
     };
     static Tratto tratto(std::int32_t d, double origine, double scala, std::int32_t lato);
     const float* ridotta(std::int32_t y);   // source row y, reduced across: 4 sums a result pixel
+    void cresciute(std::int32_t top, std::int32_t h, std::uint32_t* out);   // where neither axis shrinks
     FonteRighe& fonte;
     Posa posa;
     std::vector<Tratto> colonne;
+    std::vector<std::int32_t> posti;     // Tratto::da of each
     std::int32_t inizio = 0, fine = 0;   // source columns that are needed
     std::vector<std::uint32_t> banco;
     std::vector<float> somme, totale;

@@ -28,7 +28,7 @@ namespace {
 
 constexpr std::int16_t avvisoStampa = 9145, listaStampa = 9146;
 enum Parola : std::int16_t { titoloAvanzamento = 1, nessunaStampante, nonScritto, nessunaPagina, prefissoScelte };
-constexpr std::int16_t scelteNelDialogo = 6;
+constexpr std::int16_t scelteNelDialogo = 7;
 
 // The session of one operation; the global names it while it lives.
 struct Sessione {
@@ -152,9 +152,9 @@ OSStatus DoPrintSetup() {
     PMPrintSettings s = impostazioniTenute();
     s.prima = 1;   // a range is for one print alone
     s.ultima = paginaFinale;
-    std::uint8_t* const accese[scelteNelDialogo] = {&scelteStampa.crocini,    &scelteStampa.sovrapposte,
-                                                    &scelteStampa.numeri,     &scelteStampa.righello,
-                                                    &scelteStampa.saltaVuote, &scelteStampa.unaPagina};
+    std::uint8_t* const accese[scelteNelDialogo] = {
+        &scelteStampa.crocini,    &scelteStampa.sovrapposte, &scelteStampa.numeri,   &scelteStampa.righello,
+        &scelteStampa.saltaVuote, &scelteStampa.unaPagina,   &scelteStampa.compresse};
     std::string testi[scelteNelDialogo];
     SceltaStampa scelte[scelteNelDialogo];
     for (std::int16_t i = 0; i < scelteNelDialogo; ++i) {
@@ -178,16 +178,19 @@ OSStatus DoPrint() {
 
 OSStatus Print_Dis(const PMPageFormat& pageFormat, const PMPrintSettings& printSettings) {
     PMPrintSettings settings = printSettings;
+    settings.conPerdita = scelteStampa.compresse != 0;
+    PMPageFormat formato = pageFormat;
+    PMSessionHoldToPrinter(printSession, settings, formato);
     if (settings.destinazione == kPMDestinationFile && settings.luogo.empty()) return kPMNoDefaultPrinter;
     const VistaDiCarta vista;
     DisegnaPict = 1;
     StoStampando = 1;
     SetCursor(ClockCursor);
     PMSessionSetDestination(printSession, settings, settings.destinazione, destFormatP, settings.luogo);
-    OSStatus err = PMSessionBeginDocument(printSession, settings, pageFormat, NomeLavoro.view());
+    OSStatus err = PMSessionBeginDocument(printSession, settings, formato, NomeLavoro.view());
     std::int32_t prima = 1, ultima = 1, stampate = 0;
     PMRect carta;
-    PMGetAdjustedPageRect(pageFormat, carta);
+    PMGetAdjustedPageRect(formato, carta);
     PMGetFirstPage(settings, prima);
     PMGetLastPage(settings, ultima);
     rectgr = puntiInteri(carta);

@@ -32,6 +32,7 @@ enum Voce : std::int16_t {
     vRighello,
     vVuote,
     vUna,
+    vCompresse,
     vStriscia = 20,
 };
 constexpr std::int32_t telaW = 460, telaH = 400, orlo = 12;   // pixels
@@ -41,15 +42,20 @@ struct Casella {
     std::uint8_t ScelteStampa::*scelta;
 };
 constexpr Casella caselle[] = {
-    {vCrocini, &ScelteStampa::crocini},   {vSovrapposte, &ScelteStampa::sovrapposte}, {vNumeri, &ScelteStampa::numeri},
-    {vRighello, &ScelteStampa::righello}, {vVuote, &ScelteStampa::saltaVuote},        {vUna, &ScelteStampa::unaPagina},
+    {vCrocini, &ScelteStampa::crocini},     {vSovrapposte, &ScelteStampa::sovrapposte},
+    {vNumeri, &ScelteStampa::numeri},       {vRighello, &ScelteStampa::righello},
+    {vVuote, &ScelteStampa::saltaVuote},    {vUna, &ScelteStampa::unaPagina},
+    {vCompresse, &ScelteStampa::compresse},
 };
 
-// The page rectangle of the kept format.
+// The page rectangle of the kept format, on the printer that is kept.
 Rect paginaTenuta() {
     PMPageFormat f;
     PMRect r;
+    PMPrintSettings s;
     PMUnflattenPageFormat(hPageFormat, f);
+    PMUnflattenPrintSettings(hPrintSettings, s);
+    PMSessionHoldToPrinter(printSession, s, f);
     PMGetAdjustedPageRect(f, r);
     const auto intero = [](double p) { return static_cast<std::int32_t>(std::lround(p)); };
     return Rect{intero(r.top), intero(r.left), intero(r.bottom), intero(r.right)};

@@ -13,7 +13,7 @@ namespace tessaro {
 namespace {
 
 constexpr std::int32_t k = finezzaPagina;
-constexpr std::int16_t listaStampa = 9146, parolaFoglio = 11, parolaRidotto = 12, parolaRighello = 13;
+constexpr std::int16_t listaStampa = 9146, parolaFoglio = 12, parolaRidotto = 13, parolaRighello = 14;
 constexpr std::int32_t corpo = 8;      // points
 constexpr std::int32_t crocino = 14;   // points: length of a crop mark
 constexpr double unitaMm = 72 / 25.4 * k;

@@ -16,6 +16,7 @@ struct ScelteStampa {
     std::uint8_t righello = 0;      // 100 mm to measure the print by
     std::uint8_t saltaVuote = 0;    // pages on which nothing is drawn are left out; the numbers stay
     std::uint8_t unaPagina = 0;     // the whole sheet reduced to one page
+    std::uint8_t compresse = 0;     // pictures of many colours as JPEG; else every pixel stays as it is
     double strisciaMm = 10;         // width of the shared strip, 1 to 100
 };
 extern ScelteStampa scelteStampa;

@@ -10,6 +10,7 @@
 #include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
+#include "files/BloccoEstensioni.h"
 #include "files/Fusione.h"
 #include "files/Migrazione.h"
 #include "files/Nativo.h"
@@ -18,6 +19,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
+#include "model/Estensioni.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
 #include "registration/attaccoDinamico.h"
@@ -275,6 +277,7 @@ void accogli(const Lettura& l) {
     xAttacco5 = l.testa.x5;
     yAttacco5 = l.testa.y5;
     OKAttacco5 = l.testa.ok5;
+    AzzeraEstensioni();
 }
 
 void rinuncia(std::int32_t prima, std::int32_t ultimo) {
@@ -330,7 +333,8 @@ bool leggiTutto(Lettura& l) {
     // Kept: a merge without a similarity, by four points too, replaces view, colours, units and meshes by the file's.
     if (l.fusione != Fusione::comeSono && l.fusione != Fusione::quattroPunti) return true;
     Guasto g;
-    if (!LeggiBlocchi(l.testa.versione, g)) lettoIntero = false;
+    // A drawing's own entries come with it; what is merged into another leaves its entries behind.
+    if (!LeggiBlocchi(l.testa.versione, g) || (!inFusione && !LeggiEstensioni(g))) lettoIntero = false;
     if (!g.what.empty()) l.segnala(g);
     return true;
 }

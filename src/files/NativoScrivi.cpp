@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "files/Blocchi.h"
+#include "files/BloccoEstensioni.h"
 #include "files/Nativo.h"
 #include "files/Richieste.h"
 #include "model/Annulla.h"
@@ -67,6 +68,7 @@ void ScriviDisegno(std::int16_t versione) {
     scrivib(OKAttacco5);
     scriviRecord();
     ScriviBlocchi();
+    ScriviEstensioni();
 }
 
 void Scrividati() {

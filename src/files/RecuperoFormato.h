@@ -5,11 +5,13 @@
 // A piece is a head of 32 bytes (kind, payload bytes, checksum of the payload, checksum of the head) and its payload:
 //   "head"  version, size of a record, time, name of the drawing, then each row's name and length
 //   "pict"  number, then the bytes of a picture that records name by that number
+//   "extn"  number, then the bytes of an entry that the table of entries names by that number
 //   "base"  whether it differs from its file, record count, all rows, all records
 //   "step"  time, stretches and row ranges, then the new records and the new bytes (model/Giornale.h)
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -21,9 +23,10 @@ namespace tessaro {
 // --- writing. Each gives false when the disk refuses; the file then ends behind its last whole piece.
 struct ScritturaRecupero {
     StateFile file = 0;
-    std::int64_t scritti = 0;             // bytes so far
-    std::vector<PicHandle> immagini;      // numbers whose bytes are in it, ascending
-    std::vector<unsigned char> tampone;   // pieces are put together here, and written at once
+    std::int64_t scritti = 0;                // bytes so far
+    std::vector<PicHandle> immagini;         // numbers whose bytes are in it, ascending
+    std::vector<std::uint32_t> estensioni;   // the same of entries
+    std::vector<unsigned char> tampone;      // pieces are put together here, and written at once
 };
 // `secondi`: of the system's clock. The drawing of the moment and VociGiornale are what is written.
 [[nodiscard]] bool ScriviInizio(ScritturaRecupero& s, const std::string& nomeMacRoman, std::int64_t secondi,
@@ -46,6 +49,7 @@ struct DisegnoRecuperato {
         std::string byte;
     };
     std::vector<Immagine> immagini;
+    std::map<std::uint32_t, std::string> estensioni;   // bytes by number
 };
 // Everything up to the first piece that is not whole or says what cannot be. False without a drawing to begin with.
 [[nodiscard]] bool LeggiRecupero(StateFile f, DisegnoRecuperato& d);

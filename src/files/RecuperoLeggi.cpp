@@ -9,6 +9,7 @@
 #include "files/RecuperoPezzi.h"
 #include "files/Risanamento.h"
 #include "model/Colori.h"
+#include "model/Estensioni.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Unita.h"
@@ -190,6 +191,9 @@ bool LeggiRecupero(StateFile f, DisegnoRecuperato& d) {
         if (genere == pezzoImmagine) {
             const auto numero = c.uno<PicHandle>();
             d.immagini.push_back({numero, c.testo(c.resto())});
+        } else if (genere == pezzoEstensione) {
+            const auto numero = c.uno<std::uint32_t>();
+            d.estensioni.insert_or_assign(numero, c.testo(c.resto()));
         } else if (genere == pezzoBase && !base) {
             base = leggiBase(c, d);
             if (!base) break;
@@ -209,6 +213,13 @@ void AccogliRecupero(const DisegnoRecuperato& d) {
     for (const VociDocumento* t = VociDocumento::prima; t; t = t->prossima)
         for (const VoceDocumento& v : t->righe) riga(d, v);
     entroLeTavole();
+    RinumeraEstensioni(
+        [](std::uint32_t numero, const void* di) -> const std::string* {
+            const auto& byte = static_cast<const DisegnoRecuperato*>(di)->estensioni;
+            const auto i = byte.find(numero);
+            return i == byte.end() ? nullptr : &i->second;
+        },
+        &d);
     std::unordered_map<PicHandle, const std::string*> byte;
     for (const DisegnoRecuperato::Immagine& i : d.immagini) byte.insert_or_assign(i.numero, &i.byte);
     Risanamento r(3);

@@ -13,8 +13,9 @@ constexpr std::uint32_t genereDi(const char (&s)[5]) {
            | std::uint32_t(std::uint8_t(s[2])) << 16 | std::uint32_t(std::uint8_t(s[3])) << 24;
 }
 inline constexpr std::uint32_t pezzoTesta = genereDi("head"), pezzoImmagine = genereDi("pict"),
-                               pezzoBase = genereDi("base"), pezzoPasso = genereDi("step");
-inline constexpr std::uint32_t versioneRecupero = 1;
+                               pezzoEstensione = genereDi("extn"), pezzoBase = genereDi("base"),
+                               pezzoPasso = genereDi("step");
+inline constexpr std::uint32_t versioneRecupero = 2;
 
 struct TestaPezzo {
     std::uint32_t genere = 0;

@@ -4,6 +4,7 @@
 
 #include "files/RecuperoFormato.h"
 #include "files/RecuperoPezzi.h"
+#include "model/Estensioni.h"
 #include "model/VociDocumento.h"
 
 namespace tessaro {
@@ -56,6 +57,18 @@ void immaginiNuove(ScritturaRecupero& s, std::span<const elemento> record) {
     }
 }
 
+void estensioniNuove(ScritturaRecupero& s) {
+    for (const VoceEstensione& v : VociEstensione()) {
+        const std::string* dati = DatiEstensione(v.numero);
+        if (dati == nullptr || std::find(s.estensioni.begin(), s.estensioni.end(), v.numero) != s.estensioni.end())
+            continue;
+        s.estensioni.push_back(v.numero);
+        const Pezzo p(s.tampone, pezzoEstensione);
+        aggiungi(s.tampone, v.numero);
+        aggiungi(s.tampone, dati->data(), dati->size());
+    }
+}
+
 bool manda(ScritturaRecupero& s) {
     const bool bene = StateAppend(s.file, s.tampone.data(), s.tampone.size());
     if (bene) s.scritti += static_cast<std::int64_t>(s.tampone.size());
@@ -94,6 +107,7 @@ bool ScriviInizio(ScritturaRecupero& s, const std::string& nome, std::int64_t se
     s.tampone.reserve(static_cast<std::size_t>(indElem) * sizeof(elemento) + (1 << 20));
     testa(s, nome, secondi);
     immaginiNuove(s, {ArrElementi, static_cast<std::size_t>(indElem)});
+    estensioniNuove(s);
     base(s, diverso);
     return manda(s);
 }
@@ -103,6 +117,7 @@ bool ScriviPasso(ScritturaRecupero& s, const Transizione& t, std::int64_t second
         return std::span<const elemento>(ArrElementi + d.dopo, static_cast<std::size_t>(d.quantiDopo));
     };
     for (const TrattoDiverso& d : t.tratti) immaginiNuove(s, nuovi(d));
+    estensioniNuove(s);
     {
         const Pezzo p(s.tampone, pezzoPasso);
         aggiungi(s.tampone, secondi);

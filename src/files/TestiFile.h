@@ -25,6 +25,7 @@ enum class TestoFile : std::int16_t {
     registrazione,   // ^0 why the file's registration cannot be used
     senzaPunti,      // a merge without the points that it goes by
     campi,           // ^0 fields of a settings file that took their defaults
+    estensioni,      // what stands behind the told end is cut off or damaged
 };
 
 std::string TestoDi(TestoFile t, std::string_view p0 = {}, std::string_view p1 = {});   // Mac Roman

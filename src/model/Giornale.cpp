@@ -6,6 +6,7 @@
 #include <deque>
 
 #include "model/Annulla.h"
+#include "model/Estensioni.h"
 #include "model/Figura.h"
 #include "model/GiornaleImmagini.h"
 #include "model/GiornaleRecord.h"
@@ -231,6 +232,7 @@ void GiornaleNuovo() {
     // By name: the order of start-up of the files says nothing.
     std::sort(g.voci.begin(), g.voci.end(),
               [](const VoceDocumento& a, const VoceDocumento& b) { return std::strcmp(a.nome, b.nome) < 0; });
+    AssestaEstensioni();
     g.ombra.record.Copia();
     g.ombra.righe = leggiRighe(g);
     g.ombra.figura = leggiFigura(g);
@@ -253,6 +255,7 @@ bool GiornaleAperto() { return giornale().aperto; }
 bool ChiudiPasso(const NomePasso& nome) {
     Giornale& g = giornale();
     if (!g.aperto) return false;
+    AssestaEstensioni();
     StatoFigura figura = leggiFigura(g);
     const bool diFigura = figuraCambiata(g, figura);
     std::vector<std::uint64_t> pagine = ImpronteDelDisegno();

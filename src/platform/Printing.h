@@ -33,7 +33,8 @@ struct PMPrintSettings {
     std::int32_t prima = 1, ultima = paginaFinale;   // pages that are wanted, from 1
     std::string stampante;                           // UTF-8; empty: the default one
     PMDestinationType destinazione = kPMDestinationFile;
-    std::string luogo;   // of a file, UTF-8
+    std::string luogo;         // of a file, UTF-8
+    bool conPerdita = false;   // pictures of many colours may be packed with loss, for a smaller file; of one print
 };
 struct PMRect {
     double top = 0, left = 0, bottom = 0, right = 0;
@@ -59,6 +60,9 @@ bool PMUnflattenPrintSettings(std::string_view flat, PMPrintSettings& settings);
 // Holds sizes and margins to what paper can be, and leaves at least 10 mm between the margins.
 OSStatus PMSessionValidatePageFormat(PMPrintSession session, PMPageFormat& format, bool& changed);
 OSStatus PMSessionValidatePrintSettings(PMPrintSession session, PMPrintSettings& settings, bool& changed);
+
+// Where the settings name a printer: raises the margins to the rim that it cannot print on. False when that changed nothing.
+bool PMSessionHoldToPrinter(PMPrintSession session, const PMPrintSettings& settings, PMPageFormat& format);
 
 // A check box that the print dialog shows beside the toolkit's own choices.
 struct SceltaStampa {

@@ -1,4 +1,4 @@
-// The walk in tiles, so that a turned source is read where the cache still holds it; and the two questions it is asked,
+// The walk in columns, each row asked before it is copied, so that a turned source is in the cache by then; and the two questions it is asked,
 // four pixels at a time with the digits of the plain formulas.
 #include "raster/Indietro.h"
 
@@ -22,32 +22,61 @@ using Positivi = std::uint32_t __attribute__((vector_size(16)));
 
 #define IN_LINEA inline __attribute__((always_inline))
 
-template <class Pixel>
-void piastrella(const Tela& src, Tela& dst, const RichiestaPixel& domanda, std::int32_t y0, std::int32_t y1,
-                std::int32_t x, std::int32_t n) {
+// Rows of the result that are asked ahead of the one that is copied, so that their source is on its way to the cache.
+constexpr std::int32_t anticipo = 4;
+constexpr std::int32_t lineaCache = 64;   // bytes
+
+struct RigaChiesta {
     std::array<std::uint32_t, bloccoIndietro> indici;
-    const auto* da = reinterpret_cast<const Pixel*>(src.dati.get());
-    for (std::int32_t y = y0; y < y1; ++y) {
-        auto* a = reinterpret_cast<Pixel*>(dst.riga(y)) + x;
-        if (domanda(y, x, n, indici.data())) {
-            for (std::int32_t i = 0; i < n; ++i) a[i] = da[indici[static_cast<std::size_t>(i)]];
-            continue;
-        }
+    Fonti fonti = Fonti::nessuna;
+};
+
+// Source lines and, for writing, those of the result.
+template <class Pixel>
+IN_LINEA void richiama(const RigaChiesta& r, const Pixel* da, Pixel* a, std::int32_t n) {
+    if (r.fonti == Fonti::nessuna) return;
+    constexpr auto perLinea = static_cast<std::int32_t>(lineaCache / sizeof(Pixel));
+    for (std::int32_t i = 0; i < n; i += perLinea) __builtin_prefetch(a + i, 1);
+    for (std::int32_t i = 0; i < n; i += perLinea / 2) {   // a turned row goes through lines at a slant
+        const std::uint32_t k = r.indici[static_cast<std::size_t>(i)];
+        if (k != nessunaFonte) __builtin_prefetch(da + k);
+    }
+}
+
+template <class Pixel>
+IN_LINEA void copia(const RigaChiesta& r, const Pixel* da, Pixel* a, std::int32_t n) {
+    if (r.fonti == Fonti::tutte) {
+        for (std::int32_t i = 0; i < n; ++i) a[i] = da[r.indici[static_cast<std::size_t>(i)]];
+    } else if (r.fonti == Fonti::alcune) {
         for (std::int32_t i = 0; i < n; ++i) {
-            const std::uint32_t k = indici[static_cast<std::size_t>(i)];
+            const std::uint32_t k = r.indici[static_cast<std::size_t>(i)];
             if (k != nessunaFonte) a[i] = da[k];
         }
     }
 }
 
+// A column of the result, as wide as a block, from its first row down: neighbouring rows share their source's lines.
+template <class Pixel>
+void colonna(const Tela& src, Tela& dst, const RichiestaPixel& domanda, std::int32_t y0, std::int32_t y1,
+             std::int32_t x, std::int32_t n) {
+    std::array<RigaChiesta, anticipo> attese;
+    const auto* da = reinterpret_cast<const Pixel*>(src.dati.get());
+    const auto posto = [&](std::int32_t y) { return reinterpret_cast<Pixel*>(dst.riga(y)) + x; };
+    for (std::int32_t y = y0; y < y1 + anticipo; ++y) {
+        RigaChiesta& r = attese[static_cast<std::size_t>(y % anticipo)];
+        if (y >= y0 + anticipo) copia(r, da, posto(y - anticipo), n);
+        if (y >= y1) continue;
+        r.fonti = domanda(y, x, n, r.indici.data());
+        richiama(r, da, posto(y), n);
+    }
+}
+
 void fascia(const Tela& src, Tela& dst, const RichiestaPixel& domanda, std::int32_t y0, std::int32_t y1) {
-    constexpr std::int32_t righe = 64;
-    const auto fai = src.byte == 1   ? piastrella<std::uint8_t>
-                     : src.byte == 2 ? piastrella<std::uint16_t>
-                                     : piastrella<std::uint32_t>;
-    for (std::int32_t y = y0; y < y1; y += righe)
-        for (std::int32_t x = 0; x < dst.larghezza; x += bloccoIndietro)
-            fai(src, dst, domanda, y, std::min(y + righe, y1), x, std::min(bloccoIndietro, dst.larghezza - x));
+    const auto fai = src.byte == 1   ? colonna<std::uint8_t>
+                     : src.byte == 2 ? colonna<std::uint16_t>
+                                     : colonna<std::uint32_t>;
+    for (std::int32_t x = 0; x < dst.larghezza; x += bloccoIndietro)
+        fai(src, dst, domanda, y0, y1, x, std::min(bloccoIndietro, dst.larghezza - x));
 }
 
 }   // namespace
@@ -94,28 +123,31 @@ struct Sagoma {
     std::uint32_t passo;
 };
 
-IN_LINEA bool giro(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n,
-                   std::uint32_t* indici) {
+IN_LINEA Fonti giro(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n,
+                    std::uint32_t* indici) {
     const double Y = double(g.oy) + y, sY = g.s * Y, cY = g.c * Y;
-    const auto dentro = [&](std::int32_t k) {
-        const double X = double(g.ox) + x + k, c = sY + g.c * X, r = cY - g.s * X;
-        return c >= 0 && c < t.larghezza && r >= 0 && r < t.altezza;
-    };
-    if (dentro(0) && dentro(n - 1)) {   // and so is all between
+    const auto colonna = [&](std::int32_t k) { return sY + g.c * (double(g.ox) + x + k); };
+    const auto riga = [&](std::int32_t k) { return cY - g.s * (double(g.ox) + x + k); };
+    // Both run one way along a row, so that the ends speak for all between.
+    const double c0 = colonna(0), c1 = colonna(n - 1), r0 = riga(0), r1 = riga(n - 1);
+    if ((c0 <= -1 && c1 <= -1) || (c0 >= t.larghezza && c1 >= t.larghezza) || (r0 <= -1 && r1 <= -1)
+        || (r0 >= t.altezza && r1 >= t.altezza))
+        return Fonti::nessuna;
+    if (std::min({c0, c1, r0, r1}) >= 0 && std::max(c0, c1) < t.larghezza && std::max(r0, r1) < t.altezza) {
         for (std::int32_t i = 0; i < n; i += 4) {
             const Quattro X = colonneDa(g.ox + x + i);
             const auto c = __builtin_convertvector(sY + g.c * X, Quattro32),
                        r = __builtin_convertvector(cY - g.s * X, Quattro32);
             scrivi(indici + i, reinterpret_cast<Positivi>(r) * t.passo + reinterpret_cast<Positivi>(c));
         }
-        return true;
+        return Fonti::tutte;
     }
     Quattro64 tutti = {-1, -1, -1, -1};
     for (std::int32_t i = 0; i < n; i += 4) {
         const Quattro X = colonneDa(g.ox + x + i);
         scrivi(indici + i, indice(sY + g.c * X, cY - g.s * X, t.larghezza, t.altezza, t.passo, tutti));
     }
-    return pieni(tutti);
+    return pieni(tutti) ? Fonti::tutte : Fonti::alcune;
 }
 
 // Half away from zero, of numbers that are not below 0.
@@ -132,7 +164,7 @@ struct Lente {
     std::vector<double> alto, basso, sinistra, destra;
 };
 
-IN_LINEA bool lente(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+IN_LINEA Fonti lente(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
     const bool sotto = y >= l.cy;
     const double dy = sotto ? y - l.cy : l.cy - y, verso = sotto ? 1 : -1;
     const double* perColonna = (sotto ? l.basso : l.alto).data() + x;
@@ -151,22 +183,22 @@ IN_LINEA bool lente(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t
         scrivi(indici + i,
                indice(colonna, cy + verso * arrotondati(dy * k), l.t.larghezza, l.t.altezza, l.t.passo, tutti));
     }
-    return pieni(tutti);
+    return pieni(tutti) ? Fonti::tutte : Fonti::alcune;
 }
 
-bool giroBase(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+Fonti giroBase(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
     return giro(g, t, y, x, n, indici);
 }
-bool lenteBase(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
+Fonti lenteBase(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici) {
     return lente(l, y, x, n, indici);
 }
 #ifdef __x86_64__
-__attribute__((target("avx2"))) bool giroLargo(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x,
-                                               std::int32_t n, std::uint32_t* indici) {
+__attribute__((target("avx2"))) Fonti giroLargo(const Giro& g, const Sagoma& t, std::int32_t y, std::int32_t x,
+                                                std::int32_t n, std::uint32_t* indici) {
     return giro(g, t, y, x, n, indici);
 }
-__attribute__((target("avx2"))) bool lenteLarga(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n,
-                                                std::uint32_t* indici) {
+__attribute__((target("avx2"))) Fonti lenteLarga(const Lente& l, std::int32_t y, std::int32_t x, std::int32_t n,
+                                                 std::uint32_t* indici) {
     return lente(l, y, x, n, indici);
 }
 const bool largo = __builtin_cpu_supports("avx2");

@@ -8,12 +8,15 @@
 
 namespace tessaro {
 
-inline constexpr std::int32_t bloccoIndietro = 256;
+inline constexpr std::int32_t bloccoIndietro = 128;
 
+// How many of a block's pixels have one in the source.
+enum class Fonti : std::uint8_t { nessuna, alcune, tutte };
 // The source's index for n result pixels of row y from column x on, Tela::passo() a row; nessunaFonte where there is none.
-// True when all n have one. `indici` has room for bloccoIndietro: up to three behind n may be written.
+// Of a block that has none `indici` may stay as it was. It has room for bloccoIndietro: up to three behind n may be
+// written.
 inline constexpr std::uint32_t nessunaFonte = 0xFFFFFFFFU;
-using RichiestaPixel = std::function<bool(std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici)>;
+using RichiestaPixel = std::function<Fonti(std::int32_t y, std::int32_t x, std::int32_t n, std::uint32_t* indici)>;
 
 // False when `passo`, which hears the fraction done, stopped it.
 bool PercorriIndietro(const Tela& src, Tela& dst, const RichiestaPixel& domanda,

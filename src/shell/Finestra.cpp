@@ -15,6 +15,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Estensioni.h"
 #include "model/Giornale.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
@@ -172,6 +173,7 @@ void chiudiDisegno() {
     noWindow = 1;
     FineRecupero();
     AzzeraArchivio();
+    AzzeraEstensioni();
     indElem = 1;
     senzaAttacchi();
     Azione = sFermo;   // a figure in progress ends with its drawing

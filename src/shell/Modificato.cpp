@@ -9,6 +9,7 @@
 #include "model/Colori.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Estensioni.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
@@ -95,6 +96,11 @@ std::uint64_t impronta() {
     }
     mesh(i, meshOrigine);
     mesh(i, meshDestinazione);
+    for (const VoceEstensione& v : VociEstensione()) {
+        const std::string_view dati = Estensione(v.marca);
+        i.valore(v.marca);
+        i.byte(dati.data(), dati.size());
+    }
     return i.fine();
 }
 

@@ -8,6 +8,7 @@
 #include "editing/AnnullaComando.h"
 #include "model/Annulla.h"
 #include "model/Documento.h"
+#include "model/Estensioni.h"
 #include "model/Giornale.h"
 #include "platform/Menus.h"
 
@@ -43,6 +44,7 @@ void FinePasso(const EventRecord& e) {
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);
     if (!noWindow) ChiudiPasso(nome);
+    AvvisaEstensioni();
     AggiornaVociAnnulla();
 }
 

@@ -11,6 +11,7 @@
 
 #include "files/RecuperoFormato.h"
 #include "files/Richieste.h"
+#include "model/Estensioni.h"
 #include "model/Lucidi.h"
 #include "model/Mesh.h"
 #include "platform/StateFiles.h"
@@ -65,7 +66,7 @@ std::string adesso() {
         }
         s.append(reinterpret_cast<const char*>(&e), sizeof e);
     }
-    return s + std::to_string(VisioneGraf.lucidoCorrente);
+    return s + std::to_string(VisioneGraf.lucidoCorrente) + std::string(Estensione(estPunti));
 }
 
 }   // namespace
@@ -146,12 +147,13 @@ TEST_F(Recuperi, CutOffOrDamagedAnywhereItIsADrawingThatThereWas) {
     std::vector<std::string> stati{adesso()};
     std::size_t base = 0;   // bytes before the second step: without them there is nothing
     for (int i = 0; i < 60; ++i) {
-        switch (i == 0 ? 0 : sorte() % 4) {
+        switch (i == 0 ? 0 : sorte() % 5) {
         case 0: segmento(i, 0, 1, 1); break;
         case 1: immagine(i, 0, 1, 1, std::string(sorte() % 50, 'p')); break;
         case 2:
             if (indElem > 5) CopiaRecord(4, 5, indElem - 4), --indElem;
             break;
+        case 3: PoniEstensione(estPunti, std::string(sorte() % 50, 'e') + std::to_string(i)); break;
         default: VisioneGraf.lucidoCorrente = static_cast<std::int16_t>(i);
         }
         finePasso();

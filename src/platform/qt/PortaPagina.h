@@ -20,7 +20,8 @@ namespace tessaro {
 class PortaPagina final : public GrafPort {
 public:
     // `pagina`: its extent from (0, 0). `radice`: what of the drawing lies there; patterns are counted from the drawing.
-    PortaPagina(QPainter& painter, const Rect& pagina, Point radice);
+    // `conPerdita`: pictures of many colours may go out as JPEG.
+    PortaPagina(QPainter& painter, const Rect& pagina, Point radice, bool conPerdita);
     ~PortaPagina() override;   // leaves the current port when it is this one
 
     void stdLine(Point from, Point to) override;
@@ -67,6 +68,7 @@ private:
 
     QPainter& pittore;
     Point radice;
+    bool conPerdita;
     double puntiPixel = 1;   // width in points of a pen of one pixel
     Region clipMessa;
     bool clipIgnota = true;

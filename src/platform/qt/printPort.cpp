@@ -23,10 +23,12 @@ Pattern rovescio(Pattern p) {
 
 }   // namespace
 
-PortaPagina::PortaPagina(QPainter& painter, const Rect& pagina, Point da) : pittore(painter), radice(da) {
+PortaPagina::PortaPagina(QPainter& painter, const Rect& pagina, Point da, bool perdita)
+    : pittore(painter), radice(da), conPerdita(perdita) {
     finezza = finezzaPagina;
     giraTesti = true;
-    pittore.setRenderHint(QPainter::LosslessImageRendering);   // of patterns; pictures decide for themselves
+    pittore.setRenderHint(
+        QPainter::LosslessImageRendering);   // of patterns always, of pictures unless the person says otherwise
     portRect = pagina;
     clip = Region::of(pagina);
     pen.pnSize = Point{finezza, finezza};

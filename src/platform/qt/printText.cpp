@@ -23,7 +23,7 @@ std::int32_t grande(std::string_view dati, std::size_t dove, std::size_t byte) {
 }
 double fisso(std::string_view dati, std::size_t dove) { return grande(dati, dove, 4) / 65536.0; }
 
-// Few colours, as drawn and reduced sheets have them: packed without loss. Photographs go out as JPEG.
+// Few colours, as drawn and reduced sheets have them: packing with loss would make them larger, and smear their lines.
 bool pocheTinte(const QImage& fascia) {
     constexpr std::size_t poche = 256;
     std::unordered_set<QRgb> viste;
@@ -150,7 +150,8 @@ void PortaPagina::stdBits(const PixMap& bits, const Rect& src, const Rect& dst) 
             fascia = fascia.convertToFormat(QImage::Format_Mono, Qt::MonoOnly | Qt::ThresholdDither);
         const QRectF dove(dst.left + (s.left - src.left) * sx, dst.top + (v - src.top) * sy, largo * sx,
                           (fine - v) * sy);
-        pittore.setRenderHint(QPainter::LosslessImageRendering, fascia.depth() == 1 || pocheTinte(fascia));
+        pittore.setRenderHint(QPainter::LosslessImageRendering,
+                              !conPerdita || fascia.depth() == 1 || pocheTinte(fascia));
         pittore.drawImage(dove, fascia);
         pittore.setRenderHint(QPainter::LosslessImageRendering);
     }

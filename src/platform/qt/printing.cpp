@@ -85,9 +85,11 @@ public:
     std::unique_ptr<PortaPagina> porta;
     PMPageFormat formato;
     PMRect pagina;   // points
+    bool conPerdita = false;
     int pagine = 0;
 
     bool apri(const PMPrintSettings& s, const QString& lavoro) {
+        conPerdita = s.conPerdita;
         return s.destinazione == kPMDestinationFile ? apriFile(s, lavoro) : apriCoda(s, lavoro);
     }
     void chiudi() {
@@ -235,6 +237,26 @@ OSStatus PMSessionValidatePrintSettings(PMPrintSession, PMPrintSettings& setting
     return 0;
 }
 
+bool PMSessionHoldToPrinter(PMPrintSession session, const PMPrintSettings& settings, PMPageFormat& format) {
+    if (settings.destinazione != kPMDestinationPrinter || !conFinestre()) return false;
+    const QPrinterInfo info = stampanteDi(settings);
+    if (info.isNull()) return false;
+    QPrinter p(info, QPrinter::HighResolution);
+    p.setPageLayout(disposizione(format));
+    QPageLayout carta = p.pageLayout();
+    carta.setUnits(QPageLayout::Millimeter);
+    const QMarginsF orlo = carta.minimumMargins();
+    const PMPageFormat prima = format;
+    format.sinistra = std::max(format.sinistra, orlo.left());
+    format.destra = std::max(format.destra, orlo.right());
+    format.sopra = std::max(format.sopra, orlo.top());
+    format.sotto = std::max(format.sotto, orlo.bottom());
+    bool cambiato = false;
+    PMSessionValidatePageFormat(session, format, cambiato);
+    return prima.sinistra != format.sinistra || prima.destra != format.destra || prima.sopra != format.sopra
+           || prima.sotto != format.sotto;
+}
+
 // The paper itself is counted in whole points, as the PDF's pages are.
 OSStatus PMGetAdjustedPageRect(const PMPageFormat& f, PMRect& rect) {
     const double larga = std::round(f.larghezza * puntiMm), alta = std::round(f.altezza * puntiMm);
@@ -306,7 +328,7 @@ OSStatus PMSessionGetGraphicsContext(PMPrintSession session, std::string_view ty
     if (!s.pittore || type != kPMGraphicsContextQuickdraw) return kPMGeneralError;
     const auto unita = [](double punti) { return static_cast<std::int32_t>(std::lround(punti * finezzaPagina)); };
     const Rect pagina{0, 0, unita(s.pagina.bottom - s.pagina.top), unita(s.pagina.right - s.pagina.left)};
-    s.porta = std::make_unique<PortaPagina>(*s.pittore, pagina, origine);
+    s.porta = std::make_unique<PortaPagina>(*s.pittore, pagina, origine, s.conPerdita);
     port = s.porta.get();
     return 0;
 }
