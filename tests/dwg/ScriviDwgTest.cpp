@@ -269,9 +269,10 @@ TEST(LeggiDwg, filesBeforeR13NameByPlaceWhatLaterOnesNameByHandle) {
     std::string inseriti;
     for (const OdDbEntityPtr& x : db.spazioModello().entita) {
         if (const auto* i = odCast<OdDbBlockReference>(*x)) inseriti += db.blocks[i->blockTableRecord].name + ' ';
-        if (const auto* c = odCast<OdDbCircle>(*x))
-            EXPECT_EQ(c->center.z, 2) << "the height that its common part tells";
-        if (const auto* q = odCast<OdDbDimension>(*x)) EXPECT_EQ(db.blocks[q->dimBlock].entita.size(), 8U);
+        const auto* const c = odCast<OdDbCircle>(*x);
+        EXPECT_EQ(c == nullptr ? 2 : c->center.z, 2) << "the height that its common part tells";
+        const auto* const q = odCast<OdDbDimension>(*x);
+        EXPECT_EQ(q == nullptr ? 8U : db.blocks[q->dimBlock].entita.size(), 8U);
     }
     EXPECT_EQ(inseriti, "BLOCK1 BLOCK2 ");
     const OdDbBlockTableRecord& quota = db.blocks[db.blocks.getAt("*D2")];
