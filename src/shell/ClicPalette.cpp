@@ -110,9 +110,9 @@ void lucido() {
 }
 
 // By CellaPalette.
-constexpr std::array<void (*)(), numCelle> azioni{freccia,          digita,    muovi,    lucido, segmento,
-                                                  polilinea,        cerchio,   arco,     testo,  marker,
-                                                  ApriCalcolatrice, perPuntiDiControllo, perMesh};
+constexpr std::array<void (*)(), numCelle> azioni{freccia, digita, muovi, lucido, segmento,         polilinea,
+                                                  cerchio, arco,   testo, marker, ApriCalcolatrice, perPuntiDiControllo,
+                                                  perMesh};
 
 void clicCella(CellaPalette c) {
     if (c == cellaLucido) {

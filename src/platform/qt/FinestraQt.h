@@ -106,7 +106,7 @@ void distruggiTelaio();
 void creaStriscia(QMainWindow& frame);
 int altezzaStriscia();
 void togliStriscia();   // before the frame goes
-QRect schermoUtile();                                         // where the frame may stand, logical pixels
+QRect schermoUtile();   // where the frame may stand, logical pixels
 // Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
 // the screens and it fits; else onto that screen or the first one, and no larger than it.
 QString fileDelTelaio();   // where places and sizes of windows are kept
