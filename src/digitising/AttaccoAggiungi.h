@@ -5,8 +5,11 @@
 
 namespace tessaro {
 
-void Aggiungi();                  // on a layer that is asked for
-std::int16_t PoniLucidoCopie();   // dialog 138: the layer, 0 to 99; negative to stop
+class MappaFoglio;
+
+void Aggiungi();                                   // on a layer that is asked for
+void AggiungiPerMolti(const MappaFoglio& molti);   // the same by the mapping by many points
+std::int16_t PoniLucidoCopie();                    // dialog 138: the layer, 0 to 99; negative to stop
 void AggiungiElemento(std::int16_t layer);
 void AggiungiMultipla(std::int16_t layer);
 

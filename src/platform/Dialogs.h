@@ -40,6 +40,14 @@ void SetDialogItemMenu(DialogPtr d, std::int16_t item,
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
+// What a hand has typed into a cell of a table that is edited in place, the oldest first: the item was hit once for each. Rows
+// and columns from 1; a column of check marks gives "1" or "0". False when there is nothing left. A table's value is the row
+// chosen, 0 for none; choosing one hits the item when the resource says so.
+struct CellaDialogo {
+    std::int16_t riga = 0, colonna = 0;
+    std::string macRoman;
+};
+bool GetDialogItemEdit(DialogPtr d, std::int16_t item, CellaDialogo& cella);
 // What a canvas item shows, copied.
 void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);

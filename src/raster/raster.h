@@ -41,6 +41,9 @@ inline constexpr double densita = 1.8;
 
 // --- rectification, menu 111: 1 by the control points, 2 by the meshes
 void TrasformaPictSel(std::int16_t item);
+class MappaFoglio;
+// The same for the mapping by many points: the selected picture, with the same dialog. The mapping is laid out on a grid.
+void TrasformaPictMolti(MappaFoglio& molti);
 bool ScegliRisoluzione(double& res, std::uint8_t conPoligono);      // dialog 139; false: cancelled, nothing changed
 void CalcolaVertici(const elemento& pict, std::int32_t poligono);   // poligono: its head's number, 0 for none
 bool PictureToPixMap(PicHandle pict, bool taglio);                  // false: nothing was added

@@ -59,6 +59,7 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/FinestraPunti.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
 #include "tools/CursoreVincolato.h"
@@ -248,6 +249,7 @@ void comandoTrasforma() {
     if (theItem == ruotaImmagine) ModificaRuotaImmagine();
     if (theItem == distorsione) CorreggiPictSel();
     if (theItem == rapporto) ApriRapporto();
+    if (theItem == puntiControllo) ApriPunti();
 }
 
 void comandoStrumenti() {

@@ -20,6 +20,7 @@
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
+#include "shell/FinestraPunti.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
@@ -176,6 +177,7 @@ void CheckEvents() {
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
+    AggiornaPunti();
     if (noWindow) {
         sonno = -1;
         return;

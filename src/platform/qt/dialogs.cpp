@@ -206,8 +206,8 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:
     case TipoVoce::figura:
-    case TipoVoce::tabella:
     case TipoVoce::campo: break;
+    case TipoVoce::tabella: scegliRigaTabella(v); break;
     }
 }
 
