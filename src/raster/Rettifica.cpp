@@ -256,8 +256,36 @@ Scelti PictScelta() {
 
 namespace {
 
-// Points of the picture's sides go by the mapping one by one: by a grid as fine as a hundredth of a result's pixel asks.
-void trasformaMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
+void modoDelLavoro() {
+    deformProspettica = tipoTrasformazione == 2;
+    coeffRisoluzione = risoluzione / 72;
+}
+
+}   // namespace
+
+bool RettificaPict(const elemento& pict, std::int32_t poligono) {
+    const ConMappa mappa(nullptr);   // the preview of many points has no part in it
+    modoDelLavoro();
+    ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
+    bool fatta = false;
+    if (attaccoAttivo.Preparato()) {
+        CalcolaVertici(pict, poligono);
+        fatta = PictureToPixMap(pict.pict.maniglia, poligono != 0);
+    } else {
+        constexpr std::int16_t avvisoNonPronta = 9140;
+        deformProspettica = 1;
+        StopAlert(avvisoNonPronta);
+    }
+    deformProspettica = 1;
+    return fatta;
+}
+
+namespace {
+
+// Points of the picture go by the mapping one by one: by a grid as fine as a hundredth of a result's pixel asks.
+void rettificaMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
+    const ConMappa mappa(&molti);
+    modoDelLavoro();
     BaseDi(pict);
     const double pixel = DecPunto / coeffRisoluzione;
     molti.Interpola(x1PictBase, y1PictBase, x2PictBase, y2PictBase, 0.01 * pixel);
@@ -267,7 +295,6 @@ void trasformaMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& mo
 
 void trasforma(std::int16_t item, MappaFoglio* molti) {
     constexpr std::int16_t listaTesti = 129, stringaPunti = 63, stringaMesh = 64;
-    const ConMappa mappa(molti);   // the preview's has no part in a told command
     const Scelti scelti = Puntosel.attiva ? PictScelta() : Scelti{};
     if (scelti.pict == 0) {
         SysBeep(200);
@@ -275,27 +302,18 @@ void trasforma(std::int16_t item, MappaFoglio* molti) {
     }
     ParamText(GetIndString(listaTesti, item == 2 ? stringaMesh : stringaPunti), "", "", "");
     if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
-    deformProspettica = tipoTrasformazione == 2;
-    coeffRisoluzione = risoluzione / 72;
     const elemento pict = Elem(scelti.pict);
-    const bool perPunti = item != 2 && molti == nullptr;
-    if (perPunti) ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
-    if (perPunti && !attaccoAttivo.Preparato()) {
-        constexpr std::int16_t avvisoNonPronta = 9140;
-        deformProspettica = 1;
-        StopAlert(avvisoNonPronta);
-        return;
-    }
     if (molti != nullptr) {
-        trasformaMolti(pict, scelti.poligono, *molti);
-    } else if (item == 2) {
+        rettificaMolti(pict, scelti.poligono, *molti);
+    } else if (item != 2) {
+        RettificaPict(pict, scelti.poligono);
+    } else {
+        const ConMappa mappa(nullptr);
+        modoDelLavoro();
         if (VerificaMesh()) {
             CalcolaVerticiMesh(pict);
             PictureToPixMapMesh(pict.pict.maniglia);
         }
-    } else {
-        CalcolaVertici(pict, scelti.poligono);
-        PictureToPixMap(pict.pict.maniglia, scelti.poligono != 0);
     }
     deformProspettica = 1;
     InvalFinestra();

@@ -44,6 +44,9 @@ void TrasformaPictSel(std::int16_t item);
 class MappaFoglio;
 // The same for the mapping by many points: the selected picture, with the same dialog. The mapping is laid out on a grid.
 void TrasformaPictMolti(MappaFoglio& molti);
+// A picture by the control points with the choices in force, whole (poligono 0) or cut to the polyline with that head: the
+// result is a new picture behind the last record. False, with a message shown, when there is none.
+bool RettificaPict(const elemento& pict, std::int32_t poligono);
 bool ScegliRisoluzione(double& res, std::uint8_t conPoligono);      // dialog 139; false: cancelled, nothing changed
 void CalcolaVertici(const elemento& pict, std::int32_t poligono);   // poligono: its head's number, 0 for none
 bool PictureToPixMap(PicHandle pict, bool taglio);                  // false: nothing was added

@@ -59,9 +59,11 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/FinestraPunti.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
+#include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
 
@@ -106,6 +108,7 @@ void DoArchivio() {
         break;
     case apri: Apri(); break;
     case chiudi: Chiudi(); break;
+    case esempio: ApriEsempio(); break;
     case salva:
     case salvaCome: archivia(); break;
     case formato: FormatoXYZ(0); break;
@@ -193,6 +196,7 @@ void coordinateSempre() {
 
 void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
+    if (theItem == voci::aiuto::guida) ApriGuida();
 }
 
 void comandoDisegna() {
@@ -445,6 +449,11 @@ void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
 
+void comandoRecenti() {
+    if (theItem == voci::recenti::svuota) return SvuotaRecenti();
+    ApriRecente(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -457,6 +466,7 @@ constexpr VoceMenu comandi[] = {
     {menuTrasforma, comandoTrasforma},
     {menuStrumenti, comandoStrumenti},
     {menuPatternPenna, comandoPatternPenna},
+    {menuRecenti, comandoRecenti},
     {menuZoom, comandoZoom},
     {menuNomiColori, comandoColore},
     {menuSpessore, comandoSpessore},

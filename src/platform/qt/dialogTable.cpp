@@ -89,6 +89,7 @@ QWidget* creaTabella(FinestraDialogo& d, std::int16_t item, const FormaTabella& 
     w->horizontalHeader()->setDefaultAlignment(allineamento(*w));
     w->horizontalHeader()->hide();
     if (caratteri.size() > 1) w->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
+    if (forma.spunte > 0) w->horizontalHeader()->setSectionResizeMode(forma.spunte - 1, QHeaderView::Fixed);
     int larga = 2 * w->frameWidth();
     for (std::size_t i = 0; i < caratteri.size(); ++i) {
         const int colonna = w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * caratteri[i] + 2 * margineCella;
