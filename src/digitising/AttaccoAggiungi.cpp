@@ -16,6 +16,7 @@
 #include "model/Unita.h"
 #include "platform/Resources.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/MappaFoglio.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -153,11 +154,16 @@ void togliCopie() {
 
 }   // namespace
 
-void Aggiungi() {
+namespace {
+
+void aggiungi(const MappaFoglio* molti) {
     const std::int16_t layer = PoniLucidoCopie();
     if (layer < 0) return;
-    if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
-    ErroreAlert(attaccoAttivo.PreparaAttacco());   // afresh: points may have moved since
+    const ConMappa mappa(molti);   // the preview's has no part in a told command
+    if (molti == nullptr) {
+        if (const std::string guasto = GuastoTrasformazione(); !guasto.empty()) return rifiuta(guasto);
+        ErroreAlert(attaccoAttivo.PreparaAttacco());   // afresh: points may have moved since
+    }
     CominciaAggiunta();
     if (Puntosel.multipla) {
         AggiungiMultipla(layer);
@@ -173,5 +179,10 @@ void Aggiungi() {
     PoniAnnulla(aAggiunta);
     InvalWind();
 }
+
+}   // namespace
+
+void Aggiungi() { aggiungi(nullptr); }
+void AggiungiPerMolti(const MappaFoglio& molti) { aggiungi(&molti); }
 
 }   // namespace tessaro

@@ -2,6 +2,7 @@
 #include "display/Disegno.h"
 
 #include "display/AttacchiMarche.h"
+#include "display/FrecceResidui.h"
 #include "display/Pixel.h"
 #include "display/Scansione.h"
 #include "display/Strisce.h"
@@ -58,6 +59,7 @@ void puntiDiControllo() {
         DisAttacco4();
     }
     if (OKAttacco5) DisAttacco5();
+    DisPuntiTabella();
 }
 
 }   // namespace

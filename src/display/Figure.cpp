@@ -33,7 +33,7 @@ Curva curvaTrasformata(const Curva& c) {
     t.cy = centro.y;
     t.raggio = Distanza(centro.x, centro.y, bordo.x, bordo.y);
     constexpr std::int32_t rigida = 0;
-    if (attaccoAttivo.GetTipo() == rigida) t.inizio += attaccoAttivo.rotazione * 180 / static_cast<double>(Pig);
+    if (TipoMappa() == rigida) t.inizio += attaccoAttivo.rotazione * 180 / static_cast<double>(Pig);
     return t;
 }
 

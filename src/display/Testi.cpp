@@ -176,7 +176,7 @@ Copia trasformata(const elemento& e) {
     const double x = c.x, y = c.y;
     attaccoAttivo.Traf4Pt(c.x, c.y);
     constexpr std::int32_t rigida = 0;
-    if (attaccoAttivo.GetTipo() == rigida) {
+    if (TipoMappa() == rigida) {
         c.angolo = intero(e.test.angolo + RadToAng(attaccoAttivo.rotazione, gradCorrente));
         c.fattore = attaccoAttivo.transf.ingr;
         return c;

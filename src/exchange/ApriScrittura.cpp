@@ -47,6 +47,10 @@ bool ApriTesto(std::string_view invito, std::string_view suffisso) {
     return apri(invito, suffisso, file);
 }
 
+bool ApriTesto(std::string_view invito, std::string_view suffisso, FSSpec& file) {
+    return apri(invito, suffisso, file);
+}
+
 void ChiudiScrittura() {
     if (uscita)
         FSAbandon(RefNum);

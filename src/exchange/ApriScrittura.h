@@ -14,6 +14,7 @@ namespace tessaro {
 bool ApriScrittura(std::int16_t invito, std::string_view prima, std::string_view suffisso, FSSpec& file);
 // The same with a prompt of one's own.
 bool ApriTesto(std::string_view invito, std::string_view suffisso);
+bool ApriTesto(std::string_view invito, std::string_view suffisso, FSSpec& file);
 void ChiudiScrittura();   // drops the new file when uscita is set
 
 }   // namespace tessaro

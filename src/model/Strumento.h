@@ -24,6 +24,7 @@ enum Attrezzo : std::int32_t {
     opArco = 6,
     opOrigine1 = 7,         // to 11
     opDestinazione1 = 12,   // to 16
+    opPuntoTabella = 17,    // a point of the table of control points
 };
 // Stages of the figure in progress.
 enum Stadio : std::int32_t {

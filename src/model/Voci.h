@@ -136,6 +136,7 @@ enum : std::int16_t {
     ruotaImmagine = 15,
     distorsione = 17,
     rapporto = 18,
+    puntiControllo = 30,
 };
 }
 namespace strumenti {

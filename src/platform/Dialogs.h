@@ -33,7 +33,7 @@ void SetDialogItemValue(DialogPtr d, std::int16_t item,
 std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
 void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
 void ShowDialogItem(DialogPtr d, std::int16_t item);                        // a list that scrolls is scrolled to it
-void HideDialogItem(DialogPtr d, std::int16_t item);   // takes no room until it is shown again
+void HideDialogItem(DialogPtr d, std::int16_t item);                        // takes no room until it is shown again
 // What stands in an empty field, or in a pop-up with the value 0.
 void SetDialogItemHint(DialogPtr d, std::int16_t item, std::string_view macRoman);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
@@ -51,6 +51,14 @@ struct GridHit {
     std::string text;                   // Mac Roman: what was typed; "1" and "0" of a tick, "1" of a choice
 };
 bool GetGridHit(DialogPtr d, std::int16_t item, GridHit& out);   // false when there is none left
+// What a hand has typed into a cell of a table that is edited in place, the oldest first: the item was hit once for each. Rows
+// and columns from 1; a column of check marks gives "1" or "0". False when there is nothing left. A table's value is the row
+// chosen, 0 for none; choosing one hits the item when the resource says so.
+struct CellaDialogo {
+    std::int16_t riga = 0, colonna = 0;
+    std::string macRoman;
+};
+bool GetDialogItemEdit(DialogPtr d, std::int16_t item, CellaDialogo& cella);
 // What a canvas item shows, copied.
 void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);

@@ -52,7 +52,7 @@ Rect scatola(const elemento& e, double scala, const Rect& tutto) {
         for (const double py : ys) {
             double x = px, y = py;
             const double D = 1 + (attaccoAttivo.coef[6] * x + attaccoAttivo.coef[7] * y);
-            (D > 0 ? davanti : dietro) = true;
+            (D > 0 || TipoMappa() == mappaPerMolti ? davanti : dietro) = true;
             attaccoAttivo.Traf4Pt(x, y);
             if (!std::isfinite(x) || !std::isfinite(y)) return tutto;
             x1 = std::min(x1, x);
@@ -60,9 +60,9 @@ Rect scatola(const elemento& e, double scala, const Rect& tutto) {
             x2 = std::max(x2, x);
             y2 = std::max(y2, y);
         }
-    if (attaccoAttivo.GetTipo() != 0 && davanti && dietro) return tutto;
-    // A construction bends its sides a little beyond the corners.
-    const double margine = attaccoAttivo.GetTipo() == 2 ? 0.2 * std::max(x2 - x1, y2 - y1) : 0;
+    if (TipoMappa() != 0 && davanti && dietro) return tutto;
+    // A construction bends its sides a little beyond the corners, and so do many points.
+    const double margine = TipoMappa() >= 2 ? 0.2 * std::max(x2 - x1, y2 - y1) : 0;
     const auto in = [scala](double v, double origine) { return Troncato32(v * scala - origine); };
     return SectRect(tutto, Rect{in(y1 - margine, OrigY) - 1, in(x1 - margine, OrigX) - 1, in(y2 + margine, OrigY) + 2,
                                 in(x2 + margine, OrigX) + 2});

@@ -187,11 +187,11 @@ Limiti costruzione(const Piano& p, double y, std::int32_t h, std::int32_t n, std
 
 Mappatura MappaturaAttiva() {
     Mappatura m;
-    const std::int32_t tipo = attaccoAttivo.GetTipo();
+    const std::int32_t tipo = TipoMappa();
     if (tipo == 1 && deformProspettica != 0) {
         m.specie = SpecieMappa::omografia;
         m.coef = attaccoAttivo.coef;
-    } else if (tipo != 1 && tipo != 2) {
+    } else if (tipo == 0) {
         m.specie = SpecieMappa::similitudine;
         m.simile = attaccoAttivo.transf;
     }

@@ -16,6 +16,7 @@
 #include "raster/Percorri.h"
 #include "raster/raster.h"
 #include "registration/attaccoDinamico.h"
+#include "registration/MappaFoglio.h"
 
 namespace tessaro {
 
@@ -66,6 +67,19 @@ std::int32_t ultimoVertice(std::int32_t testa) {
     return std::clamp<std::int32_t>(Elem(testa).poli.numVertici, 0, std::min(maxTaglio - 1, indElem - testa));
 }
 
+// Many points bend the sides: the result holds them all, not the corners alone.
+void latiPiegati() {
+    constexpr int parti = 64;
+    for (int i = 0; i <= parti; ++i) {
+        const double f = static_cast<double>(i) / parti, px = x1Pict + f * (x2Pict - x1Pict),
+                     py = y1Pict + f * (y2Pict - y1Pict);
+        for (Coppia c : {Coppia{px, y1Pict}, Coppia{px, y2Pict}, Coppia{x1Pict, py}, Coppia{x2Pict, py}}) {
+            attaccoAttivo.Traf4Pt(c.x, c.y);
+            allarga(c.x, c.y, x1Pict2, y1Pict2, x2Pict2, y2Pict2);
+        }
+    }
+}
+
 // The whole picture through the transformation; a polyline only takes a part of the result.
 void boxDestinazione(std::int32_t poligono) {
     x1Pict = x1PosPict = x1PictBase;
@@ -87,6 +101,7 @@ void boxDestinazione(std::int32_t poligono) {
         attaccoAttivo.Traf4Pt(a.x, a.y);
         allarga(a.x, a.y, x1Pict2, y1Pict2, x2Pict2, y2Pict2);
     }
+    if (TipoMappa() == mappaPerMolti) latiPiegati();
     // Kept: a cut at the destination leaves the ratios those of the whole picture.
     const double ratioX = (x2Pict2 - x1Pict2) / (x2Pict - x1Pict), ratioY = (y2Pict2 - y1Pict2) / (y2Pict - y1Pict);
     if (poligono != 0) {
@@ -249,6 +264,7 @@ void modoDelLavoro() {
 }   // namespace
 
 bool RettificaPict(const elemento& pict, std::int32_t poligono) {
+    const ConMappa mappa(nullptr);   // the preview of many points has no part in it
     modoDelLavoro();
     ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
     bool fatta = false;
@@ -264,7 +280,20 @@ bool RettificaPict(const elemento& pict, std::int32_t poligono) {
     return fatta;
 }
 
-void TrasformaPictSel(std::int16_t item) {
+namespace {
+
+// Points of the picture go by the mapping one by one: by a grid as fine as a hundredth of a result's pixel asks.
+void rettificaMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
+    const ConMappa mappa(&molti);
+    modoDelLavoro();
+    BaseDi(pict);
+    const double pixel = DecPunto / coeffRisoluzione;
+    molti.Interpola(x1PictBase, y1PictBase, x2PictBase, y2PictBase, 0.01 * pixel);
+    CalcolaVertici(pict, poligono);
+    PictureToPixMap(pict.pict.maniglia, poligono != 0);
+}
+
+void trasforma(std::int16_t item, MappaFoglio* molti) {
     constexpr std::int16_t listaTesti = 129, stringaPunti = 63, stringaMesh = 64;
     const Scelti scelti = Puntosel.attiva ? PictScelta() : Scelti{};
     if (scelti.pict == 0) {
@@ -274,9 +303,12 @@ void TrasformaPictSel(std::int16_t item) {
     ParamText(GetIndString(listaTesti, item == 2 ? stringaMesh : stringaPunti), "", "", "");
     if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
     const elemento pict = Elem(scelti.pict);
-    if (item != 2) {
+    if (molti != nullptr) {
+        rettificaMolti(pict, scelti.poligono, *molti);
+    } else if (item != 2) {
         RettificaPict(pict, scelti.poligono);
     } else {
+        const ConMappa mappa(nullptr);
         modoDelLavoro();
         if (VerificaMesh()) {
             CalcolaVerticiMesh(pict);
@@ -286,6 +318,11 @@ void TrasformaPictSel(std::int16_t item) {
     deformProspettica = 1;
     InvalFinestra();
 }
+
+}   // namespace
+
+void TrasformaPictSel(std::int16_t item) { trasforma(item, nullptr); }
+void TrasformaPictMolti(MappaFoglio& molti) { trasforma(1, &molti); }
 
 namespace {
 const VoceStato righe[] = {

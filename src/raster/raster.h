@@ -41,6 +41,9 @@ inline constexpr double densita = 1.8;
 
 // --- rectification, menu 111: 1 by the control points, 2 by the meshes
 void TrasformaPictSel(std::int16_t item);
+class MappaFoglio;
+// The same for the mapping by many points: the selected picture, with the same dialog. The mapping is laid out on a grid.
+void TrasformaPictMolti(MappaFoglio& molti);
 // A picture by the control points with the choices in force, whole (poligono 0) or cut to the polyline with that head: the
 // result is a new picture behind the last record. False, with a message shown, when there is none.
 bool RettificaPict(const elemento& pict, std::int32_t poligono);

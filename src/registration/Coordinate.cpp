@@ -6,6 +6,7 @@
 #include "model/Archivio.h"
 #include "model/PuntiElemento.h"
 #include "model/Unita.h"
+#include "registration/TabellaPunti.h"
 #include "text/Conversione.h"
 
 namespace tessaro {
@@ -17,6 +18,12 @@ void Tracoord(const TransfRec& t, const double& x, const double& y, double& outX
 }
 
 void DigiToReal(const double& x, const double& y, double& outX, double& outY) {
+    if (const MappaPunti* m = MappaInVigore()) {
+        const Coppia r = (*m)({x, y});
+        outX = r.x;
+        outY = r.y;
+        return;
+    }
     if (Elem(2).att.coordReali) {
         Tracoord(TransfCoord, x, y, outX, outY);
         return;
@@ -29,13 +36,20 @@ void DigiToReal(const double& x, const double& y, double& outX, double& outY) {
 void DigiToRealExt(const double& x, const double& y, double& outX, double& outY) { DigiToReal(x, y, outX, outY); }
 
 void RealToDigi(const double& X, const double& Y, double& x, double& y) {
+    // Where the mapping folds over there is no way back: the similarity that it bends says where.
+    Coppia foglio;
+    if (const MappaPunti* m = MappaInVigore(); m != nullptr && m->Inversa({X, Y}, foglio)) {
+        x = foglio.x;
+        y = foglio.y;
+        return;
+    }
     if (Elem(2).att.coordReali) {
         Tracoord(TransfInvert, X, Y, x, y);
         return;
     }
-    const double foglio = YFDecimi - Y / rappvid;
+    const double giu = YFDecimi - Y / rappvid;
     x = X / rappvid;
-    y = foglio;
+    y = giu;
 }
 
 double CoordAng(const double& x1, const double& y1, const double& x2, const double& y2) {

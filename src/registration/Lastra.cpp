@@ -74,6 +74,14 @@ const Somme somme = sommaBase;
 
 double NucleoLastra(double r2) { return r2 > 0 ? r2 * std::log(r2) : 0; }
 
+// t ln t = s + s^2/2 - s^3/6 + s^4/12 - ... with s = t - 1: the terms are (-1)^k s^k / (k (k - 1)).
+double PuntaLastra(double r2, double raggio2) {
+    const double t = r2 / raggio2, s = t - 1;
+    if (!(t < 1)) return 0;
+    const double liscio = s * (1 + s * (1.0 / 2 + s * (-1.0 / 6 + s * (1.0 / 12 + s * (-1.0 / 20 + s / 30)))));
+    return raggio2 * ((t > 0 ? t * std::log(t) : 0) - liscio);
+}
+
 Coppia SommaLastra(std::span<const double> u, std::span<const double> v, std::span<const double> pesoX,
                    std::span<const double> pesoY, double x, double y) {
     return somme(u.data(), v.data(), pesoX.data(), pesoY.data(), u.size(), x, y);

@@ -80,6 +80,30 @@ Coppia MappaPunti::operator()(const Coppia& foglio) const {
     return {realeC.centro.x + realeC.scala * r.x, realeC.centro.y + realeC.scala * r.y};
 }
 
+std::vector<MappaPunti::Nodo> MappaPunti::Nodi() const {
+    std::vector<Nodo> nodi;
+    for (std::size_t i = 0; quale == Metodo::lastra && i < nodoU.size(); ++i)
+        if (pesoX[i] != 0 || pesoY[i] != 0)
+            nodi.push_back({{foglioC.centro.x + foglioC.scala * nodoU[i], foglioC.centro.y - foglioC.scala * nodoV[i]},
+                            {realeC.scala * pesoX[i], realeC.scala * pesoY[i]}});
+    return nodi;
+}
+
+Coppia MappaPunti::Liscia(const Coppia& foglio, double raggio) const {
+    Coppia r = (*this)(foglio);
+    if (quale != Metodo::lastra) return r;
+    const Coppia p = inCornice(foglio);
+    const double raggio2 = raggio * raggio / (foglioC.scala * foglioC.scala);
+    for (std::size_t i = 0; i < nodoU.size(); ++i) {
+        const double du = p.x - nodoU[i], dv = p.y - nodoV[i], r2 = du * du + dv * dv;
+        if (!(r2 < raggio2)) continue;
+        const double punta = PuntaLastra(r2, raggio2);
+        r.x -= realeC.scala * pesoX[i] * punta;
+        r.y -= realeC.scala * pesoY[i] * punta;
+    }
+    return r;
+}
+
 std::array<double, 4> MappaPunti::Derivate(const Coppia& foglio) const {
     std::array<double, 4> d{};
     (void)valoreDerivato(inCornice(foglio), d);

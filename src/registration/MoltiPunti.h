@@ -39,12 +39,21 @@ class MappaPunti {
 public:
     [[nodiscard]] Metodo metodo() const { return quale; }
     explicit operator bool() const { return pronta; }
-    [[nodiscard]] Coppia operator()(const Coppia& foglio) const;
+    [[nodiscard]] Coppia operator()(const Coppia& foglio) const;   // forward, in real coordinates
     // Back to the sheet, to a few units of the last place: closed where there is a formula, else by Newton's method from the
     // linear part. False where the mapping folds over or has no such point; `foglio` is then left as it was.
     [[nodiscard]] bool Inversa(const Coppia& reale, Coppia& foglio) const;
     // dX/dx, dX/dy, dY/dx, dY/dy by the sheet's own coordinates, Y down.
     [[nodiscard]] std::array<double, 4> Derivate(const Coppia& foglio) const;
+
+    // Of a thin plate: its points with their weights, so that value = Liscia + the sum of peso * PuntaLastra(r^2, raggio^2),
+    // r and the radius in the unit `unita` of the sheet. Of the other methods none, and Liscia is the value.
+    struct Nodo {
+        Coppia foglio, peso;
+    };
+    [[nodiscard]] std::vector<Nodo> Nodi() const;
+    [[nodiscard]] double unita() const { return foglioC.scala; }
+    [[nodiscard]] Coppia Liscia(const Coppia& foglio, double raggio) const;
 
 private:
     friend struct Risolutore;

@@ -16,6 +16,7 @@ struct Risolutore {
     Eigen::VectorXd peso;
     std::vector<std::size_t> usati;
 
+    // The whole of it: frames, refusals, the method, residuals, the way back.
     EsitoPunti risolvi(Metodo metodo, std::span<const double> pesi);
 
 private:

@@ -50,7 +50,7 @@ void ActiveAttach::trasformaTesto(elemento& e) {
     const Coppia prima{t.x, t.y};
     mappa(t.x, t.y);
     double angolo = 0, fattore = 0;
-    if (tipo == due) {
+    if (TipoMappa() == due) {
         angolo = t.angolo + RadToAng(rotazione, gradCorrente);
         fattore = transf.ingr;
     } else {
@@ -79,7 +79,7 @@ void ActiveAttach::TrasformaCopia(elemento& e) {
     case tCerchio: mappaCerchio(e.cerc.cx, e.cerc.cy, e.cerc.raggio); break;
     case tArco:
         mappaCerchio(e.arco.cx, e.arco.cy, e.arco.raggio);
-        if (tipo == due) {
+        if (TipoMappa() == due) {
             const double girato = e.arco.angoloInizio + RadToAng(rotazione, gradSessadecimali);
             e.arco.angoloInizio = girato - 360 * std::floor(girato / 360);
         }

@@ -8,6 +8,7 @@
 #include "model/Unita.h"
 #include "model/VociDocumento.h"
 #include "registration/Coordinate.h"
+#include "registration/MappaFoglio.h"
 #include "registration/PuntiControllo.h"
 #include "text/Conversione.h"
 
@@ -23,7 +24,11 @@ bool conRisolutore(std::int32_t tipo) { return tipo == quattroPt || tipo == cinq
 
 }   // namespace
 
-bool AnteprimaAttiva() { return attaccoAttivo.GetModificato() != 0 && attaccoAttivo.Preparato(); }
+bool AnteprimaAttiva() {
+    return mappaMolti != nullptr || (attaccoAttivo.GetModificato() != 0 && attaccoAttivo.Preparato());
+}
+
+std::int32_t TipoMappa() { return mappaMolti != nullptr ? mappaPerMolti : attaccoAttivo.GetTipo(); }
 
 ActiveAttach::ActiveAttach() {
     SetDelta(0, 0, 0);
@@ -171,6 +176,12 @@ void ActiveAttach::mappaPerFuga(bool curva, double& x, double& y) {
 }
 
 void ActiveAttach::Traf4Pt(double& x, double& y) {
+    if (mappaMolti != nullptr) {
+        const Coppia p = (*mappaMolti)({x, y});
+        x = p.x;
+        y = p.y;
+        return;
+    }
     const std::int32_t modo = attaccoAttivo.tipo;   // the global object's, whichever object maps
     if (modo == quattroPt && deformProspettica) {
         TrasformaOmografia(coef, x, y);

@@ -64,6 +64,10 @@ private:
 };
 extern ActiveAttach attaccoAttivo;
 
+// What Traf4Pt goes by at the moment: the mode of attaccoAttivo, or mappaPerMolti while many points have the word.
+inline constexpr std::int32_t mappaPerMolti = 3;
+std::int32_t TipoMappa();
+
 // Is there a live transformation to show? The switch alone does not make one: what draws or picks asks here, never
 // GetModificato. Without prepared points there is none.
 bool AnteprimaAttiva();

@@ -19,6 +19,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
+#include "shell/FinestraPunti.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
@@ -235,6 +236,7 @@ void DealwithDialogs(const EventRecord& event) {
     if (dialogo == dialogoRapporto) return ColpoRapporto(item);
     if (dialogo == dialogoPannelloLucidi) return ColpoPannelloLucidi(item);
     if (dialogo == dialogoProprieta) return ColpoProprieta(item);
+    if (dialogo == dialogoPunti) return ColpoPunti(item);
     if (dialogo != dialogoCalcolatrice || !calcDialog) return;   // a click that was still queued when it closed
     if (item == vChiudi) {
         ChiusaCalcolatrice();

@@ -63,6 +63,7 @@
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
+#include "shell/FinestraPunti.h"
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Preferenze.h"
@@ -267,6 +268,7 @@ void comandoTrasforma() {
     if (theItem == ruotaImmagine) ModificaRuotaImmagine();
     if (theItem == distorsione) CorreggiPictSel();
     if (theItem == rapporto) ApriRapporto();
+    if (theItem == puntiControllo) ApriPunti();
 }
 
 void comandoStrumenti() {

@@ -20,6 +20,7 @@
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
+#include "shell/FinestraPunti.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
@@ -191,6 +192,7 @@ void CheckEvents() {
     AggiustaStatoBottoni();
     AggiornaRapporto();
     AggiornaProprieta(campione || PuoCambiare(e.what));
+    AggiornaPunti();
     const AllaFine striscia{AggiornaStriscia};
     if (noWindow) {
         sonno = -1;

@@ -31,6 +31,7 @@
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
+#include "shell/FinestraPunti.h"
 #include "shell/MenuContesto.h"
 #include "tools/Aggancio.h"
 #include "tools/Costruzione.h"
@@ -164,6 +165,8 @@ void clickAttacco() {
         Attacco(static_cast<std::int16_t>(n + 1));
     } else if (n >= 5 && n <= 9) {
         AttaccoDin(static_cast<std::int16_t>(n - 4));
+    } else if (operazCorrente == opPuntoTabella) {
+        PuntoCliccato();
     }
 }
 

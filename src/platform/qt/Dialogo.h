@@ -39,7 +39,8 @@ struct VoceDialogo {
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
-    std::deque<GridHit> griglia;   // what was done in a grid and not yet asked for
+    std::deque<GridHit> griglia;           // what was done in a grid and not yet asked for
+    std::deque<CellaDialogo> celle = {};   // edited in place and not yet taken
 };
 
 class QuadroDialogo;
@@ -99,7 +100,16 @@ int righeElenco(const VoceDialogo& v);          // how many there are
 std::string rigaScelta(const VoceDialogo& v);   // its text, UTF-8
 
 // --- tables: heading and rows as UTF-16 text, cells parted by tabs; rows from 0
-QWidget* creaTabella(FinestraDialogo& d, int righe, const std::vector<int>& caratteri);   // width of each column
+struct FormaTabella {
+    int righe = 5;
+    std::vector<int> caratteri;      // width of each column
+    std::vector<int> modificabili;   // columns edited in place, from 1
+    int spunte = 0;                  // the column of check marks, from 1; 0 for none
+    bool sceglie = false;            // choosing a row hits the item
+};
+QWidget* creaTabella(FinestraDialogo& d, std::int16_t item, const FormaTabella& forma);
+void scegliRigaTabella(const VoceDialogo& v);
+bool modificaCella(const VoceDialogo& v, int riga, int colonna, const QString& testo);   // as a hand does
 void mostraTestata(const VoceDialogo& v, const QString& testo);
 void righeTabella(const VoceDialogo& v, int quante);
 void rigaTabella(const VoceDialogo& v, int n, const QString& testo);
