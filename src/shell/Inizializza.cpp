@@ -22,6 +22,7 @@
 #include "files/Impostazioni.h"
 #include "files/Nativo.h"
 #include "files/Richieste.h"
+#include "maps/PuntiDiElenchi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Carattere.h"
@@ -188,6 +189,7 @@ bool soloStampa(const Partenza& p) {
 
 void LeggiImpostazioni() {
     InizioDWG();
+    PuntiPerSistema();
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
