@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/Errori.h"
 #include "display/Ridisegno.h"
 #include "editing/SpostaXY.h"
 #include "exchange/Codifica.h"
@@ -145,10 +146,12 @@ class LettoreXYZ {
         }
     }
 
-    void memorizza() {
+    // False when the point is in another reference system and has no place in the drawing's.
+    bool memorizza() {
         elemento& e = Elem(posto);
-        double px = 0, py = 0;
-        RealToDigi(x, y, px, py);
+        double X = x, Y = y, px = 0, py = 0;
+        if (viaDeiPunti.porta != nullptr && !viaDeiPunti.porta(X, Y)) return false;
+        RealToDigi(X, Y, px, py);
         e.lucido = VisioneGraf.lucidoCorrente;
         e.selezionato = e.riservato3 = 0;
         e.riservato4 = 0;
@@ -163,6 +166,7 @@ class LettoreXYZ {
         e.mark.spessore = spessore;
         e.mark.pattern = NumPat;
         e.mark.colore = colorCorrente;
+        return true;
     }
 
     // A row with a field that is no number is left out, whatever its other fields say; what a column held before stays.
@@ -174,8 +178,7 @@ class LettoreXYZ {
             rigaIntera();
         else
             rigaPerRiga();
-        if (codice > 0 && !guasta) {
-            memorizza();
+        if (codice > 0 && !guasta && memorizza()) {
             indElem = posto;
             entrati.aggiungi(tMarker);
             return;
@@ -202,11 +205,15 @@ public:
     void mostra() {
         const bool pieno = !uscita && !stop && posto >= maxElementi && restaDaLeggere();
         if (pieno) resoconto.pieno();
+        const std::string nota = viaDeiPunti.nota != nullptr ? viaDeiPunti.nota() : std::string();
+        if (!nota.empty()) resoconto.nota(nota);
         resoconto.mostra(entrati, uscita || stop || pieno ? numeroRiga : 0, stop);
     }
 };
 
 }   // namespace
+
+constinit ViaDeiPunti viaDeiPunti;
 
 bool ApriXYZ(FSSpec& file) {
     constexpr std::int16_t listaNomi = 129, invito = 3, tipiTesti = 302;
@@ -230,6 +237,8 @@ void LeggiXYZ() {
     uscita = 0;
     EndFile = 0;
     if (ColonneXYZ() == 0) return;
+    const std::string vietato = viaDeiPunti.comincia != nullptr ? viaDeiPunti.comincia() : std::string();
+    if (!vietato.empty()) return MostraGuasto({noErr, vietato, {}, -1});
     LettoreXYZ lettore;
     lettore.leggi();
     SpostaXY();

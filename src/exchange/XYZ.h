@@ -20,6 +20,15 @@ Scritti ScriviXYZ();   // all points of the drawing into the open file
 void ApriXYZScr();     // asks where to write and opens it as RefNum; cancelling sets uscita
 void FaiXYZAsci();
 
+// How a list's real coordinates become the drawing's, set at start by who knows reference systems. Null: they are the
+// drawing's already.
+struct ViaDeiPunti {
+    std::string (*comincia)() = nullptr;             // before a list: what forbids its reading (Mac Roman), empty for nothing
+    bool (*porta)(double& X, double& Y) = nullptr;   // one point, in place; false when it cannot be carried over
+    std::string (*nota)() = nullptr;                 // behind the last point: for the report (Mac Roman), empty for nothing
+};
+extern ViaDeiPunti viaDeiPunti;
+
 // A field's code: above 0 it is good. Otherwise alert 3007 with the line number: button 1 goes on (uscita is taken
 // back), button 2 closes the file (RefNum becomes 0) and sets uscita.
 void ContrErr(std::int16_t code, std::int32_t& line);

@@ -19,7 +19,15 @@ namespace {
 constexpr std::int16_t dialogo = 9350, menuSecondo = 9350, menuTrovati = 9351;
 constexpr std::int16_t bottoneOk = 1, bottoneAnnulla = 2;
 constexpr std::int16_t campoPrimo = 4, cercaPrimo = 5, dettoPrimo = 6, sceltaSecondo = 8, campoSecondo = 10,
-                       cercaSecondo = 11, dettoSecondo = 12, elencoTrovati = 14;
+                       cercaSecondo = 11, dettoSecondo = 12, elencoTrovati = 14, campoElenchi = 16, cercaElenchi = 17,
+                       dettoElenchi = 18;
+// A field that names a system, its button, and what stands below it.
+struct CampoSistema {
+    std::int16_t campo, cerca, detto;
+};
+constexpr CampoSistema campi[] = {{campoPrimo, cercaPrimo, dettoPrimo},
+                                  {campoSecondo, cercaSecondo, dettoSecondo},
+                                  {campoElenchi, cercaElenchi, dettoElenchi}};
 enum : std::int16_t { nientAltro = 1, longitudineLatitudine = 2, altroSistema = 3 };
 constexpr const char* wgs84 = "EPSG:4326";
 
@@ -28,21 +36,21 @@ std::string mostra(const SistemaTrovato& s) { return Utf8ToMac(s.codice.empty() 
 class TParSistema {
     SistemiDisegno sistemi = SistemiDelDisegno();
     std::vector<std::string> trovati;   // what the found ones put into a field
-    std::int16_t cercato = campoPrimo;
+    CampoSistema cercato = campi[0];
     std::int16_t scelta = nientAltro;
 
     static std::string campo(std::int16_t item) { return MacToUtf8(GetDialogItemText(theDialog, item)); }
 
     // What PROJ makes of a field, below it.
-    static void spiega(std::int16_t item, std::int16_t detto) {
-        const std::string testo = campo(item);
+    static void spiega(const CampoSistema& c) {
+        const std::string testo = campo(c.campo);
         SistemaTrovato s;
         std::string frase;
         if (testo.find_first_not_of(' ') == std::string::npos)
-            frase = item == campoPrimo ? Frase(FraseMappe::nessunSistema) : std::string();
+            frase = c.campo == campoPrimo ? Frase(FraseMappe::nessunSistema) : std::string();
         else
             frase = TrovaSistema(testo, s) ? mostra(s) : Frase(FraseMappe::sistemaNonTrovato, Utf8ToMac(testo));
-        SetDialogItemText(theDialog, detto, frase);
+        SetDialogItemText(theDialog, c.detto, frase);
     }
 
     void mostraScelta() const {
@@ -62,12 +70,12 @@ class TParSistema {
         HiliteDialogItem(theDialog, elencoTrovati, v.empty() ? 255 : 0);
     }
 
-    void cerca(std::int16_t item) {
+    void cerca(const CampoSistema& c) {
         constexpr std::size_t massimi = 60;
-        cercato = item;
-        std::vector<SistemaTrovato> v = CercaSistemi(campo(item), massimi);
+        cercato = c;
+        std::vector<SistemaTrovato> v = CercaSistemi(campo(c.campo), massimi);
         SistemaTrovato uno;
-        if (v.empty() && TrovaSistema(campo(item), uno)) v.push_back(uno);
+        if (v.empty() && TrovaSistema(campo(c.campo), uno)) v.push_back(uno);
         riempi(v);
         if (v.empty()) {
             SysBeep(30);
@@ -79,8 +87,8 @@ class TParSistema {
     void prendi(std::int32_t quale) {
         if (quale < 1 || quale > static_cast<std::int32_t>(trovati.size())) return;
         SetDialogItemValue(theDialog, elencoTrovati, quale);
-        SetDialogItemText(theDialog, cercato, Utf8ToMac(trovati[static_cast<std::size_t>(quale - 1)]));
-        spiega(cercato, cercato == campoPrimo ? dettoPrimo : dettoSecondo);
+        SetDialogItemText(theDialog, cercato.campo, Utf8ToMac(trovati[static_cast<std::size_t>(quale - 1)]));
+        spiega(cercato);
     }
 
     // A field's system as it is kept; false when it names none that can be used, which is said.
@@ -104,22 +112,18 @@ class TParSistema {
         if (!sistema(campoPrimo, nuovi.disegno)) return false;
         nuovi.secondo = scelta == longitudineLatitudine ? wgs84 : "";
         if (scelta == altroSistema && !sistema(campoSecondo, nuovi.secondo)) return false;
-        return PoniSistemi(nuovi);
+        return sistema(campoElenchi, nuovi.elenchi) && PoniSistemi(nuovi);
     }
 
     void colpito(std::int16_t item) {
-        switch (item) {
-        case campoPrimo: spiega(campoPrimo, dettoPrimo); break;
-        case campoSecondo: spiega(campoSecondo, dettoSecondo); break;
-        case cercaPrimo: cerca(campoPrimo); break;
-        case cercaSecondo: cerca(campoSecondo); break;
-        case elencoTrovati: prendi(GetDialogItemValue(theDialog, elencoTrovati)); break;
-        case sceltaSecondo:
-            scelta = static_cast<std::int16_t>(GetDialogItemValue(theDialog, sceltaSecondo));
-            mostraScelta();
-            break;
-        default: break;
+        for (const CampoSistema& c : campi) {
+            if (item == c.campo) spiega(c);
+            if (item == c.cerca) cerca(c);
         }
+        if (item == elencoTrovati) prendi(GetDialogItemValue(theDialog, elencoTrovati));
+        if (item != sceltaSecondo) return;
+        scelta = static_cast<std::int16_t>(GetDialogItemValue(theDialog, sceltaSecondo));
+        mostraScelta();
     }
 
 public:
@@ -131,9 +135,9 @@ public:
         const bool gradi = sistemi.secondo == wgs84;
         scelta = sistemi.secondo.empty() ? nientAltro : gradi ? longitudineLatitudine : altroSistema;
         if (scelta == altroSistema) SetDialogItemText(theDialog, campoSecondo, Utf8ToMac(sistemi.secondo));
+        SetDialogItemText(theDialog, campoElenchi, Utf8ToMac(sistemi.elenchi));
         riempi({});
-        spiega(campoPrimo, dettoPrimo);
-        spiega(campoSecondo, dettoSecondo);
+        for (const CampoSistema& c : campi) spiega(c);
         mostraScelta();
         SelectDialogItemText(theDialog, campoPrimo, 0, 255);
         std::int16_t item = 0;

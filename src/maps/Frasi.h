@@ -35,10 +35,7 @@ enum class FraseMappe : std::int16_t {
     lucidiUniti,   // ^0 layers
     coloriOltre,   // ^0 elements
     fermata,
-    interrotta,   // ^0 what the library said
-    geometriaStrana,
-    nessunElemento,
-    esisteGia,          // ^0 names
+    interrotta,         // ^0 what the library said
     cartella,           // the folder refuses
     tiffScritto,        // ^0 width, ^1 height, ^2 real size of a pixel
     rasterGrande,       // ^0 pixels
@@ -52,7 +49,6 @@ enum class FraseMappe : std::int16_t {
     latLonEst,
     latLonOvest,
     nessunSistema,
-    sistemaStriscia,   // ^0 name
 };
 // With ^0 to ^2 filled in; Mac Roman.
 std::string Frase(FraseMappe f, std::string_view p0 = {}, std::string_view p1 = {}, std::string_view p2 = {});

@@ -1,6 +1,7 @@
 // Finding the library and its functions, once.
 #include "maps/Gdal.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "dialogs/Errori.h"
@@ -121,9 +122,12 @@ void regola(const Gdal& g) {
 
 const Gdal* cerca() {
     // One C interface all along; the newest that is there.
+    const char* const propria = std::getenv("TESSARO_GDAL");
     void* const libreria =
-        OpenLibrary({"libgdal.so.38", "libgdal.so.37", "libgdal.so.36", "libgdal.so.35", "libgdal.so.34",
-                     "libgdal.so.33", "libgdal.so.32", "libgdal.so.31", "libgdal.so.30"});
+        propria != nullptr
+            ? OpenLibrary({propria})
+            : OpenLibrary({"libgdal.so.38", "libgdal.so.37", "libgdal.so.36", "libgdal.so.35", "libgdal.so.34",
+                           "libgdal.so.33", "libgdal.so.32", "libgdal.so.31", "libgdal.so.30"});
     static Gdal g;
     for (const Funzione& f : funzioni) {
         void* const indirizzo = LibrarySymbol(libreria, f.nome);

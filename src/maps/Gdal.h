@@ -135,7 +135,8 @@ struct Gdal {
     const char* (*OSRGetAuthorityCode)(O srs, const char* key);
 };
 
-// Null when the library is not installed or lacks one of these functions; loads it at the first call.
+// Null when the library is not installed or lacks one of these functions; loads it at the first call. The environment's
+// TESSARO_GDAL names another file of it.
 const Gdal* CaricaGdal();
 // The same, and the message that says what to install when it is null.
 const Gdal* GdalOppureMessaggio();

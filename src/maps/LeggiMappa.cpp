@@ -60,10 +60,10 @@ public:
         }
     }
 
-    bool prepara() {
+    bool prepara(bool senzaSistema) {
         gdal::Envelope tutto{HUGE_VAL, -HUGE_VAL, HUGE_VAL, -HUGE_VAL};
         for (Strato& s : strati) {
-            s.sistema = DefinizioneDi(g, g.OGR_L_GetSpatialRef(s.layer));
+            if (!senzaSistema) s.sistema = DefinizioneDi(g, g.OGR_L_GetSpatialRef(s.layer));
             if (sistema.empty()) sistema = s.sistema;
         }
         for (const Strato& s : strati) {
@@ -158,6 +158,21 @@ private:
     bool fermata = false;
 };
 
+// A GeoJSON that names no system stands for longitude and latitude; one that was written here names none when the drawing
+// did not.
+bool senzaSistemaNostro(const FSSpec& file) {
+    constexpr std::int32_t testa = 65536;
+    std::int16_t ref = 0;
+    std::string inizio(testa, '\0');
+    std::int32_t letti = testa;
+    if (FSpOpenDF(file, fsRdPerm, ref) != noErr) return false;
+    FSRead(ref, letti, inizio.data());
+    FSClose(ref);
+    inizio.resize(static_cast<std::size_t>(letti));
+    const auto ha = [&inizio](const char* parola) { return inizio.find(parola) != std::string::npos; };
+    return ha("\"FeatureCollection\"") && ha("\"set_no\"") && !ha("\"crs\"");
+}
+
 // A text file is held in memory as a tree: one that this machine could not hold is not begun.
 bool troppoGrande(const FSSpec& file) {
     constexpr std::int64_t perByte = 12;
@@ -185,7 +200,7 @@ void LeggiMappa(const FSSpec& file) {
     if (ds == nullptr) return MostraGuasto({noErr, Frase(FraseMappe::nonApre, DettoDaGdal()), dove, -1});
 
     Lettura l(*g, ds, file.nome);
-    if (!l.prepara()) return;
+    if (!l.prepara(senzaSistemaNostro(file))) return;
     CominciaAggiunta();
     NessunaSelezione();
     const std::int32_t prima = indElem;

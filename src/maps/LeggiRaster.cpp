@@ -170,7 +170,11 @@ bool MondoDelRaster(const FSSpec& file, Mondo& m, std::string& sistema) {
     if (g == nullptr) return false;
     const GdalMuto muto(*g);
     RasterLetto raster(*g);
-    return raster.apri(file) && raster.posto(m, sistema);
+    if (!raster.apri(file) || !raster.posto(m, sistema)) return false;
+    SistemaTrovato s;
+    if (!sistema.empty() && TrovaSistema(sistema, s) && s.geografico) return false;
+    const std::string& nostro = SistemaDelDisegno();
+    return sistema.empty() || nostro.empty() || StessoSistema(sistema, nostro);
 }
 
 }   // namespace tessaro

@@ -25,8 +25,8 @@ void LeggiMappa(const FSSpec& file);
 void ScriviGeoTIFF(const FSSpec& file, std::int32_t pict);   // record of a picture
 void LeggiRaster(const FSSpec& file);                        // a picture with its registration
 bool NomeDiMappa(std::string_view percorso);                 // the suffix of a map of vectors
-// Where a raster's pixels lie by its own tags, and its system (empty for none). False without GDAL, or when it does not
-// tell.
+// Where a raster's pixels lie by its own tags, and its system (empty for none). False without GDAL, when it does not tell,
+// and when that cannot register the drawing: by longitude and latitude, or in another system than the drawing's.
 bool MondoDelRaster(const FSSpec& file, Mondo& m, std::string& sistema);
 
 }   // namespace tessaro

@@ -1,6 +1,7 @@
 // Finding the library and its functions, once.
 #include "maps/Proj.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
 
@@ -46,7 +47,9 @@ static_assert(std::size(funzioni) * sizeof(void*) == sizeof(Proj), "a function o
 constinit proj::Oggetto contesto = nullptr;
 
 const Proj* cerca() {
-    void* const libreria = OpenLibrary({"libproj.so.26", "libproj.so.25", "libproj.so.22"});
+    const char* const propria = std::getenv("TESSARO_PROJ");
+    void* const libreria =
+        propria != nullptr ? OpenLibrary({propria}) : OpenLibrary({"libproj.so.26", "libproj.so.25", "libproj.so.22"});
     static Proj p;
     for (const Funzione& f : funzioni) {
         void* const indirizzo = LibrarySymbol(libreria, f.nome);

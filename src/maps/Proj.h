@@ -50,7 +50,8 @@ struct Proj {
     double (*proj_coordoperation_get_accuracy)(O context, O operation);   // metres; negative when it is not known
 };
 
-// Null when the library is not installed or lacks one of these functions; loads it at the first call.
+// Null when the library is not installed or lacks one of these functions; loads it at the first call. The environment's
+// TESSARO_PROJ names another file of it.
 const Proj* CaricaProj();
 proj::Oggetto ContestoProj();   // the one context; only with the library
 

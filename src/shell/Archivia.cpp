@@ -18,6 +18,7 @@
 #include "files/Richieste.h"
 #include "files/TestiFile.h"
 #include "maps/Mappe.h"
+#include "maps/SistemaRiferimento.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -177,10 +178,14 @@ void importaImmagine(const FSSpec& file) {
     std::string sistema;
     const std::string nome = Minuscole(file.nome);
     const bool tiff = nome.ends_with(".tif") || nome.ends_with(".tiff");
-    if (tiff && TrovaMondo(file.percorso).empty() && MondoDelRaster(file, m, sistema))
-        OffriMondo(file.nome, m, indElem);
-    else
-        OffriMondo(file, indElem);
+    if (!tiff || !TrovaMondo(file.percorso).empty() || !MondoDelRaster(file, m, sistema))
+        return OffriMondo(file, indElem);
+    const bool registrato = Elem(2).att.coordReali != 0;
+    OffriMondo(file.nome, m, indElem);
+    if (registrato || !Elem(2).att.coordReali || sistema.empty()) return;
+    SistemiDisegno sistemi = SistemiDelDisegno();
+    sistemi.disegno = sistema;
+    PoniSistemi(sistemi);
 }
 
 // A picture of the drawing, in the form that the name's suffix tells; the file that was there stays when none comes of it.

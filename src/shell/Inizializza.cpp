@@ -22,6 +22,7 @@
 #include "files/Impostazioni.h"
 #include "files/Nativo.h"
 #include "files/Richieste.h"
+#include "maps/PuntiDiElenchi.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Carattere.h"
@@ -190,6 +191,7 @@ void (*dopoIlGiro)() = nullptr;
 
 void LeggiImpostazioni() {
     InizioDWG();
+    PuntiPerSistema();
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();

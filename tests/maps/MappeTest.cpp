@@ -8,8 +8,11 @@
 #include <fstream>
 #include <unistd.h>
 
+#include "exchange/FormatoXYZ.h"
+#include "exchange/XYZ.h"
 #include "maps/Gdal.h"
 #include "maps/NomiLucidi.h"
+#include "maps/PuntiDiElenchi.h"
 #include "maps/SistemaRiferimento.h"
 #include "model/Estensioni.h"
 #include "model/Figura.h"
@@ -19,6 +22,7 @@
 #include "platform/Library.h"
 #include "registration/Coordinate.h"
 #include "support/Avvisi.h"
+#include "support/FileProva.h"
 #include "support/Foglio.h"
 
 using namespace tessaro;
@@ -175,6 +179,40 @@ TEST(Mappe, AMapInDegreesAsksForAPlaneSystemFirst) {
     EXPECT_NEAR(X, 381776.0, 100);
     EXPECT_NEAR(Y, 4984000.0, 1500);
     EXPECT_TRUE(Elem(3).mark.x > 0 && Elem(3).mark.x < XFDecimi) << "it lies on the sheet";
+}
+
+TEST(Mappe, APointListOfAnotherSystemIsCarriedOver) {
+    if (CaricaProj() == nullptr) GTEST_SKIP() << "PROJ is not installed";
+    foglioReale();
+    PuntiPerSistema();
+    DatoP = {colonnaX, colonnaY, colonnaNessuna, colonnaNessuna};
+    TipoForm = rigaPerPunto;
+    ASSERT_TRUE(PoniSistemi({"EPSG:32632", "", "EPSG:4326"}));
+    {
+        const FileProva f("9\t45\r9\t91\r");   // on the zone's own meridian; and beyond the pole
+        LeggiXYZ();
+    }
+    ASSERT_EQ(indElem, 3);
+    double X = 0, Y = 0;
+    DigiToReal(Elem(3).mark.x, Elem(3).mark.y, X, Y);
+    EXPECT_NEAR(X, 500000, 1e-6);
+    EXPECT_NEAR(Y, 4982950.400, 1e-3);
+    EXPECT_NE(detto().find("EPSG:4326"), std::string::npos) << detto();
+    EXPECT_NE(detto().find("1 row"), std::string::npos) << detto();
+
+    ASSERT_TRUE(PoniSistemi({"EPSG:32632", "", "no such system"}));
+    avvisi.clear();
+    {
+        const FileProva f("9\t45\r");
+        LeggiXYZ();
+    }
+    EXPECT_EQ(indElem, 3) << "nothing comes in by an unknown way";
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101});
+    ASSERT_TRUE(PoniSistemi({}));
+    const FileProva f("10\t20\r");   // who names no system is asked for none
+    LeggiXYZ();
+    EXPECT_EQ(indElem, 4);
+    viaDeiPunti = {};
 }
 
 TEST(Mappe, NamesOfLayersTakeTheEmptyOnesAndShareWhenThereAreNoMore) {
