@@ -88,6 +88,7 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    bloccaImmagini = 25,
 };
 }
 namespace disegna {

@@ -22,6 +22,7 @@
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
+#include "editing/BloccoImmagini.h"
 #include "editing/Cancella.h"
 #include "editing/Conversioni.h"
 #include "editing/LucidiClassi.h"
@@ -58,6 +59,7 @@
 #include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
+#include "shell/Arrivo.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/Modi.h"
@@ -165,6 +167,7 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::scalaImmagine, true, ScalaImmagine},
     {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
     {voci::modifica::ripeti, true, RipetiUltima},
+    {voci::modifica::bloccaImmagini, true, CambiaBloccoImmagini},
 };
 
 }   // namespace
@@ -382,6 +385,7 @@ void comandoImporta() {
     }
     if (noWindow) SetUpWindow();
     if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
+        const Arrivo arrivo;
         ImportaDWG();
     } else {
         theItem = static_cast<std::int16_t>(menuImporta + theItem);
