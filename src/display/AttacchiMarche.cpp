@@ -1,9 +1,11 @@
-// The marks of the control points: shapes of a few pixels around the point's pixel.
+// The marks of the control points: a shape a point with its number, outlined in white so that it shows on any ground.
 #include "display/AttacchiMarche.h"
 
 #include <cmath>
+#include <string>
 
 #include "display/Disegno.h"
+#include "model/Archivio.h"
 #include "model/Vista.h"
 #include "platform/Quickdraw.h"
 #include "registration/attaccoDinamico.h"
@@ -13,7 +15,7 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int32_t raggio = 2, codolo = 4, raggioCentro = 3;   // pixels
+constexpr std::int32_t raggio = 5, codolo = 9, raggioCentro = 3;   // pixels: a mark is 11 wide, with its ticks 19
 
 // False far outside every view, where whole pixels would not hold the shape.
 bool pixelDi(const double& x, const double& y, Point& p) {
@@ -58,11 +60,7 @@ void marca(std::int16_t n) {
     DisMarcaAttacco(n, c.x, c.y);
 }
 
-}   // namespace
-
-void DisMarcaAttacco(std::int16_t n, const double& x, const double& y) {
-    Point p;
-    if (!pixelDi(x, y, p)) return;
+void forma(std::int16_t n, Point p) {
     switch (n) {
     case 1: FrameRect(attorno(p, raggio)); break;
     case 2: rombo(p); break;
@@ -81,6 +79,79 @@ void DisMarcaAttacco(std::int16_t n, const double& x, const double& y) {
     default: break;
     }
 }
+
+// The number, and what stands beside it, to the right of the mark: white round the letters, so that any ground lets them be
+// read.
+void scritta(const std::string& testo, Point p, const RGBColor& colore) {
+    TextFont(3);
+    TextSize(11);
+    TextFace(bold);
+    TextMode(srcOr);
+    const auto scrivi = [&](std::int32_t dh, std::int32_t dv) {
+        MoveTo(p.h + codolo + 3 + dh, p.v - codolo + 4 + dv);
+        DrawString(testo);
+    };
+    ForeColor(whiteColor);
+    for (std::int32_t dh = -1; dh <= 1; ++dh)
+        for (std::int32_t dv = -1; dv <= 1; ++dv) scrivi(dh, dv);
+    RGBForeColor(colore);
+    scrivi(0, 0);
+    TextFace(0);
+}
+
+}   // namespace
+
+std::string (*accantoAllaMarca)(std::int16_t n, bool destinazione) = nullptr;
+
+namespace {
+
+// White below, three pixels wide, and the mark of one pixel in the middle of it, in the colour of the moment.
+void marcaConNumero(std::int16_t n, bool destinazione, const double& x, const double& y) {
+    Point p;
+    if (!pixelDi(x, y, p)) return;
+    const PenState prima = GetPenState();
+    const RGBColor colore = GetPort()->foreground;
+    const TextState testo = GetPort()->text;
+    PenNormal();
+    PenSize(3, 3);
+    ForeColor(whiteColor);
+    forma(n, {p.v - 1, p.h - 1});
+    PenSize(1, 1);
+    RGBForeColor(colore);
+    forma(n, p);
+    std::string accanto = accantoAllaMarca ? accantoAllaMarca(n, destinazione) : std::string();
+    if (!accanto.empty()) accanto.insert(0, "  ");
+    scritta(std::to_string(n) + accanto, p, colore);
+    GetPort()->text = testo;
+    RGBForeColor(colore);
+    SetPenState(prima);
+}
+
+}   // namespace
+
+bool AttaccoDato(std::int16_t n) {
+    const Coppia c = LeggiAttacco(n);
+    const bool altrove = c.x != 0 || c.y != 0, quattro = Elem(2).att.quattroPunti != 0;
+    switch (n) {
+    case 1:
+    case 2: return altrove;
+    case 3: return altrove || quattro;
+    // At rest the fields of point 4 hold what a new drawing's record 2 does: (0, 1), in older ones (0, 0).
+    case 4: return quattro || c.x != 0 || (c.y != 0 && c.y != 1.0);
+    case 5: return OKAttacco5 != 0;
+    default: return false;
+    }
+}
+
+// What no one has given stands where the program has put it; while it counts, in the preview, it shows all the same.
+bool DestinazioneData(std::int16_t n) {
+    static const ActiveAttach iniziale;
+    const auto i = static_cast<std::size_t>(n - 1);
+    if (n < 1 || i >= iniziale.xAtt.size()) return false;
+    return attaccoAttivo.xAtt[i] != iniziale.xAtt[i] || attaccoAttivo.yAtt[i] != iniziale.yAtt[i] || AnteprimaAttiva();
+}
+
+void DisMarcaAttacco(std::int16_t n, const double& x, const double& y) { marcaConNumero(n, false, x, y); }
 
 void DisCentroAttacco(const Coppia& centro) {
     Point p;
@@ -105,7 +176,7 @@ void DisAttacco5() {
 void DisAttaccoDin(std::int16_t n) {
     Coppia c;
     attaccoAttivo.GetAttacco(n, c.x, c.y);
-    DisMarcaAttacco(n, c.x, c.y);
+    marcaConNumero(n, true, c.x, c.y);
     if (n == 5) DisCentroAttacco(attaccoAttivo.lavoro.dstC);
 }
 
@@ -117,7 +188,9 @@ void DisAttacchiDin() {
     PenSize(1, 1);
     PenSizeLaser(0);
     const std::int16_t ultimo = tipo == cinquePt ? 5 : tipo == quattroPt ? 4 : 2;
-    for (std::int16_t n = 1; n <= ultimo; ++n) DisAttaccoDin(n);
+    for (std::int16_t n = 1; n <= ultimo; ++n) {
+        if (DestinazioneData(n)) DisAttaccoDin(n);
+    }
     ForeColor(blackColor);
 }
 

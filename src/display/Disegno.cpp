@@ -47,18 +47,11 @@ void disegnaPercorso() {
 }
 
 void puntiDiControllo() {
-    const auto& p = Elem(1).att;
     pennaNera(patCopy);
     ForeColor(redColor);
-    if (p.x1 != 0 || p.y1 != 0 || p.x2 != 0 || p.y2 != 0) {
-        DisAttacco1();
-        DisAttacco2();
-    }
-    if (Elem(2).att.quattroPunti) {
-        DisAttacco3();
-        DisAttacco4();
-    }
-    if (OKAttacco5) DisAttacco5();
+    static constexpr void (*marche[])() = {DisAttacco1, DisAttacco2, DisAttacco3, DisAttacco4, DisAttacco5};
+    for (std::int16_t n = 1; n <= 5; ++n)
+        if (AttaccoDato(n)) marche[n - 1]();
     DisPuntiTabella();
 }
 
@@ -81,10 +74,6 @@ void Disegna() {
     CommBegin();
     faiFoglio();
     pennaNera(patCopy);
-    if (!DisegnaPict) {   // paper and pictures show no control points
-        if (OKAttacco5) DisAttacco5();
-        DisAttacchiDin();
-    }
     pennaNera(patCopy);
     if (!ScandisciAStrisce()) Scandisci(false);
     pennaNera(patCopy);
@@ -95,6 +84,7 @@ void Disegna() {
         if (anteprimaImmagine) anteprimaImmagine();
         DisegnaMesh();
         disegnaPercorso();
+        DisAttacchiDin();   // over everything, as scans would cover them; paper and pictures show none
         puntiDiControllo();
     }
     CommEnd();

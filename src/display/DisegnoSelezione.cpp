@@ -1,4 +1,4 @@
-// The highlight of what is selected: grey xor, two pixels wide.
+// The highlight of what is selected: grey xor, two pixels wide; and the band in the selection's colour that lies below it.
 #include <algorithm>
 
 #include "display/Disegno.h"
@@ -9,15 +9,25 @@
 #include "model/Archivio.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
+#include "model/PreferenzeVista.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
+#include "platform/Windows.h"
 #include "registration/attaccoDinamico.h"
 
 namespace tessaro {
 
 namespace {
 
+constinit bool aColori = false;   // the band is being painted, not the highlight
+
 void pennaSelezione(std::int16_t larghezza) {
+    if (aColori) {
+        PenNormal();
+        PenSize(2 * larghezza, 2 * larghezza);
+        RGBForeColor(SottoEvidenza(coloreEvidenza));
+        return;
+    }
     PenSize(larghezza, larghezza);
     PenPat(PatternVista(qdGray));
     PenMode(patXor);
@@ -33,7 +43,10 @@ public:
     Evidenza& operator=(const Evidenza&) = delete;
 };
 
-void markerSel(std::int32_t i) { fai(tMarker, Elem(i).mark.x, Elem(i).mark.y, 6, 0, 0); }
+void markerSel(std::int32_t i) {
+    if (aColori) return;   // its grip shows it
+    fai(tMarker, Elem(i).mark.x, Elem(i).mark.y, 6, 0, 0);
+}
 
 // The highlight of record i as a thing of kind `oggetto`.
 void evidenzia(std::int32_t i, std::int32_t oggetto) {
@@ -83,13 +96,7 @@ void spostamentoInCorso() {
     }
 }
 
-}   // namespace
-
-void DipingiEvidenza() {
-    if (!Puntosel.attiva) return;
-    if (EmptyRect(AreaDisegnabile())) return;   // nothing would be seen
-    const std::int16_t spessPrima = spess;
-    spess = 1;
+void scelti() {
     if (Puntosel.multipla) {
         selezioneMultipla();
     } else if (Puntosel.oggetto >= oMeshOrigine) {
@@ -98,7 +105,26 @@ void DipingiEvidenza() {
                && OggettoDi(Elem(Puntosel.indice).tipo) == Puntosel.oggetto) {
         evidenzia(Puntosel.indice, Puntosel.oggetto);
     }
+}
+
+}   // namespace
+
+void DipingiEvidenza() {
+    if (!Puntosel.attiva) return;
+    if (EmptyRect(AreaDisegnabile())) return;   // nothing would be seen
+    const std::int16_t spessPrima = spess;
+    spess = 1;
+    scelti();
     if (Modalita == mSpostamento) spostamentoInCorso();
+    spess = spessPrima;
+}
+
+void DipingiBanda() {
+    const std::int16_t spessPrima = spess;
+    spess = 2;   // half of the pen, so that the dots run in its middle
+    aColori = true;
+    scelti();
+    aColori = false;
     spess = spessPrima;
 }
 

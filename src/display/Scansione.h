@@ -7,6 +7,7 @@
 
 #include "display/Disegno.h"
 #include "display/Filtro.h"
+#include "display/Interruzione.h"
 #include "display/Tratteggi.h"
 #include "model/Penna.h"
 
@@ -123,7 +124,9 @@ public:
     }
     template <bool soloSelezionati>
     void esegui() {
+        constexpr std::int32_t traDomande = 0x3FFF;   // a power of two less one
         for (std::int32_t i = 3; i <= indElem; ++i) {
+            if ((i & traDomande) == 0 && DisegnoInterrotto()) return;
             const elemento& e = Elem(i);
             if (soloSelezionati && !e.selezionato) continue;
             if (filtro.passa(e)) elementoNumero(i);

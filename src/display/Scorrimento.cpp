@@ -88,7 +88,10 @@ void TrackScroll(bool vertical, std::int16_t part) {
 namespace {
 
 void ingrandisci(double f) {
+    const double scala = scalavid;
+    const std::int32_t x = OrigX, y = OrigY;
     ZoomAttorno(f, GetMouse());
+    AnteprimaZoom(scala, x, y);
     InvalFinestra();
 }
 

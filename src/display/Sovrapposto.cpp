@@ -10,6 +10,7 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Penna.h"
+#include "model/PreferenzeVista.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
@@ -67,6 +68,7 @@ struct StatoEvidenza {
     decltype(Modalita) modo = Modalita;
     Coordinate2 da{XSpost1, YSpost1}, a{XSpost2, YSpost2}, min{rettSel.xmin, rettSel.ymin},
         max{rettSel.xmax, rettSel.ymax};
+    RGBColor colore = coloreEvidenza;
     std::array<unsigned char, sizeof(elemento)> record = recordScelto();
     friend bool operator==(const StatoEvidenza&, const StatoEvidenza&) = default;
 
@@ -91,6 +93,7 @@ void nellaVista(void (*dipingi)()) {
 }
 
 void evidenzaNellaVista() { nellaVista(DipingiEvidenza); }
+void coloreNellaVista() { nellaVista(DipingiColore); }
 void puntatoreNellaVista() { nellaVista(DipingiPuntatore); }
 
 }   // namespace
@@ -110,6 +113,7 @@ void AggiornaVeli() {
     if (noWindow || !theWindow || DisegnaPict) return;
     if (StatoEvidenza ora; !(evidenza == ora)) {
         RedrawOverlay(theWindow, Velo::evidenza, evidenzaNellaVista);
+        RedrawOverlay(theWindow, Velo::colore, coloreNellaVista);
         evidenza = ora;
     }
     if (StatoPuntatore ora; !(puntatore == ora)) {
@@ -127,6 +131,7 @@ void ScorriVeli(std::int32_t dh, std::int32_t dv) {
     if (!(evidenza == ora)) return VeliStantii();   // it does not show what stood there before
     ora.veduta = veduta;
     ScrollOverlay(theWindow, Velo::evidenza, myViewRect, dh, dv, evidenzaNellaVista);
+    ScrollOverlay(theWindow, Velo::colore, myViewRect, dh, dv, coloreNellaVista);
     evidenza = ora;
 }
 

@@ -41,6 +41,9 @@ extern LatiElastici latiElastici;
 // --- the drawing itself, on the current port, in xor
 void DipingiEvidenza();    // the selection; in pointer mode 2 also the marks of the move
 void DipingiPuntatore();   // all that follows the pointer
+// --- and in copy, in coloreEvidenza
+void DipingiColore();   // the selection: a band along it and its grips
+void DipingiBanda();    // the band alone
 // Record i as selected.
 void DisegnaLineaSel(std::int32_t i);
 void DisegnaPolySel(std::int32_t i);

@@ -110,7 +110,7 @@ class Strisce {
     void giro(std::int32_t fino) {
         std::atomic<std::int32_t> prossima = 0;
         perRighe(fili, [&](std::int32_t, std::int32_t, std::int32_t) {
-            for (std::int32_t s = prossima++; s < quante; s = prossima++) disegna(s, fino);
+            for (std::int32_t s = prossima++; s < quante && !DisegnoInterrotto(); s = prossima++) disegna(s, fino);
         });
         SetPort(&porta);
     }
@@ -145,8 +145,7 @@ public:
 
 bool ScandisciAStrisce() {
     auto* const porta = dynamic_cast<RasterPort*>(GetPort());
-    if (porta == nullptr || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva())
-        return false;
+    if (porta == nullptr || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva()) return false;
     try {
         return Strisce(*porta).esegui();
     } catch (const std::bad_alloc&) { return false; }

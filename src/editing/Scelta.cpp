@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <vector>
 
 #include "display/palette.h"
@@ -10,9 +11,11 @@
 #include "display/RiquadroTesto.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
+#include "editing/BloccoImmagini.h"
 #include "editing/MeshPunti.h"
 #include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
+#include "model/Cursore.h"
 #include "model/NomiLucidi.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
@@ -27,7 +30,9 @@ constinit std::uint32_t Tempo = 0;
 
 namespace {
 
-bool raggiungibile(const elemento& e) { return LucidoRaggiungibile(e.lucido); }
+bool raggiungibile(const elemento& e) {
+    return LucidoRaggiungibile(e.lucido) && !(e.tipo == tPict && immaginiBloccate);
+}
 
 // Is e hit? A vertex is hit by the side that joins it to `prima`, the record before it.
 bool colpito(const puntot& p, const elemento& prima, const elemento& e) {
@@ -63,6 +68,28 @@ std::int32_t primoColpito(const puntot& p, std::int32_t da) {
         if (colpito(p, Elem(i - 1), Elem(i)) || (anteprima && colpitoInAnteprima(p, i))) return i;
     }
     return 0;
+}
+
+// The topmost thing; a picture only where nothing else is, whatever lies on top.
+std::int32_t primoColpito(const puntot& p) {
+    const bool anteprima = AnteprimaAttiva();
+    std::int32_t immagine = 0;
+    for (std::int32_t i = indElem; i >= 3; --i) {
+        if (!raggiungibile(Elem(i)) || (immagine != 0 && Elem(i).tipo == tPict)) continue;
+        if (!colpito(p, Elem(i - 1), Elem(i)) && !(anteprima && colpitoInAnteprima(p, i))) continue;
+        if (Elem(i).tipo != tPict) return i;
+        immagine = i;
+    }
+    return immagine;
+}
+
+// The press on a picture that is not selected: does the pointer leave its place before the release? Then it draws a rectangle.
+bool trascinaDaImmagine() {
+    constexpr std::int32_t ferma = 3;   // pixels
+    if (!Button()) return false;
+    for (Point p; TrackMouseLocation(p);)
+        if (std::abs(p.h - EventPoint.h) > ferma || std::abs(p.v - EventPoint.v) > ferma) return true;
+    return false;
 }
 
 // The record that a hit selects: a vertex stands for its head. 0 when a damaged record names none.
@@ -147,7 +174,8 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!shift && !opzione) TogliSelezione();
     const bool mesh = Button() && !shift && SelezionaMesh(event, point);
     if (mesh) AggRettSelMesh();
-    const std::int32_t i = mesh ? 0 : primoColpito(point, indElem);
+    std::int32_t i = mesh ? 0 : primoColpito(point);
+    if (i != 0 && !opzione && Elem(i).tipo == tPict && !Elem(i).selezionato && trascinaDaImmagine()) i = 0;
     bool preso = mesh || i != 0, ripresa = false;
     if (i != 0) {
         prendi(i, shift, ripresa);

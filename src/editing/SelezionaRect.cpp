@@ -3,6 +3,7 @@
 
 #include "display/RiquadroTesto.h"
 #include "display/Sovrapposto.h"
+#include "editing/BloccoImmagini.h"
 #include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -70,7 +71,7 @@ bool SelezionaRect(const Rect& rect) {
     bool qualcosa = false;
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (!LucidoRaggiungibile(e.lucido)) continue;
+        if (!LucidoRaggiungibile(e.lucido) || (e.tipo == tPict && immaginiBloccate)) continue;
         if (!dentro(i, rect)) continue;
         qualcosa = true;
         if (e.selezionato) continue;
@@ -88,6 +89,7 @@ void SelezionaTutto() {
     if (!(KeyModifiers() & shiftKey)) TogliSelezione();
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
+        if (e.tipo == tPict && immaginiBloccate) continue;
         if (LucidoVisibile(e.lucido) && !LucidoBloccato(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti))
             e.selezionato = 1;
     }

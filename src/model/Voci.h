@@ -96,6 +96,7 @@ enum : std::int16_t {
     incollaImmagine = 21,
     preferenze = 30,
     proprieta = 31,
+    bloccaImmagini = 25,
 };
 }
 namespace disegna {

@@ -65,6 +65,9 @@ bool DragGivenUp();             // Escape ended the press that was handled last:
 std::uint16_t KeyModifiers();   // modifiers now held
 // Waits until the pointer moves or the button is released; true while it is held.
 bool TrackMouseLocation(Point& p);
+// Is a turn of the wheel or a pinch queued? Asked in the middle of a repaint: it looks at the desktop once in a while, and only
+// queues what it finds. False under a script.
+bool ZoomWaits();
 bool escapePressed();   // asked by long jobs: was Escape pressed since the job began? Keeps the window alive
 
 std::uint32_t TickCount();        // 60 a second; a script's own clock under a script

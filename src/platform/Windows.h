@@ -41,7 +41,22 @@ void ShowStartPage();
 
 // --- overlays: rasters of the window's size that are shown xor'd over its pixels and belong to no drawing. Black in
 // mode xor inverts what it covers; drawn twice it is gone.
-enum class Velo : std::uint8_t { evidenza, puntatore };   // the highlight of the selection; what follows the pointer
+enum class Velo : std::uint8_t {
+    evidenza,    // the highlight of the selection
+    puntatore,   // what follows the pointer
+    // This one is not xor'd: what is not black in it takes the place of the window's pixel. Below the highlight's dots, or
+    // above them, as the two routines below mark a colour; always below what follows the pointer.
+    colore,
+};
+inline RGBColor SottoEvidenza(RGBColor c) {
+    c.blue = static_cast<std::uint16_t>(c.blue & ~0x100);
+    if ((c.red >> 8) == 0 && (c.green >> 8) == 0 && (c.blue >> 8) == 0) c.red = 0x100;   // black would be nothing
+    return c;
+}
+inline RGBColor SopraEvidenza(RGBColor c) {
+    c.blue = static_cast<std::uint16_t>(c.blue | 0x100);
+    return c;
+}
 // Clears the overlay where it was drawn and lets `draw` draw it afresh, with its raster as the current port and the whole
 // window as the clip.
 void RedrawOverlay(WindowPtr w, Velo v, void (*draw)());

@@ -1,6 +1,7 @@
 // Which file a command of the file menu is about, and what is done with it. `theItem` tells the command.
 #include "shell/Archivia.h"
 #include "digitising/RegistrazioneValida.h"
+#include "shell/Arrivo.h"
 #include "shell/Modificato.h"
 
 #include <algorithm>
@@ -222,9 +223,17 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     switch (r.opera) {
     case Opera::leggi: leggi(file); break;
     case Opera::scrivi: scrivi(file); break;
-    case Opera::immagine: importaImmagine(file); break;
+    case Opera::immagine: {
+        const Arrivo arrivo;
+        importaImmagine(file);
+        break;
+    }
     case Opera::scriviPict: scriviImmagine(file); break;
-    case Opera::testo: importaTesto(r, file); break;
+    case Opera::testo: {
+        const Arrivo arrivo;
+        importaTesto(r, file);
+        break;
+    }
     case Opera::niente: break;
     }
     if (!scrive && inizioAggiunta < indElem) PoniAnnulla(aAggiunta);

@@ -22,6 +22,7 @@
 #include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
+#include "editing/BloccoImmagini.h"
 #include "editing/Cancella.h"
 #include "editing/Conversioni.h"
 #include "editing/LucidiClassi.h"
@@ -61,6 +62,7 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Appunti.h"
 #include "shell/Archivia.h"
+#include "shell/Arrivo.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/FinestraPunti.h"
@@ -180,6 +182,7 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::ripeti, true, RipetiUltima},
     {voci::modifica::proprieta, false, mostraProprieta},
     {voci::modifica::preferenze, false, Preferenze},
+    {voci::modifica::bloccaImmagini, true, CambiaBloccoImmagini},
 };
 
 }   // namespace
@@ -409,6 +412,7 @@ void comandoImporta() {
     }
     if (noWindow) SetUpWindow();
     if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
+        const Arrivo arrivo;
         ImportaDWG();
     } else if (theItem == voci::importa::mappa) {
         ImportaMappa();

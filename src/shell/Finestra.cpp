@@ -10,6 +10,7 @@
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
+#include "editing/BloccoImmagini.h"
 #include "files/Richieste.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -208,6 +209,7 @@ void SetUpWindow() {
     vistaIniziale();
     cursoreIniziale();
     archivioVuoto();
+    AzzeraBloccoImmagini();
     NomeD = PStr255(std::string_view(GetIndString(listaNomi, nomeSenzaTitolo)));
     NomeLavoro = NomeD;
     SetWTitle(theWindow, NomeLavoro.view());

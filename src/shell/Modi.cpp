@@ -11,6 +11,7 @@
 #include "display/palette.h"
 #include "display/Ridisegno.h"
 #include "display/Sovrapposto.h"
+#include "editing/BloccoImmagini.h"
 #include "editing/Scelta.h"
 #include "editing/SceltaPercorso.h"
 #include "editing/Sposta.h"
@@ -208,6 +209,7 @@ void PrendiStrumento(std::int32_t operazione) {
     LasciaCalcolatrice();
     CambiaModo(mDigitazione);
     operazCorrente = operazione;
+    ScansioneInUso();
 }
 
 void PrendiCurve(bool perPunti) {

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "digitising/RapportoTesti.h"
+#include "display/AttacchiMarche.h"
+#include "display/Ridisegno.h"
 #include "exchange/ApriScrittura.h"
 #include "model/Documento.h"
 #include "model/TabellaStato.h"
@@ -12,6 +14,7 @@
 #include "model/Voci.h"
 #include "platform/Menus.h"
 #include "platform/Resources.h"
+#include "text/Conversione.h"
 #include "text/FileDati.h"
 
 namespace tessaro {
@@ -65,9 +68,24 @@ void mostra(const TestiRapporto& t) {
     tabella(vAvvisi, t.avvisi);
 }
 
+RapportoAttacchi ultimo;   // what stands in the window
+
 void rifai() {
     mostrato = adesso();
-    mostra(TestiDi(CalcolaRapportoAttacchi(mostrato.dati)));
+    ultimo = CalcolaRapportoAttacchi(mostrato.dati);
+    mostra(TestiDi(ultimo));
+    InvalWind();   // the residuals stand beside the marks too
+}
+
+// Beside the mark of a control point: by how much it misses, in the user's unit or in millimetres of the sheet.
+std::string residuoAccanto(std::int16_t n, bool destinazione) {
+    if (!rapportoDialog || destinazione) return {};
+    const PuntoRapporto& p = ultimo.punti[static_cast<std::size_t>(n - 1)];
+    if (!p.dato || !p.mappato) return {};
+    constexpr double decimiPerMm = 10;
+    PStr255 s;
+    RToStr(ultimo.coordReali ? p.residuoReale : p.residuo / decimiPerMm, 3, s);
+    return ultimo.coordReali ? s.str() : s.str() + " mm";
 }
 
 void salva() {
@@ -101,6 +119,7 @@ void ChiudiRapporto() {
     if (!rapportoDialog) return;
     DisposeDialog(rapportoDialog);
     rapportoDialog = nullptr;
+    InvalWind();
     CheckMenuItem(menuTrasforma, voci::trasforma::rapporto, false);
 }
 
@@ -121,6 +140,11 @@ const VoceStato righe[] = {
      nullptr},
 };
 const TabellaStato tabellaStato(righe);
+
+[[maybe_unused]] const bool agganciato = [] {
+    accantoAllaMarca = residuoAccanto;
+    return true;
+}();
 
 }   // namespace
 

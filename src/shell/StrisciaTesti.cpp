@@ -8,6 +8,7 @@
 
 #include "display/palette.h"
 #include "display/Striscia.h"
+#include "editing/BloccoImmagini.h"
 #include "exchange/Operazione.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -48,6 +49,7 @@ enum : std::int16_t {   // strings of listaAttese
     aOrigine,        // ^0 the point, ^1 its key
     aDestinazione,   // ^0 the point
     aPolilineaDaMisurare,
+    aScegliBloccate,
 };
 
 enum : std::int16_t {   // strings of listaStato
@@ -94,7 +96,7 @@ std::string numero(double v) {
 
 std::string attesaSelezione() {
     if (CalcWindow) return attesa(aPolilineaDaMisurare);
-    if (!Puntosel.attiva) return attesa(aScegli);
+    if (!Puntosel.attiva) return attesa(immaginiBloccate ? aScegliBloccate : aScegli);
     return Puntosel.multipla ? attesa(aMoltiScelti, std::to_string(Puntosel.numSel)) : attesa(aUnoScelto);
 }
 

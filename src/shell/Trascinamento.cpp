@@ -16,6 +16,7 @@
 #include "platform/Memory.h"
 #include "raster/InserisciPict.h"
 #include "shell/Archivia.h"
+#include "shell/Arrivo.h"
 #include "shell/Modi.h"
 
 namespace tessaro {
@@ -102,6 +103,7 @@ void riceviFile(const FSSpec& file, std::uint16_t tasti) {
     if (eDisegno(file, tipo)) {
         LeggiDropTS3D(file, tasti);
     } else if (eCad(file) && (tasti & optionKey) == 0) {
+        const Arrivo arrivo;
         ImportaDWGFile(file);
     } else if (NomeDiMappa(file.percorso)) {
         LeggiMappa(file);

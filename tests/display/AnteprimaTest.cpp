@@ -122,11 +122,11 @@ TEST(Anteprima, AHighlightStandsWhereAFigureLiesAndWhereItWouldLand) {
 
 TEST(Anteprima, TheMarksAreThoseOfTheMode) {
     for (std::int32_t tipo = 0; tipo <= 2; ++tipo) {
-        Scena scena(100, 100);
+        Scena scena(400, 100);
         attaccoAttivo.tipo = tipo;
-        constexpr double posti[5] = {10, 30, 50, 70, 90};
+        constexpr double posti[5] = {20, 90, 160, 230, 300};
         for (std::int16_t i = 0; i < 5; ++i) attaccoAttivo.SetXYAtt(i, posti[i], 40);
-        attaccoAttivo.lavoro.dstC = {90, 80};   // the black dot goes with the solver's centre
+        attaccoAttivo.lavoro.dstC = {300, 80};   // the black dot goes with the solver's centre
         DisAttacchiDin();
         const auto inchiostro = [&](double cx, double cy) {
             int n = 0;
@@ -138,7 +138,7 @@ TEST(Anteprima, TheMarksAreThoseOfTheMode) {
             const bool c = i < 2 || (i < 4 && tipo > 0) || tipo == 2;
             EXPECT_EQ(inchiostro(posti[i], 40) > 0, c) << "mode " << tipo << ", point " << i + 1;
         }
-        EXPECT_EQ(inchiostro(90, 80) > 0, tipo == 2);
-        EXPECT_EQ(scena.e(90, 80, nero), tipo == 2);
+        EXPECT_EQ(inchiostro(300, 80) > 0, tipo == 2);
+        EXPECT_EQ(scena.e(300, 80, nero), tipo == 2);
     }
 }

@@ -168,6 +168,24 @@ void proprieta() {
     if (!caso->unoSu(4)) AutoDialogKey(d, 13);
 }
 
+void rotella() {
+    const int passi = caso->tra(-3, 3);
+    const std::uint16_t m = caso->unoSu(2) ? std::uint16_t{cmdKey} : std::uint16_t{0};
+    caso->nota("wheel " + std::to_string(passi) + " mods " + std::to_string(m));
+    AutoWheel(caso->tra(0, 1), passi, m);
+}
+
+// The middle button, pressed, moved and released.
+void trascinaVista() {
+    for (const EventKind k : {EventKind::middleDown, EventKind::nullEvent, EventKind::mouseUp}) {
+        EventRecord e;
+        e.what = k;
+        e.where = caso->posto();
+        AutoPost(e);
+    }
+    caso->nota("the middle button drags the view");
+}
+
 using Mano = void (*)();
 struct Uso {
     int peso;
@@ -183,9 +201,13 @@ constexpr std::array mani{
     Uso{2, pannello},
     Uso{4, tavoletta},
     Uso{2, lascia},
+    Uso{3, rotella},
+    Uso{1, trascinaVista},
+    Uso{2, unaVoce<22, 1, 7, 8, 10, 11>},
+    Uso{1, unaVoce<9400, 1, 2, 3, 4, 5, 6, 7>},
     Uso{1, unaVoce<50, 1, 2, 3>},
     Uso{1, unaVoce<60, 1, 3, 4>},
-    Uso{12, unaVoce<3, 1, 1, 19, 3, 4, 5, 20, 21, 6, 8, 9, 10, 12, 14, 15, 16>},
+    Uso{12, unaVoce<3, 1, 1, 19, 3, 4, 5, 20, 21, 6, 8, 9, 10, 12, 14, 15, 16, 25>},
     Uso{2, unaVoce<5, 2, 7, 8, 8>},
     Uso{2, unaVoce<6, 1, 17, 18, 3>},
     Uso{2, unaVoce<107, 1, 2, 3, 4, 5>},

@@ -74,7 +74,7 @@ struct VeloFinestra {
 
 struct Finestra {
     std::unique_ptr<RasterPort> porta;
-    std::array<VeloFinestra, 2> veli;   // by Velo
+    std::array<VeloFinestra, 3> veli;   // by Velo
     Foglio* foglio = nullptr;           // null without an application object
     Region invalida;                    // what the next update event is about
     bool mostrata = false;

@@ -303,6 +303,19 @@ bool TrackMouseLocation(Point& p) {
     return tenuto;
 }
 
+bool ZoomWaits() {
+    if (copione() != nullptr) return false;
+    constexpr std::uint32_t ticksTraSguardi = 2;
+    static std::uint32_t ultimoSguardo = 0;
+    const std::uint32_t ora = TickCount();
+    if (conFinestre() && ora - ultimoSguardo >= ticksTraSguardi) {
+        ultimoSguardo = ora;
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    }
+    return std::any_of(coda.righe.begin(), coda.righe.end(),
+                       [](const EventRecord& r) { return r.what == EventKind::wheel || r.what == EventKind::pinch; });
+}
+
 bool escapePressed() {
     if (!conFinestre()) return false;
     constexpr std::uint32_t ticksTraSguardi = 3;

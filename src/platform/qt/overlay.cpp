@@ -75,8 +75,13 @@ void componi(const Finestra& f, const DeviceRect& area, std::vector<std::uint32_
     std::uint32_t* riga = out.data();
     for (std::int32_t y = area.top; y < area.bottom; ++y, riga += larga) {
         const auto da = [&](const RasterPort& p) { return p.pixels() + y * p.rowPixels() + area.left; };
-        const std::uint32_t *sotto = da(*f.porta), *a = da(f.veli[0].porta), *b = da(f.veli[1].porta);
-        for (std::size_t x = 0; x < larga; ++x) riga[x] = sotto[x] ^ ((a[x] ^ b[x]) & colori);
+        const std::uint32_t *sotto = da(*f.porta), *a = da(f.veli[0].porta), *b = da(f.veli[1].porta),
+                            *c = da(f.veli[2].porta);
+        for (std::size_t x = 0; x < larga; ++x) {
+            const std::uint32_t punti = a[x] & colori, tinta = c[x] & colori;
+            const bool tinto = (tinta & 1) != 0 || (tinta != 0 && punti == 0);
+            riga[x] = (tinto ? ~colori | tinta : sotto[x] ^ punti) ^ (b[x] & colori);
+        }
     }
 }
 
