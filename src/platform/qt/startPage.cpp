@@ -94,7 +94,6 @@ private:
         colonna->setSpacing(0);
         if (IsMenuItemEnabled(menuRecenti, 1)) {
             auto* t = new QLabel(daMac(GetIndString(listaPagina, 5)), this);
-            t->setForegroundRole(QPalette::PlaceholderText);
             colonna->addWidget(t);
         }
         for (std::int16_t i = 1; i <= ultimoRecente; ++i) {
