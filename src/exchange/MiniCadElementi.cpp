@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "exchange/MiniCad.h"
+#include "exchange/Operazione.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
 #include "model/Unita.h"
@@ -185,7 +186,9 @@ bool TScriviObjectMiniCad::elementoVisibile(std::int32_t& i, tipo_D d) {
 }
 
 void TScriviObjectMiniCad::Scrivi(tipo_D d) {
+    ScritturaLunga lunga;
     for (std::int32_t i = 3; i <= indElem && !uscita; ++i) {
+        lunga.passo(i);
         const std::uint8_t tipo = Elem(i).tipo;
         if (!LucidoVisibile(Elem(i).lucido)) {
             if (tipo != tVertice) conti.perduti.aggiungi(cCoperti);

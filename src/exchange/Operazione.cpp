@@ -2,6 +2,7 @@
 #include "exchange/Operazione.h"
 
 #include "display/palette.h"
+#include "model/Archivio.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
@@ -56,6 +57,15 @@ bool LetturaLunga::continua() {
     GetFPos(RefNum, qui);
     stop = !AvanzaLettura(dimensione > 0 ? static_cast<double>(qui) / static_cast<double>(dimensione) : 0);
     return !stop;
+}
+
+ScritturaLunga::ScritturaLunga() { ProgressOpen(TestoDi(TestoScambio::avanzaScrittura)); }
+ScritturaLunga::~ScritturaLunga() { ProgressClose(); }
+
+void ScritturaLunga::passo(std::int32_t n) {
+    constexpr std::int32_t elementiTraDomande = 512;
+    if (n % elementiTraDomande != 0 || uscita) return;
+    if (!ProgressStep(static_cast<double>(n) / indElem) || escapePressed()) uscita = 1;
 }
 
 }   // namespace tessaro

@@ -31,4 +31,15 @@ private:
     bool stop = false;
 };
 
+// The progress of an export as long as the object lives, asked once an element. Once the person asked to stop, `uscita` is
+// set: nothing more is written, and the file that was there stays.
+class ScritturaLunga {
+public:
+    ScritturaLunga();
+    ~ScritturaLunga();
+    ScritturaLunga(const ScritturaLunga&) = delete;
+    ScritturaLunga& operator=(const ScritturaLunga&) = delete;
+    void passo(std::int32_t n);   // element n of the drawing comes next
+};
+
 }   // namespace tessaro

@@ -31,6 +31,7 @@ enum class TestoScambio : std::int16_t {
     pieno,
     nonNelKit,   // what files of a drawing database do not hold
     cambiati,    // ^0 what came in otherwise than it was
+    avanzaScrittura,
     primoConteggio = 20,
 };
 enum Conteggio : std::size_t {

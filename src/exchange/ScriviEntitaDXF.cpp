@@ -4,6 +4,7 @@
 #include <string>
 
 #include "exchange/DXF.h"
+#include "exchange/Operazione.h"
 #include "exchange/ScriviDXF.h"
 #include "exchange/TestoDxf.h"
 #include "model/Archivio.h"
@@ -11,6 +12,7 @@
 #include "model/Unita.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
+#include "text/FileDati.h"
 
 namespace tessaro {
 
@@ -141,7 +143,9 @@ bool scriviElemento(BufferDXF& b, std::int32_t& i, std::string_view layer) {
 void ScriviEntitiesDXF(ScritturaDXF& s) {
     s.b.righe2("  0", "SECTION");
     s.b.righe2("  2", "ENTITIES");
-    for (std::int32_t i = 3; i <= indElem; ++i) {
+    ScritturaLunga lunga;
+    for (std::int32_t i = 3; i <= indElem && !uscita; ++i) {
+        lunga.passo(i);
         const std::uint8_t tipo = Elem(i).tipo;
         const std::int16_t lucido = Elem(i).lucido;
         const std::size_t l = lucido >= 0 && lucido <= 99 ? static_cast<std::size_t>(lucido) : 0;

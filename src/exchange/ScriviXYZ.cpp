@@ -9,6 +9,7 @@
 #include "exchange/ApriScrittura.h"
 #include "exchange/BufferRighe.h"
 #include "exchange/FormatoXYZ.h"
+#include "exchange/Operazione.h"
 #include "exchange/XYZ.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -99,7 +100,11 @@ public:
 Scritti ScriviXYZ() {
     SetCursor(ClockCursor);
     ScrittoreXYZ scrittore;
-    for (std::int32_t n = 3; n <= indElem && !uscita; ++n) scrittore.scrivi(Elem(n));
+    ScritturaLunga lunga;
+    for (std::int32_t n = 3; n <= indElem && !uscita; ++n) {
+        lunga.passo(n);
+        scrittore.scrivi(Elem(n));
+    }
     return scrittore.conti;
 }
 

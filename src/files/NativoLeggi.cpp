@@ -7,6 +7,7 @@
 #include <string>
 
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
@@ -22,6 +23,7 @@
 #include "model/Estensioni.h"
 #include "model/Registrazione.h"
 #include "platform/Dialogs.h"
+#include "platform/Events.h"
 #include "registration/attaccoDinamico.h"
 #include "text/EndianConvert.h"
 #include "text/FileDati.h"
@@ -54,6 +56,7 @@ struct Lettura {
     Fusione fusione = Fusione::comeSono;
     Guasto guasto;
     bool guasta = false;
+    bool fermata = false;   // the person stopped it
 
     // The first fault is told whole, of later ones what is wrong.
     void segnala(const Guasto& g) {
@@ -249,7 +252,15 @@ bool leggiDalBuffer(Lettura& l, Risanamento& r, Posto& p) {
 // `quanti` records from number n on; gives how many did not come.
 std::int32_t leggiElementi(Lettura& l, Risanamento& r, std::int32_t& n, std::int32_t quanti) {
     Posto p{n, quanti};
+    Termometro termometro(PStr255(std::string_view(TestoDi(TestoFile::avanzaLettura))));
+    std::int32_t mostrati = quanti;   // that were left when the progress was shown last
     while (p.restano > 0 && !uscita && !l.guasta) {
+        constexpr std::int32_t traDomande = 2048;   // records; a picture is one
+        if (mostrati - p.restano >= traDomande || Elem(p.n - 1).tipo == tPict) {
+            mostrati = p.restano;
+            l.fermata = !termometro.passo(1 - static_cast<double>(p.restano) / quanti) || escapePressed();
+            if (l.fermata) break;
+        }
         if (l.testa.versione >= 5 && leggiDalBuffer(l, r, p)) continue;
         // One that lies across the buffer's end, or has an old shape.
         if (p.restano == 0 || uscita || l.guasta || !leggiRecord(l.testa.versione, Elem(p.n))) break;
@@ -296,13 +307,16 @@ bool leggiDisegno(Lettura& l, bool inFusione) {
     const std::int32_t letto = prossimo - 1;
     if (mancano && inFusione) {
         rinuncia(prima, letto);
-        l.segnala(TestoFile::troncatoFusione, eofErr);
+        l.fermata ? l.segnala(TestoFile::fermata, noErr, "0") : l.segnala(TestoFile::troncatoFusione, eofErr);
         uscita = 1;
         return false;
     }
     indElem = letto;
     lettoIntero = !mancano && !uscita && voluto <= ultimo && r.scartati() == 0;
-    if (mancano) l.segnala(TestoFile::troncato, eofErr, std::to_string(letto - riservati));
+    if (l.fermata)
+        l.segnala(TestoFile::fermata, noErr, std::to_string(letto - riservati));
+    else if (mancano)
+        l.segnala(TestoFile::troncato, eofErr, std::to_string(letto - riservati));
     if (mancano || uscita) return false;
     if (r.scartati() > 0) l.segnala(TestoFile::scartati, noErr, std::to_string(r.scartati()));
     if (voluto > ultimo)

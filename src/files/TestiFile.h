@@ -26,6 +26,8 @@ enum class TestoFile : std::int16_t {
     senzaPunti,      // a merge without the points that it goes by
     campi,           // ^0 fields of a settings file that took their defaults
     estensioni,      // what stands behind the told end is cut off or damaged
+    fermata,         // ^0 elements could be read before the person stopped it
+    avanzaLettura,   // title of the progress
 };
 
 std::string TestoDi(TestoFile t, std::string_view p0 = {}, std::string_view p1 = {});   // Mac Roman

@@ -150,6 +150,16 @@ TEST(XYZ, EscFermaLElencoEQuantoLettoResta) {
     EXPECT_NE(resoconto().find("Reading was stopped at line "), std::string::npos) << resoconto();
 }
 
+TEST(XYZ, EscFermaLaScritturaEIlFileDiPrimaResta) {
+    prepara(rigaPerPunto, {colonnaX, colonnaY, colonnaNessuna, colonnaNessuna});
+    for (int i = 0; i < 1500; ++i) Memorizza(tMarker, i, 1, 0, 1, 0, 0, 1, 1, 1, PStr255(""));
+    premiEsc();
+    const std::string scritto = scrivi();
+    EXPECT_EQ(uscita, 1);   // by which the caller drops the new file
+    EXPECT_LT(std::count(scritto.begin(), scritto.end(), '\r'), 1500);
+    uscita = 0;
+}
+
 TEST(XYZ, LettereAccentateDiTreCodifiche) {
     constexpr const char* file[] = {
         "\xEF\xBB\xBF"

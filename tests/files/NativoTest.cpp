@@ -17,6 +17,7 @@
 #include "registration/attaccoDinamico.h"
 #include "registration/PuntiControllo.h"
 #include "support/Avvisi.h"
+#include "support/Tasti.h"
 
 using namespace tessaro;
 using namespace prova;
@@ -346,4 +347,20 @@ TEST(Nativo, ARegisteredDrawingTakesItsScaleFromItsPoints) {
     EXPECT_EQ(rappvid, 0.25);
     EXPECT_EQ(Scaladis, 25);
     EXPECT_EQ(XA2, 300);
+}
+
+TEST(Nativo, EscFermaLAperturaESalvaNonSostituisceIlFile) {
+    fogliovuoto(60000);
+    const std::vector<Byte> lati(50000, rSegmento(1, 2, 3, 4));
+    const Byte file = disegno(12, lati);
+    premiEsc();
+    leggiByte(file);
+    EXPECT_GT(indElem, 2);
+    EXPECT_LT(indElem, 50002);
+    EXPECT_EQ(Elem(indElem).tipo, tSegmento);
+    EXPECT_FALSE(lettoIntero);
+    fogliovuoto(60000);
+    leggiByte(file);
+    EXPECT_EQ(indElem, 50002);
+    EXPECT_TRUE(lettoIntero);
 }

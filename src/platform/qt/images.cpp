@@ -13,9 +13,11 @@
 #include <QImageReader>
 #include <unordered_map>
 
+#include "platform/Dialogs.h"
 #include "platform/Images.h"
 #include "platform/Memory.h"
 #include "platform/qt/risoluzione.h"
+#include "platform/qt/TestiQt.h"
 #include "platform/Resources.h"
 
 namespace tessaro {
@@ -25,7 +27,14 @@ namespace {
 constexpr int maxLatoImmagine = 1 << 18;   // pixels: what no scanner passes; memory is asked besides
 
 // Texts of list 9102: why a file cannot come in as a picture.
-enum Motivo : std::int16_t { nonSiApre = 1, nonImmagine = 2, troppoGrande = 3, senzaMemoria = 4, danneggiata = 5 };
+enum Motivo : std::int16_t {
+    nonSiApre = 1,
+    nonImmagine = 2,
+    troppoGrande = 3,
+    senzaMemoria = 4,
+    danneggiata = 5,
+    fermata = 9
+};
 
 bool rifiuta(std::string& reason, Motivo perche) {
     constexpr std::int16_t lista = 9102;
@@ -330,9 +339,31 @@ bool provaADecodificare(QIODevice& da, Immagine& out, std::string& reason, Ricev
 
 }   // namespace
 
+namespace {
+
+// A file that tells how far its reader is, and ends where the person stops it.
+class FileSeguito : public QFile {
+public:
+    explicit FileSeguito(const QString& nome) : QFile(nome) { ProgressOpen(Utf8ToMac(testo("progress.picture"))); }
+    ~FileSeguito() override { ProgressClose(); }
+    FileSeguito(const FileSeguito&) = delete;
+    FileSeguito& operator=(const FileSeguito&) = delete;
+    bool fermato = false;
+
+protected:
+    qint64 readData(char* dati, qint64 massimo) override {
+        const qint64 tutto = size();
+        fermato = fermato || !ProgressStep(tutto > 0 ? static_cast<double>(pos()) / static_cast<double>(tutto) : 0);
+        return fermato ? -1 : QFile::readData(dati, massimo);
+    }
+};
+
+}   // namespace
+
 bool DecodeImageFile(const FSSpec& spec, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
-    QFile file(QString::fromStdString(spec.percorso));
-    return provaADecodificare(file, out, reason, righe);
+    FileSeguito file(QString::fromStdString(spec.percorso));
+    const bool letta = provaADecodificare(file, out, reason, righe) && !file.fermato;
+    return letta || (file.fermato ? rifiuta(reason, fermata) : false);
 }
 
 bool DecodeImageData(std::string_view bytes, Immagine& out, std::string& reason, RicevitoreRighe* righe) {
