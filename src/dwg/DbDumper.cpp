@@ -294,7 +294,7 @@ void DbDumper::faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdG
     const std::int16_t angolo = arrotonda16(SessadToAng(90, gradCorrente) - RadToAng(rotazione, gradCorrente));
     if (s.size() > lungoMassimo) resoconto.cambiati.aggiungi(cTestiTagliati);
     lucido(e, lucidoEntita);
-    Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, 255)));
+    Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, lungoMassimo)));
 }
 
 namespace {
