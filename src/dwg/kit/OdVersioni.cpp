@@ -29,10 +29,10 @@ struct Scrittura {
 };
 // A version without a row is dimmed in the dialog.
 constexpr Scrittura scritture[] = {
-    {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf},   {OdDbSaveType::kDxf, 25, ScriviDxf},
-    {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf},   {OdDbSaveType::kDxf, 16, ScriviDxf},
-    {OdDbSaveType::kDwg, 29, ScriviDwg}, {OdDbSaveType::kDwg, 25, ScriviDwg},   {OdDbSaveType::kDwg, 23, ScriviDwg},
-    {OdDbSaveType::kDwg, 21, ScriviDwg}, {OdDbSaveType::kDwg, 16, ScriviDwg12},
+    {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf}, {OdDbSaveType::kDxf, 25, ScriviDxf},
+    {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf}, {OdDbSaveType::kDxf, 16, ScriviDxf},
+    {OdDbSaveType::kDwg, 29, ScriviDwg}, {OdDbSaveType::kDwg, 27, ScriviDwg}, {OdDbSaveType::kDwg, 25, ScriviDwg},
+    {OdDbSaveType::kDwg, 23, ScriviDwg}, {OdDbSaveType::kDwg, 21, ScriviDwg}, {OdDbSaveType::kDwg, 16, ScriviDwg12},
 };
 
 struct Lettura {

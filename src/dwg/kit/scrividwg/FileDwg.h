@@ -23,7 +23,18 @@ std::string AusiliariaDwg(const StesuraDwg& st, unsigned versione);
 // How many objects there are and from where on; `inizioOggetti` is the first one's place.
 std::string SpazioLiberoDwg(const StesuraDwg& st, std::uint32_t inizioOggetti);
 
+// One of the named parts of files from 2004 on.
+struct ParteDwg {
+    const char* nome;
+    std::string dati;
+    bool facoltativa = false;   // for who looks at files from outside; never packed
+};
+// In the order of the file; `versione` is the format's number for itself.
+std::vector<ParteDwg> PartiDwg(const StesuraDwg& st, unsigned versione);
+
+// Each writes the whole file. eFileWriteError when it would be too large for the format's own numbers.
 OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file);   // R14 and 2000
 OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file);   // 2004 and 2010
+OdError FileDwg2007(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file);
 
 }   // namespace tessaro

@@ -142,71 +142,15 @@ std::string intestazioneCifrata(const Mappe& m) {
     return parte(crc32(parte(0)));
 }
 
-std::string incorniciata(const std::array<unsigned char, 16>& segno, FormatoDwg formato, const std::string& dati) {
-    std::string s(reinterpret_cast<const char*>(segno.data()), segno.size());
-    std::string corpo;
-    aggiungiRL(corpo, static_cast<std::uint32_t>(dati.size()));
-    if (formato >= FormatoDwg::r2010) aggiungiRL(corpo, 0);   // the length's upper half, of releases above 3
-    corpo += dati;
-    aggiungiRS(corpo, CrcDwg(corpo, semeCrc));
-    s += corpo;
-    for (const unsigned char c : segno) s.push_back(static_cast<char>(~c));
-    return s;
-}
-
-std::string riassunto(const StesuraDwg& st) {
-    std::string s;
-    for (int i = 0; i < 8; ++i) aggiungiRS(s, 0);   // title, subject, author and their like
-    aggiungiRLL(s, 0);
-    for (const OdTimeStamp& t : {st.db.header.tdCreate, st.db.header.tdUpdate}) {
-        aggiungiRL(s, static_cast<std::uint32_t>(t.giorno));
-        aggiungiRL(s, static_cast<std::uint32_t>(t.millisecondi));
-    }
-    aggiungiRS(s, 0);
-    aggiungiRLL(s, 0);
-    return s;
-}
-
-std::string anteprima() {
-    constexpr std::array<unsigned char, 16> segno{0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
-                                                  0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
-    std::string s(reinterpret_cast<const char*>(segno.data()), segno.size());
-    aggiungiRL(s, 1);
-    s.push_back(0);
-    for (const unsigned char c : segno) s.push_back(static_cast<char>(~c));
-    return s;
-}
-
 }   // namespace
 
 OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
-    constexpr std::uint32_t inizioOggetti = 0x0DCA;   // what the objects' section begins with
     constexpr unsigned paginaCodici = 30;
     const unsigned rilascio = st.formato == FormatoDwg::r2004 ? 0 : 6;
     const unsigned versione = st.formato == FormatoDwg::r2004 ? 0x19 : 0x1D;
-    std::string oggetti;
-    aggiungiRL(oggetti, inizioOggetti);
-    const auto primo = static_cast<std::int64_t>(oggetti.size());
-    oggetti += st.oggetti;
-    std::string modello;
-    aggiungiRS(modello, 0);
-    aggiungiRS(modello, static_cast<unsigned>(st.db.header.measurement));
-
     std::vector<SezioneDwg> sezioni;
-    const auto sezione = [&sezioni](const char* nome, std::string dati, bool compressa = true) {
-        sezioni.push_back({nome, std::move(dati), compressa, {}});
-    };
-    sezione("AcDb:SummaryInfo", riassunto(st), false);
-    sezione("AcDb:Preview", anteprima(), false);
-    sezione("AcDb:FileDepList", std::string(8, '\0'), false);
-    sezione("AcDb:RevHistory", std::string(12, '\0'));
-    sezione("AcDb:AcDbObjects", std::move(oggetti));
-    sezione("AcDb:ObjFreeSpace", SpazioLiberoDwg(st, static_cast<std::uint32_t>(primo)));
-    sezione("AcDb:Template", std::move(modello));
-    sezione("AcDb:Handles", MappaDwg(st, primo));
-    sezione("AcDb:Classes", incorniciata(segnoClassi, st.formato, ClassiDwg(st)));
-    sezione("AcDb:AuxHeader", AusiliariaDwg(st, versione));
-    sezione("AcDb:Header", incorniciata(segnoVariabili, st.formato, VariabiliDwg(st)));
+    for (ParteDwg& parte : PartiDwg(st, versione))
+        sezioni.push_back({parte.nome, std::move(parte.dati), !parte.facoltativa, {}});
 
     Pagine p;
     for (std::size_t i = 0; i < sezioni.size(); ++i) mettiSezione(p, sezioni[i], static_cast<std::uint32_t>(i + 1));

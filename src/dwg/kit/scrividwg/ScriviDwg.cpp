@@ -11,6 +11,7 @@ FormatoDwg formatoDi(std::string_view sigla) {
     if (sigla == "AC1014") return FormatoDwg::r14;
     if (sigla == "AC1015") return FormatoDwg::r2000;
     if (sigla == "AC1018") return FormatoDwg::r2004;
+    if (sigla == "AC1021") return FormatoDwg::r2007;
     return FormatoDwg::r2010;
 }
 
@@ -24,7 +25,8 @@ OdError ScriviDwg(const OdDbDatabase& db, const OdDbDwgVersion& versione, OdWrFi
     meter.setLimit(static_cast<std::int32_t>(entita));
     scriviTabelleDwg(s);
     if (!scriviEntitaDwg(s, meter)) return {eUserBreak, 0, {}};
-    return s.formato <= FormatoDwg::r2000 ? FileDwg2000(s, versione.sigla, file) : FileDwg2004(s, versione.sigla, file);
+    if (s.formato <= FormatoDwg::r2000) return FileDwg2000(s, versione.sigla, file);
+    return s.formato == FormatoDwg::r2007 ? FileDwg2007(s, versione.sigla, file) : FileDwg2004(s, versione.sigla, file);
 }
 
 }   // namespace tessaro
