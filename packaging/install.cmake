@@ -4,6 +4,9 @@ install(FILES packaging/tessaro3d.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/
 install(FILES packaging/tessaro3d.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME tessaro3d.svg)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
+if(NOT TESSARO_FUZZ)
+  install(FILES ${CMAKE_BINARY_DIR}/sample.ts3d DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d)
+endif()
 install(FILES examples/parcels.jpg examples/sample.script DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
 
 set(CPACK_GENERATOR DEB)

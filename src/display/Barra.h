@@ -22,8 +22,8 @@ struct ComandoMenu {
 ComandoMenu ComandoDelBottone(std::size_t indice);
 Rect RettangoloBottone(std::size_t indice);   // window-local pixels
 
-void CreaBarra();
-void DisponiBarra();
+void CreaBarra();        // the controls of a new window
+void DisponiBarra();     // their places for the window of the moment
 void AggiornaValori();   // the value buttons show the colour, width and patterns in force
 
 }   // namespace tessaro

@@ -35,6 +35,7 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuRecenti = 9480,
 };
 
 namespace voci {
@@ -57,6 +58,15 @@ enum : std::int16_t {
     stampa = 14,
     esci = 16,
     anteprima = 17,
+    recenti = 18,
+    esempio = 19,
+};
+}
+namespace recenti {
+enum : std::int16_t {
+    primo = 1,   // to 10, the one opened last first
+    ultimo = 10,
+    svuota = 11,
 };
 }
 namespace modifica {

@@ -15,6 +15,7 @@ void CheckMenuItem(std::int16_t menu, std::int16_t item, bool on);
 bool IsMenuItemChecked(std::int16_t menu, std::int16_t item);
 void EnableMenuItem(std::int16_t menu, std::int16_t item);   // item 0: the whole menu
 void DisableMenuItem(std::int16_t menu, std::int16_t item);
+void ShowMenuItem(std::int16_t menu, std::int16_t item, bool shown);   // a hidden one cannot be chosen either
 bool MenuItemBuilt(std::int16_t menu, std::int16_t item);       // false: its command is to come; it stays disabled
 bool IsMenuItemEnabled(std::int16_t menu, std::int16_t item);   // false too when its menu is off or it is not built
 void SetMenuItemText(std::int16_t menu, std::int16_t item, std::string_view macRoman);

@@ -35,6 +35,9 @@ void BeginUpdate(WindowPtr w);                      // the invalid area becomes 
 void EndUpdate(WindowPtr w);
 void FlushWindow(WindowPtr w);   // puts what was drawn on the screen now (long work)
 
+// Lays the start page over an untouched drawing until the first action; without a drawing it shows by itself.
+void ShowStartPage();
+
 // --- overlays: rasters of the window's size that are shown xor'd over its pixels and belong to no drawing. Black in
 // mode xor inverts what it covers; drawn twice it is gone.
 enum class Velo : std::uint8_t { evidenza, puntatore };   // the highlight of the selection; what follows the pointer

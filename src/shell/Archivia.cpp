@@ -31,6 +31,7 @@
 #include "raster/CreaPict.h"
 #include "raster/Immagini.h"
 #include "registration/Coordinate.h"
+#include "shell/Recenti.h"
 #include "shell/Recupero.h"
 #include "text/FileDati.h"
 
@@ -224,6 +225,7 @@ void esegui(const Richiesta& r, const FSSpec& file) {
     NomeD = PStr255(std::string_view(file.nome));
     NomeLavoro = NomeD;
     SegnaSalvato();
+    RicordaRecente(file);
 }
 
 void concludi() {

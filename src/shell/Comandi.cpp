@@ -61,6 +61,7 @@
 #include "shell/Calcolatrice.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
+#include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/Marker.h"
 
@@ -105,6 +106,7 @@ void DoArchivio() {
         break;
     case apri: Apri(); break;
     case chiudi: Chiudi(); break;
+    case esempio: ApriEsempio(); break;
     case salva:
     case salvaCome: archivia(); break;
     case formato: FormatoXYZ(0); break;
@@ -443,6 +445,11 @@ void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
 
+void comandoRecenti() {
+    if (theItem == voci::recenti::svuota) return SvuotaRecenti();
+    ApriRecente(theItem);
+}
+
 struct VoceMenu {
     std::int16_t menu;
     void (*azione)();
@@ -455,6 +462,7 @@ constexpr VoceMenu comandi[] = {
     {menuTrasforma, comandoTrasforma},
     {menuStrumenti, comandoStrumenti},
     {menuPatternPenna, comandoPatternPenna},
+    {menuRecenti, comandoRecenti},
     {menuZoom, comandoZoom},
     {menuNomiColori, comandoColore},
     {menuSpessore, comandoSpessore},

@@ -43,6 +43,7 @@
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/ImpostazioniGiornale.h"
+#include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
 namespace tessaro {
@@ -133,6 +134,8 @@ void Initialize() {
     LeggiParGiornale();
     allocaArchivio();
     predisponiMenu();
+    LeggiRecenti();
+    ShowMenuItem(menuArchivio, voci::archivio::esempio, EsempioInstallato());
     predisponiTesto();
     SetupLimits();
     predisponiScale();
@@ -198,7 +201,11 @@ bool CicloPrincipale(const Partenza& p) {
         bene = soloStampa(p);
     } else {
         // The rest are left alone on purpose: one drawing at a time.
-        if (!p.documenti.empty()) ApriPercorso(p.documenti.front().c_str());
+        if (!p.documenti.empty()) {
+            ApriPercorso(p.documenti.front().c_str());
+        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+            ShowStartPage();
+        }
         while (!fine) CheckEvents();
     }
     FineRecupero();

@@ -101,10 +101,17 @@ protected:
 void creaTelaio();   // after the application object
 void distruggiTelaio();
 QRect schermoUtile();                                         // where the frame may stand, logical pixels
+// Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
+// the screens and it fits; else onto that screen or the first one, and no larger than it.
+QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi);
 void adattaTelaio(std::int32_t width, std::int32_t height);   // so that the content gets this size
 void aggiornaTitolo();
 
 Finestra* finestraAperta();
+// --- the start page
+void mostraPagina();    // without a drawing
+void disponiPagina();   // to the frame's size
+void togliPagina();
 // The port takes the content's size and the screen's ratio; false when it had them.
 bool adattaPorta(Finestra& f, std::int32_t width, std::int32_t height);
 void adattaVeli(Finestra& f);   // the overlays take the port's size, empty

@@ -29,6 +29,7 @@ struct VoceMenu {
     bool costruita = true;
     bool accesa = true;
     bool spuntata = false;
+    bool nascosta = false;
     QAction* azione = nullptr;
 };
 

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <utility>
 
@@ -50,6 +51,13 @@ bool puoPrendere(const EventRecord& e, Attesa chi) {
 std::deque<EventRecord>::iterator primaPer(Attesa chi) {
     return std::find_if(coda.righe.begin(), coda.righe.end(),
                         [chi](const EventRecord& e) { return puoPrendere(e, chi); });
+}
+
+// A page that lies over the drawing goes with the first action; without a drawing nothing but a new one takes it away.
+bool toglieLaPagina(EventKind k) {
+    constexpr std::array azioni{EventKind::mouseDown,  EventKind::keyDown, EventKind::wheel,  EventKind::drop,
+                                EventKind::menuChoice, EventKind::button,  EventKind::tablet, EventKind::pen};
+    return finestraAperta() != nullptr && std::find(azioni.begin(), azioni.end(), k) != azioni.end();
 }
 
 // What a record tells beside itself: where the pointer is, what is held, that the quit is being dealt with.
@@ -184,6 +192,7 @@ bool prendi(EventRecord& e, Attesa chi) {
     e = std::move(*r);
     coda.righe.erase(r);
     coda.svegliata = false;   // the record is news enough
+    if (toglieLaPagina(e.what)) togliPagina();
     consegna(e);
     return true;
 }

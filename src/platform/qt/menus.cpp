@@ -108,6 +108,7 @@ void aggiornaAzione(const VoceMenu& v, bool acceso) {
     v.azione->setEnabled(v.accesa && v.costruita && acceso);
     v.azione->setCheckable(v.spuntabile || v.unica || v.spuntata);
     v.azione->setChecked(v.spuntata);
+    v.azione->setVisible(!v.nascosta);
 }
 
 void aggiornaTutte(const MenuDati& m) {
@@ -240,6 +241,13 @@ void accendi(std::int16_t menu, std::int16_t item, bool accesa) {
 void EnableMenuItem(std::int16_t menu, std::int16_t item) { accendi(menu, item, true); }
 void DisableMenuItem(std::int16_t menu, std::int16_t item) { accendi(menu, item, false); }
 
+void ShowMenuItem(std::int16_t menu, std::int16_t item, bool shown) {
+    VoceMenu* v = voceDi(menu, item);
+    if (v == nullptr) return;
+    v->nascosta = !shown;
+    aggiornaAzione(*v, menuDelleVoci(menu)->acceso);
+}
+
 bool MenuItemBuilt(std::int16_t menu, std::int16_t item) {
     const VoceMenu* v = voceDi(menu, item);
     return v != nullptr && !v->separatore && v->costruita;
@@ -250,7 +258,7 @@ bool IsMenuItemEnabled(std::int16_t menu, std::int16_t item) {
     if (m == nullptr || !m->acceso) return false;
     if (item == 0) return true;
     const VoceMenu* v = voceDi(menu, item);
-    return v != nullptr && v->accesa && v->costruita && !v->separatore;
+    return v != nullptr && v->accesa && v->costruita && !v->separatore && !v->nascosta;
 }
 
 void SetMenuItemText(std::int16_t menu, std::int16_t item, std::string_view macRoman) {
@@ -352,7 +360,7 @@ std::string AutoMenuJson(std::int16_t menu) {
     if (m == nullptr) return "{}";
     std::string s = "{";
     for (const auto& [n, v] : m->voci) {
-        if (v.separatore) continue;
+        if (v.separatore || v.nascosta) continue;
         if (s.size() > 1) s += ',';
         s += '"' + std::to_string(n) + "\":{\"text\":" + fraVirgolette(v.testo) + ",\"checked\":"
              + (v.spuntata ? '1' : '0') + ",\"enabled\":" + (IsMenuItemEnabled(menu, n) ? '1' : '0') + '}';

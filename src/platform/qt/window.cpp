@@ -24,23 +24,16 @@ namespace tessaro {
 
 namespace {
 
-constexpr std::int16_t listaFinestra = 9100;   // 1: the hint shown while no drawing is open
-
 Telaio* cornice = nullptr;
 std::unique_ptr<Finestra> aperta;
 bool misuraDellaPersona = false;   // the frame has the size that the person gave it
 
-// The frame's inside: the content fills it, and without a drawing a hint stands in its middle.
+// The frame's inside: the content fills it, without a drawing the start page.
 class Centro : public QWidget {
 protected:
     void resizeEvent(QResizeEvent*) override {
         if (aperta != nullptr && aperta->foglio != nullptr) aperta->foglio->setGeometry(rect());
-    }
-    void paintEvent(QPaintEvent*) override {
-        if (aperta != nullptr) return;
-        QPainter p(this);
-        p.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
-        p.drawText(rect(), Qt::AlignCenter, daMac(GetIndString(listaFinestra, 1)));
+        disponiPagina();
     }
 };
 
@@ -75,6 +68,24 @@ void intitola(const QString& disegno) {
 
 }   // namespace
 
+QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi) {
+    constexpr int presaLarga = 96, presaAlta = 24;   // of the title bar, enough to take hold of
+    if (schermi.isEmpty()) return voluto;
+    const QRect titolo(voluto.x(), voluto.y(), voluto.width(), presaAlta);
+    const auto siPrende = [&titolo](const QRect& s) {
+        const QRect visto = s.intersected(titolo);
+        return visto.width() >= presaLarga && visto.height() >= presaAlta / 2;
+    };
+    const auto suo = std::find_if(schermi.begin(), schermi.end(), siPrende);
+    const QRect& schermo = suo == schermi.end() ? schermi.front() : *suo;
+    if (suo != schermi.end() && voluto.width() <= schermo.width() && voluto.height() <= schermo.height()) return voluto;
+    QRect posto(voluto.topLeft(), voluto.size().boundedTo(schermo.size()));
+    if (suo == schermi.end()) posto.moveCenter(schermo.center());
+    posto.moveLeft(std::clamp(posto.left(), schermo.left(), schermo.right() + 1 - posto.width()));
+    posto.moveTop(std::clamp(posto.top(), schermo.top(), schermo.bottom() + 1 - posto.height()));
+    return posto;
+}
+
 QMainWindow* telaio() { return cornice; }
 QMenuBar* barra() { return cornice == nullptr ? nullptr : cornice->menuBar(); }
 QWidget* foglio() { return aperta == nullptr ? nullptr : aperta->foglio; }
@@ -91,6 +102,12 @@ void creaTelaio() {
     intitola({});
     const QByteArray geometria = QSettings(fileDelTelaio(), QSettings::IniFormat).value("geometry").toByteArray();
     misuraDellaPersona = !geometria.isEmpty() && cornice->restoreGeometry(geometria);
+    if (!misuraDellaPersona || cornice->isMaximized() || cornice->isFullScreen()) return;
+    QList<QRect> schermi;
+    for (const QScreen* s : QGuiApplication::screens()) schermi << s->availableGeometry();
+    const QRect bordi = cornice->frameGeometry(), posto = postoVisibile(bordi, schermi);
+    cornice->resize(posto.size() - (bordi.size() - cornice->size()));
+    cornice->move(posto.topLeft());
 }
 
 void distruggiTelaio() {
@@ -98,6 +115,7 @@ void distruggiTelaio() {
     if (!avvio().script && cornice->isVisible())
         QSettings(fileDelTelaio(), QSettings::IniFormat).setValue("geometry", cornice->saveGeometry());
     DisposeWindow(aperta.get());
+    togliPagina();
     delete std::exchange(cornice, nullptr);
 }
 
@@ -124,6 +142,7 @@ double ScreenRatio() {
 
 WindowPtr GetNewCWindow(std::int16_t resource) {
     (void)resource;   // there is one kind of window
+    togliPagina();
     aperta = std::make_unique<Finestra>();
     const auto ratio = static_cast<std::int32_t>(ScreenRatio());
     const Rect schermo = ScreenBounds();
@@ -172,8 +191,8 @@ void DisposeWindow(WindowPtr w) {
     aperta.reset();
     if (cornice == nullptr) return;
     intitola({});
-    cornice->centralWidget()->update();
     cornice->setFocus();
+    mostraPagina();
 }
 
 void ShowWindow(WindowPtr w) {

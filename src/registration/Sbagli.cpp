@@ -1,0 +1,255 @@
+// Points in error: the tests and the robust estimation.
+#include "registration/Sbagli.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace tessaro {
+
+namespace {
+
+constexpr double livello = 0.02;   // chance of a false alarm, over all points
+
+double lungo(const Coppia& c) { return std::hypot(c.x, c.y); }
+
+// Numbers that are the same at each look: the same table must not be judged in two ways.
+class Sorte {
+    std::uint64_t stato = 0x9E3779B97F4A7C15;
+
+public:
+    std::size_t sotto(std::size_t n) {
+        stato ^= stato << 13;
+        stato ^= stato >> 7;
+        stato ^= stato << 17;
+        return static_cast<std::size_t>((stato >> 11) % n);
+    }
+};
+
+// The residual length that `quanti` of all points stay under.
+double ordinato(const SoluzionePunti& s, std::size_t quanti) {
+    std::vector<double> l(s.punti.size());
+    std::transform(s.punti.begin(), s.punti.end(), l.begin(), [](const ResiduoPunto& p) { return lungo(p.residuo); });
+    std::nth_element(l.begin(), l.begin() + static_cast<std::ptrdiff_t>(quanti - 1), l.end());
+    return l[quanti - 1];
+}
+
+// The standard error of a coordinate when a part q of the lengths stays under l: they follow Rayleigh's law.
+double scalaDa(double l, double q) { return l / std::sqrt(-2 * std::log(1 - q)); }
+
+}   // namespace
+
+bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunti& s, std::vector<double>& pesi,
+                  double& scala) {
+    const std::size_t n = punti.size(), k = static_cast<std::size_t>(PuntiMinimi(metodo));
+    pesi.assign(n, 1);
+    if (metodo == Metodo::lastra || !RisolviPunti(punti, metodo, s) || s.gradi == 0) return false;
+    const std::size_t meta = std::min(n, (n + k + 1) / 2);
+    double meglio = ordinato(s, meta);
+    std::vector<double> partenza(n, 1), prova(n);
+    SoluzionePunti t;
+    const auto tenta = [&] {
+        if (!RisolviPunti(punti, metodo, t, prova)) return;
+        const double l = ordinato(t, meta);
+        if (!(l < meglio)) return;
+        meglio = l;
+        partenza = prova;
+    };
+    constexpr std::size_t prove = 300;
+    for (std::size_t i = 0; i < std::min(n, prove); ++i) {   // all but one, too: what a single slip asks for
+        prova.assign(n, 1);
+        prova[i] = 0;
+        tenta();
+    }
+    Sorte sorte;
+    std::vector<std::size_t> ordine(n);
+    std::iota(ordine.begin(), ordine.end(), std::size_t{0});
+    for (std::size_t i = 0; i < prove; ++i) {
+        prova.assign(n, 0);
+        for (std::size_t j = 0; j < k; ++j) {
+            std::swap(ordine[j], ordine[j + sorte.sotto(n - j)]);
+            prova[ordine[j]] = 1;
+        }
+        tenta();
+    }
+    const double q = static_cast<double>(meta) / static_cast<double>(n + 1);
+    scala = scalaDa(meglio, q) * (1 + 5 / static_cast<double>(2 * n));
+    if (!RisolviPunti(punti, metodo, s, partenza)) return false;
+    constexpr int giri = 40;
+    constexpr double taglio = 5.1;   // Tukey's constant for residuals of two coordinates, 95 per cent efficient
+    for (int giro = 0; giro < giri && scala > 0; ++giro) {
+        double cambio = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            const double z = lungo(s.punti[i].residuo) / (taglio * scala);
+            const double w = z < 1 ? (1 - z * z) * (1 - z * z) : 0;
+            cambio = std::max(cambio, std::fabs(w - pesi[i]));
+            pesi[i] = w;
+        }
+        if (!RisolviPunti(punti, metodo, s, pesi)) return false;
+        if (cambio < 1e-6) break;
+    }
+    return true;
+}
+
+namespace {
+
+// How likely a good point's residual is as large as that of `i`, judged by the others. With T its standardised square and
+// R the sum of squares of the others on d degrees of freedom, T / R d / 2 follows F(2, d), whose tail is closed.
+double probabilita(const SoluzionePunti& s, std::size_t i, bool usato) {
+    const double T = s.punti[i].prova, gradi = usato ? s.gradi - 2 : s.gradi;
+    const double R = std::max(usato ? s.sommaQuadrati - T : s.sommaQuadrati, 0.0);
+    if (gradi < 1 || !(T > 0)) return 1;
+    return R > 0 ? std::pow(1 + T / R, -gradi / 2) : 0;
+}
+
+// A thin plate has no sum of squares: the median of its points' standardised squares stands for the variance.
+double probabilitaLastra(const SoluzionePunti& s, std::size_t i, const std::vector<double>& pesi) {
+    std::vector<double> t;
+    for (std::size_t j = 0; j < pesi.size(); ++j)
+        if (pesi[j] > 0) t.push_back(s.punti[j].prova);
+    const auto meta = t.begin() + static_cast<std::ptrdiff_t>(t.size() / 2);
+    std::nth_element(t.begin(), meta, t.end());
+    const double varianza = *meta / (2 * std::log(2.0)), gradi = static_cast<double>(t.size()) - 3;
+    if (gradi < 5 || !(varianza > 0)) return 1;
+    return std::pow(1 + s.punti[i].prova / (gradi * varianza), -gradi / 2);
+}
+
+// Rounding of coordinates: residuals below this are none.
+double arrotondamento(std::span<const PuntoNoto> punti) {
+    double m = 0;
+    for (const PuntoNoto& p : punti) m = std::max({m, std::fabs(p.reale.x), std::fabs(p.reale.y)});
+    return 1e-11 * m;
+}
+
+struct Eliminazione {
+    std::span<const PuntoNoto> punti;
+    Metodo metodo;
+    EsameSbagli& e;
+    std::vector<double> pesi;
+    double minimo;
+
+    bool risolvi() { return static_cast<bool>(RisolviPunti(punti, metodo, e.buona, pesi)); }
+
+    // The point that is least likely among good ones, when it is unlikely enough; else none.
+    bool peggiore(std::size_t& quale, double& significato) const {
+        significato = livello;
+        bool trovato = false;
+        for (std::size_t i = 0; i < punti.size(); ++i) {
+            if (pesi[i] == 0 || lungo(e.buona.punti[i].senza) <= minimo) continue;
+            const double p =
+                metodo == Metodo::lastra ? probabilitaLastra(e.buona, i, pesi) : probabilita(e.buona, i, true);
+            const double tutti = p * e.buona.usati;
+            // Chances that are no longer numbers: the larger residual.
+            const bool peggio =
+                tutti < significato
+                || (trovato && tutti == significato && e.buona.punti[i].prova > e.buona.punti[quale].prova);
+            if (!peggio) continue;
+            significato = tutti;
+            quale = i;
+            trovato = true;
+        }
+        return trovato;
+    }
+
+    void elimina() {
+        const std::size_t massimo = punti.size() / 3;
+        for (std::size_t tolti = 0; tolti < massimo; ++tolti) {
+            std::size_t i = 0;
+            double significato = 0;
+            if (!peggiore(i, significato)) return;
+            pesi[i] = 0;
+            if (!risolvi()) {
+                pesi[i] = 1;
+                (void)risolvi();
+                return;
+            }
+            PuntoSbagliato p;
+            p.punto = i;
+            p.significato = significato;
+            e.punti.push_back(p);
+        }
+    }
+
+    // Errors that hide each other: the robust scale is far below the standard error that is left.
+    void smaschera() {
+        constexpr double assai = 3;
+        SoluzionePunti robusta;
+        std::vector<double> dolci;
+        double scala = 0;
+        if (!StimaRobusta(punti, metodo, robusta, dolci, scala)) return;
+        scala = std::max(scala, minimo);
+        if (!(e.buona.errore > assai * scala)) return;
+        std::vector<double> prova(punti.size(), 1);
+        std::vector<PuntoSbagliato> fuori;
+        for (std::size_t i = 0; i < punti.size(); ++i) {
+            constexpr double lontano = 7;
+            if (lungo(robusta.punti[i].residuo) <= lontano * scala) continue;
+            prova[i] = 0;
+            fuori.push_back({});
+            fuori.back().punto = i;
+        }
+        if (fuori.empty() || fuori.size() > punti.size() / 3) return;
+        SoluzionePunti s;
+        if (!RisolviPunti(punti, metodo, s, prova) || s.gradi < 2) return;
+        for (PuntoSbagliato& p : fuori) {
+            p.significato = probabilita(s, p.punto, false) * s.usati;
+            if (p.significato >= livello) return;   // the two ways do not agree: nothing is said of single points
+        }
+        e.punti = std::move(fuori);
+        e.buona = std::move(s);
+        pesi = std::move(prova);
+    }
+
+    void racconta() {
+        for (std::size_t i = 0; i < punti.size(); ++i)
+            if (pesi[i] > 0) e.accordo = std::max(e.accordo, lungo(e.buona.punti[i].residuo));
+        for (PuntoSbagliato& p : e.punti) {
+            const ResiduoPunto& r = e.buona.punti[p.punto];
+            p.scarto = {-r.residuo.x, -r.residuo.y};
+            p.lungo = lungo(p.scarto);
+            const Coppia& dato = punti[p.punto].reale;
+            const Coppia giusto{dato.x - p.scarto.x, dato.y - p.scarto.y};
+            const double errore = metodo == Metodo::lastra ? e.buona.medioSenza : e.buona.errore;
+            const double allargato = r.prova > 0 ? p.lungo / std::sqrt(r.prova) : 1;   // sqrt(1 + h)
+            NominaSlittamento(punti, giusto, 4 * errore * allargato + minimo, p);
+        }
+        std::sort(e.punti.begin(), e.punti.end(),
+                  [](const PuntoSbagliato& a, const PuntoSbagliato& b) { return a.lungo > b.lungo; });
+    }
+};
+
+// X and Y exchanged in all points turn the sheet over: a similarity cannot follow, the others are seen from behind.
+bool tuttiScambiati(std::span<const PuntoNoto> punti, Metodo metodo, const SoluzionePunti& s) {
+    if (metodo != Metodo::helmert) {
+        Coppia centro;
+        for (const PuntoNoto& p : punti) {
+            centro.x += p.foglio.x / static_cast<double>(punti.size());
+            centro.y += p.foglio.y / static_cast<double>(punti.size());
+        }
+        return ParametriDi(s.mappa, centro).specchiata;
+    }
+    if (s.gradi == 0) return false;
+    std::vector<PuntoNoto> scambiati(punti.begin(), punti.end());
+    for (PuntoNoto& p : scambiati) std::swap(p.reale.x, p.reale.y);
+    SoluzionePunti t;
+    constexpr double assai = 100;
+    return RisolviPunti(scambiati, metodo, t) && t.sommaQuadrati * assai < s.sommaQuadrati;
+}
+
+}   // namespace
+
+EsameSbagli CercaSbagli(std::span<const PuntoNoto> punti, Metodo metodo) {
+    EsameSbagli e;
+    Eliminazione a{punti, metodo, e, std::vector<double>(punti.size(), 1), arrotondamento(punti)};
+    if (!a.risolvi()) return e;
+    e.tuttiScambiati = tuttiScambiati(punti, metodo, e.buona);
+    e.fatto = e.buona.gradi >= 3 || (metodo == Metodo::lastra && punti.size() >= 8);
+    if (!e.fatto || e.tuttiScambiati) return e;
+    a.elimina();
+    if (metodo != Metodo::lastra) a.smaschera();
+    a.racconta();
+    return e;
+}
+
+}   // namespace tessaro
