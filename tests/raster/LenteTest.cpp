@@ -97,7 +97,7 @@ TEST_F(Lente, ThePhotographOfAPlaneComesBackWithinAPixel) {
 TEST_F(Lente, ItsSettingsFileComesBackWholeAndADamagedOneChangesNothing) {
     const TavolaLenti piena = tavolaPiena();
     ScriviParamLenses(piena);
-    const std::string bytes = leggi(impostazione());
+    const std::string bytes = contenuto(impostazione());
     EXPECT_EQ(bytes.size(), 2U + 70U * maxLenti);
     TavolaLenti letta = LentiPredefinite();
     ASSERT_TRUE(LeggiParamLenses(letta));
