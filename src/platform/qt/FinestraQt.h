@@ -100,7 +100,7 @@ protected:
 
 void creaTelaio();   // after the application object
 void distruggiTelaio();
-QRect schermoUtile();                                         // where the frame may stand, logical pixels
+QRect schermoUtile();   // where the frame may stand, logical pixels
 // Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
 // the screens and it fits; else onto that screen or the first one, and no larger than it.
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi);
@@ -129,6 +129,8 @@ QStringList percorsiLocali(const QMimeData* dati);
 // --- drags over the drawing
 bool traccia(FaseDrag fase, const QMimeData* dati);   // asks the handler; false when a drop would not be taken
 void accodaLasciate(const QMimeData* dati, Point where, std::uint16_t modifiers);
+// Takes a drop as a copy or a link; false and refused when its source would only move what it holds: nobody loses a file.
+bool PrendiCopia(QDropEvent& e);
 void disegnaEvidenza(QPainter& p, const QWidget& foglio);   // the highlight, when one is shown
 
 // --- the clock
