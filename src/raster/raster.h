@@ -22,6 +22,9 @@ inline std::int16_t BitDi(std::int16_t selettore) { return selettore == 1 ? 8 : 
 
 // The command, menu 111: 1 by the control points, 2 by the meshes. What it needs and has not is beeped or said.
 void TrasformaPictSel(std::int16_t item);
+// A picture by the control points with the choices in force, whole (poligono 0) or cut to the polyline with that head: the
+// result is a new picture behind the last record. False, with a message shown, when there is none.
+bool RettificaPict(const elemento& pict, std::int32_t poligono);
 // Dialog 139; `conPoligono`: a cut can be chosen. False: cancelled, nothing changed.
 bool ScegliRisoluzione(double& res, std::uint8_t conPoligono);
 // Boxes and sizes of a picture through the live transformation; `poligono`: the head of what cuts it, 0 for none.

@@ -59,6 +59,7 @@
 #include "registration/attaccoDinamico.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Modi.h"
 #include "shell/Rapporto.h"
 #include "shell/Recenti.h"
@@ -194,6 +195,7 @@ void coordinateSempre() {
 
 void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
+    if (theItem == voci::aiuto::guida) ApriGuida();
 }
 
 void comandoDisegna() {
