@@ -32,6 +32,7 @@
 #include "raster/Morbida.h"
 #include "raster/Percorri.h"
 #include "raster/raster.h"
+#include "raster/RettificaMesh.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
 #include "registration/PuntiControllo.h"

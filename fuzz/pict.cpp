@@ -8,7 +8,7 @@
 #include "bitmap/PictInPixel.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 
 using namespace tessaro;
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "bitmap/Riduci.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 
 namespace tessaro {
 

@@ -23,9 +23,9 @@ void FaiXYZAsci();
 // How a list's real coordinates become the drawing's, set at start by who knows reference systems. Null: they are the
 // drawing's already.
 struct ViaDeiPunti {
-    std::string (*comincia)() = nullptr;             // before a list: what forbids its reading (Mac Roman), empty for nothing
+    std::string (*comincia)() = nullptr;   // before a list: what forbids its reading (Mac Roman), empty for nothing
     bool (*porta)(double& X, double& Y) = nullptr;   // one point, in place; false when it cannot be carried over
-    std::string (*nota)() = nullptr;                 // behind the last point: for the report (Mac Roman), empty for nothing
+    std::string (*nota)() = nullptr;   // behind the last point: for the report (Mac Roman), empty for nothing
 };
 extern ViaDeiPunti viaDeiPunti;
 

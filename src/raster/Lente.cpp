@@ -9,6 +9,7 @@
 #include "editing/Scelta.h"
 #include "model/Selezione.h"
 #include "model/Unita.h"
+#include "raster/Correzione.h"
 #include "raster/Gruppo.h"
 #include "raster/Lavoro.h"
 #include "raster/Lenti.h"

@@ -10,11 +10,13 @@
 #include "model/Stato.h"
 #include "model/Strumento.h"
 #include "model/Unita.h"
+#include "raster/Correzione.h"
 #include "raster/Lavoro.h"
 #include "raster/Lenti.h"
 #include "raster/Morbida.h"
 #include "raster/NuovaImmagine.h"
 #include "raster/raster.h"
+#include "raster/RettificaMesh.h"
 #include "raster/RotazioneMorbida.h"
 #include "raster/Sorgente.h"
 

@@ -10,7 +10,7 @@
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Compressa.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 
 namespace tessaro {
 

@@ -44,6 +44,8 @@ enum class Avviso : std::int16_t {
     disegnoAssente,        // no drawing is open
     stampaInattesa,        // the print dialog opened and no answer waits for it
     cartaInattesa,         // the page set-up opened and no answer waits for it
+    senzaDisegno,          // option ^0 wants a drawing to print
+    unSoloDisegno,         // option ^0 prints one drawing
 };
 
 std::string TestoAvviso(Avviso quale, const std::string& p0 = {}, const std::string& p1 = {});   // UTF-8

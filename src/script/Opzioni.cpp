@@ -86,6 +86,19 @@ bool fra(std::string_view s, const std::string_view (&nomi)[N]) {
     return std::find(std::begin(nomi), std::end(nomi), s) != std::end(nomi);
 }
 
+// A file holds one drawing's pages: a second drawing would take the first one's place.
+bool stampaPossibile(Opzioni& o, std::string& guasto) {
+    const bool suFile = !o.stampaSu.empty();
+    o.avvio.muta = o.stampa || suFile;
+    if (!o.avvio.muta) return true;
+    const std::string nome = suFile ? "--print-to" : "--print";
+    if (o.documenti.empty())
+        guasto = TestoAvviso(Avviso::senzaDisegno, nome);
+    else if (suFile && o.documenti.size() > 1)
+        guasto = TestoAvviso(Avviso::unSoloDisegno, nome);
+    return guasto.empty();
+}
+
 }   // namespace
 
 bool LeggiOpzioni(int& argc, char** argv, Opzioni& out, std::string& guasto) {
@@ -130,7 +143,7 @@ bool LeggiOpzioni(int& argc, char** argv, Opzioni& out, std::string& guasto) {
     }
     argc = tenuti;
     argv[argc] = nullptr;
-    return true;
+    return stampaPossibile(out, guasto);
 }
 
 }   // namespace tessaro

@@ -209,7 +209,7 @@ bool CicloPrincipale(const Partenza& p) {
     archivia();
     fine = 0;
     if (ridipingiFinestra) ridipingiFinestra();   // a question at the start stands before a finished window
-    OffriRecupero();                              // a script has a settings folder of its own, and what was left there
+    if (!p.stampa) OffriRecupero();               // a script has a settings folder of its own, and what was left there
     bool bene = true;
     if (p.stampa) {
         bene = soloStampa(p);

@@ -14,7 +14,7 @@
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 #include "platform/pict/Scrittore.h"
 
 using namespace tessaro;

@@ -8,7 +8,7 @@
 #include "platform/Fonts.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 #include "platform/pict/Scrittore.h"
 
 using namespace tessaro;

@@ -6,6 +6,7 @@
 
 #include "Banco.h"
 #include "model/Registrazione.h"
+#include "raster/Correzione.h"
 #include "raster/Indietro.h"
 #include "raster/Lenti.h"
 #include "raster/NuovaImmagine.h"

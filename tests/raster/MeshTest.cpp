@@ -7,6 +7,7 @@
 #include "digitising/Attacchi.h"
 #include "model/Archivio.h"
 #include "model/Selezione.h"
+#include "raster/RettificaMesh.h"
 #include "support/Avvisi.h"
 
 using namespace prova;

@@ -12,9 +12,11 @@
 #include "Banco.h"
 #include "platform/Files.h"
 #include "platform/Images.h"
+#include "raster/Correzione.h"
 #include "raster/Immagini.h"
 #include "raster/Lenti.h"
 #include "raster/Morbida.h"
+#include "raster/RettificaMesh.h"
 #include "support/Incrocio.h"
 
 using namespace prova;

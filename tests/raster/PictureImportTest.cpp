@@ -21,7 +21,7 @@
 #include "model/Vista.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/pict/Pict.h"
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 #include "platform/pict/Scrittore.h"
 #include "raster/Immagini.h"
 #include "support/Avvisi.h"

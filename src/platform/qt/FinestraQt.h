@@ -136,6 +136,8 @@ QStringList percorsiLocali(const QMimeData* dati);
 // --- drags over the drawing
 bool traccia(FaseDrag fase, const QMimeData* dati);   // asks the handler; false when a drop would not be taken
 void accodaLasciate(const QMimeData* dati, Point where, std::uint16_t modifiers);
+// Takes a drop as a copy or a link; false and refused when its source would only move what it holds: nobody loses a file.
+bool PrendiCopia(QDropEvent& e);
 void disegnaEvidenza(QPainter& p, const QWidget& foglio);   // the highlight, when one is shown
 
 // --- the clock

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QSpacerItem>
 
+#include <cstdio>
 #include <map>
 
 #include "platform/Dialogs.h"
@@ -153,6 +154,10 @@ std::int16_t avverti(std::int16_t id, Segno come) {
     const std::string detto = completo(testo("alert." + std::to_string(id)));
     if (copione() != nullptr) return copione()->avviso(id, detto, a.predefinito);
     if (!conFinestre()) return a.predefinito;
+    if (AvvioInForza().muta) {
+        std::fprintf(stderr, "%s\n", detto.c_str());
+        return a.predefinito;
+    }
     return chiedi(a, detto, come == Segno::nessuno ? a.segno : come);
 }
 

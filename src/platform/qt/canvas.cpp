@@ -159,12 +159,12 @@ void Foglio::wheelEvent(QWheelEvent* e) {
 }
 
 void Foglio::dragEnterEvent(QDragEnterEvent* e) {
-    if (traccia(FaseDrag::entra, e->mimeData())) e->acceptProposedAction();
+    if (traccia(FaseDrag::entra, e->mimeData())) PrendiCopia(*e);
 }
 
 void Foglio::dragMoveEvent(QDragMoveEvent* e) {
     if (!traccia(FaseDrag::dentro, e->mimeData())) return e->ignore();
-    e->acceptProposedAction();
+    if (!PrendiCopia(*e)) return;
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), 0, 0);
 }
 
@@ -173,8 +173,7 @@ void Foglio::dragLeaveEvent(QDragLeaveEvent*) { traccia(FaseDrag::esce, nullptr)
 void Foglio::dropEvent(QDropEvent* e) {
     const bool accettato = traccia(FaseDrag::dentro, e->mimeData());
     traccia(FaseDrag::esce, nullptr);
-    if (!accettato) return;
-    e->acceptProposedAction();
+    if (!accettato || !PrendiCopia(*e)) return;
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), 0, 0);
     accodaLasciate(e->mimeData(), pixel(e->position()), modificatori(e->modifiers()));
 }

@@ -2,7 +2,9 @@
 // read.
 #include "platform/Drags.h"
 
+#include <QCoreApplication>
 #include <QDrag>
+#include <QDropEvent>
 #include <QFile>
 #include <QImageReader>
 #include <QMimeData>
@@ -31,11 +33,14 @@ Rect evidenza;
 std::map<std::uint32_t, VociTrascinate> lasciate;
 std::uint32_t ultimaLasciata = 0;
 
+// Tells a drag of this very process from one of another window of the program, which is a drop like any other.
+std::string nostroSegno() { return "TS3D " + std::to_string(QCoreApplication::applicationPid()); }
+
 // The bytes are fetched with the drop alone: until then the other program need not make them.
 VociTrascinate vociDi(const QMimeData& dati, bool conBytes) {
     VociTrascinate voci;
     VoceTrascinata v;
-    v.interna = dati.hasFormat(QLatin1String(saporeProprio));
+    v.interna = dati.data(QLatin1String(saporeProprio)).toStdString() == nostroSegno();
     for (const char* sapore : saporiPict) {
         if (v.pict || !dati.hasFormat(QLatin1String(sapore))) continue;
         v.pict = true;
@@ -111,11 +116,22 @@ VociTrascinate GetDragItems(const EventRecord& drop) {
     return voci;
 }
 
+bool PrendiCopia(QDropEvent& e) {
+    for (const Qt::DropAction azione : {Qt::CopyAction, Qt::LinkAction}) {
+        if (!e.possibleActions().testFlag(azione)) continue;
+        e.setDropAction(azione);
+        e.accept();
+        return true;
+    }
+    e.ignore();
+    return false;
+}
+
 bool TrackDrag(const Sapori& forme) {
     QWidget* da = foglio();
     if (copione() != nullptr || da == nullptr || forme.empty()) return false;
     Sapori tutte = forme;
-    tutte.push_back({saporeProprio, [] { return std::string("TS3D"); }});
+    tutte.push_back({saporeProprio, nostroSegno});
     const auto png = std::find_if(forme.begin(), forme.end(), [](const Sapore& s) { return s.mime == "image/png"; });
     // The folder goes with the program: who took the file has copied it by then.
     static QTemporaryDir cartella;

@@ -152,14 +152,13 @@ bool Telaio::focusNextPrevChild(bool avanti) {
 }
 
 void Telaio::dragEnterEvent(QDragEnterEvent* e) {
-    if (!percorsiLocali(e->mimeData()).isEmpty()) e->acceptProposedAction();
+    if (!percorsiLocali(e->mimeData()).isEmpty()) PrendiCopia(*e);
 }
 
 // Without a drawing there is no sheet to drop on: the files are opened.
 void Telaio::dropEvent(QDropEvent* e) {
     const QStringList percorsi = percorsiLocali(e->mimeData());
-    if (percorsi.isEmpty() || finestraAperta() != nullptr) return;
-    e->acceptProposedAction();
+    if (percorsi.isEmpty() || finestraAperta() != nullptr || !PrendiCopia(*e)) return;
     accodaPercorsi(EventKind::highLevel, "odoc", percorsi, {}, modificatori(e->modifiers()));
 }
 

@@ -12,6 +12,7 @@
 #include "raster/NuovaImmagine.h"
 #include "raster/Percorri.h"
 #include "raster/raster.h"
+#include "raster/RettificaMesh.h"
 #include "registration/attaccoDinamico.h"
 #include "registration/gauss.h"
 #include "registration/PuntiControllo.h"

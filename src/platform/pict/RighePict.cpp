@@ -1,5 +1,5 @@
 // Finding out that a picture is one raster, and reading single rows of it.
-#include "platform/pict/Raster.h"
+#include "platform/pict/RighePict.h"
 
 #include <algorithm>
 #include <cmath>
