@@ -207,6 +207,9 @@ void prendiClic() {
     SetCursor(attaccoCursor);
     CambiaModo(mAttacco);
     DrawPallette();
+    const std::size_t prima = PrimoSenzaFoglio(LaTabella(), 0);   // rows are filled from the first one
+    SetDialogItemValue(puntiDialog, vTabella,
+                       prima < LaTabella().righe.size() ? static_cast<std::int32_t>(prima + 1) : 0);
 }
 
 void esagera() {
