@@ -120,7 +120,8 @@ std::string rifiutato(const TabellaPunti& t, const EsitoPunti& e) {
     for (std::size_t i = 0; i < e.punti.size() && i < 8; ++i)
         punti += (i == 0 ? "" : ", ") + std::to_string(e.punti[i] + 1);
     const auto n = static_cast<std::int16_t>(primoRifiuto + static_cast<int>(e.rifiuto) - 1);
-    if (e.rifiuto == Rifiuto::pochi) return StringaPunti(n, std::to_string(e.servono), std::to_string(e.dati));
+    if (e.rifiuto == Rifiuto::pochi || e.rifiuto == Rifiuto::troppi)
+        return StringaPunti(n, std::to_string(e.servono), std::to_string(e.dati));
     (void)t;
     return StringaPunti(n, punti);
 }

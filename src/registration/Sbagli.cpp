@@ -56,7 +56,8 @@ bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunt
         meglio = l;
         partenza = prova;
     };
-    constexpr std::size_t prove = 300;
+    // Each try looks at every point: many points are tried less often, as their scale is sure sooner.
+    const std::size_t prove = std::clamp<std::size_t>(60000 / n, 20, 300);
     for (std::size_t i = 0; i < std::min(n, prove); ++i) {   // all but one, too: what a single slip asks for
         prova.assign(n, 1);
         prova[i] = 0;
@@ -156,7 +157,8 @@ struct Eliminazione {
     }
 
     void elimina() {
-        const std::size_t massimo = punti.size() / 3;
+        // A plate is solved anew for each: a dozen is what a person looks at.
+        const std::size_t massimo = std::min<std::size_t>(punti.size() / 3, metodo == Metodo::lastra ? 12 : 100);
         for (std::size_t tolti = 0; tolti < massimo; ++tolti) {
             std::size_t i = 0;
             double significato = 0;
