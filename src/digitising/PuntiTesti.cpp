@@ -120,7 +120,8 @@ std::string rifiutato(const TabellaPunti& t, const EsitoPunti& e) {
     for (std::size_t i = 0; i < e.punti.size() && i < 8; ++i)
         punti += (i == 0 ? "" : ", ") + std::to_string(e.punti[i] + 1);
     const auto n = static_cast<std::int16_t>(primoRifiuto + static_cast<int>(e.rifiuto) - 1);
-    if (e.rifiuto == Rifiuto::pochi) return StringaPunti(n, std::to_string(e.servono), std::to_string(e.dati));
+    if (e.rifiuto == Rifiuto::pochi || e.rifiuto == Rifiuto::troppi)
+        return StringaPunti(n, std::to_string(e.servono), std::to_string(e.dati));
     (void)t;
     return StringaPunti(n, punti);
 }
@@ -146,7 +147,11 @@ std::string TestoEsito(const TabellaPunti& t, const StatoPunti& s) {
 std::string TestoParametri(const TabellaPunti& t, const StatoPunti& s) {
     if (!s.esito) return {};
     constexpr double gradi = 180 / 3.14159265358979323846;
-    const ParametriMappa p = ParametriDi(s.soluzione.mappa, centroDi(t));
+    // What bends has other parameters at each place: those of the affine mapping that fits best are the sheet's.
+    SoluzionePunti affine;
+    const bool piegata =
+        t.metodo >= Metodo::secondo && RisolviPunti(PuntiDellaTabella(t, false), Metodo::affine, affine, s.pesi);
+    const ParametriMappa p = ParametriDi(piegata ? affine.mappa : s.soluzione.mappa, centroDi(t));
     const double scala = p.scala * decimiUnita, tonda = ScalaTonda(scala);
     std::string testo = StringaPunti(parametri, numero(scala, scala < 100 ? 4 : 2), numero(p.rotazione * gradi, 5),
                                      numero(p.taglio * gradi * 60, 3));

@@ -43,7 +43,7 @@ void SetDialogItemMenu(DialogPtr d, std::int16_t item,
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
-// A grid's rows are set like a table's; a cell that is ticked or chosen is "1". What the person did in it comes as a hit of
+// A grid's rows are set like a table's, and its value is the row of the hand, 0 for none; a cell that is ticked or chosen is "1". What the person did in it comes as a hit of
 // the item, and what it was from here, in order: the program changes its data and fills the rows again.
 struct GridHit {
     std::int16_t row = 0, column = 0;   // from 1; column 0: the row was dragged
@@ -51,14 +51,6 @@ struct GridHit {
     std::string text;                   // Mac Roman: what was typed; "1" and "0" of a tick, "1" of a choice
 };
 bool GetGridHit(DialogPtr d, std::int16_t item, GridHit& out);   // false when there is none left
-// What a hand has typed into a cell of a table that is edited in place, the oldest first: the item was hit once for each. Rows
-// and columns from 1; a column of check marks gives "1" or "0". False when there is nothing left. A table's value is the row
-// chosen, 0 for none; choosing one hits the item when the resource says so.
-struct CellaDialogo {
-    std::int16_t riga = 0, colonna = 0;
-    std::string macRoman;
-};
-bool GetDialogItemEdit(DialogPtr d, std::int16_t item, CellaDialogo& cella);
 // What a canvas item shows, copied.
 void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);

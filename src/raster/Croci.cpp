@@ -60,7 +60,10 @@ public:
             std::size_t quanti = 0;
             for (double t = inizio; t <= lungo && quanti < posti.size(); t += std::max(1.0, lungo / 60)) {
                 const auto grigio = [&](double s) { return im.in(c.x + t * b.x + s * n.x, c.y + t * b.y + s * n.y); };
-                posti[quanti++] = std::min(grigio(-fianco), grigio(fianco)) - (grigio(-0.5) + grigio(0.5)) / 2;
+                const auto accanto = [&](double lato) {   // a stroke that runs along hides one distance, not both
+                    return std::max(grigio(lato * fianco), grigio(lato * (fianco + 2.5)));
+                };
+                posti[quanti++] = std::min(accanto(-1), accanto(1)) - (grigio(-0.5) + grigio(0.5)) / 2;
             }
             const auto meta = posti.begin() + static_cast<std::ptrdiff_t>(quanti / 2);
             std::nth_element(posti.begin(), meta, posti.begin() + static_cast<std::ptrdiff_t>(quanti));

@@ -22,8 +22,9 @@ namespace tessaro {
 
 enum class Metodo : std::uint8_t { helmert, affine, proiettivo, secondo, terzo, lastra };
 inline constexpr std::uint8_t numMetodi = 6;
-int PuntiMinimi(Metodo m);       // points that define it: 2, 3, 4, 6, 10, 3
-int ParametriMetodo(Metodo m);   // of the least squares; 0 for the thin plate, which leaves no residuals
+inline constexpr int massimoLastra = 2000;   // points of a thin plate
+int PuntiMinimi(Metodo m);                   // points that define it: 2, 3, 4, 6, 10, 3
+int ParametriMetodo(Metodo m);               // of the least squares; 0 for the thin plate, which leaves no residuals
 
 struct PuntoNoto {   // a point of the sheet whose real coordinates are known
     Coppia foglio, reale;
@@ -82,10 +83,11 @@ enum class Rifiuto : std::uint8_t {
     allineati,           // on one line of the sheet, off it by less than a thousandth of their extent
     malDisposti,   // on one conic or cubic, or three of a projective's four on a line: the terms cannot be told apart
     orizzonte,     // the points lie on both sides of the perspective's horizon
+    troppi,        // more than a thin plate is solved for in seconds: its time grows with their cube
 };
 struct EsitoPunti {
     Rifiuto rifiuto = Rifiuto::nessuno;
-    int servono = 0, dati = 0;        // of pochi
+    int servono = 0, dati = 0;        // of pochi; of troppi the most that are taken
     std::vector<std::size_t> punti;   // which ones, of the span given, from 0
     explicit operator bool() const { return rifiuto == Rifiuto::nessuno; }
 };

@@ -279,6 +279,9 @@ EsitoPunti Risolutore::guasti(Metodo metodo) const {
         e.rifiuto = Rifiuto::nonFiniti;
     } else if (e.dati < e.servono) {
         e.rifiuto = Rifiuto::pochi;
+    } else if (metodo == Metodo::lastra && e.dati > massimoLastra) {
+        e.rifiuto = Rifiuto::troppi;
+        e.servono = massimoLastra;
     }
     return e;
 }

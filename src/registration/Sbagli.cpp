@@ -56,7 +56,8 @@ bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunt
         meglio = l;
         partenza = prova;
     };
-    constexpr std::size_t prove = 300;
+    // Each try looks at every point: many points are tried less often, as their scale is sure sooner.
+    const std::size_t prove = std::clamp<std::size_t>(60000 / n, 20, 300);
     for (std::size_t i = 0; i < std::min(n, prove); ++i) {   // all but one, too: what a single slip asks for
         prova.assign(n, 1);
         prova[i] = 0;
@@ -103,15 +104,18 @@ double probabilita(const SoluzionePunti& s, std::size_t i, bool usato) {
     return R > 0 ? std::pow(1 + T / R, -gradi / 2) : 0;
 }
 
-// A thin plate has no sum of squares: the median of its points' standardised squares stands for the variance.
+// A thin plate has no sum of squares: its points' standardised squares stand for the variance. Where a sheet is folded a
+// part of them is large with no point in error, so it is the square that four fifths stay under that counts.
 double probabilitaLastra(const SoluzionePunti& s, std::size_t i, const std::vector<double>& pesi) {
+    constexpr double parte = 0.8;
     std::vector<double> t;
     for (std::size_t j = 0; j < pesi.size(); ++j)
         if (pesi[j] > 0) t.push_back(s.punti[j].prova);
-    const auto meta = t.begin() + static_cast<std::ptrdiff_t>(t.size() / 2);
-    std::nth_element(t.begin(), meta, t.end());
-    const double varianza = *meta / (2 * std::log(2.0)), gradi = static_cast<double>(t.size()) - 3;
-    if (gradi < 5 || !(varianza > 0)) return 1;
+    const auto quanti = static_cast<double>(t.size());
+    const auto qui = t.begin() + static_cast<std::ptrdiff_t>(parte * (quanti - 1));
+    std::nth_element(t.begin(), qui, t.end());
+    const double varianza = *qui / (-2 * std::log(1 - parte)), gradi = quanti - 3;
+    if (gradi < 8 || !(varianza > 0)) return 1;
     return std::pow(1 + s.punti[i].prova / (gradi * varianza), -gradi / 2);
 }
 
@@ -153,7 +157,8 @@ struct Eliminazione {
     }
 
     void elimina() {
-        const std::size_t massimo = punti.size() / 3;
+        // A plate is solved anew for each: a dozen is what a person looks at.
+        const std::size_t massimo = std::min<std::size_t>(punti.size() / 3, metodo == Metodo::lastra ? 12 : 100);
         for (std::size_t tolti = 0; tolti < massimo; ++tolti) {
             std::size_t i = 0;
             double significato = 0;
@@ -203,7 +208,9 @@ struct Eliminazione {
 
     void racconta() {
         for (std::size_t i = 0; i < punti.size(); ++i)
-            if (pesi[i] > 0) e.accordo = std::max(e.accordo, lungo(e.buona.punti[i].residuo));
+            if (pesi[i] > 0)
+                e.accordo = std::max(
+                    e.accordo, lungo(metodo == Metodo::lastra ? e.buona.punti[i].senza : e.buona.punti[i].residuo));
         for (PuntoSbagliato& p : e.punti) {
             const ResiduoPunto& r = e.buona.punti[p.punto];
             p.scarto = {-r.residuo.x, -r.residuo.y};
@@ -244,7 +251,7 @@ EsameSbagli CercaSbagli(std::span<const PuntoNoto> punti, Metodo metodo) {
     Eliminazione a{punti, metodo, e, std::vector<double>(punti.size(), 1), arrotondamento(punti)};
     if (!a.risolvi()) return e;
     e.tuttiScambiati = tuttiScambiati(punti, metodo, e.buona);
-    e.fatto = e.buona.gradi >= 3 || (metodo == Metodo::lastra && punti.size() >= 8);
+    e.fatto = e.buona.gradi >= 3 || (metodo == Metodo::lastra && punti.size() >= 12);
     if (!e.fatto || e.tuttiScambiati) return e;
     a.elimina();
     if (metodo != Metodo::lastra) a.smaschera();

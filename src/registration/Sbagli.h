@@ -39,7 +39,7 @@ struct EsameSbagli {
     bool tuttiScambiati = false;         // X and Y of all points look exchanged: the sheet would be seen from behind
     std::vector<PuntoSbagliato> punti;   // the worst first
     SoluzionePunti buona;                // by the others
-    double accordo = 0;                  // the longest residual of the others
+    double accordo = 0;                  // the longest residual of the others; of a thin plate, each left out
 };
 // Points are taken out one by one, each when its externally standardised residual is larger than chance allows (F test, 2 per
 // cent over all points; Baarda's data snooping with an estimated variance). Where many points hide each other, the robust

@@ -10,7 +10,7 @@
 
 namespace tessaro {
 
-inline constexpr std::size_t massimoPuntiTabella = 20000;
+inline constexpr std::size_t massimoPuntiTabella = 5000;
 inline constexpr std::size_t massimoNomePunto = 63;   // bytes, Mac Roman
 
 struct RigaPunto {

@@ -191,8 +191,8 @@ void CheckEvents() {
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
-    AggiornaProprieta(campione || PuoCambiare(e.what));
     AggiornaPunti();
+    AggiornaProprieta(campione || PuoCambiare(e.what));
     const AllaFine striscia{AggiornaStriscia};
     if (noWindow) {
         sonno = -1;

@@ -139,18 +139,18 @@ bool numero(const std::string& testo, double& v) {
     return true;
 }
 
-void scriviCella(RigaPunto& r, const CellaDialogo& c) {
-    if (c.colonna == cUso) r.inUso = c.macRoman == "1";
-    if (c.colonna == cNome) r.nome = c.macRoman.substr(0, massimoNomePunto);
-    if (c.colonna < cFoglioX || c.colonna > cRealeY) return;
-    const bool foglio = c.colonna <= cFoglioY;
+void scriviCella(RigaPunto& r, const GridHit& c) {
+    if (c.column == cUso) r.inUso = c.text == "1";
+    if (c.column == cNome) r.nome = c.text.substr(0, massimoNomePunto);
+    if (c.column < cFoglioX || c.column > cRealeY) return;
+    const bool foglio = c.column <= cFoglioY;
     Coppia& p = foglio ? r.foglio : r.reale;
-    double& v = c.colonna == cFoglioX || c.colonna == cRealeX ? p.x : p.y;
+    double& v = c.column == cFoglioX || c.column == cRealeX ? p.x : p.y;
     bool& dato = foglio ? r.conFoglio : r.conReale;
-    if (c.macRoman.find_first_not_of(' ') == std::string::npos) {
+    if (c.text.find_first_not_of(' ') == std::string::npos) {
         dato = false;
         p = {};
-    } else if (numero(c.macRoman, v)) {
+    } else if (numero(c.text, v)) {
         dato = true;
     } else {
         SysBeep(30);
@@ -159,10 +159,17 @@ void scriviCella(RigaPunto& r, const CellaDialogo& c) {
 
 void celleScritte() {
     TabellaPunti t = LaTabella();
-    CellaDialogo c;
-    while (GetDialogItemEdit(puntiDialog, vTabella, c)) {
-        const auto i = static_cast<std::size_t>(c.riga - 1);
-        if (c.riga >= 1 && i < t.righe.size()) scriviCella(t.righe[i], c);
+    GridHit c;
+    while (GetGridHit(puntiDialog, vTabella, c)) {
+        const auto i = static_cast<std::size_t>(c.row - 1), a = static_cast<std::size_t>(c.to - 1);
+        if (c.row < 1 || i >= t.righe.size()) continue;
+        if (c.column > 0) {
+            scriviCella(t.righe[i], c);
+        } else if (c.to >= 1 && a < t.righe.size()) {
+            RigaPunto r = std::move(t.righe[i]);
+            t.righe.erase(t.righe.begin() + static_cast<std::ptrdiff_t>(i));
+            t.righe.insert(t.righe.begin() + static_cast<std::ptrdiff_t>(a), std::move(r));
+        }
     }
     PoniTabella(t);
     rifai();   // also where nothing came of it: the cell shows what holds
@@ -207,6 +214,9 @@ void prendiClic() {
     SetCursor(attaccoCursor);
     CambiaModo(mAttacco);
     DrawPallette();
+    const std::size_t prima = PrimoSenzaFoglio(LaTabella(), 0);   // rows are filled from the first one
+    SetDialogItemValue(puntiDialog, vTabella,
+                       prima < LaTabella().righe.size() ? static_cast<std::int32_t>(prima + 1) : 0);
 }
 
 void esagera() {

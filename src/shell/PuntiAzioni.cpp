@@ -39,7 +39,7 @@ PixelDelFoglio pixelDelFoglio() {
 }
 
 bool leggi(std::int16_t invito, TabellaPunti& t) {
-    constexpr std::int16_t tipi = 320;
+    constexpr std::int16_t tipi = 330;
     constexpr std::int64_t massimo = 16 << 20;
     FSSpec file;
     if (!NavGetFile(StringaPunti(invito), tipi, file)) return false;

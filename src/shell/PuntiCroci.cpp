@@ -1,14 +1,18 @@
-// The crosses of a scan's grid into the table of control points.
+// The crosses of a scan's grid into the table of control points, and into the meshes.
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 #include "bitmap/PictInPixel.h"
 #include "dialogs/Parametri.h"
 #include "digitising/PuntiTesti.h"
+#include "display/Zoom.h"
 #include "model/Archivio.h"
+#include "model/Mesh.h"
 #include "model/Stato.h"
 #include "platform/Dialogs.h"
 #include "raster/Croci.h"
+#include "registration/Coordinate.h"
 #include "registration/TabellaPunti.h"
 #include "shell/PuntiAzioni.h"
 
@@ -16,16 +20,26 @@ namespace tessaro {
 
 namespace {
 
-enum : std::int16_t { senzaDue = 58, senzaImmagine, nessuna, trovate };
+enum : std::int16_t { senzaDue = 58, senzaImmagine, nessuna, trovate, senzaRettangolo };
 constexpr std::int16_t avvisoPunti = 9300, avvisoTrovate = 9302;
 
 struct Chiesto {                                                  // kept between uses
     double passoX = 100, passoY = 100, braccio = 3, raggio = 4;   // real units; millimetres of the sheet
+    bool mesh = false;                                            // the meshes are filled too
 };
 Chiesto chiesto;
 
 bool chiedi() {
-    enum : std::int16_t { dialogo = 9302, ok = 1, annulla = 2, passoX = 4, passoY = 6, braccio = 8, raggio = 10 };
+    enum : std::int16_t {
+        dialogo = 9302,
+        ok = 1,
+        annulla = 2,
+        passoX = 4,
+        passoY = 6,
+        braccio = 8,
+        raggio = 10,
+        mesh = 14
+    };
     std::int16_t item = 0;
     const PortaCorrente porta;
     const DialogoAperto aperto(dialogo);
@@ -33,14 +47,18 @@ bool chiedi() {
     ScriviCampoReale(passoY, chiesto.passoY, 3);
     ScriviCampoReale(braccio, chiesto.braccio, 2);
     ScriviCampoReale(raggio, chiesto.raggio, 2);
+    SetDialogItemValue(theDialog, mesh, chiesto.mesh);
     SelectDialogItemText(theDialog, passoX, 0, 100);
     Chiesto c;
+    c.mesh = chiesto.mesh;
     const auto letto = [&c] {
         return LeggiCampoReale(passoX, 1e-6, 1e9, c.passoX) && LeggiCampoReale(passoY, 1e-6, 1e9, c.passoY)
                && LeggiCampoReale(braccio, 0.2, 100, c.braccio) && LeggiCampoReale(raggio, 0.1, 100, c.raggio);
     };
-    do ModalDialog(MyMovableFilter, item);
-    while (item != annulla && !(item == ok && letto()));
+    do {
+        ModalDialog(MyMovableFilter, item);
+        if (item == mesh) SetDialogItemValue(theDialog, mesh, c.mesh = !c.mesh);
+    } while (item != annulla && !(item == ok && letto()));
     if (item == ok) chiesto = c;
     return item == ok;
 }
@@ -85,6 +103,62 @@ RigaPunto& rigaDi(TabellaPunti& t, const Coppia& reale) {
     r.reale = reale;
     r.conReale = true;
     return r;
+}
+
+// Columns and rows of the crosses that were taken.
+struct Campo {
+    std::int32_t i1 = 1, i2 = 0, j1 = 1, j2 = 0;
+    explicit Campo(const std::vector<Croce>& croci) {
+        bool primo = true;
+        for (const Croce& c : croci) {
+            if (!c.presa) continue;
+            i1 = primo ? c.i : std::min(i1, c.i);
+            i2 = primo ? c.i : std::max(i2, c.i);
+            j1 = primo ? c.j : std::min(j1, c.j);
+            j2 = primo ? c.j : std::max(j2, c.j);
+            primo = false;
+        }
+    }
+};
+
+// Both meshes over the rectangle of the crosses: the source where they are in the picture (or, of those that were not found,
+// where they are predicted), the destination where the true sheet has them. Mesh rows run along X, columns along Y, as
+// those made by numbers do. False when a corner of the rectangle lies off the picture or a side has over 100 nodes.
+bool riempiMesh(const std::vector<Croce>& croci, const PosaPixel& posa, const TabellaPunti& t) {
+    const Campo campo(croci);
+    const std::int32_t righe = campo.i2 - campo.i1 + 1, colonne = campo.j2 - campo.j1 + 1;
+    constexpr std::int32_t massimo = 100;
+    SoluzionePunti simile;
+    const bool reali = Elem(2).att.coordReali != 0;
+    if (righe < 2 || colonne < 2 || righe > massimo || colonne > massimo) return false;
+    if (!reali && !RisolviPunti(PuntiDellaTabella(t, true), Metodo::helmert, simile)) return false;
+    const auto da = std::make_unique<Mesh>(), a = std::make_unique<Mesh>();
+    std::int32_t quanti = 0;
+    for (const Croce& c : croci) {
+        const std::int32_t r = c.i - campo.i1, k = c.j - campo.j1;
+        if (r < 0 || k < 0 || r >= righe || k >= colonne) continue;
+        const Coppia qui = posa.foglio(c.presa ? c.dove : c.prevista);
+        Coppia la;
+        if (reali) {
+            Tracoord(TransfInvert, c.reale.x, c.reale.y, la.x, la.y);
+        } else if (!simile.mappa.Inversa(c.reale, la)) {
+            return false;
+        }
+        da->x[r][k] = qui.x;
+        da->y[r][k] = qui.y;
+        a->x[r][k] = la.x;
+        a->y[r][k] = la.y;
+        ++quanti;
+    }
+    if (quanti != righe * colonne) return false;
+    da->nx = a->nx = static_cast<std::int16_t>(colonne);
+    da->ny = a->ny = static_cast<std::int16_t>(righe);
+    undoMeshOrigine = meshOrigine;
+    undoMeshDestinazione = meshDestinazione;
+    meshOrigine = *da;
+    meshDestinazione = *a;
+    InvalFinestra();
+    return true;
 }
 
 std::string riempi(TabellaPunti& t, const std::vector<Croce>& croci, const PosaPixel& posa) {
@@ -142,8 +216,9 @@ void TrovaCrociTabella() {
         StopAlertParam(avvisoPunti, StringaPunti(nessuna));
         return;
     }
-    const std::string detto = riempi(t, croci, posa);
+    std::string detto = riempi(t, croci, posa);
     PoniTabella(t);
+    if (chiesto.mesh && !riempiMesh(croci, posa, t)) detto += StringaPunti(senzaRettangolo);
     ParamText(detto, "", "", "");
     NoteAlert(avvisoTrovate);
 }

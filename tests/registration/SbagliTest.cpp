@@ -153,3 +153,17 @@ TEST(Sbagli, AxesExchangedThroughoutAreSeenInEveryMethod) {
     for (const Metodo m : {Metodo::helmert, Metodo::affine, Metodo::proiettivo, Metodo::secondo, Metodo::lastra})
         EXPECT_TRUE(CercaSbagli(punti, m).tuttiScambiati) << "method " << int(m);
 }
+
+TEST(Sbagli, AFoldedSheetUnderAThinPlateIsNoSlipAndASlipOnItIsOne) {
+    std::vector<PuntoNoto> punti;
+    for (int j = 0; j < 5; ++j)
+        for (int i = 0; i < 8; ++i) {
+            const double x = 500.0 * i, y = 500.0 * j, piega = 8 * std::tanh((x - 1750) / 350);
+            punti.push_back({{x - piega, y + 4 * std::exp(-(x - 1750) * (x - 1750) / 120000)}, {0.2 * x, -0.2 * y}});
+        }
+    EXPECT_TRUE(CercaSbagli(punti, Metodo::lastra).punti.empty());
+    punti[13].reale.x += 30;
+    const EsameSbagli e = CercaSbagli(punti, Metodo::lastra);
+    ASSERT_FALSE(e.punti.empty());
+    EXPECT_EQ(e.punti[0].punto, 13U);
+}

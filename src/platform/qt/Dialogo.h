@@ -39,8 +39,7 @@ struct VoceDialogo {
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
-    std::deque<GridHit> griglia;           // what was done in a grid and not yet asked for
-    std::deque<CellaDialogo> celle = {};   // edited in place and not yet taken
+    std::deque<GridHit> griglia;   // what was done in a grid and not yet asked for
 };
 
 class QuadroDialogo;
@@ -100,16 +99,7 @@ int righeElenco(const VoceDialogo& v);          // how many there are
 std::string rigaScelta(const VoceDialogo& v);   // its text, UTF-8
 
 // --- tables: heading and rows as UTF-16 text, cells parted by tabs; rows from 0
-struct FormaTabella {
-    int righe = 5;
-    std::vector<int> caratteri;      // width of each column
-    std::vector<int> modificabili;   // columns edited in place, from 1
-    int spunte = 0;                  // the column of check marks, from 1; 0 for none
-    bool sceglie = false;            // choosing a row hits the item
-};
-QWidget* creaTabella(FinestraDialogo& d, std::int16_t item, const FormaTabella& forma);
-void scegliRigaTabella(const VoceDialogo& v);
-bool modificaCella(const VoceDialogo& v, int riga, int colonna, const QString& testo);   // as a hand does
+QWidget* creaTabella(FinestraDialogo& d, int righe, const std::vector<int>& caratteri);   // width of each column
 void mostraTestata(const VoceDialogo& v, const QString& testo);
 void righeTabella(const VoceDialogo& v, int quante);
 void rigaTabella(const VoceDialogo& v, int n, const QString& testo);
@@ -119,6 +109,7 @@ std::string testoTabella(const VoceDialogo& v);   // UTF-8, a line a row, cells 
 QWidget* creaGriglia(FinestraDialogo& d, std::int16_t item, int righe, const QString& colonne);   // "check:6,edit:20"
 void testataGriglia(const VoceDialogo& v, const QString& testo);
 void righeGriglia(const VoceDialogo& v, int quante);
+void scegliRigaGriglia(const VoceDialogo& v);   // the row of the value, from 1
 void rigaGriglia(const VoceDialogo& v, int n, const QString& testo);
 std::string testoGriglia(const VoceDialogo& v);                   // UTF-8, as a table's
 bool scriviGriglia(const VoceDialogo& v, const QString& testo);   // for scripts: "3,2,text", "3>1"

@@ -38,19 +38,11 @@ std::string fraVirgolette(const std::string& utf8) {
     return s + '"';
 }
 
-// ROW,COLUMN,TEXT, as a hand would type it.
-bool scriviCella(const VoceDialogo& v, const QString& testo) {
-    const QStringList parti = testo.split(QLatin1Char(','));
-    if (parti.size() < 3) return false;
-    return modificaCella(v, parti[0].toInt() - 1, parti[1].toInt() - 1, parti.mid(2).join(QLatin1Char(',')));
-}
-
 }   // namespace
 
 bool AutoDialogSetText(DialogPtr d, std::int16_t item, std::string_view macRoman) {
     VoceDialogo* v = voceDi(d, item);
     if (v != nullptr && v->tipo == TipoVoce::griglia) return v->accesa && scriviGriglia(*v, daMac(macRoman));
-    if (v != nullptr && v->tipo == TipoVoce::tabella && v->accesa) return scriviCella(*v, daMac(macRoman));
     if (v == nullptr || v->tipo != TipoVoce::campo || !v->accesa) return false;
     auto* campo = qobject_cast<QLineEdit*>(v->widget);
     if (campo == nullptr) return false;
@@ -63,9 +55,7 @@ bool AutoDialogSetText(DialogPtr d, std::int16_t item, std::string_view macRoman
 bool AutoDialogSetValue(DialogPtr d, std::int16_t item, std::int32_t value) {
     VoceDialogo* v = voceDi(d, item);
     if (v == nullptr || !v->accesa) return false;
-    if (v->tipo != TipoVoce::scelta && v->tipo != TipoVoce::cursore && v->tipo != TipoVoce::elenco
-        && v->tipo != TipoVoce::tabella)
-        return false;
+    if (v->tipo != TipoVoce::scelta && v->tipo != TipoVoce::cursore && v->tipo != TipoVoce::elenco) return false;
     if (v->tipo == TipoVoce::elenco && (value < 1 || value > righeElenco(*v))) return false;
     if (const auto* scelta = qobject_cast<const QComboBox*>(v->widget); scelta != nullptr)
         if (value < 1 || value > scelta->count()) return false;

@@ -15,10 +15,11 @@ namespace {
 constexpr int margineCella = 8, margineRiga = 6;   // logical pixels
 const QString segnoScelta = QStringLiteral("\u25CF");
 
-enum class Colonna : std::uint8_t { testo, numero, scritta, spunta, scelta };
+enum class Colonna : std::uint8_t { testo, numero, scritta, valore, spunta, scelta };
 
 Colonna colonnaDi(const QString& nome) {
     if (nome == QLatin1String("edit")) return Colonna::scritta;
+    if (nome == QLatin1String("value")) return Colonna::valore;
     if (nome == QLatin1String("check")) return Colonna::spunta;
     if (nome == QLatin1String("radio")) return Colonna::scelta;
     return nome == QLatin1String("number") ? Colonna::numero : Colonna::testo;
@@ -51,6 +52,9 @@ public:
         }
         setMinimumWidth(larga);
         connect(this, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* c) { cambiata(*c); });
+        connect(this, &QTableWidget::currentCellChanged, this, [this](int r, int, int, int) {
+            if (VoceDialogo* v = voceDi(&d, item); v != nullptr && !riempiendo) v->valore = r + 1;
+        });
         connect(this, &QTableWidget::cellClicked, this, [this](int r, int c) {
             if (colonne[static_cast<std::size_t>(c)] == Colonna::scelta) annuncia({corto(r + 1), corto(c + 1), 0, "1"});
         });
@@ -59,6 +63,24 @@ public:
     void riga(int n, const QStringList& celle) {
         riempiendo = true;
         for (int i = 0; i < columnCount(); ++i) cella(n, i, celle.value(i));
+        riempiendo = false;
+    }
+
+    void righe(int quante, int scelta) {
+        riempiendo = true;
+        setRowCount(quante);
+        riempiendo = false;
+        scegli(scelta);
+    }
+
+    // The row of the hand, from 1; 0 for none.
+    void scegli(int n) {
+        riempiendo = true;
+        if (n < 1 || n > rowCount()) {
+            setCurrentItem(nullptr);
+        } else if (currentRow() != n - 1) {
+            setCurrentCell(n - 1, std::max(currentColumn(), 0));
+        }
         riempiendo = false;
     }
 
@@ -77,7 +99,8 @@ public:
         QTableWidgetItem* i = item_(r, c);
         if (i == nullptr) return false;
         switch (colonne[static_cast<std::size_t>(c)]) {
-        case Colonna::scritta: i->setText(testo); return true;
+        case Colonna::scritta:
+        case Colonna::valore: i->setText(testo); return true;
         case Colonna::spunta: i->setCheckState(testo == QLatin1String("1") ? Qt::Checked : Qt::Unchecked); return true;
         case Colonna::scelta: Q_EMIT cellClicked(r, c); return true;
         default: return false;
@@ -133,6 +156,7 @@ private:
             break;
         case Colonna::scritta: flag |= Qt::ItemIsEditable; [[fallthrough]];
         case Colonna::testo: i->setText(testo); break;
+        case Colonna::valore: flag |= Qt::ItemIsEditable; [[fallthrough]];
         case Colonna::numero:
             i->setText(testo);
             i->setTextAlignment(Qt::AlignVCenter | Qt::AlignRight);
@@ -144,7 +168,8 @@ private:
     void cambiata(const QTableWidgetItem& c) {
         if (riempiendo) return;
         const Colonna k = colonne[static_cast<std::size_t>(c.column())];
-        if (k == Colonna::scritta) annuncia({corto(c.row() + 1), corto(c.column() + 1), 0, aMac(c.text())});
+        if (k == Colonna::scritta || k == Colonna::valore)
+            annuncia({corto(c.row() + 1), corto(c.column() + 1), 0, aMac(c.text())});
         if (k == Colonna::spunta)
             annuncia({corto(c.row() + 1), corto(c.column() + 1), 0, c.checkState() == Qt::Checked ? "1" : "0"});
     }
@@ -174,7 +199,11 @@ void testataGriglia(const VoceDialogo& v, const QString& testo) {
 }
 
 void righeGriglia(const VoceDialogo& v, int quante) {
-    if (Griglia* w = grigliaDi(v)) w->setRowCount(quante);
+    if (Griglia* w = grigliaDi(v)) w->righe(quante, v.valore);
+}
+
+void scegliRigaGriglia(const VoceDialogo& v) {
+    if (Griglia* w = grigliaDi(v)) w->scegli(v.valore);
 }
 
 void rigaGriglia(const VoceDialogo& v, int n, const QString& testo) {

@@ -370,26 +370,16 @@ private:
         return registra(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
     }
 
-    // chars= the width of each column, edit= the columns edited in place, with commas.
     QWidget* tabella(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::tabella);
         if (quadro == nullptr) return nullptr;
-        const auto elenco = [&c](std::string_view opzione) {
-            std::vector<int> numeri;
-            for (std::string_view s = c.riga->opzione(opzione); !s.empty();) {
-                const auto fine = std::min(s.find(','), s.size());
-                numeri.push_back(numeroDi(s.substr(0, fine), 10));
-                s.remove_prefix(std::min(fine + 1, s.size()));
-            }
-            return numeri;
-        };
-        FormaTabella forma;
-        forma.righe = c.riga->numero("rows", 5);
-        forma.caratteri = elenco("chars");
-        forma.modificabili = elenco("edit");
-        forma.spunte = c.riga->numero("check", 0);
-        forma.sceglie = !forma.modificabili.empty();
-        return registra(v, creaTabella(d, item(c), forma));
+        std::vector<int> colonne;
+        for (std::string_view s = c.riga->opzione("chars"); !s.empty();) {
+            const auto fine = std::min(s.find(','), s.size());
+            colonne.push_back(numeroDi(s.substr(0, fine), 10));
+            s.remove_prefix(std::min(fine + 1, s.size()));
+        }
+        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
     }
 
     QWidget* cursore(const Cella& c) {

@@ -263,9 +263,9 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::bottone:
     case TipoVoce::testoFisso:
     case TipoVoce::figura:
-    case TipoVoce::griglia:
+    case TipoVoce::tabella:
     case TipoVoce::campo: break;
-    case TipoVoce::tabella: scegliRigaTabella(v); break;
+    case TipoVoce::griglia: scegliRigaGriglia(v); break;
     }
 }
 
