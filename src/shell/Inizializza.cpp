@@ -14,6 +14,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Stampa.h"
+#include "display/Striscia.h"
 #include "display/Zoom.h"
 #include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
@@ -23,6 +24,7 @@
 #include "files/Nativo.h"
 #include "files/Richieste.h"
 #include "maps/PuntiDiElenchi.h"
+#include "maps/SistemaRiferimento.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Carattere.h"
@@ -44,7 +46,7 @@
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/Generi.h"
-#include "shell/ImpostazioniGiornale.h"
+#include "shell/Preferenze.h"
 #include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
@@ -133,7 +135,7 @@ void Initialize() {
     PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
-    LeggiParGiornale();
+    LeggiPreferenze();
     allocaArchivio();
     predisponiMenu();
     LeggiRecenti();
@@ -187,9 +189,13 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
+void (*dopoIlGiro)() = nullptr;
+
 void LeggiImpostazioni() {
     InizioDWG();
     PuntiPerSistema();
+    AggiungiAllaStriscia(TestoSistema);
+    AggiungiAllaStriscia(SecondaLetturaAlCursore);
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();
@@ -202,6 +208,7 @@ void LeggiImpostazioni() {
 
 bool CicloPrincipale(const Partenza& p) {
     LeggiImpostazioni();
+    UnitaDelDisegnoNuovo();
     theItem = rNessunFile;
     archivia();
     fine = 0;
@@ -214,10 +221,13 @@ bool CicloPrincipale(const Partenza& p) {
         // The rest are left alone on purpose: one drawing at a time.
         if (!p.documenti.empty()) {
             ApriPercorso(p.documenti.front().c_str());
-        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+        } else if (mostraInizio && !AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();

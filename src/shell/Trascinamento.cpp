@@ -50,8 +50,8 @@ bool testoLeggibile(std::string_view nome) {
 bool eCad(const FSSpec& file) {
     constexpr std::size_t lungo = 4;
     if (file.nome.size() < lungo) return false;
-    const std::string fine = file.nome.substr(file.nome.size() - lungo);
-    return fine == ".dxf" || fine == ".DXF" || fine == ".dwg" || fine == ".DWG";
+    const std::string fine = Minuscole(file.nome.substr(file.nome.size() - lungo));
+    return fine == ".dxf" || fine == ".dwg";
 }
 
 // --- while it is held over the window
