@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "maps/NomiLucidi.h"
 #include "model/Archivio.h"
 #include "model/Colori.h"
+#include "model/NomiLucidi.h"
 #include "model/Unita.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
@@ -79,7 +79,7 @@ Attributi AttributiDi(std::int32_t n) {
     const elemento& e = Elem(n);
     Attributi a;
     a.lucido = e.lucido;
-    a.nomeLucido = MacToUtf8(NomeDelLucido(e.lucido));
+    a.nomeLucido = MacToUtf8(NomeLucido(e.lucido));
     if (e.tipo != tTesto) {
         a.aref = testoDi(e.testa.aref.data(), e.testa.aref.size());
         a.categoria = e.testa.categoria;

@@ -83,12 +83,16 @@ void ElementiDaMappa::leggiAspetto(gdal::Oggetto f, const CampiLetti& campi, con
     a.aref = Utf8ToMac(campi.testo(f, Campo::aref));
     a.testo = Utf8ToMac(campi.testo(f, Campo::testo));
     const std::string nome = Utf8ToMac(campi.testo(f, Campo::nomeLucido)), numero = campi.testo(f, Campo::lucido);
-    if (!nome.empty())
-        a.lucido = lucidi.lucido(nome);
-    else if (numeroDiLucido(numero, a.lucido))
-        lucidi.occupa(a.lucido);
-    else
+    std::int16_t voluto = -1;
+    const bool conNumero = numeroDiLucido(numero, voluto);
+    if (!nome.empty()) {
+        a.lucido = lucidi.lucido(nome, voluto);
+    } else if (conNumero) {
+        a.lucido = voluto;
+        lucidi.occupa(voluto);
+    } else {
         a.lucido = lucidi.lucido(numero.empty() ? strato : Utf8ToMac(numero));
+    }
     a.colore = coloreDi(campi.testo(f, Campo::colore));
     a.spessore = corto(Campo::spessore, spessore, 1, 9);
     a.pattern = corto(Campo::pattern, NumPat, 1, 38);

@@ -4,7 +4,10 @@
 
 #include "maps/Frasi.h"
 #include "maps/SistemaRiferimento.h"
+#include "model/Cursore.h"
+#include "model/Estensioni.h"
 #include "platform/Resources.h"
+#include "registration/Coordinate.h"
 
 namespace tessaro {
 
@@ -71,6 +74,21 @@ std::string LetturaSecondoSistema(double X, double Y) {
                + gradi(X, FraseMappe::latLonEst, FraseMappe::latLonOvest);
     const std::string nome = Utf8ToMac(l.verso.codice.empty() ? l.verso.nome : l.verso.codice);
     return nome + "  E " + decimali(X) + "  N " + decimali(Y);
+}
+
+std::string SecondaLetturaAlCursore() {
+    static double x = HUGE_VAL, y = HUGE_VAL;
+    static std::uint32_t voce = 0;
+    static std::string testo;
+    if (NumeroEstensione(estRiferimento) == 0 || SistemiDelDisegno().secondo.empty()) return {};
+    double X = 0, Y = 0;
+    DigiToReal(xcurs, ycurs, X, Y);
+    if (X == x && Y == y && voce == NumeroEstensione(estRiferimento)) return testo;
+    x = X;
+    y = Y;
+    voce = NumeroEstensione(estRiferimento);
+    testo = LetturaSecondoSistema(X, Y);
+    return testo;
 }
 
 }   // namespace tessaro

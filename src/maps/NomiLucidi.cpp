@@ -4,36 +4,35 @@
 #include <algorithm>
 
 #include "model/Archivio.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 
 namespace tessaro {
 
-std::string NomeDelLucido(std::int16_t) { return {}; }
-
-LucidiPerNome::LucidiPerNome() : presi(100, false) {
+LucidiPerNome::LucidiPerNome() : presi(quantiLucidi, false) {
     for (std::int32_t i = 3; i <= indElem; ++i) {
         const std::int16_t l = Elem(i).lucido;
-        if (l >= 0 && l <= 99) presi[static_cast<std::size_t>(l)] = true;
+        if (l >= 0 && l < quantiLucidi) presi[static_cast<std::size_t>(l)] = true;
     }
-    for (std::int16_t l = 0; l < 100; ++l) {
-        const std::string nome = NomeDelLucido(l);
-        if (nome.empty()) continue;
-        presi[static_cast<std::size_t>(l)] = true;
-        noti.push_back({nome, l});
-    }
+    for (std::int16_t l = 0; l < quantiLucidi; ++l)
+        if (!NomeLucido(l).empty()) presi[static_cast<std::size_t>(l)] = true;
 }
 
-std::int16_t LucidiPerNome::lucido(const std::string& macRoman) {
+std::int16_t LucidiPerNome::lucido(const std::string& macRoman, std::int16_t voluto) {
     const auto noto = std::find_if(noti.begin(), noti.end(), [&macRoman](const Nome& n) { return n.nome == macRoman; });
     if (noto != noti.end()) return noto->lucido;
     constexpr std::size_t nomiTenuti = 5000;   // a hostile file may hold a million names
-    const auto libero = std::find(presi.begin(), presi.end(), false);
-    std::int16_t l = VisioneGraf.lucidoCorrente;
-    if (libero != presi.end()) {
-        l = static_cast<std::int16_t>(libero - presi.begin());
-        *libero = true;
-    } else {
-        ++senzaPosto;
+    std::int16_t l = LucidoDiNome(macRoman);
+    if (l < 0) {
+        const bool libero = voluto >= 0 && voluto < quantiLucidi && !presi[static_cast<std::size_t>(voluto)];
+        const auto primo = libero ? presi.begin() + voluto : std::find(presi.begin(), presi.end(), false);
+        l = VisioneGraf.lucidoCorrente;
+        if (primo != presi.end()) {
+            l = static_cast<std::int16_t>(primo - presi.begin());
+            *primo = true;
+            PoniNomeLucido(l, macRoman);
+        } else {
+            ++senzaPosto;
+        }
     }
     if (noti.size() < nomiTenuti) noti.push_back({macRoman, l});
     return l;

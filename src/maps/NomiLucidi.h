@@ -1,21 +1,19 @@
-// The names of the drawing's hundred layers, as the maps of other programs have them.
+// Which layers of the drawing the layers of a file become.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tessaro {
 
-std::string NomeDelLucido(std::int16_t lucido);   // Mac Roman; empty for one without a name
-
-// Layers for the names of a file: a name that the drawing has takes its layer, another the lowest layer that holds
-// nothing and has no name; when there is none any more, the current one.
+// A name that the drawing has takes its layer; another the layer that the file wants for it, when that is free, else the
+// lowest layer that holds nothing and has no name, which is called so from then on. When there is none any more, the
+// current one.
 class LucidiPerNome {
 public:
     LucidiPerNome();
-    std::int16_t lucido(const std::string& macRoman);
+    std::int16_t lucido(const std::string& macRoman, std::int16_t voluto = -1);            // -1: the file wants none
     void occupa(std::int16_t lucido) { presi[static_cast<std::size_t>(lucido)] = true; }   // 0 to 99
     [[nodiscard]] std::int64_t riuniti() const { return senzaPosto; }   // names that found no layer of their own
 

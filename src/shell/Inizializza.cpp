@@ -14,6 +14,7 @@
 #include "digitising/TavolettaImpostazioni.h"
 #include "display/palette.h"
 #include "display/Stampa.h"
+#include "display/Striscia.h"
 #include "display/Zoom.h"
 #include "dwg/dwgdxf.h"
 #include "editing/SceltaColori.h"
@@ -23,6 +24,7 @@
 #include "files/Nativo.h"
 #include "files/Richieste.h"
 #include "maps/PuntiDiElenchi.h"
+#include "maps/SistemaRiferimento.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Carattere.h"
@@ -192,6 +194,8 @@ void (*dopoIlGiro)() = nullptr;
 void LeggiImpostazioni() {
     InizioDWG();
     PuntiPerSistema();
+    AggiungiAllaStriscia(TestoSistema);
+    AggiungiAllaStriscia(SecondaLetturaAlCursore);
     inizio = 1;
     TabAbilit = 0;
     ParamGraf();

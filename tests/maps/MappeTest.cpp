@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <unistd.h>
+#include <vector>
 
 #include "exchange/FormatoXYZ.h"
 #include "exchange/XYZ.h"
@@ -14,9 +16,11 @@
 #include "maps/NomiLucidi.h"
 #include "maps/PuntiDiElenchi.h"
 #include "maps/SistemaRiferimento.h"
+#include "model/Carattere.h"
 #include "model/Estensioni.h"
 #include "model/Figura.h"
 #include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Selezione.h"
 #include "model/Unita.h"
 #include "platform/Library.h"
@@ -215,14 +219,87 @@ TEST(Mappe, APointListOfAnotherSystemIsCarriedOver) {
     viaDeiPunti = {};
 }
 
+TEST(Mappe, WhatIsWrittenFromATurnedSheetComesBackAsItWas) {
+    SENZA_GDAL();
+    const auto gira = [] {
+        foglioReale();
+        Elem(2).att.x2 = 1394080;   // the sheet's right lies three fifths of a right angle off the east
+        Elem(2).att.y2 = 4994060;
+        CalcTransfC();
+        CalcolaRapporti();
+    };
+    for (const char* const suffisso : {".gpkg", ".geojson", ".json"}) {
+        const Mappa m("what was there before", suffisso);
+        gira();
+        gFontSize = 24;
+        for (const int a : {0, 37, 100, 250, 399})
+            Memorizza(tTesto, 500 + a, 700, 0, 0, 0, 0, 1, 2, static_cast<std::int16_t>(a), PStr255("citt\x88"));
+        const std::int32_t p = indElem + 1;
+        Memorizza(tPoligono, 100, 100, 5, 0, 0, 3, 2, 3, 4, PStr255(""));
+        Memorizza(tVertice, 200, 100, 6, 0, 0, 0, 2, 3, 4, PStr255(""));
+        Elem(p).testa.categoria = 9;
+        Elem(p).lucido = 42;
+        const std::int32_t quanti = indElem;
+        std::vector<elemento> prima;
+        for (std::int32_t i = 3; i <= quanti; ++i) prima.push_back(Elem(i));
+        ScriviMappa(m.spec());
+        gira();
+        LeggiMappa(m.spec());
+        ASSERT_EQ(indElem, quanti) << suffisso << detto();
+        std::vector<elemento> dopo;
+        for (std::int32_t i = 3; i <= quanti; ++i) dopo.push_back(Elem(i));
+        const auto primo = [](const std::vector<elemento>& v, std::uint8_t tipo) {
+            return std::find_if(v.begin(), v.end(), [tipo](const elemento& e) { return e.tipo == tipo; });
+        };
+        for (std::int32_t i = 0; i < 5; ++i) {
+            const auto &a = (primo(prima, tTesto) + i)->test, &b = (primo(dopo, tTesto) + i)->test;
+            EXPECT_NEAR(a.x, b.x, 1e-5);
+            EXPECT_EQ(a.testo, b.testo);
+            EXPECT_EQ((a.angolo - b.angolo) % 400, 0) << suffisso << ' ' << a.angolo << ' ' << b.angolo;
+            EXPECT_EQ(a.dimensione, b.dimensione);
+            EXPECT_EQ(a.colore, b.colore);
+        }
+        const auto &a = *primo(prima, tPoligono), &b = *primo(dopo, tPoligono);
+        EXPECT_EQ(b.lucido, 42);
+        EXPECT_EQ(b.testa.categoria, 9);
+        EXPECT_EQ(b.poli.z, 5);
+        EXPECT_EQ(a.poli.patternArea, b.poli.patternArea);
+        EXPECT_EQ(a.poli.pattern, b.poli.pattern);
+        EXPECT_EQ(a.poli.spessore, b.poli.spessore);
+        EXPECT_EQ(primo(dopo, tVertice)->vert.z, 6);
+    }
+}
+
+TEST(Mappe, AFailedWriteLeavesTheOldFile) {
+    SENZA_GDAL();
+    foglioReale();
+    const Mappa vuota("what was there before", ".gpkg");
+    ScriviMappa(vuota.spec());   // nothing to write
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101});
+    std::ifstream f(vuota.spec().percorso);
+    std::string c;
+    std::getline(f, c);
+    EXPECT_EQ(c, "what was there before");
+    segmento(0, 0, 10, 10);
+    avvisi.clear();
+    ScriviMappa(FSMakeFSSpec("/nowhere/at all.gpkg"));
+    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9101});
+}
+
 TEST(Mappe, NamesOfLayersTakeTheEmptyOnesAndShareWhenThereAreNoMore) {
     fogliovuoto();
+    AzzeraEstensioni();
     Elem(segmento(0, 0, 1, 1)).lucido = 1;
+    PoniNomeLucido(4, "case");
     LucidiPerNome l;
     EXPECT_EQ(l.lucido("strade"), 0);
     EXPECT_EQ(l.lucido("fiumi"), 2) << "1 holds a segment";
     EXPECT_EQ(l.lucido("strade"), 0);
-    for (int i = 0; i < 97; ++i) l.lucido("n" + std::to_string(i));
+    EXPECT_EQ(l.lucido("case"), 4) << "a name of the drawing is its layer";
+    EXPECT_EQ(l.lucido("muri", 7), 7) << "what the file wants, when it is free";
+    EXPECT_EQ(l.lucido("siepi", 1), 3);
+    EXPECT_EQ(NomeLucido(7), "muri");
+    for (int i = 0; i < 94; ++i) l.lucido("n" + std::to_string(i));
     EXPECT_EQ(l.riuniti(), 0);
     EXPECT_EQ(l.lucido("one more"), VisioneGraf.lucidoCorrente);
     EXPECT_EQ(l.riuniti(), 1);
