@@ -77,10 +77,10 @@ void portaNelFoglio(const Riquadro& r, std::int32_t da) {
     DigiToReal(r.xmax, r.ymin, alto.x, alto.y);
     const double w = alto.x - basso.x, h = alto.y - basso.y;
     const double servono = std::max(w / (usabile * XFDecimi), h / (usabile * YFDecimi));   // real units a sheet unit
-    const double scala = ScalaTonda(std::max(servono, 1e-9) * decimiUnita);
+    const double scala = ScalaRotonda(std::max(servono, 1e-9) * decimiUnita);
     const double perUnita = scala / decimiUnita;
     // The corner's coordinates are round ones: a tenth of a decimetre of the sheet, or so.
-    const double passo = ScalaTonda(perUnita * 100);
+    const double passo = ScalaRotonda(perUnita * 100);
     const auto origine = [&](double centro, double foglio) {
         return std::floor((centro - foglio * perUnita / 2) / passo + 0.5) * passo;
     };
@@ -135,7 +135,7 @@ void mostra(const Riquadro& r) {
 
 }   // namespace
 
-double ScalaTonda(double v) {
+double ScalaRotonda(double v) {
     constexpr double gradini[] = {1, 1.5, 2, 2.5, 4, 5, 7.5, 10};
     const double potenza = std::pow(10, std::floor(std::log10(v)));
     for (const double g : gradini)

@@ -23,6 +23,6 @@ private:
 };
 
 // The smallest round number, 1, 1.5, 2, 2.5, 4, 5 or 7.5 times a power of ten, that is not below v; v above 0 and finite.
-double ScalaTonda(double v);
+double ScalaRotonda(double v);
 
 }   // namespace tessaro
