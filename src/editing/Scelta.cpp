@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 #include "display/palette.h"
 #include "display/Ridisegno.h"
@@ -15,7 +16,7 @@
 #include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
@@ -30,8 +31,7 @@ constinit std::uint32_t Tempo = 0;
 namespace {
 
 bool raggiungibile(const elemento& e) {
-    if (e.tipo == tPict && immaginiBloccate) return false;
-    return LucidoVisibile(e.lucido) && !(VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente);
+    return LucidoRaggiungibile(e.lucido) && !(e.tipo == tPict && immaginiBloccate);
 }
 
 // Is e hit? A vertex is hit by the side that joins it to `prima`, the record before it.
@@ -60,17 +60,22 @@ bool colpitoInAnteprima(const puntot& p, std::int32_t i) {
     return colpito(p, prima, e);
 }
 
-// The topmost thing; a picture only where nothing else is, whatever lies on top.
-std::int32_t primoColpito(const puntot& p) {
+// The topmost record hit from number `da` down, 0 for none.
+std::int32_t primoColpito(const puntot& p, std::int32_t da) {
     const bool anteprima = AnteprimaAttiva();
-    std::int32_t immagine = 0;
-    for (std::int32_t i = indElem; i >= 3; --i) {
-        if (!raggiungibile(Elem(i)) || (immagine != 0 && Elem(i).tipo == tPict)) continue;
-        if (!colpito(p, Elem(i - 1), Elem(i)) && !(anteprima && colpitoInAnteprima(p, i))) continue;
-        if (Elem(i).tipo != tPict) return i;
-        immagine = i;
+    for (std::int32_t i = da; i >= 3; --i) {
+        if (!raggiungibile(Elem(i))) continue;
+        if (colpito(p, Elem(i - 1), Elem(i)) || (anteprima && colpitoInAnteprima(p, i))) return i;
     }
-    return immagine;
+    return 0;
+}
+
+// What a click takes: the topmost thing; a picture only where nothing else is, whatever lies on top.
+std::int32_t sceltaSotto(const puntot& p) {
+    const std::int32_t primo = primoColpito(p, indElem);
+    std::int32_t i = primo;
+    while (i != 0 && Elem(i).tipo == tPict) i = primoColpito(p, i - 1);
+    return i != 0 ? i : primo;
 }
 
 // The press on a picture that is not selected: does the pointer leave its place before the release? Then it draws a rectangle.
@@ -164,7 +169,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!shift && !opzione) TogliSelezione();
     const bool mesh = Button() && !shift && SelezionaMesh(event, point);
     if (mesh) AggRettSelMesh();
-    std::int32_t i = mesh ? 0 : primoColpito(point);
+    std::int32_t i = mesh ? 0 : sceltaSotto(point);
     if (i != 0 && !opzione && Elem(i).tipo == tPict && !Elem(i).selezionato && trascinaDaImmagine()) i = 0;
     bool preso = mesh || i != 0, ripresa = false;
     if (i != 0) {
@@ -182,6 +187,52 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!Puntosel.attiva) return;
     DisegnaSelezione();
     if (opzione) passaASpostare();
+}
+
+namespace {
+
+// Records that are hit, topmost first, one for each thing.
+std::vector<std::int32_t> tuttiColpiti(const puntot& p) {
+    std::vector<std::int32_t> colpiti;
+    for (std::int32_t i = primoColpito(p, indElem); i != 0; i = primoColpito(p, i - 1)) {
+        const std::int32_t n = bersaglio(i);
+        const bool nuovo = colpiti.empty() || bersaglio(colpiti.back()) != n;   // a polyline's records stand together
+        if (n != 0 && nuovo) colpiti.push_back(i);
+    }
+    return colpiti;
+}
+
+void scegliSolo(std::int32_t i) {
+    TogliSelezione();
+    bool ripresa = false;
+    prendi(i, false, ripresa);
+    riassumi(false);
+    DisegnaSelezione();
+}
+
+}   // namespace
+
+bool ScegliSotto(const puntot& point, bool indietro) {
+    const std::vector<std::int32_t> colpiti = tuttiColpiti(point);
+    if (colpiti.empty()) return false;
+    const auto quanti = static_cast<std::ptrdiff_t>(colpiti.size());
+    std::ptrdiff_t scelto = 0;
+    if (Puntosel.attiva && !Puntosel.multipla && Puntosel.oggetto < oMeshOrigine) {
+        const auto ora = std::find_if(colpiti.begin(), colpiti.end(),
+                                      [](std::int32_t i) { return bersaglio(i) == Puntosel.indice; });
+        if (ora != colpiti.end()) scelto = (ora - colpiti.begin() + (indietro ? quanti - 1 : 1)) % quanti;
+    }
+    scegliSolo(colpiti[static_cast<std::size_t>(scelto)]);
+    return true;
+}
+
+bool ScegliPerMenu(const puntot& point) {
+    const std::vector<std::int32_t> colpiti = tuttiColpiti(point);
+    if (colpiti.empty()) return false;
+    const bool scelto =
+        std::any_of(colpiti.begin(), colpiti.end(), [](std::int32_t i) { return Elem(bersaglio(i)).selezionato != 0; });
+    if (!scelto) scegliSolo(colpiti.front());
+    return true;
 }
 
 void TogliSelezione() {

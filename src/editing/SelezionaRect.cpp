@@ -7,7 +7,7 @@
 #include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
 #include "platform/Windows.h"
@@ -72,7 +72,7 @@ bool SelezionaRect(const Rect& rect) {
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
         if (e.tipo == tPict && immaginiBloccate) continue;
-        if (!LucidoVisibile(e.lucido) || (VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente)) continue;
+        if (!LucidoRaggiungibile(e.lucido)) continue;
         if (!dentro(i, rect)) continue;
         qualcosa = true;
         if (e.selezionato) continue;
@@ -91,7 +91,8 @@ void SelezionaTutto() {
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
         if (e.tipo == tPict && immaginiBloccate) continue;
-        if (LucidoVisibile(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti)) e.selezionato = 1;
+        if (LucidoVisibile(e.lucido) && !LucidoBloccato(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti))
+            e.selezionato = 1;
     }
     if (Puntosel.attiva && Puntosel.oggetto >= oMeshOrigine) Puntosel.attiva = 0;   // records are selected now
     RistabilisciSelezione();                                                        // vertex records count one by one

@@ -61,6 +61,7 @@ void FlushEvents();
 Point GetMouse();               // last delivered pointer position, local to the front drawing window
 bool StillDown();               // is the press being handled still held? Waits for news of it; false when focus is lost
 bool Button();                  // the same without waiting
+bool DragGivenUp();             // Escape ended the press that was handled last: what it dragged goes back
 std::uint16_t KeyModifiers();   // modifiers now held
 // Waits until the pointer moves or the button is released; true while it is held.
 bool TrackMouseLocation(Point& p);

@@ -27,6 +27,7 @@ WindowPtr FrontWindow();   // null when none is open
 void SetWTitle(WindowPtr w, std::string_view macRoman);
 std::string GetWTitle(WindowPtr w);   // Mac Roman
 GrafPtr GetWindowPort(WindowPtr w);
+void SetWindowSmooth(WindowPtr w, bool smooth);   // what is drawn in it from now on has smooth lines and curves
 void SetPortWindowPort(WindowPtr w);
 Rect GetPortBounds(WindowPtr w);
 

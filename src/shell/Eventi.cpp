@@ -23,7 +23,9 @@
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
+#include "shell/PannelloLucidi.h"
 #include "shell/Passi.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
 #include "shell/StrisciaTesti.h"
@@ -172,7 +174,6 @@ struct AllaFine {
     void (*azione)();
     ~AllaFine() { azione(); }
 };
-constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
 }   // namespace
 
 void CheckEvents() {
@@ -183,18 +184,20 @@ void CheckEvents() {
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     if (campione || PuoCambiare(e.what)) {
         FinePasso(e);
+        AggiornaPannelloLucidi();
         MostraDiverso();
     }
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
+    AggiornaProprieta(campione || PuoCambiare(e.what));
     const AllaFine striscia{AggiornaStriscia};
     if (noWindow) {
         sonno = -1;
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = 60 * recuperoSecondi;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);

@@ -20,6 +20,7 @@
 #include "model/Giornale.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
+#include "model/PreferenzeVista.h"
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
@@ -79,6 +80,7 @@ void apriFinestra() {
     theWindow = GetNewCWindow(finestraDisegno);
     const Rect schermo = ScreenBounds();
     SizeWindow(theWindow, schermo.right - schermo.left - 15, schermo.bottom - schermo.top - 50);
+    SetWindowSmooth(theWindow, lineeMorbide != 0);
     SetPortWindowPort(theWindow);
     noWindow = 0;
 }

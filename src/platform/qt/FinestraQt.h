@@ -97,6 +97,7 @@ protected:
     bool event(QEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    bool focusNextPrevChild(bool avanti) override;
 };
 
 void creaTelaio();   // after the application object
@@ -105,9 +106,10 @@ void distruggiTelaio();
 void creaStriscia(QMainWindow& frame);
 int altezzaStriscia();
 void togliStriscia();   // before the frame goes
-QRect schermoUtile();                                         // where the frame may stand, logical pixels
+QRect schermoUtile();   // where the frame may stand, logical pixels
 // Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
 // the screens and it fits; else onto that screen or the first one, and no larger than it.
+QString fileDelTelaio();   // where places and sizes of windows are kept
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi);
 void adattaTelaio(std::int32_t width, std::int32_t height);   // so that the content gets this size
 void aggiornaTitolo();

@@ -52,8 +52,6 @@ QIcon iconaDelProgramma() {
     return icona;
 }
 
-QString fileDelTelaio() { return daUtf8(cartellaImpostazioni()) + QStringLiteral("/window.ini"); }
-
 QSize contenuto() {
     if (cornice == nullptr) return {};
     cornice->layout()->activate();
@@ -67,6 +65,8 @@ void intitola(const QString& disegno) {
 }
 
 }   // namespace
+
+QString fileDelTelaio() { return daUtf8(cartellaImpostazioni()) + QStringLiteral("/window.ini"); }
 
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi) {
     constexpr int presaLarga = 96, presaAlta = 24;   // of the title bar, enough to take hold of
@@ -226,6 +226,9 @@ void SetWindowModified(WindowPtr w, bool modified) {
 
 std::string GetWTitle(WindowPtr w) { return w == nullptr ? std::string{} : w->titolo; }
 GrafPtr GetWindowPort(WindowPtr w) { return w == nullptr ? nullptr : w->porta.get(); }
+void SetWindowSmooth(WindowPtr w, bool smooth) {
+    if (w != nullptr) w->porta->smooth = smooth;
+}
 void SetPortWindowPort(WindowPtr w) { SetPort(GetWindowPort(w)); }
 Rect GetPortBounds(WindowPtr w) { return w == nullptr ? Rect{} : w->porta->portRect; }
 
