@@ -122,13 +122,17 @@ void offriOrigine(const Riquadro& r, std::int32_t da) {
 
 // --- the view
 
-void mostra(const Riquadro& r) {
-    constexpr double minimo = 24;   // pixels that can be told from a speck
+// Beside what was there already, something of it to be seen is enough: the person works at this view.
+void mostra(const Riquadro& r, bool vuoto) {
+    constexpr double minimo = 4;   // pixels: less is a speck
     const double sinistra = XVidD(r.xmin), alto = YVidD(r.ymin), destra = XVidD(r.xmax), basso = YVidD(r.ymax);
-    const bool dentro = sinistra >= myViewRect.left && alto >= myViewRect.top && destra <= myViewRect.right
-                        && basso <= myViewRect.bottom;
+    const bool tutto = sinistra >= myViewRect.left && alto >= myViewRect.top && destra <= myViewRect.right
+                       && basso <= myViewRect.bottom;
+    const bool parte =
+        sinistra < myViewRect.right && alto < myViewRect.bottom && destra > myViewRect.left && basso > myViewRect.top;
+    const bool dentro = vuoto ? tutto : parte || tutto;
     const bool punto = r.xmin == r.xmax && r.ymin == r.ymax;
-    if (dentro && (punto || destra - sinistra >= minimo || basso - alto >= minimo)) return;
+    if (dentro && (!vuoto || punto || destra - sinistra >= minimo || basso - alto >= minimo)) return;
     VediArea(r.xmin, r.ymin, r.xmax, r.ymax);
     InvalFinestra();
 }
@@ -158,7 +162,7 @@ Arrivo::~Arrivo() {
         offriOrigine({r.xmin, r.ymin, r.xmax, r.ymax}, da);
         if (!EstremiDisegno(da, indElem, r)) return;
     }
-    mostra({r.xmin, r.ymin, r.xmax, r.ymax});
+    mostra({r.xmin, r.ymin, r.xmax, r.ymax}, prima <= 2);
 }
 
 }   // namespace tessaro

@@ -10,7 +10,8 @@ namespace tessaro {
 //     grow (alert 9400);
 //   - other things that came into such a drawing and lie off the sheet may get an origin and a scale that bring them into it
 //     (alert 9401): control points 1 and 2 are set at the sheet's corners;
-//   - the view shows what came in, and stays as it is when that is to be seen in it.
+//   - the view shows what came in, and stays as it is when that is to be seen in it: all of it in a drawing that was empty,
+//     some of it beside other things.
 class Arrivo {
 public:
     Arrivo();
