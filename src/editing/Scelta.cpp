@@ -70,17 +70,12 @@ std::int32_t primoColpito(const puntot& p, std::int32_t da) {
     return 0;
 }
 
-// The topmost thing; a picture only where nothing else is, whatever lies on top.
-std::int32_t primoColpito(const puntot& p) {
-    const bool anteprima = AnteprimaAttiva();
-    std::int32_t immagine = 0;
-    for (std::int32_t i = indElem; i >= 3; --i) {
-        if (!raggiungibile(Elem(i)) || (immagine != 0 && Elem(i).tipo == tPict)) continue;
-        if (!colpito(p, Elem(i - 1), Elem(i)) && !(anteprima && colpitoInAnteprima(p, i))) continue;
-        if (Elem(i).tipo != tPict) return i;
-        immagine = i;
-    }
-    return immagine;
+// What a click takes: the topmost thing; a picture only where nothing else is, whatever lies on top.
+std::int32_t sceltaSotto(const puntot& p) {
+    const std::int32_t primo = primoColpito(p, indElem);
+    std::int32_t i = primo;
+    while (i != 0 && Elem(i).tipo == tPict) i = primoColpito(p, i - 1);
+    return i != 0 ? i : primo;
 }
 
 // The press on a picture that is not selected: does the pointer leave its place before the release? Then it draws a rectangle.
@@ -174,7 +169,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!shift && !opzione) TogliSelezione();
     const bool mesh = Button() && !shift && SelezionaMesh(event, point);
     if (mesh) AggRettSelMesh();
-    std::int32_t i = mesh ? 0 : primoColpito(point);
+    std::int32_t i = mesh ? 0 : sceltaSotto(point);
     if (i != 0 && !opzione && Elem(i).tipo == tPict && !Elem(i).selezionato && trascinaDaImmagine()) i = 0;
     bool preso = mesh || i != 0, ripresa = false;
     if (i != 0) {

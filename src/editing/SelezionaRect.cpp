@@ -71,7 +71,8 @@ bool SelezionaRect(const Rect& rect) {
     bool qualcosa = false;
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (!LucidoRaggiungibile(e.lucido) || (e.tipo == tPict && immaginiBloccate)) continue;
+        if (e.tipo == tPict && immaginiBloccate) continue;
+        if (!LucidoRaggiungibile(e.lucido)) continue;
         if (!dentro(i, rect)) continue;
         qualcosa = true;
         if (e.selezionato) continue;

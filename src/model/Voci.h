@@ -92,11 +92,11 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    bloccaImmagini = 25,
     incollaSulPosto = 20,
     incollaImmagine = 21,
     preferenze = 30,
     proprieta = 31,
-    bloccaImmagini = 25,
 };
 }
 namespace disegna {

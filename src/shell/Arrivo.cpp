@@ -77,10 +77,10 @@ void portaNelFoglio(const Riquadro& r, std::int32_t da) {
     DigiToReal(r.xmax, r.ymin, alto.x, alto.y);
     const double w = alto.x - basso.x, h = alto.y - basso.y;
     const double servono = std::max(w / (usabile * XFDecimi), h / (usabile * YFDecimi));   // real units a sheet unit
-    const double scala = TondaPerEccesso(std::max(servono, 1e-9) * decimiUnita);
+    const double scala = ScalaRotonda(std::max(servono, 1e-9) * decimiUnita);
     const double perUnita = scala / decimiUnita;
     // The corner's coordinates are round ones: a tenth of a decimetre of the sheet, or so.
-    const double passo = TondaPerEccesso(perUnita * 100);
+    const double passo = ScalaRotonda(perUnita * 100);
     const auto origine = [&](double centro, double foglio) {
         return std::floor((centro - foglio * perUnita / 2) / passo + 0.5) * passo;
     };
@@ -122,20 +122,24 @@ void offriOrigine(const Riquadro& r, std::int32_t da) {
 
 // --- the view
 
-void mostra(const Riquadro& r) {
-    constexpr double minimo = 24;   // pixels that can be told from a speck
+// Beside what was there already, something of it to be seen is enough: the person works at this view.
+void mostra(const Riquadro& r, bool vuoto) {
+    constexpr double minimo = 4;   // pixels: less is a speck
     const double sinistra = XVidD(r.xmin), alto = YVidD(r.ymin), destra = XVidD(r.xmax), basso = YVidD(r.ymax);
-    const bool dentro = sinistra >= myViewRect.left && alto >= myViewRect.top && destra <= myViewRect.right
-                        && basso <= myViewRect.bottom;
+    const bool tutto = sinistra >= myViewRect.left && alto >= myViewRect.top && destra <= myViewRect.right
+                       && basso <= myViewRect.bottom;
+    const bool parte =
+        sinistra < myViewRect.right && alto < myViewRect.bottom && destra > myViewRect.left && basso > myViewRect.top;
+    const bool dentro = vuoto ? tutto : parte || tutto;
     const bool punto = r.xmin == r.xmax && r.ymin == r.ymax;
-    if (dentro && (punto || destra - sinistra >= minimo || basso - alto >= minimo)) return;
+    if (dentro && (!vuoto || punto || destra - sinistra >= minimo || basso - alto >= minimo)) return;
     VediArea(r.xmin, r.ymin, r.xmax, r.ymax);
     InvalFinestra();
 }
 
 }   // namespace
 
-double TondaPerEccesso(double v) {
+double ScalaRotonda(double v) {
     constexpr double gradini[] = {1, 1.5, 2, 2.5, 4, 5, 7.5, 10};
     const double potenza = std::pow(10, std::floor(std::log10(v)));
     for (const double g : gradini)
@@ -158,7 +162,7 @@ Arrivo::~Arrivo() {
         offriOrigine({r.xmin, r.ymin, r.xmax, r.ymax}, da);
         if (!EstremiDisegno(da, indElem, r)) return;
     }
-    mostra({r.xmin, r.ymin, r.xmax, r.ymax});
+    mostra({r.xmin, r.ymin, r.xmax, r.ymax}, prima <= 2);
 }
 
 }   // namespace tessaro

@@ -180,9 +180,9 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::scalaImmagine, true, ScalaImmagine},
     {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
     {voci::modifica::ripeti, true, RipetiUltima},
+    {voci::modifica::bloccaImmagini, true, CambiaBloccoImmagini},
     {voci::modifica::proprieta, false, mostraProprieta},
     {voci::modifica::preferenze, false, Preferenze},
-    {voci::modifica::bloccaImmagini, true, CambiaBloccoImmagini},
 };
 
 }   // namespace

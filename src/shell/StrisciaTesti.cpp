@@ -14,6 +14,7 @@
 #include "model/Documento.h"
 #include "model/Elemento.h"
 #include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Unita.h"
@@ -176,6 +177,12 @@ std::string unita() {
     return stato(static_cast<std::int16_t>(sPrimaUnita + n), numero(decimiUnita / 10));
 }
 
+std::string lucido() {
+    const std::string numero = stato(sLucido, std::to_string(VisioneGraf.lucidoCorrente));
+    const std::string nome = NomeLucido(VisioneGraf.lucidoCorrente);
+    return nome.empty() ? numero : numero + ": " + nome;
+}
+
 }   // namespace
 
 void AggiornaStriscia() {
@@ -183,7 +190,7 @@ void AggiornaStriscia() {
     const auto se = [aperto](const std::string& s) { return aperto ? s : std::string(); };
     PoniStriscia(csAttesa, attesaDelMomento());
     PoniStriscia(csAggancio, se(vincoli()));
-    PoniStriscia(csLucido, se(stato(sLucido, std::to_string(VisioneGraf.lucidoCorrente))));
+    PoniStriscia(csLucido, se(lucido()));
     PoniStriscia(csRegistrazione, se(stato(Elem(2).att.coordReali ? sRegistrato : sNonRegistrato)));
     PoniStriscia(csUnita, se(unita()));
     PoniStriscia(csScala, se(stato(sScala, numero(Scaladis))));

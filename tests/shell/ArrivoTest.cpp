@@ -64,7 +64,7 @@ TEST(Arrivo, ThingsFarFromTheSheetKeepTheirCoordinatesAndComeIntoIt) {
             const bool nelFoglio = m.x >= 0 && m.x <= XFDecimi && m.y >= 0 && m.y <= YFDecimi;
             EXPECT_EQ(nelFoglio, bottone == 2);
         }
-        if (bottone == 2) { EXPECT_EQ(Scaladis, TondaPerEccesso(Scaladis)); }
+        if (bottone == 2) { EXPECT_EQ(Scaladis, ScalaRotonda(Scaladis)); }
     }
 }
 
@@ -123,5 +123,5 @@ TEST(Arrivo, APictureLiesInTheSheetWhichMayGrow) {
 TEST(Arrivo, RoundScales) {
     const double casi[][2] = {{1, 1},        {1.01, 1.5}, {1900, 2000}, {2000, 2000}, {2000.0001, 2500},
                               {7600, 10000}, {0.03, 0.04}};
-    for (const auto& c : casi) EXPECT_NEAR(TondaPerEccesso(c[0]), c[1], 1e-9 * c[1]);
+    for (const auto& c : casi) EXPECT_NEAR(ScalaRotonda(c[0]), c[1], 1e-9 * c[1]);
 }

@@ -147,6 +147,24 @@ void lascia() {
     AutoPost(e);
 }
 
+void rotella() {
+    const int passi = caso->tra(-3, 3);
+    const std::uint16_t m = caso->unoSu(2) ? std::uint16_t{cmdKey} : std::uint16_t{0};
+    caso->nota("wheel " + std::to_string(passi) + " mods " + std::to_string(m));
+    AutoWheel(caso->tra(0, 1), passi, m);
+}
+
+// The middle button, pressed, moved and released.
+void trascinaVista() {
+    for (const EventKind k : {EventKind::middleDown, EventKind::nullEvent, EventKind::mouseUp}) {
+        EventRecord e;
+        e.what = k;
+        e.where = caso->posto();
+        AutoPost(e);
+    }
+    caso->nota("the middle button drags the view");
+}
+
 // The window of properties: opened, typed into, its pop-ups chosen from, and closed, whatever is selected or in progress.
 void proprieta() {
     constexpr std::int16_t dialogo = 9481, voceProprieta = 31;
@@ -166,24 +184,6 @@ void proprieta() {
     caso->nota("properties, field " + std::to_string(item));
     AutoDialogSetText(d, item, std::to_string(caso->tra(-50, 300)));
     if (!caso->unoSu(4)) AutoDialogKey(d, 13);
-}
-
-void rotella() {
-    const int passi = caso->tra(-3, 3);
-    const std::uint16_t m = caso->unoSu(2) ? std::uint16_t{cmdKey} : std::uint16_t{0};
-    caso->nota("wheel " + std::to_string(passi) + " mods " + std::to_string(m));
-    AutoWheel(caso->tra(0, 1), passi, m);
-}
-
-// The middle button, pressed, moved and released.
-void trascinaVista() {
-    for (const EventKind k : {EventKind::middleDown, EventKind::nullEvent, EventKind::mouseUp}) {
-        EventRecord e;
-        e.what = k;
-        e.where = caso->posto();
-        AutoPost(e);
-    }
-    caso->nota("the middle button drags the view");
 }
 
 using Mano = void (*)();
