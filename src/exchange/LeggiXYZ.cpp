@@ -41,6 +41,25 @@ Aref arefDa(std::string_view campo) {
     return a;
 }
 
+void puntoIn(elemento& e, double x, double y, double z) {
+    double px = 0, py = 0;
+    RealToDigi(x, y, px, py);
+    e.lucido = VisioneGraf.lucidoCorrente;
+    e.selezionato = e.riservato3 = 0;
+    e.riservato4 = 0;
+    e.tipo = tMarker;
+    e.mark.t.linea = 1;
+    e.mark.t.categoria = CategoriaCorrente;
+    e.mark.t.insieme = InsiemeCorrente;
+    e.mark.x = px;
+    e.mark.y = py;
+    e.mark.z = z;
+    e.mark.forma = markerCorrente;
+    e.mark.spessore = spessore;
+    e.mark.pattern = NumPat;
+    e.mark.colore = colorCorrente;
+}
+
 // The codes of STRtoFP, messages included; beyond the range of numbers it is 0 or 1e38, and no fault.
 std::int16_t numeroDa(std::string_view campo, double& valore) {
     constexpr std::int16_t buono = 1, malformato = -3;
@@ -145,26 +164,6 @@ class LettoreXYZ {
         }
     }
 
-    void memorizza() {
-        elemento& e = Elem(posto);
-        double px = 0, py = 0;
-        RealToDigi(x, y, px, py);
-        e.lucido = VisioneGraf.lucidoCorrente;
-        e.selezionato = e.riservato3 = 0;
-        e.riservato4 = 0;
-        e.tipo = tMarker;
-        e.mark.t.linea = 1;
-        e.mark.t.categoria = CategoriaCorrente;
-        e.mark.t.insieme = InsiemeCorrente;
-        e.mark.x = px;
-        e.mark.y = py;
-        e.mark.z = z;
-        e.mark.forma = markerCorrente;
-        e.mark.spessore = spessore;
-        e.mark.pattern = NumPat;
-        e.mark.colore = colorCorrente;
-    }
-
     // A row with a field that is no number is left out, whatever its other fields say; what a column held before stays.
     void riga() {
         const double primaX = x, primaY = y, primaZ = z;
@@ -175,7 +174,7 @@ class LettoreXYZ {
         else
             rigaPerRiga();
         if (codice > 0 && !guasta) {
-            memorizza();
+            puntoIn(Elem(posto), x, y, z);
             indElem = posto;
             entrati.aggiungi(tMarker);
             return;
@@ -207,6 +206,14 @@ public:
 };
 
 }   // namespace
+
+bool PuntoXYZ(std::int32_t posto, double x, double y, double z, std::string_view aref) {
+    elemento& e = Elem(posto);
+    e = elemento{};
+    e.testa.aref = aref.empty() ? ArefMarkerDef : arefDa(aref);
+    puntoIn(e, x, y, z);
+    return aref.size() < e.testa.aref.size();
+}
 
 bool ApriXYZ(FSSpec& file) {
     constexpr std::int16_t listaNomi = 129, invito = 3, tipiTesti = 302;

@@ -54,6 +54,7 @@ enum Conteggio : std::size_t {
     cCodiciTesto,      // texts with codes among their characters
     cLayerRiuniti,     // on the current one
     cPoligoniChiusi,   // closed by a vertex on their first
+    cAttributiTagliati,   // tags, at 13 characters
     nConteggi
 };
 

@@ -12,6 +12,7 @@
 #include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
+#include "exchange/ImportaElenco.h"
 #include "exchange/XYZ.h"
 #include "files/Nativo.h"
 #include "files/Richieste.h"
@@ -277,7 +278,11 @@ void archivia() {
     }
     if (theItem == rSalvaCome) OKArchivioFss = 0;
     FSSpec file;
-    if (scegliFile(*r, file)) esegui(*r, file);
+    if (scegliFile(*r, file)) {
+        Richiesta richiesta = *r;
+        if (richiesta.numero == rXYZ) richiesta.lettore = ImportaElenco;   // a drop is an answer: it asks nothing
+        esegui(richiesta, file);
+    }
     concludi();
 }
 

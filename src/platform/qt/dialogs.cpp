@@ -256,6 +256,11 @@ void DisposeDialog(DialogPtr d) {
     if (copione() != nullptr && d->mostrata) copione()->dialogoChiuso(d->id);
 }
 
+bool DialogAnswered(std::int16_t id) {
+    if (!conFinestre()) return false;
+    return copione() == nullptr || copione()->dialogoAtteso == nullptr || copione()->dialogoAtteso(id);
+}
+
 DialogPtr FrontDialog() {
     const auto i = std::find_if(aperti.rbegin(), aperti.rend(), [](const auto& a) { return !a->nonModale; });
     return i == aperti.rend() ? nullptr : i->get();
