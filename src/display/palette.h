@@ -9,6 +9,7 @@
 namespace tessaro {
 
 void DrawPallette();
+void AggiornaCelle();   // draws the palette when a cell has come to be usable, or ceased to be
 void DrawIcona(const Rect& r, std::int32_t id);
 // Follows the pointer until release, the icon lit while it is inside; true when released inside.
 bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId);

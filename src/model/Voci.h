@@ -35,6 +35,7 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuAltriBottoni = 9435,
     menuRecenti = 9480,
 };
 
@@ -174,7 +175,6 @@ enum : std::int16_t {
     immagineSelezionata = 3,
     dwg = 4,
     xyz = 5,
-    fabra = 6,
     miniCad2D = 7,
     miniCad3D = 8,
 };

@@ -17,7 +17,9 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
+#include "raster/raster.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Modi.h"
 
@@ -95,8 +97,8 @@ void clicRigaCoordinate() {
     }
 }
 
-// The commands behind these cells are not built yet.
-void nonAncora() { SysBeep(30); }
+void immagineConAttacchi() { TrasformaPictSel(voci::immagine::conAttacchi); }
+void immagineConMesh() { TrasformaPictSel(voci::immagine::conMesh); }
 
 // The halves act while the whole cell stays as it is: it has no lit form.
 void lucido() {
@@ -110,7 +112,7 @@ void lucido() {
 // By CellaPalette.
 constexpr std::array<void (*)(), numCelle> azioni{freccia,          digita,    muovi,    lucido, segmento,
                                                   polilinea,        cerchio,   arco,     testo,  marker,
-                                                  ApriCalcolatrice, nonAncora, nonAncora};
+                                                  ApriCalcolatrice, immagineConAttacchi, immagineConMesh};
 
 void clicCella(CellaPalette c) {
     if (c == cellaLucido) {

@@ -177,6 +177,7 @@ void CheckEvents() {
     }
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
+    AggiornaCelle();
     AggiornaRapporto();
     if (noWindow) {
         sonno = -1;

@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QSlider>
 #include <QTimer>
@@ -153,8 +154,27 @@ bool QuadroDialogo::premeVoce(const QKeyEvent& e) {
     return true;
 }
 
+bool QuadroDialogo::frecciaRadio(QObject* o, int tasto) {
+    const bool avanti = tasto == Qt::Key_Down || tasto == Qt::Key_Right;
+    if (!avanti && tasto != Qt::Key_Up && tasto != Qt::Key_Left) return false;
+    auto* questo = qobject_cast<QRadioButton*>(o);
+    if (questo == nullptr) return false;
+    QList<QRadioButton*> gruppo;
+    for (const auto& [n, v] : d.voci)
+        if (auto* r = qobject_cast<QRadioButton*>(v.widget);
+            r != nullptr && r->isEnabled() && !r->isHidden() && r->property(gruppoRadio) == o->property(gruppoRadio))
+            gruppo << r;
+    const auto quanti = gruppo.size();
+    if (quanti < 2) return true;
+    QRadioButton* altro = gruppo.at((gruppo.indexOf(questo) + (avanti ? 1 : quanti - 1)) % quanti);
+    altro->setFocus(Qt::TabFocusReason);
+    altro->click();
+    return true;
+}
+
 bool QuadroDialogo::eventFilter(QObject* o, QEvent* e) {
-    return e->type() == QEvent::KeyPress ? premeVoce(*static_cast<QKeyEvent*>(e)) : QDialog::eventFilter(o, e);
+    if (e->type() != QEvent::KeyPress) return QDialog::eventFilter(o, e);
+    return frecciaRadio(o, static_cast<QKeyEvent*>(e)->key()) || premeVoce(*static_cast<QKeyEvent*>(e));
 }
 
 void QuadroDialogo::keyPressEvent(QKeyEvent* e) {
