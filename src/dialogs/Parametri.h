@@ -39,6 +39,7 @@ public:
 class TParametri {
 public:
     virtual ~TParametri() = default;
+    // The numbers of the items that end the dialog (0: it has none) and of the dialog itself.
     virtual void Poni(std::int16_t ok, std::int16_t annulla, std::int16_t salva, std::int16_t ripristina,
                       std::int16_t dialogo);
     virtual void LeggiPar() {}

@@ -22,7 +22,7 @@ struct DatiRapporto {
 
     bool operator==(const DatiRapporto& d) const;   // bit by bit: a NaN is the same NaN
 };
-DatiRapporto DatiDelMomento();
+DatiRapporto DatiDelMomento();   // from the globals of the moment
 
 struct PuntoRapporto {
     bool dato = false;      // without it, only the destination counts
@@ -61,6 +61,7 @@ struct RapportoAttacchi {
     std::int16_t peggiore = 0;   // point of the largest
     std::vector<AvvisoPunti> avvisi;
 };
+// Changes nothing of the program. Of points that make no transformation there are warnings, and no numbers.
 RapportoAttacchi CalcolaRapportoAttacchi(const DatiRapporto& d);
 
 // Points 1 to 4 that lie on one line: their numbers, three or four; empty when no three of them do.

@@ -11,9 +11,9 @@ namespace tessaro {
 extern std::int16_t lettoreVivo;   // the LettoreTavoletta that is read, 0 while reading is off; TabAbilit says the same
 
 bool AccendiTavoletta(LettoreTavoletta quale);   // false: a message told why; reading is off
-void SpegniTavoletta();
-void CambiaLettura();   // the Tools menu's switch, with the reader of the settings
-void ParTavoletta();    // its settings, dialog 9101
+void SpegniTavoletta();                          // nothing when reading is off
+void CambiaLettura();                            // the Tools menu's switch, with the reader of the settings
+void ParTavoletta();                             // its settings, dialog 9101
 
 // The loop's idle step: what the serial line has brought, and whether it was cut. Not under a dialog or a drag. True when
 // it brought a sample.

@@ -8,6 +8,7 @@
 
 namespace tessaro {
 
+// One mark each, at the sheet position of its globals; the fifth with its dot.
 void DisAttacco1();
 void DisAttacco2();
 void DisAttacco3();

@@ -28,8 +28,8 @@ std::size_t PrimoNascosto();   // numBottoni when there is room for all
 Rect RettangoloAltri();
 std::string NomeBottone(std::size_t indice);   // Mac Roman
 
-void CreaBarra();
-void DisponiBarra();
+void CreaBarra();        // the controls of a new window
+void DisponiBarra();     // their places for the window of the moment
 void AggiornaValori();   // the value buttons show the colour, width and patterns in force
 
 }   // namespace tessaro

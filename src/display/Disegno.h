@@ -10,7 +10,7 @@
 
 namespace tessaro {
 
-void Disegna();
+void Disegna();                      // all that is seen, onto the current port within its clip
 void DisegnaElementiSelezionati();   // the selected elements alone, as they are, without sheet and marks
 // type 1, 6: x1 y1 x2 y2; 2: x y shape; 11: cx cy r; 12: cx cy r start sweep (degrees). Sheet units.
 void fai(std::int16_t tipo, const double& a, const double& b, const double& c, const double& d, const double& e);

@@ -35,8 +35,8 @@ enum CellaPalette : std::uint8_t {
 };
 inline constexpr std::int32_t fondoCelle = numCelle * latoCella;
 
-CellaPalette CellaSotto(Point p);   // numCelle outside
-Rect RettangoloCella(CellaPalette c);
+CellaPalette CellaSotto(Point p);               // numCelle outside
+Rect RettangoloCella(CellaPalette c);           // for numCelle the place below the last
 std::int32_t IconaCella(CellaPalette c);        // as it stands: circle and arc have another with CurvePerPunti
 std::int32_t IconaAccesa(std::int32_t icona);   // its lit form
 bool CellaAccesa(CellaPalette c);               // by mode and tool in force

@@ -26,6 +26,7 @@ struct Campi {
 
 inline constexpr std::uint64_t conRaggio = 0x7FFFFFFFFFFFFFFF, senzaRaggio = 0;
 
+// For every value that a type byte may have.
 constexpr Campi campiDi(std::size_t tipo) {
     switch (tipo) {
     case tSegmento: return {28, 36, 52, 60, 28, 76, Campi::riquadro, senzaRaggio};
@@ -48,6 +49,7 @@ inline constexpr auto campi = [] {
     return t;
 }();
 
+// The field at byte `dove`, which campiDi has named: always inside the record.
 template <class T>
 inline T leggi(const elemento& e, std::uint8_t dove) {
     T v;
@@ -76,11 +78,13 @@ public:
     }
 
     [[nodiscard]] bool anteprima() const { return tutto; }
+    // Does the box, with a margin, meet what can be drawn on? Sheet units.
     [[nodiscard]] bool tocca(double x1, double y1, double x2, double y2, double margine) const {
         const bool dentro = (std::max(x1, x2) + margine >= area.left) & (std::min(x1, x2) - margine <= area.right)
                             & (std::max(y1, y2) + margine >= area.top) & (std::min(y1, y2) - margine <= area.bottom);
         return dentro | tutto;
     }
+    // What a pen of that many pixels may add around its points, sheet units.
     [[nodiscard]] double margine(std::int16_t spessorePenna) const {
         return (std::max<int>(spessorePenna, 0) + bordoPixel) * perPixel;
     }
@@ -104,6 +108,7 @@ public:
         const Campi& c = campi[e.tipo];
         double y1 = leggi<double>(e, c.y1), y2 = leggi<double>(e, c.y2), m = 0;
         if (e.tipo == tTesto) {
+            y1 = y2 = e.test.y;   // a text keeps its point elsewhere
             m = lontananzaTesto(e);
             if (!VisioneGraf.mostraTesti || !passaTesto(e)) return false;
         } else if (e.tipo == tPoligono) {

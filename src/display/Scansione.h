@@ -21,6 +21,7 @@ class PennaScansione {
 public:
     void dimentica() { colore = pattern = larghezza = ignoto; }
 
+    // Sets what differs; a veiled element takes light grey.
     void poni(std::int16_t coloreElem, std::int16_t patternElem, std::int16_t spessoreElem, bool velato) {
         if (colore != coloreElem) {
             colore = coloreElem;

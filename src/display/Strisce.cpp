@@ -145,7 +145,7 @@ public:
 
 bool ScandisciAStrisce() {
     auto* const porta = dynamic_cast<RasterPort*>(GetPort());
-    if (porta == nullptr || porta->ratio != 1 || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva())
+    if (porta == nullptr || DisegnaPict || indElem < sogliaStrisce || AnteprimaAttiva())
         return false;
     try {
         return Strisce(*porta).esegui();

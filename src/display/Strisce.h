@@ -8,7 +8,7 @@ namespace tessaro {
 extern std::int32_t sogliaStrisce;   // records from which on a repaint is shared out, 20000
 
 // Draws the records like Scandisci, with the same pixels. False, and nothing is drawn, when that is not worth it or cannot
-// be done: a small drawing, one thread, a port that is no raster of ratio 1, the live transformation's preview, many pictures or
+// be done: a small drawing, one thread, a port that is no raster, the live transformation's preview, many pictures or
 // hatches in view, no memory for the lists.
 bool ScandisciAStrisce();
 

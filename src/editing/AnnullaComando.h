@@ -4,7 +4,7 @@
 namespace tessaro {
 
 void AnnullaUltima();   // with nothing to take back, nothing
-void RipetiUltima();
+void RipetiUltima();    // with nothing to do again, nothing
 // The two items name the command whose step they take, and `annullamento` is the kind of the one that Undo takes.
 void AggiornaVociAnnulla();
 

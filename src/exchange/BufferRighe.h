@@ -17,16 +17,19 @@ public:
     BufferRighe(const BufferRighe&) = delete;
     BufferRighe& operator=(const BufferRighe&) = delete;
 
+    // Into the line in hand.
     void aggiungi(std::string_view s) {
         prepara(s.size());
         std::memcpy(dopo, s.data(), s.size());
         dopo += s.size();
     }
+    // Its end.
     void fineRiga() {
         prepara(2);
         *dopo++ = '\r';
         if (lf) *dopo++ = '\n';
     }
+    // A whole line.
     void riga(std::string_view s) {
         aggiungi(s);
         fineRiga();

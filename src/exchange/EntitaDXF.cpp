@@ -308,6 +308,16 @@ std::int16_t corpo(double altezza) {
 
 }   // namespace
 
+// Group 1 of a text: its words, cut to what a record holds.
+void TLeggiEntitaDXF::parole(elemento::Testo& t, bool& codici, bool& tagliato) {
+    const std::string_view riga = lettura.righe.riga();
+    if (riga.find("%%") != std::string_view::npos || riga.find('\\') != std::string_view::npos) codici = true;
+    const std::string intero = lettura.alfabeto.testo(riga), s = intero.substr(0, testoMassimo);
+    tagliato = intero.size() > testoMassimo;
+    t.testo[0] = static_cast<std::uint8_t>(s.size());
+    std::copy(s.begin(), s.end(), t.testo.begin() + 1);
+}
+
 void TLeggiEntitaDXF::DXFTesto() {
     auto& t = scratch.test;
     double v = 0;
@@ -325,15 +335,7 @@ void TLeggiEntitaDXF::DXFTesto() {
         case g50:
             if (reale(v)) t.angolo = arrotonda16(SessadToAng(90 - v, gradCorrente));
             break;
-        case g1: {
-            const std::string_view riga = lettura.righe.riga();
-            if (riga.find("%%") != std::string_view::npos || riga.find('\\') != std::string_view::npos) codici = true;
-            const std::string intero = lettura.alfabeto.testo(riga), s = intero.substr(0, testoMassimo);
-            tagliato = intero.size() > testoMassimo;
-            t.testo[0] = static_cast<std::uint8_t>(s.size());
-            std::copy(s.begin(), s.end(), t.testo.begin() + 1);
-            break;
-        }
+        case g1: parole(t, codici, tagliato); break;
         case g62: colore(t.colore); break;
         case g8:
             if (const std::int16_t l = layer(); l > 0)

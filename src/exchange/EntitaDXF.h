@@ -35,7 +35,7 @@ public:
     TLeggiEntitaDXF(const TLeggiEntitaDXF&) = delete;
     TLeggiEntitaDXF& operator=(const TLeggiEntitaDXF&) = delete;
 
-    void Leggi();
+    void Leggi();   // to the end of the section, or until the reading is over
 
 protected:
     virtual void Punto();
@@ -66,6 +66,7 @@ private:
     bool reale(f64& dove);
     bool reale(double& dove);
     bool colore(f16& dove);
+    void parole(elemento::Testo& t, bool& codici, bool& tagliato);
     std::int16_t layer();   // CercaLayer of a group 8
     std::int16_t layerDi(const std::string& nome);
     // Groups 6, 8 and 62; false when the group is none of them.

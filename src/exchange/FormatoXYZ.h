@@ -21,9 +21,9 @@ std::int16_t ColonneXYZ();   // how many columns exist
 
 class TFormatoXYZ : public TParametri {
 public:
-    virtual void Form(std::uint8_t nascosto);   // 1: the settings file only, 0: the dialog
-    virtual void leggipar();                    // into the working copies; defaults for what cannot be used
-    virtual void scrivipar();
+    virtual void Form(std::uint8_t nascosto);      // 1: the settings file only, 0: the dialog
+    virtual void leggipar();                       // into the working copies; defaults for what cannot be used
+    virtual void scrivipar();                      // the working copies into the settings file
     virtual void inggene(std::uint8_t nascosto);   // working copies into force; 0: takes the pop-ups first
     virtual void AggPopItem(std::int16_t item);    // shows the pop-up's working copy
     void Display() override;
@@ -33,6 +33,7 @@ private:
     void colpito();
 };
 
+// 1: what the settings file says comes into force; 0: the dialog.
 void FormatoXYZ(std::uint8_t nascosto);
 
 }   // namespace tessaro

@@ -16,10 +16,10 @@ enum tipo_D : std::int32_t { due_D = 0, tre_D = 1 };
 extern PStr255 stUniM;                                 // the unit's text; ScriviGlobalCharacteristics
 extern const std::array<std::int16_t, 38> Retini_MC;   // pen pattern of the script for pattern number 1, 2, ...
 
-void FaiMiniCad(tipo_D d);
-void ApriMiniCad(tipo_D d);   // asks where to write and opens it as RefNum; cancelling sets uscita
-void ScriviGlobalCharacteristics();
-Scritti ScriviObjectCreationCode(tipo_D d);
+void FaiMiniCad(tipo_D d);                    // the whole export, from the question where to, to its report
+void ApriMiniCad(tipo_D d);                   // asks where to write and opens it as RefNum; cancelling sets uscita
+void ScriviGlobalCharacteristics();           // units and scale
+Scritti ScriviObjectCreationCode(tipo_D d);   // the elements; gives what was written and left out
 
 // --- single commands
 void MCPenSize(std::int16_t n);

@@ -59,7 +59,7 @@ enum Conteggio : std::size_t {
 };
 
 std::string TestoDi(TestoScambio t, std::string_view p0 = {});
-std::string ConMigliaia(std::int64_t n);
+std::string ConMigliaia(std::int64_t n);   // digits in groups of three, by the language's mark
 
 class ElementiContati {
 public:
@@ -67,7 +67,7 @@ public:
     void aggiungi(Conteggio c, std::int64_t n = 1) { quanti[c] += n; }
     void contaRecord(std::int32_t primo);      // those of the drawing from `primo` on
     [[nodiscard]] std::string testo() const;   // "1,204 segments, 12 circles"
-    [[nodiscard]] bool vuoti() const;
+    [[nodiscard]] bool vuoti() const;          // nothing was counted
 
 private:
     std::array<std::int64_t, nConteggi> quanti{};
@@ -75,7 +75,7 @@ private:
 
 class Resoconto {
 public:
-    void tralascia(std::string_view entita);
+    void tralascia(std::string_view entita);   // one entity of a kind that has no place here
     void coloreFuori() { ++colori; }
     void senzaPosto() { ++perduti; }
     void pieno() { archivioPieno = true; }   // the rest of the file was not looked at

@@ -12,6 +12,7 @@ struct ScritturaDXF : Scritti {
     BufferDXF b;
 };
 
+// Each writes its section or table whole. A disk that refuses is told at the end, by the writer's buffer.
 void ScriviHeader(ScritturaDXF& s);
 void ControllaLucidi();   // names and use of the sheets, for the tables
 void ScriviTableLTypeDXF(ScritturaDXF& s);

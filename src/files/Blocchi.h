@@ -7,7 +7,7 @@
 
 namespace tessaro {
 
-void ScriviBlocchi();
+void ScriviBlocchi();   // all of the present version, to RefNum
 // Those that the version has. What is missing or out of bounds ends the reading, and all from there on keeps its
 // present value; false then, with `g` telling why.
 bool LeggiBlocchi(std::int16_t versione, Guasto& g);

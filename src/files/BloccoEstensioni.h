@@ -7,7 +7,7 @@
 
 namespace tessaro {
 
-void ScriviEstensioni();
+void ScriviEstensioni();   // nothing without entries
 // From where the told blocks end. Entries of unknown marks are kept; other bytes than the mark there are nobody's and no
 // fault. False when the block is cut off or its lengths do not fit, with `g` telling so: entries up to there are in.
 bool LeggiEstensioni(Guasto& g);

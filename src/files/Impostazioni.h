@@ -8,6 +8,8 @@
 namespace tessaro {
 
 void leggiparam();   // "TESSCONT"
+// The lines of the open "TESSCONT", in their order; `velocita` is the line's speed as it counts. A line that cannot be
+// read leaves its value, and a message at the end names all of them.
 void LeggiTipo(std::int16_t& velocita);
 extern PStr255 strTav;   // tablet name
 // The serial line of a digitiser: bits of a word; 1 one, 2 one and a half, 3 two stop bits; 1 none, 2 odd, 3 even parity.

@@ -16,6 +16,7 @@ struct elemento_Ext {   // versions 3 and 4
     std::array<std::uint8_t, 102> byte{};
 };
 
+// Every field by the place that it had; a type that did not exist gives only its head.
 void TrasformaOldNew(const Oldelemento& vecchio, elemento& nuovo);
 // Reserved and known records with their heads brought within bounds; a type that did not exist gives only its head.
 void TrasformaExtDoub(const elemento_Ext& vecchio, elemento& nuovo);

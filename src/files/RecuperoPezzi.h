@@ -8,6 +8,7 @@
 
 namespace tessaro {
 
+// Four characters as they stand in the file, on a little-endian machine.
 constexpr std::uint32_t genereDi(const char (&s)[5]) {
     return std::uint32_t(std::uint8_t(s[0])) | std::uint32_t(std::uint8_t(s[1])) << 8
            | std::uint32_t(std::uint8_t(s[2])) << 16 | std::uint32_t(std::uint8_t(s[3])) << 24;
@@ -26,9 +27,11 @@ struct TestaPezzo {
 };
 static_assert(sizeof(TestaPezzo) == 32);
 
+// Of all but its own field.
 inline std::uint64_t ImprontaTesta(const TestaPezzo& t) {
     return ImprontaByte(&t, offsetof(TestaPezzo, propria), versioneRecupero);
 }
+// The head for a payload, with both checksums.
 inline TestaPezzo FaiTesta(std::uint32_t genere, const void* corpo, std::size_t byte) {
     TestaPezzo t;
     t.genere = genere;

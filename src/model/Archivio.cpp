@@ -170,6 +170,115 @@ LatoRimandato::~LatoRimandato() {
     if (ultimoLato) misuraLato(*ultimoLato);
 }
 
+namespace {
+
+// What Memorizza was called with: a to f as the type takes them, and the pen.
+struct Dati {
+    double a, b, c, d, e, f;
+    std::int16_t spessore, colore, pattern;
+};
+
+template <class Figura>
+void penna(Figura& r, const Dati& v) {
+    r.spessore = v.spessore;
+    r.pattern = v.pattern;
+    r.colore = v.colore;
+}
+
+void riempi(elemento::Segmento& r, const Dati& v) {
+    r.t.aref = ArefSegmDef;
+    r.x1 = v.a;
+    r.y1 = v.b;
+    r.z1 = v.c;
+    r.x2 = v.d;
+    r.y2 = v.e;
+    r.z2 = v.f;
+    penna(r, v);
+    ricordaLato({v.d - v.a, v.e - v.b, v.a, v.b, v.d, v.e});
+}
+
+void riempi(elemento::Marker& r, const Dati& v) {
+    r.t.aref = ArefMarkerDef;
+    r.x = v.a;
+    r.y = v.b;
+    r.z = v.c;
+    r.forma = arrotonda16(v.d);
+    penna(r, v);
+}
+
+void riempi(elemento::Poligono& r, const Dati& v) {
+    r.t.aref = ArefPolyDef;
+    r.x = v.a;
+    r.y = v.b;
+    r.z = v.c;
+    r.passoTratt = 0;
+    r.angoloTratt = 0;
+    r.tratteggio = 0;
+    r.incrociato = 0;
+    r.numVertici = 0;
+    penna(r, v);
+    r.patternArea = arrotonda16(v.f);
+    IndicePolCorrente = indElem;
+}
+
+void riempi(elemento::Pict& r, const Dati& v) {
+    r.x = v.a;
+    r.y = v.b;
+    r.larghezza = v.d;
+    r.altezza = v.e;
+}
+
+void riempi(elemento::Cerchio& r, const Dati& v) {
+    r.t.aref = ArefCerchiDef;
+    r.cx = v.a;
+    r.cy = v.b;
+    r.raggio = v.c;
+    penna(r, v);
+    r.patternArea = arrotonda16(v.f);
+}
+
+void riempi(elemento::Arco& r, const Dati& v) {
+    r.t.aref = ArefArchiDef;
+    r.cx = v.a;
+    r.cy = v.b;
+    r.raggio = v.c;
+    r.angoloInizio = v.d;
+    r.ampiezza = v.e;
+    penna(r, v);
+    r.patternArea = arrotonda16(v.f);
+}
+
+void riempiVertice(elemento& r, const Dati& v) {
+    r.vert.t.aref = ArefPolyDef;
+    r.vert.x = v.a;
+    r.vert.y = v.b;
+    r.vert.z = v.c;
+    vertice(r);
+}
+
+void riempiTesto(elemento& r, const Dati& v, const PStr255& scritta) {
+    r.test.x = v.a;
+    r.test.y = v.b;
+    r.test.angolo = v.pattern;
+    r.test.colore = v.colore;
+    testo(r, scritta);
+}
+
+// What every record has; a text has no room for line, set and category.
+void testata(elemento& r, Tipoelem tipo) {
+    r.tipo = tipo;
+    r.lucido = VisioneGraf.lucidoCorrente;
+    r.selezionato = 0;
+    r.riservato3 = 0;
+    r.riservato4 = 0;
+    if (tipo == tTesto) return;
+    r.testa.linea = LineaCorrente;
+    r.testa.insieme = InsiemeCorrente;
+    r.testa.categoria = CategoriaCorrente;
+}
+
+}   // namespace
+
 void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c, const double& d, const double& e,
                const double& f, std::int16_t s, std::int16_t colore, std::int16_t p, const PStr255& scritta) {
     if (indElem >= maxElementi) {
@@ -178,98 +287,17 @@ void Memorizza(Tipoelem tipo, const double& a, const double& b, const double& c,
     }
     ++indElem;
     elemento& r = Elem(indElem);
-    r.tipo = tipo;
-    r.lucido = VisioneGraf.lucidoCorrente;
-    r.selezionato = 0;
-    r.riservato3 = 0;
-    r.riservato4 = 0;
-    if (tipo != tTesto) {
-        r.testa.linea = LineaCorrente;
-        r.testa.insieme = InsiemeCorrente;
-        r.testa.categoria = CategoriaCorrente;
-    }
+    const Dati v{a, b, c, d, e, f, s, colore, p};
+    testata(r, tipo);
     switch (tipo) {
-    case tSegmento:
-        r.segm.t.aref = ArefSegmDef;
-        r.segm.x1 = a;
-        r.segm.y1 = b;
-        r.segm.z1 = c;
-        r.segm.x2 = d;
-        r.segm.y2 = e;
-        r.segm.z2 = f;
-        r.segm.spessore = s;
-        r.segm.pattern = p;
-        r.segm.colore = colore;
-        ricordaLato({d - a, e - b, a, b, d, e});
-        break;
-    case tMarker:
-        r.mark.t.aref = ArefMarkerDef;
-        r.mark.x = a;
-        r.mark.y = b;
-        r.mark.z = c;
-        r.mark.forma = arrotonda16(d);
-        r.mark.spessore = s;
-        r.mark.pattern = p;
-        r.mark.colore = colore;
-        break;
-    case tPoligono:
-        r.poli.t.aref = ArefPolyDef;
-        r.poli.x = a;
-        r.poli.y = b;
-        r.poli.z = c;
-        r.poli.passoTratt = 0;
-        r.poli.angoloTratt = 0;
-        r.poli.tratteggio = 0;
-        r.poli.incrociato = 0;
-        r.poli.numVertici = 0;
-        r.poli.spessore = s;
-        r.poli.pattern = p;
-        r.poli.colore = colore;
-        r.poli.patternArea = arrotonda16(f);
-        IndicePolCorrente = indElem;
-        break;
-    case tVertice:
-        r.vert.t.aref = ArefPolyDef;
-        r.vert.x = a;
-        r.vert.y = b;
-        r.vert.z = c;
-        vertice(r);
-        break;
-    case tTesto:
-        r.test.x = a;
-        r.test.y = b;
-        r.test.angolo = p;
-        r.test.colore = colore;
-        testo(r, scritta);
-        break;
-    case tPict:
-        r.pict.x = a;
-        r.pict.y = b;
-        r.pict.larghezza = d;
-        r.pict.altezza = e;
-        break;
-    case tCerchio:
-        r.cerc.t.aref = ArefCerchiDef;
-        r.cerc.cx = a;
-        r.cerc.cy = b;
-        r.cerc.raggio = c;
-        r.cerc.spessore = s;
-        r.cerc.pattern = p;
-        r.cerc.colore = colore;
-        r.cerc.patternArea = arrotonda16(f);
-        break;
-    case tArco:
-        r.arco.t.aref = ArefArchiDef;
-        r.arco.cx = a;
-        r.arco.cy = b;
-        r.arco.raggio = c;
-        r.arco.angoloInizio = d;
-        r.arco.ampiezza = e;
-        r.arco.spessore = s;
-        r.arco.pattern = p;
-        r.arco.colore = colore;
-        r.arco.patternArea = arrotonda16(f);
-        break;
+    case tSegmento: riempi(r.segm, v); break;
+    case tMarker: riempi(r.mark, v); break;
+    case tPoligono: riempi(r.poli, v); break;
+    case tVertice: riempiVertice(r, v); break;
+    case tTesto: riempiTesto(r, v, scritta); break;
+    case tPict: riempi(r.pict, v); break;
+    case tCerchio: riempi(r.cerc, v); break;
+    case tArco: riempi(r.arco, v); break;
     default: break;
     }
     annullamento = aNiente;

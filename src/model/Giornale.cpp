@@ -265,6 +265,26 @@ void GiornaleFine() {
 
 bool GiornaleAperto() { return giornale().aperto; }
 
+namespace {
+
+// The shadow follows the drawing; what the step takes out of it comes to lie in the step.
+void prendiDallOmbra(Giornale& g, Passo& p, std::vector<std::uint64_t> pagine, StatoFigura figura) {
+    std::size_t quanti = 0;
+    for (const TrattoDiverso& t : p.tratti) quanti += static_cast<std::size_t>(t.quantiPrima);
+    p.altri.reserve(quanti);
+    for (const TrattoDiverso& t : p.tratti) {
+        const auto da = g.ombra.record.record.begin() + t.prima;
+        p.altri.insert(p.altri.end(), da, da + t.quantiPrima);
+        g.immagini.entra({ArrElementi + t.dopo, static_cast<std::size_t>(t.quantiDopo)});
+    }
+    g.immagini.esce(p.altri);
+    g.ombra.record.Segui(p.tratti, std::move(pagine));
+    g.ombra.righe = leggiRighe(g);
+    g.ombra.figura = std::move(figura);
+}
+
+}   // namespace
+
 bool ChiudiPasso(const NomePasso& nome) {
     Giornale& g = giornale();
     if (!g.aperto) return false;
@@ -289,18 +309,7 @@ bool ChiudiPasso(const NomePasso& nome) {
         p.figuraDopo = figura;
         p.nome.punto = c;
     }
-    std::size_t quanti = 0;
-    for (const TrattoDiverso& t : p.tratti) quanti += static_cast<std::size_t>(t.quantiPrima);
-    p.altri.reserve(quanti);
-    for (const TrattoDiverso& t : p.tratti) {
-        const auto da = g.ombra.record.record.begin() + t.prima;
-        p.altri.insert(p.altri.end(), da, da + t.quantiPrima);
-        g.immagini.entra({ArrElementi + t.dopo, static_cast<std::size_t>(t.quantiDopo)});
-    }
-    g.immagini.esce(p.altri);
-    g.ombra.record.Segui(p.tratti, std::move(pagine));
-    g.ombra.righe = leggiRighe(g);
-    g.ombra.figura = std::move(figura);
+    prendiDallOmbra(g, p, std::move(pagine), std::move(figura));
     if (prosegue(g, p)) {   // the step before it already holds what there was
         g.immagini.lascia(p.altri);
         avvisa(p.tratti, p.righe);

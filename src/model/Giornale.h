@@ -19,9 +19,9 @@ namespace tessaro {
 
 extern std::int32_t memoriaGiornale;   // bound of what the steps hold, megabytes, 256; from its settings file
 
-void GiornaleNuovo();   // a drawing has been opened: what it is now is where an empty journal begins
-void GiornaleFine();    // it is closed: steps go, and the pictures that only they held
-bool GiornaleAperto();
+void GiornaleNuovo();    // a drawing has been opened: what it is now is where an empty journal begins
+void GiornaleFine();     // it is closed: steps go, and the pictures that only they held
+bool GiornaleAperto();   // false without a drawing: no step is made then
 
 // What the menu shows of a step.
 struct NomePasso {
@@ -37,7 +37,7 @@ struct NomePasso {
 bool ChiudiPasso(const NomePasso& nome);
 
 const NomePasso* DaAnnullare();   // null when there is none
-const NomePasso* DaRipetere();
+const NomePasso* DaRipetere();    // null when there is none
 
 // What going back or forward did, for what has to be made afresh.
 struct EsitoPasso {

@@ -23,6 +23,7 @@ public:
     void entra(std::span<const elemento> record) { cambia(record, 1, 0); }     // into the shadow
     void esce(std::span<const elemento> record) { cambia(record, -1, 1); }     // from the shadow into a step
     void lascia(std::span<const elemento> record) { cambia(record, 0, -1); }   // the step goes
+    // A step has been taken back or done again.
     void scambia(std::span<const elemento> dentroPasso, std::span<const elemento> fuori) {
         cambia(fuori, 1, -1);
         cambia(dentroPasso, -1, 1);

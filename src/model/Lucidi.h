@@ -16,8 +16,9 @@ struct VisioneGrafT {
 };
 static_assert(sizeof(VisioneGrafT) == 108);
 extern VisioneGrafT VisioneGraf;
-void AzzeraVisioneGraf();
+void AzzeraVisioneGraf();   // to the values of a new drawing: all sheets visible, sheet 0 current
 
+// Is what lies on it drawn?
 inline bool LucidoVisibile(std::int16_t l) {
     if (l < 0 || l > 99) return false;   // a number from a damaged file: on no sheet
     return VisioneGraf.visibile[static_cast<std::size_t>(l)] != 0

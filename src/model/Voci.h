@@ -42,7 +42,7 @@ enum NumeroMenu : std::int16_t {
 namespace voci {
 
 namespace aiuto {
-enum : std::int16_t { informazioni = 1 };
+enum : std::int16_t { informazioni = 1, guida = 2 };
 }
 namespace archivio {
 enum : std::int16_t {

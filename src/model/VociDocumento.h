@@ -23,6 +23,7 @@ struct VoceDocumento {
     std::uint32_t byte;
 };
 
+// The row of one global, which has to outlive it.
 template <class T>
 VoceDocumento VoceDi(const char* nome, VoceDocumento::Genere genere, T& dato) {
     static_assert(std::is_trivially_copyable_v<T>);

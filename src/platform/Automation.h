@@ -28,6 +28,9 @@ const Avvio& AvvioInForza();
 // Called on SIGTERM and SIGINT before the program leaves, and when the session ends: brings the recovery file down to the
 // disk. Set by the shell.
 extern void (*salvaRecupero)();
+// Nothing in the environment names a display. Before StartToolbox too, which ends the program with one line when it finds
+// none and no script runs.
+bool SenzaSchermo();
 std::string AppFolder();   // where the executable stands
 
 // --- what the driver is asked. All are set before StartToolbox; without a script they are null.

@@ -91,7 +91,7 @@ void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_
 void HMDisplayTag(WindowPtr w, const Rect& r, std::int16_t list, std::int16_t index);
 void HMHideTag();
 
-// The guide's page, opened by the desktop. False when it is not installed or nothing can show it.
+// The guide's page, in the desktop's browser or, without one, in a window of its own. False when it is not installed.
 bool HelpPageExists(std::string_view page);
 bool AHGotoPage(std::string_view page);
 

@@ -52,7 +52,7 @@ public:
     using Scelta = std::int64_t __attribute__((vector_size(16)));   // -1 yes, 0 no, for each
 
     MappaFuga() = default;
-    explicit MappaFuga(const Att4Pt& r);
+    explicit MappaFuga(const Att4Pt& r);   // of a record that a preparation has filled
     // Maps a point in place: by the two-piece curve, or by the plain scale. Parallel lines of the target give (0, 0).
     void operator()(bool curva, double& x, double& y) const;
     [[nodiscard]] std::int32_t orientamento() const { return orient; }

@@ -15,11 +15,12 @@ namespace tessaro {
 class ActiveAttach {
 public:
     ActiveAttach();
-    void SetXYAtt(std::int16_t i, const double& x, const double& y);   // slot from 0
-    void GetAttacco(std::int16_t n, double& x, double& y) const;       // point from 1
-    void SetDelta(const double& x, const double& y, const double& z);
+    void SetXYAtt(std::int16_t i, const double& x, const double& y);    // slot from 0
+    void GetAttacco(std::int16_t n, double& x, double& y) const;        // point from 1
+    void SetDelta(const double& x, const double& y, const double& z);   // translation of the similarity, sheet units
     void SetRot(const double& a, const double& b, const double& c, const double& d);   // Kept: d lands on rot21 too
-    void SetIngr(const double& v);
+    void SetIngr(const double& v);                                                     // its enlargement, 1 for none
+    // Its two source points, sheet units.
     void SetCoord(const double& x1, const double& y1, const double& z1, const double& x2, const double& y2,
                   const double& z2);
     void SetModificato(std::uint8_t on) { modificato = on; }

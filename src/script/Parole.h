@@ -20,9 +20,10 @@ std::vector<Parola> Spezza(std::string_view riga);
 // Takes `shift`, `option`, `command`, `control` off the line's end; modifier bits of Events.h.
 std::uint16_t TogliModificatori(std::vector<Parola>& parole);
 
+// A whole number within the bounds.
 std::int32_t Intero(std::string_view s, std::int32_t min = INT32_MIN, std::int32_t max = INT32_MAX);
-double Reale(std::string_view s);   // also nan, inf, -inf
-bool LeggiReale(std::string_view s, double& v);
+double Reale(std::string_view s);                 // also nan, inf, -inf
+bool LeggiReale(std::string_view s, double& v);   // the same without the throw: false when it is none
 
 // H,V is a pixel of the content; @X,Y a sheet position in tenths of a millimetre.
 struct Luogo {
@@ -41,7 +42,7 @@ struct PassoDialogo {
     std::string scritta;       // testo: UTF-8; figura: the path
     std::string origine;       // as it stands in the script
 };
-PassoDialogo LeggiPasso(const std::string& s);
+PassoDialogo LeggiPasso(const std::string& s);   // one step of `dialog` or `alert`
 
 // Text between double quotes, with \" \\ and \n for line ends.
 std::string TraVirgolette(std::string_view utf8);

@@ -60,6 +60,10 @@ void MenuSpessori() { scegli(bSpessore, menuSpessore, spessore); }
 void MenuPatternPenna() { scegli(bPenna, menuPatternPenna, NumPat); }
 void MenuPatternArea() { scegli(bArea, menuPatternArea, static_cast<std::int16_t>(NumAreaPat + 1)); }
 
+void ApriGuida() {
+    if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // it is not installed
+}
+
 // The buttons that have no room, by name.
 void MenuAltri() {
     while (CountMenuItems(menuAltriBottoni) > 0) DeleteMenuItem(menuAltriBottoni, CountMenuItems(menuAltriBottoni));
@@ -86,9 +90,7 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     case bSpessore: MenuSpessori(); break;
     case bPenna: MenuPatternPenna(); break;
     case bArea: MenuPatternArea(); break;
-    case bAiuto:
-        if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // no browser to show it
-        break;
+    case bAiuto: ApriGuida(); break;
     case bPolare: IngressoPolare(); break;
     default: {
         const ComandoMenu c = ComandoDelBottone(indice);

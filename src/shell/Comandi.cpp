@@ -60,6 +60,7 @@
 #include "shell/Appunti.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Rapporto.h"
@@ -198,6 +199,7 @@ void coordinateSempre() {
 
 void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
+    if (theItem == voci::aiuto::guida) ApriGuida();
 }
 
 void comandoDisegna() {

@@ -7,8 +7,9 @@
 
 namespace tessaro {
 
-void Initialize();    // every global at its start, settings read, menus made, an empty drawing open
-void CheckEvents();   // one event and one idle step
+void Initialize();          // every global at its start, settings read, menus made, an empty drawing open
+void LeggiImpostazioni();   // what the settings files hold, in silence; once, behind Initialize
+void CheckEvents();         // one event and one idle step
 // What the program is started for. Paths are UTF-8.
 struct Partenza {
     std::vector<std::string> documenti;   // the first one is opened

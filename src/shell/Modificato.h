@@ -4,9 +4,9 @@
 
 namespace tessaro {
 
-void SegnaSalvato();   // what is open is what the file holds, or an empty drawing
-void SegnaDiverso();   // it differs until it is saved, whatever comes: not read whole, or recovered
-[[nodiscard]] bool DisegnoDiverso();
-void MostraDiverso();   // the window's title tells it
+void SegnaSalvato();                   // what is open is what the file holds, or an empty drawing
+void SegnaDiverso();                   // it differs until it is saved, whatever comes: not read whole, or recovered
+[[nodiscard]] bool DisegnoDiverso();   // false without a drawing
+void MostraDiverso();                  // the window's title tells it
 
 }   // namespace tessaro

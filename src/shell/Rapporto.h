@@ -13,7 +13,7 @@ extern DialogPtr rapportoDialog;   // null while it is closed
 
 void ApriRapporto();       // an open one comes to the front
 void AggiornaRapporto();   // shows what has changed; costs next to nothing when nothing did, or when it is closed
-void ChiudiRapporto();
+void ChiudiRapporto();     // nothing when it is closed
 void ColpoRapporto(std::int16_t item);   // its items; 0 is the close box
 
 }   // namespace tessaro

@@ -33,18 +33,25 @@ std::int16_t STRtoINT(std::int16_t min, std::int16_t max, const PStr255& text, s
 void Sbaglio(std::int16_t code, std::uint8_t& flag);
 extern void (*mostraSbaglio)(std::int16_t code);   // its alert; set by the dialogs at start
 
-void RToStr(const double& x, std::int16_t d, PStr255& s);   // fixed notation, d decimals
-PStr255 FormatStr(const PStr255& s, std::int16_t w);        // right-aligned, at most 30 blanks added
-PStr255 FormatInt(std::int32_t n, std::int16_t w);
-PStr255 FormatReal(const double& x, std::int16_t w, std::int16_t d);
-PStr255 NumToString(std::int32_t n);
+void RToStr(const double& x, std::int16_t d, PStr255& s);              // fixed notation, d decimals
+PStr255 FormatStr(const PStr255& s, std::int16_t w);                   // right-aligned, at most 30 blanks added
+PStr255 FormatInt(std::int32_t n, std::int16_t w);                     // a whole number, right-aligned to w
+PStr255 FormatReal(const double& x, std::int16_t w, std::int16_t d);   // d decimals, right-aligned to w
+PStr255 NumToString(std::int32_t n);                                   // all its digits
+// Leading blanks and a sign pass; digits up to the first other character, held to 32 bits.
 std::int32_t StringToNum(const PStr255& s);
 
+// Plain double arithmetic: a few units of the last place, and no guard against overflow above 1e154.
 double Distanza(const double& x1, const double& y1, const double& x2, const double& y2);
+// X to the power y for x above 0, by exp and log: relative error about |y ln x| units of the last place.
 double X_to_Y(const double& x, const double& y);
+// 10 to the n by X_to_Y: not the nearest double.
 double PwrOfTen(std::int16_t n);
-double Log(const double& x);
+double Log(const double& x);   // to the base 10
 
+// Angles between the systems, signed, unbounded. They go by 32-bit pi: 2.8e-8 of the angle off the true radians, and
+// exact to a few units of the last place on the way there and back. Sexagesimals (D.MMSSss) are read from whole
+// millionths. An unknown system gives 0.
 double SeDecRad(const double& a);
 double RadSeDec(const double& a);
 double CentRad(const double& a);

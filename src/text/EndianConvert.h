@@ -18,11 +18,13 @@ struct RectDisco {
     friend bool operator==(const RectDisco&, const RectDisco&) = default;
 };
 
+// B is the order of files, big-endian; N that of the processor.
 std::int16_t EndiansShort_BtoN(std::int16_t v);
 std::int16_t EndiansShort_NtoB(std::int16_t v);
 std::int32_t EndiansLong_BtoN(std::int32_t v);
 std::int32_t EndiansLong_NtoB(std::int32_t v);
 
+// Byte by byte: a NaN keeps its own.
 double EndiansDouble_BtoN(double v);
 double EndiansDouble_NtoB(double v);
 float EndiansFloat_BtoN(float v);

@@ -33,7 +33,7 @@ public:
     void InsertHelper(const PString& src, std::int16_t pos, std::int16_t maxLen);
     void InsertHelper(const char* src, std::int16_t pos, std::int16_t maxLen);
 
-    const unsigned char* bytes() const;
+    const unsigned char* bytes() const;   // the length byte, then the characters
     // The characters as a view, for the toolbox; valid while the string is.
     std::string_view view() const;
     std::string str() const { return std::string(view()); }
@@ -62,6 +62,7 @@ public:
     PStr255& operator=(const PStr7& s);
     PStr255& operator=(const unsigned char* pascal);
     PStr255& operator=(char c);
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr255 Copy(std::int16_t start, std::int16_t count) const;
     PStr255& operator+=(const PString& s);
     PStr255& operator+=(const char* s);
@@ -77,6 +78,7 @@ public:
     PStr63(char c);          // NOLINT
     PStr63& operator=(const char* s);
     PStr63& operator=(const PStr255& s);   // Kept: a longer source leaves its own length in byte 0
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr63 Copy(std::int16_t start, std::int16_t count) const;
     PStr63& operator+=(const PString& s);
     PStr63& operator+=(const char* s);
@@ -90,6 +92,7 @@ public:
     PStr32() = default;
     PStr32(const char* s);   // NOLINT
     PStr32(char c);          // NOLINT
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr32 Copy(std::int16_t start, std::int16_t count) const;
 };
 
@@ -101,6 +104,7 @@ public:
     PStr31(const char* s);   // NOLINT
     PStr31(char c);          // NOLINT
     PStr31& operator=(const char* s);
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr31 Copy(std::int16_t start, std::int16_t count) const;
     PStr31& operator+=(const PString& s);
     PStr31& operator+=(const char* s);
@@ -118,6 +122,7 @@ public:
     PStr15& operator=(const PStr255& s);   // Kept: as PStr63's; Str255To15 is the safe road
     PStr15(const PStr15& s) = default;
     PStr15& operator=(const PStr15& s) = default;
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr15 Copy(std::int16_t start, std::int16_t count) const;
     PStr15& operator+=(const PString& s);
     PStr15& operator+=(const char* s);
@@ -132,6 +137,7 @@ public:
     PStr7(const char* s);   // NOLINT: Kept: clips at 31; pass no more than 7 characters
     PStr7(char c);          // NOLINT
     PStr7& operator=(const char* s);
+    // `count` characters from the 1-based start; what is not there is left out.
     PStr7 Copy(std::int16_t start, std::int16_t count) const;
     PStr7& operator+=(const PString& s);
     PStr7& operator+=(const char* s);

@@ -13,9 +13,10 @@ namespace tessaro {
 class TSTRtoFP {
 public:
     virtual ~TSTRtoFP() = default;
+    // The limits, in the unit of the value, and the text.
     void Poni(const double& minimo, const double& massimo, const PStr255& testo);
-    void traduci(std::uint8_t flag);   // flag 1: a fault is also shown
-    std::int16_t Prendi(double& value, std::int16_t& pos) const;
+    void traduci(std::uint8_t flag);                               // flag 1: a fault is also shown
+    std::int16_t Prendi(double& value, std::int16_t& pos) const;   // the error word; value and place of the fault
 
 protected:
     virtual void SEARCH();      // the first character of the number
@@ -45,9 +46,10 @@ private:
 class TSTRtoINT {
 public:
     virtual ~TSTRtoINT() = default;
+    // The limits and the text, as TSTRtoFP's.
     void Poni(std::int16_t minimo, std::int16_t massimo, const PStr255& testo);
     void traduci(std::uint8_t flag);
-    std::int16_t Prendi(std::int16_t& value, std::int16_t& pos) const;
+    std::int16_t Prendi(std::int16_t& value, std::int16_t& pos) const;   // the error word; value and place of the fault
 
 protected:
     virtual void SEARCH();

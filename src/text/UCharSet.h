@@ -19,8 +19,8 @@ public:
 
     void UnSetAll() { parole = {}; }
     [[nodiscard]] bool IN(std::int16_t c) const;   // the low 8 bits of c choose
-    void SetChar(char c);
-    void UnSetChar(char c);
+    void SetChar(char c);                          // c is a member
+    void UnSetChar(char c);                        // c is none
 
     // The character of the next token, and p behind it: 0 to 255, 257 for "..", -257 when there was none.
     static std::int16_t GetCharFromToken(const char** p);

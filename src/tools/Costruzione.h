@@ -17,6 +17,7 @@ void PuntoDiLinea();                   // the next point of a segment, polyline 
 void PuntoDiCurva();                   // of a circle or arc
 void FaiElemento(std::int16_t tipo);   // moves the rubber: 11 circle, 12 arc, else segment
 void MuoviElastico();                  // the same for the figure in progress; nothing without one
+// The circle through three points, sheet units. Of points without one (see CurvaVera) the numbers mean nothing.
 void CerchioTre(const puntot& p1, const puntot& p2, const puntot& p3, puntot& centro, double& raggio);
 // Do three points have a circle? False when they lie on one line or two of them in one place.
 bool CurvaVera(const puntot& p1, const puntot& p2, const puntot& p3);

@@ -6,17 +6,19 @@
 
 namespace tessaro {
 
+// The switches of menu 112, each with its tick; those that exclude one another turn the other off.
 void MettiParallelo();
 void MettiPerpendicolare();
 void MettiOrizzontale();
 void MettiVerticale();
 void MettiAttaccoPt();
 void MettiAttaccoZ();
-void Perpendicolare();   // moves Xfine, Yfine
-void Parallelo();
+void Perpendicolare();                                  // moves Xfine, Yfine
+void Parallelo();                                       // the same, along the last side
 void AttaccaCursore(double& x, double& y, double& z);   // earliest record in reach wins
-void AttaccaGriglia(double& x, double& y);
-void PoniZeta();   // dialog 2007
+void AttaccaGriglia(double& x, double& y);   // to the nearest crossing of the grid; the raw place is kept for attaching
+void PoniZeta();                             // dialog 2007
+// Orders the ends: left to right, of an upright one by ascending y.
 void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2);
 void AttivaGriglia();     // menu 112 item 7: the snap's switch
 void SpuntaVincoli();     // ticks of menu 112 from the state

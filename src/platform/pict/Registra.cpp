@@ -17,6 +17,24 @@ namespace {
 constexpr std::size_t massimoPict = 0x7FFFFFFF;
 constexpr std::size_t massimoPunti = 8000;   // of one polygon: its length has 16 bits, and old readers count it signed
 
+// Where line y of a region turns over against the line above it: ends that stand on one side only.
+std::vector<std::int32_t> svolteDi(const Region& r, std::int32_t y, std::vector<std::int32_t>& prima) {
+    std::vector<std::int32_t> qui;
+    for (const Rect& p : r.parti)
+        if (p.top <= y && y < p.bottom) qui.insert(qui.end(), {p.left, p.right});
+    std::sort(qui.begin(), qui.end());
+    std::vector<std::int32_t> svolte;
+    std::set_symmetric_difference(qui.begin(), qui.end(), prima.begin(), prima.end(), std::back_inserter(svolte));
+    // A shared edge of two neighbours stands twice and turns nothing over.
+    for (std::size_t i = 0; i + 1 < svolte.size();)
+        if (svolte[i] == svolte[i + 1])
+            svolte.erase(svolte.begin() + std::ptrdiff_t(i), svolte.begin() + std::ptrdiff_t(i) + 2);
+        else
+            ++i;
+    prima = std::move(qui);
+    return svolte;
+}
+
 // Region data from disjoint rectangles: for each line where something changes, the points where it turns over.
 void scriviRegione(Scrittore& s, const Region& r) {
     const Rect box = r.box();
@@ -35,19 +53,7 @@ void scriviRegione(Scrittore& s, const Region& r) {
     Scrittore dentro;
     std::vector<std::int32_t> prima;
     for (const std::int32_t y : righe) {
-        std::vector<std::int32_t> qui;
-        for (const Rect& p : r.parti)
-            if (p.top <= y && y < p.bottom) qui.insert(qui.end(), {p.left, p.right});
-        std::sort(qui.begin(), qui.end());
-        std::vector<std::int32_t> svolte;
-        std::set_symmetric_difference(qui.begin(), qui.end(), prima.begin(), prima.end(), std::back_inserter(svolte));
-        // A shared edge of two neighbours stands twice and turns nothing over.
-        for (std::size_t i = 0; i + 1 < svolte.size();)
-            if (svolte[i] == svolte[i + 1])
-                svolte.erase(svolte.begin() + std::ptrdiff_t(i), svolte.begin() + std::ptrdiff_t(i) + 2);
-            else
-                ++i;
-        prima = std::move(qui);
+        const std::vector<std::int32_t> svolte = svolteDi(r, y, prima);
         if (svolte.empty()) continue;
         dentro.u16(std::clamp(y, -32768, 32766));
         for (const std::int32_t x : svolte) dentro.u16(std::clamp(x, -32768, 32766));

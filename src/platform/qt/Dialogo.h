@@ -83,6 +83,7 @@ bool leggiDialogo(FinestraDialogo& d);
 void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wakes who waits
 void applica(const VoceDialogo& v);                     // the widget shows what the data say
 void mostra(FinestraDialogo& d);                        // opens the window; once
+void guidaDelDialogo(std::int16_t dialogo);             // F1: the guide at the section about it
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
 
 // --- lists

@@ -183,6 +183,7 @@ void QuadroDialogo::keyPressEvent(QKeyEvent* e) {
     case Qt::Key_Return: return tasto(tastoReturn);
     case Qt::Key_Enter: return tasto(tastoEnter);
     case Qt::Key_Escape: return tasto(tastoEscape);
+    case Qt::Key_F1: return guidaDelDialogo(d.id);
     default: QDialog::keyPressEvent(e);
     }
 }

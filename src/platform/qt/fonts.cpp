@@ -170,6 +170,21 @@ void crop(MascheraTesto& mask, const QImage& image, QPoint corner) {
                     image.constScanLine(top + y) + left, static_cast<std::size_t>(mask.width));
 }
 
+// Room around the mask for its outline, and the outline there.
+MascheraTesto outlined(const MascheraTesto& mask, const Stile& style) {
+    const bool shadow = (style.face & shadowFace) != 0;
+    const std::int32_t reach = style.ratio, back = shadow ? 2 * reach : reach;
+    MascheraTesto wide{
+        mask.width + reach + back, mask.height + reach + back, mask.left - reach, mask.top - reach, mask.advance, {}};
+    wide.coverage.assign(static_cast<std::size_t>(wide.width) * static_cast<std::size_t>(wide.height), 0);
+    for (std::int32_t y = 0; y < mask.height; ++y)
+        std::memcpy(wide.coverage.data() + static_cast<std::ptrdiff_t>(y + reach) * wide.width + reach,
+                    mask.coverage.data() + static_cast<std::ptrdiff_t>(y) * mask.width,
+                    static_cast<std::size_t>(mask.width));
+    outline(wide, reach, shadow);
+    return wide;
+}
+
 MascheraTesto setLine(const Stile& style, std::string_view bytes) {
     MascheraTesto mask;
     if (!toolkitThere()) {
@@ -199,24 +214,7 @@ MascheraTesto setLine(const Stile& style, std::string_view bytes) {
     painter.end();
     crop(mask, image, room.topLeft());
 
-    const bool shadow = (style.face & shadowFace) != 0;
-    if ((shadow || (style.face & outlineFace) != 0) && mask.width > 0) {
-        const std::int32_t reach = style.ratio, back = shadow ? 2 * reach : reach;
-        MascheraTesto wide{mask.width + reach + back,
-                           mask.height + reach + back,
-                           mask.left - reach,
-                           mask.top - reach,
-                           mask.advance,
-                           {}};
-        wide.coverage.assign(static_cast<std::size_t>(wide.width) * static_cast<std::size_t>(wide.height), 0);
-        for (std::int32_t y = 0; y < mask.height; ++y)
-            std::memcpy(wide.coverage.data() + static_cast<std::ptrdiff_t>(y + reach) * wide.width + reach,
-                        mask.coverage.data() + static_cast<std::ptrdiff_t>(y) * mask.width,
-                        static_cast<std::size_t>(mask.width));
-        outline(wide, reach, shadow);
-        return wide;
-    }
-    return mask;
+    return (style.face & (shadowFace | outlineFace)) != 0 && mask.width > 0 ? outlined(mask, style) : mask;
 }
 
 // --- the store of set lines
