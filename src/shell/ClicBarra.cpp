@@ -64,8 +64,10 @@ void ApriGuida() {
     if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // it is not installed
 }
 
+namespace {
+
 // The buttons that have no room, by name.
-void MenuAltri() {
+void menuAltri() {
     while (CountMenuItems(menuAltriBottoni) > 0) DeleteMenuItem(menuAltriBottoni, CountMenuItems(menuAltriBottoni));
     const std::size_t primo = PrimoNascosto();
     for (std::size_t i = primo; i < numBottoni; ++i) {
@@ -78,8 +80,10 @@ void MenuAltri() {
     if (scelto > 0) isButtonToolbarPressed(static_cast<std::uint32_t>(primo + static_cast<std::size_t>(scelto) - 1));
 }
 
+}   // namespace
+
 void isButtonToolbarPressed(std::uint32_t indice) {
-    if (!noWindow && indice == numBottoni) return MenuAltri();
+    if (!noWindow && indice == numBottoni) return menuAltri();
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
     switch (indice) {
