@@ -297,6 +297,7 @@ void DbDumper::faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdG
     constexpr double minimo = 5, massimo = 127;
     const std::string s = TestoDelDisegno(utf8);
     if (s.empty()) return;
+    constexpr std::size_t lungoMassimo = sizeof(elemento::test.testo) - 1;
     double x = 0, y = 0;
     const double rotazione = std::atan2(direzione.y, direzione.x);
     if (!interno(mondo, x, y) || !std::isfinite(rotazione)) {
@@ -310,8 +311,9 @@ void DbDumper::faiTesto(const OdDbEntity& e, const OdGePoint3d& mondo, const OdG
     const auto noto = fontNoti.find(file);
     gFontID = noto != fontNoti.end() ? noto->second : fontNoti.emplace(file, fontDi(file)).first->second;
     const std::int16_t angolo = arrotonda16(SessadToAng(90, gradCorrente) - RadToAng(rotazione, gradCorrente));
+    if (s.size() > lungoMassimo) resoconto.cambiati.aggiungi(cTestiTagliati);
     lucido(e, lucidoEntita);
-    Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, 255)));
+    Memorizza(tTesto, x, y, 0, 0, 0, 0, 1, colore(e), angolo, PStr255(std::string_view(s).substr(0, lungoMassimo)));
 }
 
 namespace {

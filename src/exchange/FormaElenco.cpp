@@ -39,8 +39,8 @@ struct Modo {
 };
 // In the order in which they win when they do equally well: who parts by tabs or semicolons means it.
 constexpr Modo modi[] = {
-    {SeparaElenco::tab, false},           {SeparaElenco::tab, true},      {SeparaElenco::puntoEVirgola, false},
-    {SeparaElenco::puntoEVirgola, true},  {SeparaElenco::virgola, false}, {SeparaElenco::bianchi, false},
+    {SeparaElenco::tab, false},          {SeparaElenco::tab, true},      {SeparaElenco::puntoEVirgola, false},
+    {SeparaElenco::puntoEVirgola, true}, {SeparaElenco::virgola, false}, {SeparaElenco::bianchi, false},
     {SeparaElenco::bianchi, true},
 };
 
@@ -48,8 +48,8 @@ using Riga = std::vector<std::string>;
 
 struct Tavola {
     Modo modo;
-    std::size_t quante = 0;          // columns of most rows
-    std::vector<Riga> righe;         // those of that many columns
+    std::size_t quante = 0;                               // columns of most rows
+    std::vector<Riga> righe;                              // those of that many columns
     std::array<std::size_t, maxColonneElenco> numeri{};   // of each column, how many are numbers, but for the first row
 
     [[nodiscard]] std::size_t prima() const { return righe.size() > 1 ? 1 : 0; }   // the one above may be a head
@@ -116,18 +116,19 @@ ColonnaElenco daParola(std::string_view parola) {
         std::string_view inizio;
         ColonnaElenco colonna;
     };
-    constexpr Nome intere[] = {{"X", ColonnaElenco::x},      {"E", ColonnaElenco::x},      {"Y", ColonnaElenco::y},
-                               {"Z", ColonnaElenco::z},      {"H", ColonnaElenco::z},      {"Q", ColonnaElenco::z},
-                               {"ID", ColonnaElenco::numero}, {"P", ColonnaElenco::numero}, {"N.", ColonnaElenco::numero},
-                               {"NR", ColonnaElenco::numero}, {"PT", ColonnaElenco::numero}};
-    constexpr Nome inizi[] = {{"EST", ColonnaElenco::x},     {"EAST", ColonnaElenco::x},   {"NORD", ColonnaElenco::y},
-                              {"NORT", ColonnaElenco::y},    {"QUOTA", ColonnaElenco::z},  {"ELEV", ColonnaElenco::z},
-                              {"ALT", ColonnaElenco::z},     {"HEIGHT", ColonnaElenco::z}, {"COD", ColonnaElenco::codice},
-                              {"DESC", ColonnaElenco::codice}, {"NOTE", ColonnaElenco::codice},
-                              {"PUNTO", ColonnaElenco::numero}, {"POINT", ColonnaElenco::numero},
-                              {"NUM", ColonnaElenco::numero},  {"NOME", ColonnaElenco::numero},
-                              {"NAME", ColonnaElenco::numero}, {"X", ColonnaElenco::x}, {"Y", ColonnaElenco::y},
-                              {"Z", ColonnaElenco::z}};
+    constexpr Nome intere[] = {
+        {"X", ColonnaElenco::x},       {"E", ColonnaElenco::x},      {"Y", ColonnaElenco::y},
+        {"Z", ColonnaElenco::z},       {"H", ColonnaElenco::z},      {"Q", ColonnaElenco::z},
+        {"ID", ColonnaElenco::numero}, {"P", ColonnaElenco::numero}, {"N.", ColonnaElenco::numero},
+        {"NR", ColonnaElenco::numero}, {"PT", ColonnaElenco::numero}};
+    constexpr Nome inizi[] = {
+        {"EST", ColonnaElenco::x},        {"EAST", ColonnaElenco::x},      {"NORD", ColonnaElenco::y},
+        {"NORT", ColonnaElenco::y},       {"QUOTA", ColonnaElenco::z},     {"ELEV", ColonnaElenco::z},
+        {"ALT", ColonnaElenco::z},        {"HEIGHT", ColonnaElenco::z},    {"COD", ColonnaElenco::codice},
+        {"DESC", ColonnaElenco::codice},  {"NOTE", ColonnaElenco::codice}, {"PUNTO", ColonnaElenco::numero},
+        {"POINT", ColonnaElenco::numero}, {"NUM", ColonnaElenco::numero},  {"NOME", ColonnaElenco::numero},
+        {"NAME", ColonnaElenco::numero},  {"X", ColonnaElenco::x},         {"Y", ColonnaElenco::y},
+        {"Z", ColonnaElenco::z}};
     const std::string m = maiuscola(parola);
     for (const Nome& n : intere)
         if (m == n.inizio) return n.colonna;
@@ -172,7 +173,8 @@ bool soloInteri(const Tavola& t, std::size_t da) {
 void dalleRighe(const Tavola& t, std::size_t da, FormaElenco& f) {
     const std::size_t n = std::min(t.quante, maxColonneElenco);
     const std::size_t coordinate = t.numeriche() - (t.numerica(0) ? 1 : 0);   // behind the first column
-    const bool numero = !t.numerica(0) || (coordinate >= 2 && contaInSu(t, da)) || (coordinate >= 3 && soloInteri(t, da));
+    const bool numero =
+        !t.numerica(0) || (coordinate >= 2 && contaInSu(t, da)) || (coordinate >= 3 && soloInteri(t, da));
     std::size_t c = 0;
     if (numero) f.colonne[c++] = ColonnaElenco::numero;
     ColonnaElenco prossima = ColonnaElenco::x;

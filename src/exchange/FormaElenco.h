@@ -21,7 +21,7 @@ struct FormaElenco {
     SeparaElenco separa = SeparaElenco::tab;
     bool virgolaDecimale = false;   // else the point
     bool conTesta = false;          // the first line that is no comment names the columns
-    std::uint8_t quante = 0;        // columns of a row, as they were found; those beyond maxColonneElenco are not looked at
+    std::uint8_t quante = 0;   // columns of a row, as they were found; those beyond maxColonneElenco are not looked at
     std::array<ColonnaElenco, maxColonneElenco> colonne{};
     friend bool operator==(const FormaElenco&, const FormaElenco&) = default;
 };

@@ -111,8 +111,7 @@ public:
         SetDialogItemMenu(theDialog, vStesura, menuStesure);
         SetDialogItemMenu(theDialog, vSeparatore, menuSeparatori);
         SetDialogItemMenu(theDialog, vDecimale, menuDecimali);
-        for (std::int16_t v = vPrimaColonna; v <= vUltimaColonna; ++v)
-            SetDialogItemMenu(theDialog, v, menuSignificati);
+        for (std::int16_t v = vPrimaColonna; v <= vUltimaColonna; ++v) SetDialogItemMenu(theDialog, v, menuSignificati);
         Display();
         do {
             ModalDialog(MyMovableFilter, itemCorrente);

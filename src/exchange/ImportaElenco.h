@@ -8,7 +8,11 @@
 
 namespace tessaro {
 
-enum class StesuraElenco : std::uint8_t { tavola, valorePerRiga, puntoPerRiga };   // the last two as TipoForm and DatoP say
+enum class StesuraElenco : std::uint8_t {
+    tavola,
+    valorePerRiga,
+    puntoPerRiga
+};   // the last two as TipoForm and DatoP say
 
 struct ScelteElenco {
     StesuraElenco stesura = StesuraElenco::tavola;

@@ -35,8 +35,13 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuAgganci = 9400,   // an item is its TipoAggancio
     menuAltriBottoni = 9435,
     menuRecenti = 9480,
+    menuLucidi = 9483,
+    menuForme = 9484,
+    menuLingue = 9491,
+    menuUnita = 9492,
 };
 
 namespace voci {
@@ -90,6 +95,8 @@ enum : std::int16_t {
     ripeti = 19,
     incollaSulPosto = 20,
     incollaImmagine = 21,
+    preferenze = 30,
+    proprieta = 31,
 };
 }
 namespace disegna {
@@ -151,6 +158,7 @@ enum : std::int16_t {
     curvePerPunti = 18,
     lettura = 20,
     tavoletta = 21,
+    riferimento = 26,
     pannelloLucidi = 22,
 };
 }
@@ -166,6 +174,7 @@ enum : std::int16_t {
     riduci = 8,
     rettangolo = 9,
     rilievo = 10,
+    disegno = 11,
 };
 }
 namespace esporta {
@@ -177,13 +186,15 @@ enum : std::int16_t {
     xyz = 5,
     miniCad2D = 7,
     miniCad3D = 8,
+    mappa = 12,
+    geoTiff = 13,
 };
 }
 namespace apriAltri {
 enum : std::int16_t { suiPunti = 1, suQuattroPunti = 2, sulleCoordinate = 3 };
 }
 namespace importa {
-enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5 };
+enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5, mappa = 12, raster = 13 };
 }
 namespace stili {
 enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5, contornato = 6, ombreggiato = 7 };
@@ -213,6 +224,7 @@ enum : std::int16_t {
     incolla = 21,
     cancella = 22,
     incollaSulPosto = 23,
+    proprieta = 24,
 };
 }
 namespace immagine {
@@ -227,6 +239,7 @@ enum : std::int16_t {
     orizzontale = 5,
     verticale = 6,
     griglia = 7,
+    agganci = 8,
 };
 }
 

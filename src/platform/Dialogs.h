@@ -36,8 +36,11 @@ void SetDialogItemValue(DialogPtr d, std::int16_t item,
 std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
 void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
 void ShowDialogItem(DialogPtr d, std::int16_t item);                        // a list that scrolls is scrolled to it
+void HideDialogItem(DialogPtr d, std::int16_t item);                        // takes no room until it is shown again
+// What stands in an empty field, or in a pop-up with the value 0.
+void SetDialogItemHint(DialogPtr d, std::int16_t item, std::string_view macRoman);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
-                       std::int16_t menu);   // pop-up items take their texts from a menu
+                       std::int16_t menu);   // pop-up items take their texts, and small pictures, from a menu
 // A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen. A table's rows have
 // cells parted by tabs and no colour; its heading is the item's text. Without rows a table is not shown.
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);

@@ -97,8 +97,8 @@ void clicRigaCoordinate() {
     }
 }
 
-void immagineConAttacchi() { TrasformaPictSel(voci::immagine::conAttacchi); }
-void immagineConMesh() { TrasformaPictSel(voci::immagine::conMesh); }
+void perPuntiDiControllo() { TrasformaPictSel(voci::immagine::conAttacchi); }
+void perMesh() { TrasformaPictSel(voci::immagine::conMesh); }
 
 // The halves act while the whole cell stays as it is: it has no lit form.
 void lucido() {
@@ -110,9 +110,9 @@ void lucido() {
 }
 
 // By CellaPalette.
-constexpr std::array<void (*)(), numCelle> azioni{freccia,          digita,    muovi,    lucido, segmento,
-                                                  polilinea,        cerchio,   arco,     testo,  marker,
-                                                  ApriCalcolatrice, immagineConAttacchi, immagineConMesh};
+constexpr std::array<void (*)(), numCelle> azioni{freccia, digita, muovi, lucido, segmento,         polilinea,
+                                                  cerchio, arco,   testo, marker, ApriCalcolatrice, perPuntiDiControllo,
+                                                  perMesh};
 
 void clicCella(CellaPalette c) {
     if (c == cellaLucido) {

@@ -32,6 +32,7 @@
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
 #include "shell/MenuContesto.h"
+#include "tools/Aggancio.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
 #include "tools/FiguraInMano.h"
@@ -196,6 +197,7 @@ void CambiaModo(std::int32_t modo) {
         Sposta2ndClick = 0;
     }
     Modalita = modo;
+    agganciato = {};
 }
 
 void PrendiStrumento(std::int32_t operazione) {
@@ -260,6 +262,7 @@ void CheckMouse(bool shift) {
     const Point p = GetMouse();
     if (!PtInRect(p, myViewRect)) {
         SetCursor(arrowCursor);
+        AggiornaAggancio(true);
         return;
     }
     SetCursor(cursoreDelModo());
@@ -276,12 +279,14 @@ void CheckMouse(bool shift) {
     }
     if (x == xcurs && y == ycurs) {
         if (Modalita != mSpostamento) tabButton = bNessuno;
+        AggiornaAggancio(false);
         SetDrawCoordCorr();
         return;
     }
     xcurs = x;
     ycurs = y;
     if (Modalita == mDigitazione) MuoviElastico();
+    AggiornaAggancio(false);
     Croce();
     if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;

@@ -2,7 +2,16 @@
 // that dies leaves it behind, and the next start offers the drawing; a drawing that is closed or saved takes it away.
 #pragma once
 
+#include <cstdint>
+
 namespace tessaro {
+
+// Preferences: whether a recovery file is kept, 1, and after how long a rest what was appended is brought down to the
+// disk, seconds, 1.
+inline constexpr std::int16_t minimoRecupero = 1, massimoRecupero = 600;
+extern std::uint8_t recuperoAttivo;
+extern std::int16_t recuperoSecondi;
+void PoniRecupero(std::uint8_t attivo);   // switched off the file goes; switched on it begins with the next step
 
 void RicominciaRecupero();   // the drawing is what its file says: nothing to recover until a step is made
 void FineRecupero();         // the drawing is closed, or the program ends well
@@ -11,7 +20,7 @@ void FineRecupero();         // the drawing is closed, or the program ends well
 void RecuperoARiposo(bool fermo);
 bool RecuperoDaScaricare();   // something was appended and not brought down yet
 void PreparaRecupero();       // listens to the journal from now on
-void OffriRecupero();         // at the start: alert 9103 for each that was left, 1 opens it, 2 discards it, 3 leaves it for
-                             // the next start
+void OffriRecupero();   // at the start: alert 9103 for each that was left, 1 opens it, 2 discards it, 3 leaves it for
+                        // the next start
 
 }   // namespace tessaro

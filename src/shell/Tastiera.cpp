@@ -90,7 +90,7 @@ void sottoIlPuntatore() {
 
 template <std::int16_t tipo>
 void zoom() {
-    FaiZoom(tipo);
+    ZoomAlPuntatore(tipo);
 }
 
 struct VoceTasto {

@@ -14,6 +14,7 @@
 #include "model/Cursore.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
@@ -146,6 +147,27 @@ void lascia() {
     AutoPost(e);
 }
 
+// The window of properties: opened, typed into, its pop-ups chosen from, and closed, whatever is selected or in progress.
+void proprieta() {
+    constexpr std::int16_t dialogo = 9481, voceProprieta = 31;
+    const DialogPtr d = AutoModeless(dialogo);
+    if (d == nullptr || caso->unoSu(20)) return voce(menuModifica, voceProprieta);
+    if (caso->unoSu(4)) {
+        const auto item = static_cast<std::int16_t>(4 + 2 * caso->tra(0, 5));
+        caso->nota("properties, pop-up " + std::to_string(item));
+        AutoDialogSetValue(d, item, caso->tra(1, 5));
+        return;
+    }
+    if (caso->unoSu(6)) {
+        AutoDialogClick(d, caso->unoSu(2) ? std::int16_t{77} : std::int16_t{78});
+        return;
+    }
+    const auto item = static_cast<std::int16_t>(16 + 2 * caso->tra(0, 19));
+    caso->nota("properties, field " + std::to_string(item));
+    AutoDialogSetText(d, item, std::to_string(caso->tra(-50, 300)));
+    if (!caso->unoSu(4)) AutoDialogKey(d, 13);
+}
+
 using Mano = void (*)();
 struct Uso {
     int peso;
@@ -173,6 +195,9 @@ constexpr std::array mani{
     Uso{1, unaVoce<101, 2, 6>},
     Uso{1, unaVoce<112, 1, 3, 4, 5, 6, 7>},
     Uso{1, unaVoce<2, 4, 5>},
+    Uso{1, unaVoce<9480, 1, 2>},
+    Uso{1, unaVoce<3, 30>},
+    Uso{8, proprieta},
 };
 
 void unComando() {

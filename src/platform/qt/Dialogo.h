@@ -12,6 +12,8 @@
 
 #include "platform/Dialogs.h"
 
+class QLineEdit;
+
 namespace tessaro {
 
 enum class TipoVoce : std::uint8_t {
@@ -41,12 +43,15 @@ struct VoceDialogo {
 };
 
 class QuadroDialogo;
+// Property of a field that is hit when it is done with, and not by each character: its item.
+inline constexpr const char* attoDelCampo = "tessaroItem";
 
 struct FinestraDialogo {
     std::int16_t id = 0;
     std::int16_t predefinita = 0;   // item that Return presses; 0 when the resource marks none
     std::int16_t annulla = 2;       // item that Escape and the close box give
     bool nonModale = false;
+    bool strumento = false;   // a tool window: the frame keeps its shortcuts, and Escape does not close it
     std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
     std::int16_t inVista = 0;   // item that its scrolling list shows at the opening; 0 when none
@@ -66,13 +71,17 @@ public:
     void reject() override;
 
 protected:
+    bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
     bool eventFilter(QObject* o, QEvent* e) override;   // of the fields
 
 private:
-    void tasto(std::uint8_t macRoman);    // Return, Enter or Escape
-    bool premeVoce(const QKeyEvent& e);   // true when the character is a button's own
+    void tasto(std::uint8_t macRoman);               // Return, Enter or Escape
+    void fuga();                                     // Escape in a tool window
+    [[nodiscard]] QLineEdit* campoToccato() const;   // the field with the focus that was typed into and not handed over
+    void consegnaCampo();
+    bool premeVoce(const QKeyEvent& e);         // true when the character is a button's own
     bool frecciaRadio(QObject* o, int tasto);   // an arrow key goes to the next of the group, and chooses it
 
     FinestraDialogo& d;

@@ -65,11 +65,13 @@ bool toglieLaPagina(EventKind k) {
 void consegna(const EventRecord& e) {
     switch (e.what) {
     case EventKind::mouseDown:
+    case EventKind::middleDown:
         coda.tenuto = true;
         coda.rinunciata = false;
         [[fallthrough]];
     case EventKind::nullEvent:
     case EventKind::wheel:
+    case EventKind::pinch:
     case EventKind::drop:
         coda.puntatore = e.where;
         coda.modifiers = e.modifiers;

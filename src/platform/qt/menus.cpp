@@ -292,7 +292,9 @@ std::string MenuItemKeys(std::int16_t menu, std::int16_t item) {
     if (v == nullptr) return {};
     const QString primo = daUtf8(v->tasto).section(QStringLiteral(",Ctrl"), 0, 0);
     const QString tasto = QKeySequence(primo).toString(QKeySequence::NativeText);
-    return aMac(v->cenno.empty() ? tasto : tasto.isEmpty() ? daUtf8(v->cenno) : tasto + QStringLiteral(", ") + daUtf8(v->cenno));
+    return aMac(v->cenno.empty()  ? tasto
+                : tasto.isEmpty() ? daUtf8(v->cenno)
+                                  : tasto + QStringLiteral(", ") + daUtf8(v->cenno));
 }
 
 std::string GetMenuTitle(std::int16_t menu) {

@@ -171,7 +171,8 @@ bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& o
     if (!conFinestre()) return false;
     const QString nome = daMac(defaultName);
     const QString suffisso = QFileInfo(nome).suffix();
-    const int genere = types != 0 ? int{types} : tipiDelSuffisso(suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso);
+    const int genere =
+        types != 0 ? int{types} : tipiDelSuffisso(suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso);
     QFileDialog richiesta(padre(), daMac(prompt), cartellaRicordata(specieDi(genere)));
     richiesta.setAcceptMode(QFileDialog::AcceptSave);
     richiesta.setFileMode(QFileDialog::AnyFile);
@@ -179,8 +180,9 @@ bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& o
     if (types != 0)
         specie(richiesta, types);
     else if (genere != 0)
-        richiesta.setNameFilters({filtroDelGenere(genere, suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso), 
-                                  daUtf8(testo("types.all")) + QStringLiteral(" (*)")});
+        richiesta.setNameFilters(
+            {filtroDelGenere(genere, suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso),
+             daUtf8(testo("types.all")) + QStringLiteral(" (*)")});
     richiesta.selectFile(nome);
     return daRichiesta(richiesta, specieDi(genere), out);
 }
