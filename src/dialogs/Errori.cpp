@@ -59,12 +59,27 @@ std::int16_t avvisoDi(std::int16_t codice) {
     return altroSbaglio;
 }
 
-// A bound as a person writes it: 2000000, 0.02.
+// In the form of the language: 2,000,000 or 2.000.000.
+std::string nellaFrase(const std::string& cifre) {
+    constexpr std::int16_t listaSegni = 9432, migliaia = 1, decimali = 2;
+    constexpr std::size_t gruppo = 3;
+    const std::size_t da = cifre.starts_with('-') ? 1 : 0, punto = std::min(cifre.find('.'), cifre.size());
+    if (cifre.find_first_not_of("-.0123456789") != std::string::npos) return cifre;
+    std::string s = cifre.substr(0, da);
+    for (std::size_t i = da; i < punto; ++i) {
+        if (i > da && (punto - i) % gruppo == 0) s += GetIndString(listaSegni, migliaia);
+        s += cifre[i];
+    }
+    if (punto < cifre.size()) s += GetIndString(listaSegni, decimali) + cifre.substr(punto + 1);
+    return s;
+}
+
+// A bound as a person writes it: 2,000,000 or 0.02.
 std::string cifre(const double& limite) {
     std::array<char, 32> s{};
     const auto forma = std::fabs(limite) < 1e15 ? std::chars_format::fixed : std::chars_format::general;
     const auto r = std::to_chars(s.data(), s.data() + s.size(), limite, forma);
-    return {s.data(), r.ptr};
+    return nellaFrase({s.data(), r.ptr});
 }
 
 // A stream tells only that it failed; errno tells how.

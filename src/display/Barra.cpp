@@ -25,6 +25,7 @@ namespace {
 constexpr RGBColor GrigioMedio{32000, 32000, 32000};
 constexpr std::int32_t primaIcona = 4096;
 constexpr std::int16_t listaNomi = 1100, listaAiuti = 1101, listaTitoli = 9140;
+constexpr std::int16_t listaAltri = 9434, titoloAltri = 1, nomeAltri = 2, aiutoAltri = 3;
 constexpr std::int16_t spento = 255, acceso = 7, normale = 0;
 constexpr std::int32_t cima = 4, fondo = 26, largo = 22, largoTitolato = 66;   // pixels
 constexpr std::size_t primoTitolato = 28, primoValore = 23, ultimoValore = 26;
@@ -162,12 +163,30 @@ Rect RettangoloBottone(std::size_t indice) {
     return SetRect(da, cima, da + (indice < primoTitolato ? largo : largoTitolato), fondo);
 }
 
+Rect RettangoloAltri() {
+    const std::int32_t a = theWindow ? GetPortBounds(theWindow).right : 0;
+    return SetRect(a - largo - 2, cima, a - 2, fondo);
+}
+
+std::size_t PrimoNascosto() {
+    const std::int32_t a = theWindow ? GetPortBounds(theWindow).right : 0;
+    if (RettangoloBottone(numBottoni - 1).right <= a) return numBottoni;
+    std::size_t primo = numBottoni - 1;
+    while (primo > 0 && RettangoloBottone(primo - 1).right > RettangoloAltri().left) --primo;
+    return primo;
+}
+
+std::string NomeBottone(std::size_t indice) { return GetIndString(listaNomi, static_cast<std::int16_t>(indice + 1)); }
+
 void CreaBarra() {
     for (std::size_t i = 0; i < numBottoni; ++i) {
         const auto voce = static_cast<std::int16_t>(i + 1);
         BottoneNuovo b;
         b.indice = static_cast<std::int16_t>(i);
-        b.nome = GetIndString(listaNomi, voce);
+        b.nome = NomeBottone(i);
+        const ComandoMenu& c = tabella[i].comando;
+        if (const std::string tasti = c.menu != 0 ? MenuItemKeys(c.menu, c.voce) : std::string(); !tasti.empty())
+            b.nome += " (" + tasti + ")";
         b.aiuto = GetIndString(listaAiuti, voce);
         if (i >= primoTitolato) {
             b.titolo = GetIndString(listaTitoli, static_cast<std::int16_t>(i - primoTitolato + 1));
@@ -176,24 +195,34 @@ void CreaBarra() {
         }
         bottoneToolbar.bottoni[i] = NewToolbarButton(theWindow, b);
     }
+    BottoneNuovo altri;
+    altri.indice = numBottoni;
+    altri.titolo = GetIndString(listaAltri, titoloAltri);
+    altri.nome = GetIndString(listaAltri, nomeAltri);
+    altri.aiuto = GetIndString(listaAltri, aiutoAltri);
+    bottoneToolbar.altri = NewToolbarButton(theWindow, altri);
     for (ControlHandle& s : bottoneToolbar.separatori) s = NewSeparator(theWindow);
     mostrati = {};
     guidaPresente = HelpPageExists(GetIndString(129, 67));
     DisponiBarra();
-    for (ControlHandle b : bottoneToolbar.bottoni) ShowControl(b);
-    for (ControlHandle s : bottoneToolbar.separatori) ShowControl(s);
     AggiornaValori();
     AggiustaStatoBottoni();
 }
 
 void DisponiBarra() {
+    const std::size_t nascosti = PrimoNascosto();
+    const auto mostra = [nascosti](ControlHandle c, std::size_t i) { (i < nascosti ? ShowControl : HideControl)(c); };
     std::size_t separatore = 0;
     for (std::size_t i = 0; i < numBottoni; ++i) {
         MoveSizeControl(bottoneToolbar.bottoni[i], RettangoloBottone(i));
+        mostra(bottoneToolbar.bottoni[i], i);
         if (!tabella[i].spazioDietro) continue;
         const std::int32_t mezzo = (RettangoloBottone(i).right + RettangoloBottone(i + 1).left) / 2;
-        MoveSizeControl(bottoneToolbar.separatori[separatore++], SetRect(mezzo - 1, cima, mezzo + 1, fondo));
+        MoveSizeControl(bottoneToolbar.separatori[separatore], SetRect(mezzo - 1, cima, mezzo + 1, fondo));
+        mostra(bottoneToolbar.separatori[separatore++], i + 1);
     }
+    MoveSizeControl(bottoneToolbar.altri, RettangoloAltri());
+    (nascosti < numBottoni ? ShowControl : HideControl)(bottoneToolbar.altri);
 }
 
 void AggiornaValori() {

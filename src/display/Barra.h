@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "platform/Windows.h"
 
@@ -12,6 +13,7 @@ inline constexpr std::size_t numBottoni = 30, numSeparatori = 6;
 struct BottoniToolbar {
     std::array<ControlHandle, numBottoni> bottoni{};   // null while no drawing is open
     std::array<ControlHandle, numSeparatori> separatori{};
+    ControlHandle altri = nullptr;   // opens what a narrow window has no room for
 };
 extern BottoniToolbar bottoneToolbar;
 
@@ -21,6 +23,10 @@ struct ComandoMenu {
 };
 ComandoMenu ComandoDelBottone(std::size_t indice);
 Rect RettangoloBottone(std::size_t indice);   // window-local pixels
+// In a narrow window the buttons from this one on are behind one at the right end, whose index is numBottoni.
+std::size_t PrimoNascosto();   // numBottoni when there is room for all
+Rect RettangoloAltri();
+std::string NomeBottone(std::size_t indice);   // Mac Roman
 
 void CreaBarra();        // the controls of a new window
 void DisponiBarra();     // their places for the window of the moment

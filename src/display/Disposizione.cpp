@@ -1,7 +1,10 @@
 // The one table of the palette and the rectangles at the window's foot.
 #include "display/Disposizione.h"
 
+#include "model/Archivio.h"
 #include "model/Documento.h"
+#include "model/Mesh.h"
+#include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
@@ -58,6 +61,23 @@ Rect RettangoloCella(CellaPalette c) {
 std::int32_t IconaCella(CellaPalette c) { return celle[c].icona + (celle[c].perPunti && CurvePerPunti ? 100 : 0); }
 std::int32_t IconaAccesa(std::int32_t icona) { return icona + 10000; }
 bool CellaAccesa(CellaPalette c) { return celle[c].accesa(); }
+
+std::int16_t PercheSpenta(CellaPalette c) {
+    constexpr std::int16_t nessunaSelezione = 1, nessunaImmagine = 2, senzaMesh = 3;
+    const auto immagine = [] {
+        const bool una = UnSoloElemento() && Elem(Puntosel.indice).tipo == tPict;
+        return una || (Puntosel.attiva && Puntosel.multipla);   // with the polyline that bounds it
+    };
+    if (noWindow) return 0;
+    switch (c) {
+    case cellaMuovi: return Puntosel.attiva ? std::int16_t{0} : nessunaSelezione;
+    case cellaImmagineAttacchi: return immagine() ? std::int16_t{0} : nessunaImmagine;
+    case cellaImmagineMesh:
+        if (!immagine()) return nessunaImmagine;
+        return meshOrigine.nx > 0 && meshDestinazione.nx > 0 ? std::int16_t{0} : senzaMesh;
+    default: return 0;
+    }
+}
 
 std::int32_t MetaLucido(Point p) {
     const Rect r = RettangoloCella(cellaLucido);

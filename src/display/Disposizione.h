@@ -40,6 +40,8 @@ Rect RettangoloCella(CellaPalette c);           // for numCelle the place below 
 std::int32_t IconaCella(CellaPalette c);        // as it stands: circle and arc have another with CurvePerPunti
 std::int32_t IconaAccesa(std::int32_t icona);   // its lit form
 bool CellaAccesa(CellaPalette c);               // by mode and tool in force
+// Why the cell cannot act now: string of list 9433, 0 when it can.
+std::int16_t PercheSpenta(CellaPalette c);
 // Which half of cellaLucido: 1 upper, -1 lower, 0 the pixel between them.
 std::int32_t MetaLucido(Point p);
 inline constexpr Rect numeroNelLucido{106, 7, 117, 23};   // where the current sheet's number stands

@@ -27,7 +27,7 @@ PStr63 StrOperCorr("");
 
 namespace {
 
-constexpr std::int16_t listaAiuti = 1102, aiutoRiga = 23;
+constexpr std::int16_t listaAiuti = 1102, listaSpente = 9433, aiutoRiga = 23;
 
 // The cells, one after another.
 template <class F>
@@ -80,9 +80,18 @@ void numeroLucido() {
     DrawString(numero.view());
 }
 
+constinit std::array<bool, numCelle> disegnate{};   // which cells are drawn as ones that cannot act
+
 void disegnaCelle() {
     perOgniCella([](CellaPalette c) {
         const std::int32_t icona = IconaCella(c);
+        const bool spenta = PercheSpenta(c) != 0;
+        disegnate[c] = spenta;
+        if (spenta && !CellaAccesa(c)) {
+            riempi(RettangoloCella(c), SystemStripColour());
+            PlotIconID(RettangoloCella(c), icona, true);
+            return;
+        }
         DrawIcona(RettangoloCella(c), CellaAccesa(c) ? IconaAccesa(icona) : icona);
     });
     numeroLucido();
@@ -125,12 +134,13 @@ constinit Riposo riposo{};
 struct Zona {
     std::int16_t voce = 0;   // entry of the help list, 0 outside
     Rect r;
+    std::int16_t spenta = 0;   // why it cannot act, 0 when it can
 };
 
 Zona zonaDi(Point p) {
-    if (const CellaPalette c = CellaSotto(p); c != numCelle) return {aiutoDi(c), RettangoloCella(c)};
+    if (const CellaPalette c = CellaSotto(p); c != numCelle) return {aiutoDi(c), RettangoloCella(c), PercheSpenta(c)};
     const Rect riga = RigaCoordinate();
-    if (PtInRect(p, riga)) return {aiutoRiga, riga};
+    if (PtInRect(p, riga)) return {aiutoRiga, riga, 0};
     return {};
 }
 
@@ -179,6 +189,13 @@ void DrawPallette() {
     AggiornaValori();
     BackColor(whiteColor);
     ClipRect(myViewRect);
+}
+
+void AggiornaCelle() {
+    if (noWindow || !theWindow) return;
+    bool altre = false;
+    perOgniCella([&](CellaPalette c) { altre = altre || disegnate[c] != (PercheSpenta(c) != 0); });
+    if (altre) DrawPallette();
 }
 
 void DrawOperazCorr() {
@@ -232,7 +249,10 @@ std::int32_t HelpTagControl(Point where, std::uint32_t time, std::uint8_t on) {
     if (zona.voce == 0 || riposo.mostrato) return -1;
     const auto trascorso = static_cast<std::int32_t>(std::min<std::uint32_t>(time - riposo.dal, 1 << 30));
     if (trascorso <= attesa) return attesa + 1 - trascorso;
-    HMDisplayTag(theWindow, zona.r, listaAiuti, zona.voce);
+    if (zona.spenta != 0)
+        HMDisplayTag(theWindow, zona.r, listaSpente, zona.spenta);
+    else
+        HMDisplayTag(theWindow, zona.r, listaAiuti, zona.voce);
     riposo.mostrato = zona.voce;
     return -1;
 }

@@ -8,7 +8,8 @@
 
 namespace tessaro {
 
-void DrawPallette();                              // the strip of cells as tool and mode stand
+void DrawPallette();    // the strip of cells as tool and mode stand
+void AggiornaCelle();   // draws the palette when a cell has come to be usable, or ceased to be
 void DrawIcona(const Rect& r, std::int32_t id);   // picture `id`; one of a lit cell stands on a lit ground
 // Follows the pointer until release, the icon lit while it is inside; true when released inside.
 bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId);

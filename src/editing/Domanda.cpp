@@ -56,7 +56,9 @@ bool DomandaIntero(std::int16_t dialogo, bool vuoto, std::int16_t min, std::int1
 }
 
 std::string Invito(bool selezionato, std::string_view nome) {
-    return GetIndString(listaTesti, selezionato ? stringaSelezionati : stringaNuovi) + std::string(nome);
+    std::string s = GetIndString(listaTesti, selezionato ? stringaSelezionati : stringaNuovi) + std::string(nome);
+    if (nome.empty()) s.erase(std::min(s.find_last_not_of(": ") + 1, s.size()));   // nothing stands behind the colon
+    return s;
 }
 
 std::string NomeSelezione(std::int16_t piu) {

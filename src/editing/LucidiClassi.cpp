@@ -55,8 +55,8 @@ void PoniCateg_Insieme(std::int16_t quale) {
         const auto& t = Elem(Puntosel.indice).testa;
         valore = quale == categoria ? t.categoria : t.insieme;
     }
-    const std::string nome = GetIndString(listaTesti, quale == categoria ? stringaCategoria : stringaInsieme) + ":";
-    ParamText(Invito(scelto, scelto ? NomeSelezione(piuClasse) : std::string()), nome, "", "");
+    const std::string titolo = GetIndString(listaTesti, quale == categoria ? stringaCategoria : stringaInsieme);
+    ParamText(Invito(scelto, scelto ? NomeSelezione(piuClasse) : std::string()), titolo + ":", titolo, "");
     if (!DomandaIntero(dialogoClasse, scelto && !uno, minClasse, maxClasse, valore)) return;
     if (scelto) {
         CambiaClass(quale, valore);

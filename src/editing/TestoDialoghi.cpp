@@ -66,7 +66,9 @@ bool leggi(Voluto& v) {
 
 bool chiedi(bool modifica, Voluto& v) {
     constexpr std::int16_t dialogo = 131;
-    ParamText(GetIndString(129, modifica ? 22 : 23), GetIndString(129, 33), unitaAngolo(), "");
+    constexpr std::int16_t listaMia = 9431, testoNuovo = 1;
+    ParamText(modifica ? GetIndString(129, 22) : GetIndString(listaMia, testoNuovo),
+              modifica ? GetIndString(129, 33) : std::string(), unitaAngolo(), "");
     const DialogoAperto aperto(dialogo);
     mostra(modifica);
     bool bene = false;

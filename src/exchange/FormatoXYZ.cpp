@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "dialogs/Parametri.h"
+#include "exchange/ImportaElenco.h"
 #include "files/Impostazioni.h"
 #include "model/Stato.h"
 #include "model/TabellaStato.h"
@@ -45,6 +46,7 @@ bool leggiFile() {
     if (!ApriImpostazioni(nomeFile, false)) return false;
     TipoFormNum = leggii();
     for (std::int16_t& c : DatoPNum) c = leggii();
+    LeggiScelteElenco();
     FSClose(RefNum);
     return usabile();
 }
@@ -78,6 +80,7 @@ void TFormatoXYZ::scrivipar() {
     if (!ApriImpostazioni(nomeFile, true)) return;
     scrivii(TipoForm);
     for (const std::int16_t c : DatoP) scrivii(c);
+    ScriviScelteElenco();
     ChiudiImpostazioni();
 }
 

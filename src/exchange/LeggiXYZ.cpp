@@ -42,6 +42,28 @@ Aref arefDa(std::string_view campo) {
     return a;
 }
 
+// False when the point is in another reference system and has no place in the drawing's.
+bool puntoIn(elemento& e, double x, double y, double z) {
+    double px = 0, py = 0;
+    if (viaDeiPunti.porta != nullptr && !viaDeiPunti.porta(x, y)) return false;
+    RealToDigi(x, y, px, py);
+    e.lucido = VisioneGraf.lucidoCorrente;
+    e.selezionato = e.riservato3 = 0;
+    e.riservato4 = 0;
+    e.tipo = tMarker;
+    e.mark.t.linea = 1;
+    e.mark.t.categoria = CategoriaCorrente;
+    e.mark.t.insieme = InsiemeCorrente;
+    e.mark.x = px;
+    e.mark.y = py;
+    e.mark.z = z;
+    e.mark.forma = markerCorrente;
+    e.mark.spessore = spessore;
+    e.mark.pattern = NumPat;
+    e.mark.colore = colorCorrente;
+    return true;
+}
+
 // The codes of STRtoFP, messages included; beyond the range of numbers it is 0 or 1e38, and no fault.
 std::int16_t numeroDa(std::string_view campo, double& valore) {
     constexpr std::int16_t buono = 1, malformato = -3;
@@ -146,29 +168,6 @@ class LettoreXYZ {
         }
     }
 
-    // False when the point is in another reference system and has no place in the drawing's.
-    bool memorizza() {
-        elemento& e = Elem(posto);
-        double X = x, Y = y, px = 0, py = 0;
-        if (viaDeiPunti.porta != nullptr && !viaDeiPunti.porta(X, Y)) return false;
-        RealToDigi(X, Y, px, py);
-        e.lucido = VisioneGraf.lucidoCorrente;
-        e.selezionato = e.riservato3 = 0;
-        e.riservato4 = 0;
-        e.tipo = tMarker;
-        e.mark.t.linea = 1;
-        e.mark.t.categoria = CategoriaCorrente;
-        e.mark.t.insieme = InsiemeCorrente;
-        e.mark.x = px;
-        e.mark.y = py;
-        e.mark.z = z;
-        e.mark.forma = markerCorrente;
-        e.mark.spessore = spessore;
-        e.mark.pattern = NumPat;
-        e.mark.colore = colorCorrente;
-        return true;
-    }
-
     // A row with a field that is no number is left out, whatever its other fields say; what a column held before stays.
     void riga() {
         const double primaX = x, primaY = y, primaZ = z;
@@ -178,7 +177,7 @@ class LettoreXYZ {
             rigaIntera();
         else
             rigaPerRiga();
-        if (codice > 0 && !guasta && memorizza()) {
+        if (codice > 0 && !guasta && puntoIn(Elem(posto), x, y, z)) {
             indElem = posto;
             entrati.aggiungi(tMarker);
             return;
@@ -214,6 +213,14 @@ public:
 }   // namespace
 
 constinit ViaDeiPunti viaDeiPunti;
+
+bool PuntoXYZ(std::int32_t posto, double x, double y, double z, std::string_view aref, bool& tagliato) {
+    elemento& e = Elem(posto);
+    e = elemento{};
+    e.testa.aref = aref.empty() ? ArefMarkerDef : arefDa(aref);
+    tagliato = aref.size() >= e.testa.aref.size();
+    return puntoIn(e, x, y, z);
+}
 
 bool ApriXYZ(FSSpec& file) {
     constexpr std::int16_t listaNomi = 129, invito = 3, tipiTesti = 302;

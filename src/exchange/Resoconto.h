@@ -51,10 +51,11 @@ enum Conteggio : std::size_t {
     cInserimentiGirati,    // a block's copies that stand upright
     cInserimentiInSerie,   // of rows and columns only the first copy
     cBlocchiSpecchiati,
-    cTestiTagliati,    // at 40 characters
-    cCodiciTesto,      // texts with codes among their characters
-    cLayerRiuniti,     // on the current one
-    cPoligoniChiusi,   // closed by a vertex on their first
+    cTestiTagliati,       // at 40 characters
+    cCodiciTesto,         // texts with codes among their characters
+    cLayerRiuniti,        // on the current one
+    cPoligoniChiusi,      // closed by a vertex on their first
+    cAttributiTagliati,   // tags, at 13 characters
     nConteggi
 };
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "exchange/Resoconto.h"
 #include "platform/Files.h"
@@ -16,6 +17,9 @@ extern std::string vrefrel;   // its folder, UTF-8
 bool ApriXYZ(FSSpec& file);   // the file request
 // The open file into markers behind the last record, and the report; the caller closes it, unless RefNum is 0.
 void LeggiXYZ();
+// The record at that place becomes a marker at a real position with the current attributes; without a tag the one of new
+// markers, cut when it is too long. False when the point is in another reference system and has no place in the drawing's.
+bool PuntoXYZ(std::int32_t posto, double x, double y, double z, std::string_view aref, bool& tagliato);
 Scritti ScriviXYZ();   // all points of the drawing into the open file
 void ApriXYZScr();     // asks where to write and opens it as RefNum; cancelling sets uscita
 void FaiXYZAsci();

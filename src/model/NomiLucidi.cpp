@@ -168,7 +168,7 @@ std::int16_t AccogliLucido(std::string_view macRoman, std::int16_t voluto) {
     l = voluto;
     if (!NomeLucido(l).empty()) {
         const std::array<bool, quanti> usato = occupati();
-        for (std::int16_t i = 0; i < quantiLucidi && usato[static_cast<std::size_t>(l)]; ++i)
+        for (std::int16_t i = quantiLucidi - 1; i >= 0; --i)
             if (NomeLucido(i).empty() && !usato[static_cast<std::size_t>(i)]) l = i;
     }
     if (NomeLucido(l).empty()) PoniNomeLucido(l, nome);

@@ -22,8 +22,8 @@ std::string NomeLucido(std::int16_t l);   // Mac Roman; empty for a layer withou
 // Cut to maxNomeLucido, without control characters and blanks at its ends; empty takes the name away.
 void PoniNomeLucido(std::int16_t l, std::string_view macRoman);
 std::int16_t LucidoDiNome(std::string_view macRoman);   // the layer so called, case aside; -1 when there is none
-// Where the elements of a foreign layer go: to the layer of that name; else to `voluto` when that has no name or nothing
-// lies on it, else to the first layer without name and elements, else to `voluto`. The layer takes the name if it has none.
+// Where the elements of a foreign layer go: to the layer of that name; else to `voluto` when that has no name, else to the
+// first layer without name and elements, else to `voluto`. The layer takes the name if it has none.
 std::int16_t AccogliLucido(std::string_view macRoman, std::int16_t voluto);
 
 void BloccaLucido(std::int16_t l, bool bloccato);

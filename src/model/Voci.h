@@ -36,6 +36,7 @@ enum NumeroMenu : std::int16_t {
     menuImmagine = 111,
     menuVincoli = 112,
     menuAgganci = 9400,   // an item is its TipoAggancio
+    menuAltriBottoni = 9435,
     menuRecenti = 9480,
     menuLucidi = 9483,
     menuForme = 9484,
@@ -185,7 +186,6 @@ enum : std::int16_t {
     immagineSelezionata = 3,
     dwg = 4,
     xyz = 5,
-    fabra = 6,
     miniCad2D = 7,
     miniCad3D = 8,
     mappa = 12,
@@ -226,6 +226,7 @@ enum : std::int16_t {
     incolla = 21,
     cancella = 22,
     incollaSulPosto = 23,
+    proprieta = 24,
 };
 }
 namespace immagine {

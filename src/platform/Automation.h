@@ -54,6 +54,8 @@ struct Copione {
     // The page set-up: paper in millimetres, left as it is when the answer names none.
     bool (*carta)(double& width, double& height);
     void (*beep)(std::int32_t duration);
+    // Is the next answer to a dialog one to this? Null: dialogs are always answered.
+    bool (*dialogoAtteso)(std::int16_t id) = nullptr;
 };
 void SetCopione(const Copione* copione);
 

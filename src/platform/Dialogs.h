@@ -21,6 +21,9 @@ void DisposeDialog(DialogPtr d);
 // Runs until an item is hit, also by typing in a field (that field's item). A closed dialog, a quit under way and
 // Escape give item 2.
 void ModalDialog(ModalFilter filter, std::int16_t& item);
+// Would somebody answer it? A person always; a script only when its next answer is to this dialog. For questions that have a
+// good answer of their own.
+bool DialogAnswered(std::int16_t id);
 DialogPtr FrontDialog();                // the innermost one open, or null; modeless ones do not count
 void SelectDialogWindow(DialogPtr d);   // brings a modeless dialog forward
 

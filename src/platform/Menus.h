@@ -20,6 +20,8 @@ bool MenuItemBuilt(std::int16_t menu, std::int16_t item);       // false: its co
 bool IsMenuItemEnabled(std::int16_t menu, std::int16_t item);   // false too when its menu is off or it is not built
 void SetMenuItemText(std::int16_t menu, std::int16_t item, std::string_view macRoman);
 std::string GetMenuItemText(std::int16_t menu, std::int16_t item);
+// The keys that do what the item does, as the person reads them: "Ctrl+Z", "P"; empty for none.
+std::string MenuItemKeys(std::int16_t menu, std::int16_t item);
 std::string GetMenuTitle(std::int16_t menu);   // Mac Roman, without its mnemonic; empty when there is no such menu
 void AppendMenu(std::int16_t menu, std::string_view macRoman);
 void DeleteMenuItem(std::int16_t menu, std::int16_t item);

@@ -76,6 +76,7 @@ ControlHandle NewScrollBar(WindowPtr w, bool vertical);
 ControlHandle NewPanel(WindowPtr w);
 void MoveSizeControl(ControlHandle c, const Rect& r);
 void ShowControl(ControlHandle c);
+void HideControl(ControlHandle c);
 void SetControlValue(ControlHandle c, std::int32_t value);   // held to minimum..maximum
 std::int32_t GetControlValue(ControlHandle c);
 void SetControlMinimum(ControlHandle c, std::int32_t value);
@@ -100,8 +101,9 @@ void SetControlPicture(ControlHandle c, const GrafPort& figura);
 RGBColor SystemStripColour();
 
 // Draws icon `id` of the resources (SVG, drawn at the port's ratio) into r on the current raster port, with the
-// system palette's text colour where the drawing says currentColor. False when there is no such icon.
-bool PlotIconID(const Rect& r, std::int32_t id);
+// system palette's text colour where the drawing says currentColor; `pale` for what cannot act. False when there is no
+// such icon.
+bool PlotIconID(const Rect& r, std::int32_t id, bool pale = false);
 // Names a part of the window for accessibility tools and keyboard-free use; drawn by nobody. index 0.. ; empty removes.
 void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_view macRomanName);
 

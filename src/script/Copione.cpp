@@ -85,6 +85,7 @@ constexpr Copione ganci{
                  std::int32_t& last) { return protetto([&] { return RispondiStampa(path, first, last); }); },
     .carta = [](double& width, double& height) { return protetto([&] { return RispondiCarta(width, height); }); },
     .beep = [](std::int32_t duration) { Stampa("beep " + std::to_string(duration)); },
+    .dialogoAtteso = DialogoAtteso,
 };
 
 void spezzaRighe(const std::string& tutto) {

@@ -230,6 +230,8 @@ void ApriDialogo(std::int16_t id, std::string_view titolo) {
     aperti.push_back(std::move(r));
 }
 
+bool DialogoAtteso(std::int16_t id) { return !dialoghi.empty() && dialoghi.front().id == id; }
+
 void PassoDelDialogo(DialogPtr d) {
     const std::int16_t id = AutoDialogId(d);
     if (aperti.empty() || aperti.back().id != id || aperti.back().passi.empty())

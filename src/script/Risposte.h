@@ -21,6 +21,7 @@ void EseguiPasso(DialogPtr d, const PassoDialogo& p);   // one step on an open d
 // The hooks; each throws ErroreCopione when no answer fits.
 std::int16_t RispondiAvviso(std::int16_t id, std::string_view testo);
 void ApriDialogo(std::int16_t id, std::string_view titolo);
+bool DialogoAtteso(std::int16_t id);   // the next answer is to it
 void PassoDelDialogo(DialogPtr d);
 void ChiudiDialogo(std::int16_t id);
 bool RispondiFile(std::string& path);

@@ -13,6 +13,7 @@
 #include "editing/Scelta.h"
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
+#include "exchange/ImportaElenco.h"
 #include "exchange/XYZ.h"
 #include "files/FileMondo.h"
 #include "files/Nativo.h"
@@ -302,7 +303,11 @@ void archivia() {
     }
     if (theItem == rSalvaCome) OKArchivioFss = 0;
     FSSpec file;
-    if (scegliFile(*r, file)) esegui(*r, file);
+    if (scegliFile(*r, file)) {
+        Richiesta richiesta = *r;
+        if (richiesta.numero == rXYZ) richiesta.lettore = ImportaElenco;   // a drop is an answer: it asks nothing
+        esegui(richiesta, file);
+    }
     concludi();
 }
 

@@ -64,7 +64,26 @@ void ApriGuida() {
     if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // it is not installed
 }
 
+namespace {
+
+// The buttons that have no room, by name.
+void menuAltri() {
+    while (CountMenuItems(menuAltriBottoni) > 0) DeleteMenuItem(menuAltriBottoni, CountMenuItems(menuAltriBottoni));
+    const std::size_t primo = PrimoNascosto();
+    for (std::size_t i = primo; i < numBottoni; ++i) {
+        AppendMenu(menuAltriBottoni, NomeBottone(i));
+        const bool usabile = GetControlHilite(bottoneToolbar.bottoni[i]) != spento;
+        (usabile ? EnableMenuItem : DisableMenuItem)(menuAltriBottoni, CountMenuItems(menuAltriBottoni));
+    }
+    const Rect r = RettangoloAltri();
+    const std::int16_t scelto = PopUpMenuSelect(menuAltriBottoni, Point{r.bottom, r.left}, 0);
+    if (scelto > 0) isButtonToolbarPressed(static_cast<std::uint32_t>(primo + static_cast<std::size_t>(scelto) - 1));
+}
+
+}   // namespace
+
 void isButtonToolbarPressed(std::uint32_t indice) {
+    if (!noWindow && indice == numBottoni) return menuAltri();
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
     switch (indice) {

@@ -190,6 +190,7 @@ void CheckEvents() {
     }
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
+    AggiornaCelle();
     AggiornaRapporto();
     AggiornaPunti();
     AggiornaProprieta(campione || PuoCambiare(e.what));

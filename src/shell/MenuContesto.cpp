@@ -72,6 +72,7 @@ constexpr VoceContesto contesto[] = {
     {incolla, fermo, comandoModifica<voci::modifica::incolla>},
     {incollaSulPosto, fermo, comandoModifica<voci::modifica::incollaSulPosto>},
     {cancella, scelto, comandoModifica<voci::modifica::cancella>},
+    {proprieta, sceltiElementi, comandoModifica<voci::modifica::proprieta>},
     {primoOrigine, sempre, origine<1>},
     {primoOrigine + 1, sempre, origine<2>},
     {primoOrigine + 2, sempre, origine<3>},

@@ -27,7 +27,7 @@ constinit std::int16_t recuperoSecondi = minimoRecupero;
 
 namespace {
 
-constexpr std::int16_t avvisoRecupero = 9103, rispondeApri = 1, avvisoDisco = 9108;
+constexpr std::int16_t avvisoRecupero = 9103, rispondeApri = 1, rispondeScarta = 2, avvisoDisco = 9108;
 constexpr std::int16_t listaNomi = 129, nomeSenzaTitolo = 1;
 constexpr std::int32_t grande = 100000;      // records: from here on the file is begun at the opening
 constexpr std::uint32_t riprova = 30 * 60;   // ticks until a disk that refused is tried again
@@ -159,8 +159,9 @@ void OffriRecupero() {
             continue;
         }
         ParamText(d.nome, data(d.secondi), "", "");
-        if (CautionAlert(avvisoRecupero) != rispondeApri) {
-            StateClose(f, true);
+        const std::int16_t risposta = CautionAlert(avvisoRecupero);
+        if (risposta != rispondeApri) {
+            StateClose(f, risposta == rispondeScarta);   // else the next start asks again
             continue;
         }
         const bool entra = static_cast<std::int64_t>(d.record.size()) <= maxElementi;

@@ -20,6 +20,7 @@ void FineRecupero();         // the drawing is closed, or the program ends well
 void RecuperoARiposo(bool fermo);
 bool RecuperoDaScaricare();   // something was appended and not brought down yet
 void PreparaRecupero();       // listens to the journal from now on
-void OffriRecupero();         // at the start: alert 9103 for each that was left, 1 opens it, 2 discards it
+void OffriRecupero();   // at the start: alert 9103 for each that was left, 1 opens it, 2 discards it, 3 leaves it for
+                        // the next start
 
 }   // namespace tessaro

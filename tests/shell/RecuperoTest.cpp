@@ -127,9 +127,12 @@ TEST_F(Recuperi, ClosingSavingAndDiscardingLeaveNothing) {
     TuttoChiuso();
     EXPECT_TRUE(recuperi().empty());
     rinasce(orfano);
+    bottoni[9103] = 3;   // later: as if it had not been asked
+    OffriRecupero();
+    EXPECT_EQ(recuperi().size(), 1U);
     bottoni[9103] = 2;
     OffriRecupero();
-    EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{9103});
+    EXPECT_EQ(numeriAvvisi(), (std::vector<std::int16_t>{9103, 9103}));
     EXPECT_TRUE(recuperi().empty());
     EXPECT_EQ(indElem, 2);
 }

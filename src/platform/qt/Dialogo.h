@@ -62,6 +62,8 @@ struct FinestraDialogo {
     QuadroDialogo* quadro = nullptr;   // null without an application object
 };
 
+inline constexpr const char* gruppoRadio = "gruppoRadio";   // property of a radio button: the block that it stands in
+
 // The window of a dialog: keys that mean an item, and the close box, become records of the dialog.
 class QuadroDialogo : public QDialog {
 public:
@@ -79,7 +81,8 @@ private:
     void fuga();                                     // Escape in a tool window
     [[nodiscard]] QLineEdit* campoToccato() const;   // the field with the focus that was typed into and not handed over
     void consegnaCampo();
-    bool premeVoce(const QKeyEvent& e);   // true when the character is a button's own
+    bool premeVoce(const QKeyEvent& e);         // true when the character is a button's own
+    bool frecciaRadio(QObject* o, int tasto);   // an arrow key goes to the next of the group, and chooses it
 
     FinestraDialogo& d;
 };

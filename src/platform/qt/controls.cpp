@@ -76,6 +76,10 @@ void ShowControl(ControlHandle c) {
     if (c != nullptr && c->widget != nullptr) c->widget->show();
 }
 
+void HideControl(ControlHandle c) {
+    if (c != nullptr && c->widget != nullptr) c->widget->hide();
+}
+
 void SetControlValue(ControlHandle c, std::int32_t value) {
     if (c == nullptr) return;
     c->valore = value;

@@ -77,6 +77,7 @@ public:
         if (comando == "buttons") return bottoni(r);
         if (comando == "run") return serie(r);
         if (quadro == nullptr) return;
+        ++blocco;
         if (comando == "scroll") apri(scorrevole(r));
         if (comando == "group") apri(gruppo(r));
         if (comando == "columns") apri(new QHBoxLayout);
@@ -89,6 +90,7 @@ private:
     QuadroDialogo* quadro;
     std::vector<Blocco> pila;
     QLabel* ultimaEtichetta = nullptr;
+    int blocco = 0;   // radio buttons of one block are one group
 
     std::string chiave(const std::string& nome) const { return "dlg." + std::to_string(d.id) + "." + nome; }
 
@@ -321,6 +323,10 @@ private:
         VoceDialogo& v = voce(c, tipo);
         if (w == nullptr) return nullptr;
         w->setAutoExclusive(false);
+        if (tipo == TipoVoce::radio) {
+            w->setProperty(gruppoRadio, blocco);
+            w->installEventFilter(quadro);
+        }
         if (const auto nome = c.riga->opzione("icon"); !nome.empty()) {
             w->setIcon(figura(nome, latoFigura, *w));
             w->setIconSize(QSize(latoFigura, latoFigura));

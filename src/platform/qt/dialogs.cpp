@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
@@ -177,8 +178,27 @@ bool QuadroDialogo::premeVoce(const QKeyEvent& e) {
     return true;
 }
 
+bool QuadroDialogo::frecciaRadio(QObject* o, int tasto) {
+    const bool avanti = tasto == Qt::Key_Down || tasto == Qt::Key_Right;
+    if (!avanti && tasto != Qt::Key_Up && tasto != Qt::Key_Left) return false;
+    auto* questo = qobject_cast<QRadioButton*>(o);
+    if (questo == nullptr) return false;
+    QList<QRadioButton*> gruppo;
+    for (const auto& [n, v] : d.voci)
+        if (auto* r = qobject_cast<QRadioButton*>(v.widget);
+            r != nullptr && r->isEnabled() && !r->isHidden() && r->property(gruppoRadio) == o->property(gruppoRadio))
+            gruppo << r;
+    const auto quanti = gruppo.size();
+    if (quanti < 2) return true;
+    QRadioButton* altro = gruppo.at((gruppo.indexOf(questo) + (avanti ? 1 : quanti - 1)) % quanti);
+    altro->setFocus(Qt::TabFocusReason);
+    altro->click();
+    return true;
+}
+
 bool QuadroDialogo::eventFilter(QObject* o, QEvent* e) {
-    return e->type() == QEvent::KeyPress ? premeVoce(*static_cast<QKeyEvent*>(e)) : QDialog::eventFilter(o, e);
+    if (e->type() != QEvent::KeyPress) return QDialog::eventFilter(o, e);
+    return frecciaRadio(o, static_cast<QKeyEvent*>(e)->key()) || premeVoce(*static_cast<QKeyEvent*>(e));
 }
 
 void QuadroDialogo::keyPressEvent(QKeyEvent* e) {
@@ -310,6 +330,11 @@ void DisposeDialog(DialogPtr d) {
     if (QWidget* sotto = conFinestre() ? proprietario() : nullptr; sotto != nullptr && sotto->isVisible())
         sotto->activateWindow();
     if (copione() != nullptr && d->mostrata) copione()->dialogoChiuso(d->id);
+}
+
+bool DialogAnswered(std::int16_t id) {
+    if (!conFinestre()) return false;
+    return copione() == nullptr || copione()->dialogoAtteso == nullptr || copione()->dialogoAtteso(id);
 }
 
 DialogPtr FrontDialog() {

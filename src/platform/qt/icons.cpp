@@ -43,6 +43,12 @@ const QImage& icona(std::int32_t id, int larga, int alta) {
     return voce->second = std::move(figura);
 }
 
+// The same pixel, mostly seen through.
+QRgb pallido(QRgb p) {
+    const auto parte = [](int v) { return v * 35 / 100; };
+    return qRgba(parte(qRed(p)), parte(qGreen(p)), parte(qBlue(p)), parte(qAlpha(p)));
+}
+
 // One pixel of an icon over what the port shows.
 std::uint32_t sopra(QRgb icona, std::uint32_t sotto) {
     const auto resto = static_cast<unsigned>(255 - qAlpha(icona));
@@ -53,7 +59,7 @@ std::uint32_t sopra(QRgb icona, std::uint32_t sotto) {
 
 }   // namespace
 
-bool PlotIconID(const Rect& r, std::int32_t id) {
+bool PlotIconID(const Rect& r, std::int32_t id, bool pale) {
     const GrafPtr port = GetPort();
     const auto* raster = dynamic_cast<RasterPort*>(port);
     if (EmptyRect(r)) return false;
@@ -76,7 +82,7 @@ bool PlotIconID(const Rect& r, std::int32_t id) {
         auto* dove = misti.data() + static_cast<std::ptrdiff_t>(y) * larga;
         for (int x = 0; x < larga; ++x) {
             const int h = sinistra + x;
-            if (h >= 0 && h < larghezzaPorta) dove[x] = sopra(riga[x], sotto[h]);
+            if (h >= 0 && h < larghezzaPorta) dove[x] = sopra(pale ? pallido(riga[x]) : riga[x], sotto[h]);
         }
     }
     const Rect tutta{0, 0, alta, larga};

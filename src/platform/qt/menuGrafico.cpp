@@ -112,7 +112,9 @@ private:
         const bool conNessuno = menu.numero == menuArea;
         const auto nome = [&voci](std::int16_t voce) {
             const auto v = voci.voci.find(voce);
-            return v == voci.voci.end() ? QString() : daUtf8(v->second.testo);
+            if (v == voci.voci.end()) return QString();
+            const QString cenno = daUtf8(v->second.cenno);
+            return daUtf8(v->second.testo) + (cenno.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(cenno));
         };
         const QString titolo = conNessuno ? nome(1) : daMac(GetIndString(listaTitoli, titoloPenna));
         celle.push_back({QRect(0, 0, 2 * latoCella, latoCella), static_cast<std::int16_t>(conNessuno), 0, titolo});

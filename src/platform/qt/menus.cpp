@@ -68,6 +68,7 @@ void leggiRigaVoci(MenuDati& m, const RigaRisorsa& r) {
         v.costruita = v.costruita && m.costruito;
         const int mostrato = primoMostrato + n - primo;
         v.figuraNumero = corto(mostrato);
+        if (v.cenno == "number") v.cenno = std::to_string(mostrato);
         const auto nome = r.opzione("text");
         const std::string propria = "menu." + std::to_string(m.numero) + "." + std::to_string(n);
         if (r.ha("submenu") && r.parole.size() > 2) {
@@ -284,6 +285,16 @@ void SetMenuItemText(std::int16_t menu, std::int16_t item, std::string_view macR
 std::string GetMenuItemText(std::int16_t menu, std::int16_t item) {
     const VoceMenu* v = voceDi(menu, item);
     return v == nullptr ? std::string() : Utf8ToMac(v->testo);
+}
+
+std::string MenuItemKeys(std::int16_t menu, std::int16_t item) {
+    const VoceMenu* v = voceDi(menu, item);
+    if (v == nullptr) return {};
+    const QString primo = daUtf8(v->tasto).section(QStringLiteral(",Ctrl"), 0, 0);
+    const QString tasto = QKeySequence(primo).toString(QKeySequence::NativeText);
+    return aMac(v->cenno.empty()  ? tasto
+                : tasto.isEmpty() ? daUtf8(v->cenno)
+                                  : tasto + QStringLiteral(", ") + daUtf8(v->cenno));
 }
 
 std::string GetMenuTitle(std::int16_t menu) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMainWindow>
+#include <QMap>
 
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -28,19 +29,46 @@ QWidget* padre() {
 
 QString fileDellaCartella() { return daUtf8(cartellaImpostazioni()) + QLatin1Char('/') + QLatin1String(fileCartella); }
 
-QString cartellaRicordata() {
+// A line a kind of file: its number, a tab, the folder. The first line, of kind 0, is of the last request of all.
+QMap<int, QString> cartelle() {
+    QMap<int, QString> tutte;
     QFile f(fileDellaCartella());
-    if (f.open(QIODevice::ReadOnly)) {
-        const QString nome = QString::fromUtf8(f.readAll()).trimmed();
-        if (QDir(nome).exists()) return nome;
+    if (!f.open(QIODevice::ReadOnly)) return tutte;
+    for (const QString& riga : QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const auto tab = riga.indexOf(QLatin1Char('\t'));
+        tutte[tab < 0 ? 0 : riga.left(tab).toInt()] = riga.mid(tab + 1);
     }
+    return tutte;
+}
+
+QString cartellaRicordata(int specie) {
+    const QMap<int, QString> tutte = cartelle();
+    for (const int k : {specie, 0})
+        if (const QString nome = tutte.value(k); !nome.isEmpty() && QDir(nome).exists()) return nome;
     return QDir::homePath();
 }
 
-void ricordaCartella(const QString& file) {
+void ricordaCartella(const QString& file, int specie) {
+    QMap<int, QString> tutte = cartelle();
+    tutte[0] = tutte[specie] = QFileInfo(file).absolutePath();
     QFile f(fileDellaCartella());
-    // A folder that cannot be remembered is no one's trouble.
-    if (f.open(QIODevice::WriteOnly)) f.write(QFileInfo(file).absolutePath().toUtf8());
+    if (!f.open(QIODevice::WriteOnly)) return;   // a folder that cannot be remembered is no one's trouble
+    for (auto k = tutte.cbegin(); k != tutte.cend(); ++k)
+        f.write(QByteArray::number(k.key()) + '\t' + k.value().toUtf8() + '\n');
+}
+
+// What is read and what is written of one sort are one kind.
+int specieDi(int tipi) {
+    constexpr int primaImmagine = 310, ultimaImmagine = 319;
+    return tipi >= primaImmagine && tipi <= ultimaImmagine ? int{tipiImmagini} : tipi;
+}
+
+// The first kind that has the suffix, 0 for none.
+int tipiDelSuffisso(const QString& suffisso) {
+    for (const RigaRisorsa& r : RigheRisorsa("types.txt"))
+        for (std::size_t i = 1; i < r.parole.size(); ++i)
+            if (daUtf8(r.parole[i]) == suffisso) return numeroDi(r.parole[0], 0);
+    return 0;
 }
 
 // Both cases: some desktops compare names as they stand.
@@ -65,6 +93,11 @@ QStringList filtri(std::int16_t tipi) {
     }
     v << daUtf8(testo("types.all")) + QStringLiteral(" (*)");
     return v;
+}
+
+// A save in one kind: its name with the one suffix.
+QString filtroDelGenere(int genere, const QString& suffisso) {
+    return filtro(daUtf8(testo("types." + std::to_string(genere))), {suffisso});
 }
 
 // The kinds of a save, one below the other; the chosen one's suffix takes the place of the name's.
@@ -95,10 +128,10 @@ bool daCopione(bool salva, FSSpec& out) {
     return true;
 }
 
-bool daRichiesta(QFileDialog& richiesta, FSSpec& out) {
+bool daRichiesta(QFileDialog& richiesta, int specie, FSSpec& out) {
     if (!attendi(richiesta) || richiesta.selectedFiles().isEmpty()) return false;
     const QString file = richiesta.selectedFiles().constFirst();
-    ricordaCartella(file);
+    ricordaCartella(file, specie);
     out = FSMakeFSSpec(file.toStdString());
     return true;
 }
@@ -124,11 +157,12 @@ bool attendi(QDialog& richiesta) {
 bool NavGetFile(std::string_view prompt, std::int16_t types, FSSpec& out) {
     if (copione() != nullptr) return daCopione(false, out);
     if (!conFinestre()) return false;
-    QFileDialog richiesta(padre(), daMac(prompt), cartellaRicordata());
+    const int specie = specieDi(types);
+    QFileDialog richiesta(padre(), daMac(prompt), cartellaRicordata(specie));
     richiesta.setAcceptMode(QFileDialog::AcceptOpen);
     richiesta.setFileMode(QFileDialog::ExistingFile);
     richiesta.setNameFilters(filtri(types));
-    return daRichiesta(richiesta, out);
+    return daRichiesta(richiesta, specie, out);
 }
 
 // A file that is there already is asked about by the request itself.
@@ -137,13 +171,20 @@ bool NavPutFile(std::string_view prompt, std::string_view defaultName, FSSpec& o
     if (!conFinestre()) return false;
     const QString nome = daMac(defaultName);
     const QString suffisso = QFileInfo(nome).suffix();
-    QFileDialog richiesta(padre(), daMac(prompt), cartellaRicordata());
+    const int genere =
+        types != 0 ? int{types} : tipiDelSuffisso(suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso);
+    QFileDialog richiesta(padre(), daMac(prompt), cartellaRicordata(specieDi(genere)));
     richiesta.setAcceptMode(QFileDialog::AcceptSave);
     richiesta.setFileMode(QFileDialog::AnyFile);
     richiesta.setDefaultSuffix(suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso);
-    if (types != 0) specie(richiesta, types);
+    if (types != 0)
+        specie(richiesta, types);
+    else if (genere != 0)
+        richiesta.setNameFilters(
+            {filtroDelGenere(genere, suffisso.isEmpty() ? QLatin1String(suffissoDisegno) : suffisso),
+             daUtf8(testo("types.all")) + QStringLiteral(" (*)")});
     richiesta.selectFile(nome);
-    return daRichiesta(richiesta, out);
+    return daRichiesta(richiesta, specieDi(genere), out);
 }
 
 bool GetColor(std::string_view macRomanPrompt, const RGBColor& before, RGBColor& after) {
