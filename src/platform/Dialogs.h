@@ -43,6 +43,14 @@ void SetDialogItemMenu(DialogPtr d, std::int16_t item,
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
+// A grid's rows are set like a table's; a cell that is ticked or chosen is "1". What the person did in it comes as a hit of
+// the item, and what it was from here, in order: the program changes its data and fills the rows again.
+struct GridHit {
+    std::int16_t row = 0, column = 0;   // from 1; column 0: the row was dragged
+    std::int16_t to = 0;                // to the place of this row
+    std::string text;                   // Mac Roman: what was typed; "1" and "0" of a tick, "1" of a choice
+};
+bool GetGridHit(DialogPtr d, std::int16_t item, GridHit& out);   // false when there is none left
 // What a canvas item shows, copied.
 void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);

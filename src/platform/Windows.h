@@ -52,6 +52,10 @@ extern void (*aggiornaVeli)();
 // Device pixels of the window as the screen shows them, 0xFFRRGGBB, row by row: its own with the overlays over them.
 std::vector<std::uint32_t> ShownPixels(WindowPtr w);
 
+// The strip at the frame's foot, below the content: texts from left to right by `field`, from 0; the first takes the room
+// that the others leave. Empty: nothing stands there.
+void SetStripText(std::int16_t field, std::string_view macRoman);
+
 // --- controls
 ControlHandle NewScrollBar(WindowPtr w, bool vertical);
 ControlHandle NewPanel(WindowPtr w);

@@ -101,10 +101,9 @@ void vistaIniziale() {
     XVisualPrec = YVisualPrec = ZVisualPrec = 0;
     Xmin = Ymin = 0;
     Xmax = Ymax = 300;
-    // Kept: until the first zoom the corner lies a toolbar's height above the view's origin.
     OrigX = -latoCella;
-    OrigY = 0;
-    PageCorner = {-hToolbar, 0};
+    OrigY = -hToolbar;
+    PageCorner = {};
     RifTablet = 1;
     XtabFin = YtabFin = 0;
     htavp = htav;
@@ -138,11 +137,15 @@ void controlli() {
     StrOperCorr = "";
 }
 
-// The whole tablet in the view.
+// The whole tablet in the view, and the whole sheet, with half of what they leave free on each side.
 void primoZoom() {
+    constexpr std::int32_t margine = barraScorrimento / 2;
     const double w = myViewRect.right - myViewRect.left - barraScorrimento;
     const double h = myViewRect.bottom - myViewRect.top - barraScorrimento;
-    CambiaScala(std::min(w / btav1, h / htav1));
+    CambiaScala(std::min({w / btav1, h / htav1, w / XFDecimi, h / YFDecimi}));
+    PageCorner = {-margine, -margine};
+    OrigX = PageCorner.h - latoCella;
+    OrigY = PageCorner.v - hToolbar;
     scalaImmagineX = scalaImmagineY = 1;
     AggiornaTolleranze();
 }

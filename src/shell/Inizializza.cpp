@@ -186,6 +186,8 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
+void (*dopoIlGiro)() = nullptr;
+
 void LeggiImpostazioni() {
     InizioDWG();
     inizio = 1;
@@ -216,7 +218,10 @@ bool CicloPrincipale(const Partenza& p) {
         } else if (mostraInizio && !AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();

@@ -49,6 +49,7 @@ void FinePasso(const EventRecord& e) {
     NomePasso nome;
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);
+    nome.segue = e.what == EventKind::autoKey;
     if (!noWindow) ChiudiPasso(nome);
     AvvisaEstensioni();
     AggiornaVociAnnulla();

@@ -27,6 +27,7 @@ enum class TipoVoce : std::uint8_t {
     colore,
     elenco,
     tabella,
+    griglia,
     figura
 };
 
@@ -38,6 +39,7 @@ struct VoceDialogo {
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
+    std::deque<GridHit> griglia;   // what was done in a grid and not yet asked for
 };
 
 class QuadroDialogo;
@@ -102,5 +104,13 @@ void mostraTestata(const VoceDialogo& v, const QString& testo);
 void righeTabella(const VoceDialogo& v, int quante);
 void rigaTabella(const VoceDialogo& v, int n, const QString& testo);
 std::string testoTabella(const VoceDialogo& v);   // UTF-8, a line a row, cells parted by " | "
+
+// --- grids: the same, with cells that are changed in place
+QWidget* creaGriglia(FinestraDialogo& d, std::int16_t item, int righe, const QString& colonne);   // "check:6,edit:20"
+void testataGriglia(const VoceDialogo& v, const QString& testo);
+void righeGriglia(const VoceDialogo& v, int quante);
+void rigaGriglia(const VoceDialogo& v, int n, const QString& testo);
+std::string testoGriglia(const VoceDialogo& v);                   // UTF-8, as a table's
+bool scriviGriglia(const VoceDialogo& v, const QString& testo);   // for scripts: "3,2,text", "3>1"
 
 }   // namespace tessaro

@@ -221,6 +221,8 @@ private:
             w = elenco(c);
         else if (c.tipo == "table")
             w = tabella(c);
+        else if (c.tipo == "grid")
+            w = griglia(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -361,6 +363,13 @@ private:
     }
 
     // chars= the width of each column, with commas.
+    QWidget* griglia(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::griglia);
+        if (quadro == nullptr) return nullptr;
+        const auto colonne = c.riga->opzione("columns");
+        return registra(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
+    }
+
     QWidget* tabella(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::tabella);
         if (quadro == nullptr) return nullptr;

@@ -66,6 +66,8 @@ void mostraTesto(const VoceDialogo& v, const QString& testoVisto) {
         bottone->setText(QString(testoVisto).replace(QLatin1Char('&'), QStringLiteral("&&")));
     } else if (v.tipo == TipoVoce::tabella) {
         mostraTestata(v, testoVisto);
+    } else if (v.tipo == TipoVoce::griglia) {
+        testataGriglia(v, testoVisto);
     }
 }
 
@@ -262,6 +264,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::testoFisso:
     case TipoVoce::figura:
     case TipoVoce::tabella:
+    case TipoVoce::griglia:
     case TipoVoce::campo: break;
     }
 }
