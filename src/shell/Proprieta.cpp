@@ -12,6 +12,7 @@
 #include "editing/Selezionati.h"
 #include "model/Colori.h"
 #include "model/Documento.h"
+#include "model/NomiLucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/Registrazione.h"
 #include "model/TabellaStato.h"
@@ -62,6 +63,8 @@ enum : std::int16_t {
     pNord = 44,    // 45 for the mathematical sense
     pPrimo = 51,   // what the first point is, by ObjetT
     pSecondo = 58,
+    pLucido = 62,
+    pLucidoNominato = 63,
     pTotale = 59,   // before the name of a sum
 };
 constexpr std::int16_t decimali = 3;
@@ -84,12 +87,12 @@ struct Mostrato {
     std::int32_t vertice = 0;
     std::array<double, 6> misure{};   // units and registration
     std::array<std::int32_t, 4> angoli{};
-    std::uint64_t colori = 0;
+    std::uint64_t colori = 0, lucidi = 0;   // of the colour table and of the layers' names
     bool operator==(const Mostrato& m) const {
         return disegno == m.disegno && selezione.attiva == m.selezione.attiva
                && selezione.multipla == m.selezione.multipla && selezione.indice == m.selezione.indice
                && selezione.oggetto == m.selezione.oggetto && impronta == m.impronta && vertice == m.vertice
-               && misure == m.misure && angoli == m.angoli && colori == m.colori;
+               && misure == m.misure && angoli == m.angoli && colori == m.colori && lucidi == m.lucidi;
     }
 };
 Mostrato mostrato;
@@ -132,6 +135,10 @@ Mostrato adesso() {
     m.angoli = {gradCorrente, orientCorrente, tipoAngolo, UnitaMCorrente};
     m.colori = mescola(static_cast<std::uint64_t>(coloriPresenti), arrColori.data(),
                        static_cast<std::size_t>(coloriPresenti) * sizeof(Colore));
+    for (std::int16_t l = 0; l < quantiLucidi; ++l) {
+        const std::string nome = NomeLucido(l);
+        m.lucidi = mescola(m.lucidi + 1, nome.data(), nome.size());
+    }
     return m;
 }
 
@@ -226,6 +233,16 @@ void mostraPunti() {
 
 void riempiColori() { SetDialogItemMenu(proprietaDialog, itemDi(Campo::colore), menuNomiColori); }
 
+// A layer by its number, and by its name where it has one.
+void riempiLucidi() {
+    for (std::int16_t l = 0; l < quantiLucidi; ++l) {
+        const std::string nome = NomeLucido(l), cifre = std::to_string(l);
+        SetMenuItemText(menuLucidi, static_cast<std::int16_t>(l + 1),
+                        nome.empty() ? con(pLucido, cifre) : con(pLucidoNominato, cifre, nome));
+    }
+    SetDialogItemMenu(proprietaDialog, itemDi(Campo::lucido), menuLucidi);
+}
+
 void avvisa(const std::string& testo) {
     scrivi(vAvviso, testo);
     vedi(vAvviso, !testo.empty());
@@ -236,6 +253,7 @@ void rifai() {
     vertice = std::clamp(vertice, 0, std::max(campi.vertici - 1, 0));
     const Mostrato nuovo = adesso();
     if (nuovo.colori != mostrato.colori) riempiColori();
+    if (nuovo.lucidi != mostrato.lucidi) riempiLucidi();
     mostrato = nuovo;
     scrivi(vTitolo, titolo());
     for (std::size_t i = 0; i < numCampi; ++i) mostraCampo(static_cast<Campo>(i));
@@ -305,13 +323,13 @@ void mettiMenu() {
         Campo campo;
         std::int16_t menu;
     };
-    constexpr MenuDelCampo menu[] = {{Campo::lucido, menuLucidi},
-                                     {Campo::spessore, menuSpessore},
+    constexpr MenuDelCampo menu[] = {{Campo::spessore, menuSpessore},
                                      {Campo::retino, menuPatternPenna},
                                      {Campo::retinoArea, menuPatternArea},
                                      {Campo::forma, menuForme}};
     for (const MenuDelCampo& m : menu) SetDialogItemMenu(proprietaDialog, itemDi(m.campo), m.menu);
     riempiColori();
+    riempiLucidi();
 }
 
 }   // namespace
