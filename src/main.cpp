@@ -7,6 +7,7 @@
 #include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "script/Copione.h"
+#include "script/Guarda.h"
 #include "shell/Inizializza.h"
 
 namespace {
@@ -45,6 +46,7 @@ int main(int argc, char** argv) {
     stampaSenzaSchermo(opzioni, argv[0]);
     StartToolbox(argc, argv, opzioni.avvio);
     Initialize();
+    GuardaStato();
     Partenza p;
     p.documenti = opzioni.documenti;
     p.stampa = opzioni.stampa || !opzioni.stampaSu.empty();

@@ -10,6 +10,8 @@
 
 namespace tessaro {
 
+void (*operazioneMostrata)() = nullptr;
+
 namespace {
 
 constexpr std::uint32_t righeTraDomande = 512;   // lines between two looks at the keyboard
@@ -19,6 +21,7 @@ constinit std::uint32_t ultimaPittura = 0;
 void dipingi() {
     ultimaPittura = TickCount();
     DrawOperazCorr();
+    if (operazioneMostrata) operazioneMostrata();
 }
 
 }   // namespace

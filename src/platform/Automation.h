@@ -65,7 +65,8 @@ void AutoMove(Point content, std::uint16_t modifiers);
 void AutoPress(Point content, std::uint16_t modifiers);
 void AutoRelease(Point content, std::uint16_t modifiers);
 void AutoWheel(std::int32_t axis, std::int32_t steps, std::uint16_t modifiers);
-// macRoman: the character; 13 return, 3 enter, 9 tab, 8 backspace, 27 escape.
+// macRoman: the character; 13 return, 3 enter, 9 tab, 8 backspace, 27 escape, 28 to 31 left, right, up, down,
+// 127 delete.
 void AutoKey(std::uint8_t macRoman, std::uint16_t modifiers);
 // False when the item does not exist or is disabled.
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);

@@ -27,6 +27,7 @@ WindowPtr FrontWindow();   // null when none is open
 void SetWTitle(WindowPtr w, std::string_view macRoman);
 std::string GetWTitle(WindowPtr w);   // Mac Roman
 GrafPtr GetWindowPort(WindowPtr w);
+void SetWindowSmooth(WindowPtr w, bool smooth);   // what is drawn in it from now on has smooth lines and curves
 void SetPortWindowPort(WindowPtr w);
 Rect GetPortBounds(WindowPtr w);
 
@@ -50,6 +51,10 @@ void ScrollOverlay(WindowPtr w, Velo v, const Rect& r, std::int32_t dh, std::int
 extern void (*aggiornaVeli)();
 // Device pixels of the window as the screen shows them, 0xFFRRGGBB, row by row: its own with the overlays over them.
 std::vector<std::uint32_t> ShownPixels(WindowPtr w);
+
+// The strip at the frame's foot, below the content: texts from left to right by `field`, from 0; the first takes the room
+// that the others leave. Empty: nothing stands there.
+void SetStripText(std::int16_t field, std::string_view macRoman);
 
 // --- controls
 ControlHandle NewScrollBar(WindowPtr w, bool vertical);

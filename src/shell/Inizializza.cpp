@@ -43,7 +43,7 @@
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
 #include "shell/Generi.h"
-#include "shell/ImpostazioniGiornale.h"
+#include "shell/Preferenze.h"
 #include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
@@ -132,7 +132,7 @@ void Initialize() {
     PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
-    LeggiParGiornale();
+    LeggiPreferenze();
     allocaArchivio();
     predisponiMenu();
     LeggiRecenti();
@@ -186,6 +186,8 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
+void (*dopoIlGiro)() = nullptr;
+
 void LeggiImpostazioni() {
     InizioDWG();
     inizio = 1;
@@ -200,6 +202,7 @@ void LeggiImpostazioni() {
 
 bool CicloPrincipale(const Partenza& p) {
     LeggiImpostazioni();
+    UnitaDelDisegnoNuovo();
     theItem = rNessunFile;
     archivia();
     fine = 0;
@@ -212,10 +215,13 @@ bool CicloPrincipale(const Partenza& p) {
         // The rest are left alone on purpose: one drawing at a time.
         if (!p.documenti.empty()) {
             ApriPercorso(p.documenti.front().c_str());
-        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+        } else if (mostraInizio && !AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();

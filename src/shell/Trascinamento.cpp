@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "dwg/DbDumper.h"
+#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -49,8 +50,8 @@ bool testoLeggibile(std::string_view nome) {
 bool eCad(const FSSpec& file) {
     constexpr std::size_t lungo = 4;
     if (file.nome.size() < lungo) return false;
-    const std::string fine = file.nome.substr(file.nome.size() - lungo);
-    return fine == ".dxf" || fine == ".DXF" || fine == ".dwg" || fine == ".DWG";
+    const std::string fine = Minuscole(file.nome.substr(file.nome.size() - lungo));
+    return fine == ".dxf" || fine == ".dwg";
 }
 
 // --- while it is held over the window
@@ -102,6 +103,8 @@ void riceviFile(const FSSpec& file, std::uint16_t tasti) {
         LeggiDropTS3D(file, tasti);
     } else if (eCad(file) && (tasti & optionKey) == 0) {
         ImportaDWGFile(file);
+    } else if (NomeDiMappa(file.percorso)) {
+        LeggiMappa(file);
     } else if (tipo == testo) {
         LeggiDropText(file);
     } else {

@@ -90,6 +90,14 @@ TEST_F(ImportaDWG, aTextsHeightIsCutAndHeldAndAnEmptyOneIsNotStored) {
     EXPECT_EQ(int{Elem(3).test.font}, -22);   // 65514
 }
 
+TEST_F(ImportaDWG, aTextThatIsCutIsTold) {
+    const std::string lungo(41, 'x'), giusto(40, 'y');
+    const std::string detto = leggi("0 TEXT,8 0,10 1,20 2,40 3,1 " + lungo + ",0 TEXT,8 0,10 1,20 2,40 3,1 " + giusto);
+    EXPECT_EQ(scritta(3), lungo.substr(0, 40));
+    EXPECT_EQ(scritta(4), giusto);
+    EXPECT_NE(detto.find("1 text cut"), std::string::npos) << detto;
+}
+
 TEST_F(ImportaDWG, theDiameterSignIsTheByteThatLooksLikeIt) {
     leggi("0 TEXT,8 0,10 1,20 2,40 30,1 %%c12 %%C5 45%%d");
     EXPECT_EQ(scritta(3), "\xAF"

@@ -187,7 +187,7 @@ std::string scrittoDwg(OdDbDatabase& db, std::int16_t versione) {
 }
 
 TEST(ScriviDwg, someoneElsesReaderFindsEveryEntityOfEachVersion) {
-    for (const std::int16_t versione : std::initializer_list<std::int16_t>{21, 23, 25, 29}) {
+    for (const std::int16_t versione : std::initializer_list<std::int16_t>{16, 21, 23, 25, 29}) {
         for (const int quante : {0, 40, 700}) {   // none; some; objects over many pages
             if (quante == 700 && versione != 25) continue;
             OdDbDatabase inteso = disegno(quante);
@@ -253,6 +253,31 @@ TEST(LeggiDwg, theFilesOfTheWorldComeInWhateverTheirAge) {
         EXPECT_EQ(quante, c.quante) << c.nome;
         EXPECT_GE(db.spazioModello().entita.size(), c.almeno) << c.nome;
     }
+}
+
+TEST(LeggiDwg, filesBeforeR13NameByPlaceWhatLaterOnesNameByHandle) {
+    const char* cartella = std::getenv("TESSARO_DATA");
+    if (cartella == nullptr) {
+        std::printf("no real files here: TESSARO_DATA is not set\n");
+        return;
+    }
+    OdDbDatabase db = createDatabase(false, 0);
+    SenzaMisura m;
+    const OdError e = LeggiDwg(db, FSMakeFSSpec(std::string(cartella) + "/dwg/ldwg_r11_entities-2d.dwg"), m);
+    if (senzaAiutante(e)) return;
+    ASSERT_EQ(e.codice, eOk) << getErrorDescription(e);
+    std::string inseriti;
+    for (const OdDbEntityPtr& x : db.spazioModello().entita) {
+        if (const auto* i = odCast<OdDbBlockReference>(*x)) inseriti += db.blocks[i->blockTableRecord].name + ' ';
+        const auto* const c = odCast<OdDbCircle>(*x);
+        EXPECT_EQ(c == nullptr ? 2 : c->center.z, 2) << "the height that its common part tells";
+        const auto* const q = odCast<OdDbDimension>(*x);
+        EXPECT_EQ(q == nullptr ? 8U : db.blocks[q->dimBlock].entita.size(), 8U);
+    }
+    EXPECT_EQ(inseriti, "BLOCK1 BLOCK2 ");
+    const OdDbBlockTableRecord& quota = db.blocks[db.blocks.getAt("*D2")];
+    EXPECT_EQ(db.layers[quota.entita.back()->layer].name, "DEFPOINTS");
+    EXPECT_EQ(quota.entita.front()->color.metodo, OdCmColor::byBlock);
 }
 
 TEST(Processo, aProgramThatTakesTooLongOrIsNotThereIsStopped) {

@@ -7,6 +7,7 @@
 #include "dwg/kit/dxfleggi/LetturaDxfKit.h"
 #include "dwg/kit/dxfscrivi/GruppiInUscita.h"
 #include "dwg/kit/leggidwg/LeggiDwg.h"
+#include "dwg/kit/scrividwg/FileDwg12.h"
 #include "dwg/kit/scrividwg/ScriviDwg.h"
 #include "platform/Resources.h"
 
@@ -28,10 +29,10 @@ struct Scrittura {
 };
 // A version without a row is dimmed in the dialog.
 constexpr Scrittura scritture[] = {
-    {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf}, {OdDbSaveType::kDxf, 25, ScriviDxf},
-    {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf}, {OdDbSaveType::kDxf, 16, ScriviDxf},
-    {OdDbSaveType::kDwg, 29, ScriviDwg}, {OdDbSaveType::kDwg, 25, ScriviDwg}, {OdDbSaveType::kDwg, 23, ScriviDwg},
-    {OdDbSaveType::kDwg, 21, ScriviDwg},
+    {OdDbSaveType::kDxf, 29, ScriviDxf}, {OdDbSaveType::kDxf, 27, ScriviDxf},   {OdDbSaveType::kDxf, 25, ScriviDxf},
+    {OdDbSaveType::kDxf, 23, ScriviDxf}, {OdDbSaveType::kDxf, 21, ScriviDxf},   {OdDbSaveType::kDxf, 16, ScriviDxf},
+    {OdDbSaveType::kDwg, 29, ScriviDwg}, {OdDbSaveType::kDwg, 25, ScriviDwg},   {OdDbSaveType::kDwg, 23, ScriviDwg},
+    {OdDbSaveType::kDwg, 21, ScriviDwg}, {OdDbSaveType::kDwg, 16, ScriviDwg12},
 };
 
 struct Lettura {

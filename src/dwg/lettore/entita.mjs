@@ -2,10 +2,9 @@
 // each class which field goes out under which code; what a row cannot say is a routine behind it.
 import { Dwg_Object_Type as Tipo } from '@mlightcad/libredwg-web';
 
-import { campo, colore, gradi, maniglia, spessore } from './tabelle.mjs';
+import { campo, campoComune, colore, eAntico, gradi, maniglia, nomePerPosto, postoInTavola, spessore } from './tabelle.mjs';
 
-// Versions as the library numbers them.
-const primaR13 = 17, primaR2000 = 22;
+const primaR2000 = 22;   // as the library numbers versions
 const tridimensionale = 8, rete = 16, facce = 64, chiusaLeggera = 512, generaLeggera = 256;
 
 const proprietari = new Set([Tipo.DWG_TYPE_POLYLINE_2D, Tipo.DWG_TYPE_POLYLINE_3D, Tipo.DWG_TYPE_POLYLINE_MESH,
@@ -80,12 +79,29 @@ function scriviCampi(c, o, righe) {
     }
 }
 
+// Before R13 the common part tells an entity's height; codes of the points that have it, by class.
+const angoliSolido = [30, 31, 32, 33];
+const quotaAntica = new Map([['CIRCLE', [30]], ['ARC', [30]], ['TEXT', [30]], ['ATTRIB', [30]], ['ATTDEF', [30]], ['INSERT', [30]],
+    ['SOLID', angoliSolido], ['TRACE', angoliSolido]]);
+const quotaComune = (c, o) => (c.antico && campoComune(c.lib, o, 'elevation_r11')) || 0;
+
+// Before R13 a bit says whether an entity has a colour or a line type of its own; places in tables stand for names.
+const suoColore = 1, suaLinea = 2;
+function comuneAntico(c, o) {
+    const { lib, flusso } = c, flag = campoComune(lib, o, 'flag_r11') ?? 0;
+    if (flag & suoColore) flusso.tag(62, (campoComune(lib, o, 'color_r11') ?? 0) & 0xff);
+    if (!(flag & suaLinea)) return;
+    const posto = postoInTavola(lib, campoComune(lib, o, 'ltype'));
+    // The two fixed ones have the highest numbers of the field, which had eight bits before R11.
+    const nome = posto === 0x7ffe || posto === -2 || posto === 254 ? 'BYBLOCK' : c.nomi.inOrdine.linee[posto];
+    if (nome) flusso.tag(6, nome);
+}
+
 function nomeDi(c, rif, nomi) {
     if (!rif) return undefined;
     try {
         const o = c.lib.dwg_ref_get_object(rif);
         if (!o) return undefined;
-        // Files before R13 name by the place in the table: the record itself knows its name.
         return nomi.get(maniglia(c.lib, o)) ?? campo(c.lib, c.lib.dwg_object_to_object_tio(o), 'name');
     } catch {
         return undefined;
@@ -93,7 +109,8 @@ function nomeDi(c, rif, nomi) {
 }
 
 function stileTesto(c, o) {
-    c.flusso.tag(7, nomeDi(c, campo(c.lib, o, 'style'), c.nomi.stili));
+    const stile = campo(c.lib, o, 'style');
+    c.flusso.tag(7, c.antico ? nomePerPosto(c.lib, stile, c.nomi.inOrdine.stili) ?? c.nomi.inOrdine.stili[0] : nomeDi(c, stile, c.nomi.stili));
     const z = campo(c.lib, o, 'elevation');
     if (z) c.flusso.tag(30, z);
 }
@@ -104,14 +121,16 @@ function quotaAngoli(c, o) {
     if (z) for (const codice of [30, 31, 32, 33]) c.flusso.tag(codice, z);
 }
 
+const nomeBlocco = (c, rif) => c.antico ? nomePerPosto(c.lib, rif, c.nomi.inOrdine.blocchi) : nomeDi(c, rif, c.nomiBlocchi);
+
 function bloccoQuota(c, o) {
-    c.flusso.tag(2, nomeDi(c, campo(c.lib, o, 'block'), c.nomiBlocchi));
+    c.flusso.tag(2, nomeBlocco(c, campo(c.lib, o, 'block')));
     const f = campo(c.lib, o, 'flag');
     if (f !== undefined) c.flusso.tag(70, f);
 }
 
 function inserto(c, o, oggetto) {
-    c.flusso.tag(2, nomeDi(c, campo(c.lib, o, 'block_header'), c.nomiBlocchi) ?? '');
+    c.flusso.tag(2, nomeBlocco(c, campo(c.lib, o, 'block_header')) ?? '');
     const s = campo(c.lib, o, 'scale');
     if (s) {
         c.flusso.tag(41, s.x);
@@ -154,7 +173,7 @@ function vertici(c, tutti, flagDi) {
 
 function piana(c, o, oggetto) {
     c.flusso.tag(66, 1);
-    const z = campo(c.lib, o, 'elevation') ?? 0;
+    const z = campo(c.lib, o, 'elevation') || quotaComune(c, o);
     c.flusso.punto(10, { x: 0, y: 0, z });
     c.flusso.tag(70, campo(c.lib, o, 'flag') ?? 0);
     vertici(c, punti(c, oggetto), v => v.flag);
@@ -170,7 +189,9 @@ function spaziale(c, o, oggetto) {
 function punti(c, oggetto) {
     return (c.proprie.get(maniglia(c.lib, oggetto)) ?? []).map(v => {
         const t = c.lib.dwg_object_to_entity_tio(v);
-        return { tipo: c.lib.dwg_object_get_fixedtype(v), point: campo(c.lib, t, 'point'), bulge: campo(c.lib, t, 'bulge'), flag: campo(c.lib, t, 'flag') ?? 0 };
+        const point = campo(c.lib, t, 'point');
+        if (point && c.antico) point.z = quotaComune(c, t);
+        return { tipo: c.lib.dwg_object_get_fixedtype(v), point, bulge: campo(c.lib, t, 'bulge'), flag: campo(c.lib, t, 'flag') ?? 0 };
     });
 }
 
@@ -202,15 +223,22 @@ function curva(c, o) {
 }
 
 // What every entity has: handle, layer, colour, line type, line weight.
-function comune(c, ent, oggetto, nome) {
+function comune(c, ent, oggetto, nome, o) {
     const { lib, flusso } = c;
     flusso.tag(0, nome);
     flusso.tag(5, maniglia(lib, oggetto).toString(16).toUpperCase());
+    if (c.antico) {
+        c.lucido = nomePerPosto(lib, campoComune(lib, o, 'layer'), c.nomi.inOrdine.lucidi) ?? '0';
+        flusso.tag(8, c.lucido);
+        if (c.inCarta) flusso.tag(67, 1);
+        comuneAntico(c, o);
+        return;
+    }
     c.lucido = nomeDi(c, lib.dwg_object_entity_get_layer_object_ref(ent)?.ptr, c.nomi.lucidi)
         ?? c.nomi.lucidi.get(Number(lib.dwg_object_entity_get_layer_object_ref(ent)?.absolute_ref ?? 0)) ?? '0';
     flusso.tag(8, c.lucido);
     if (c.inCarta) flusso.tag(67, 1);
-    colore(flusso, lib.dwg_object_entity_get_color_object(ent), c.antico);
+    colore(flusso, lib.dwg_object_entity_get_color_object(ent));
     const linea = lib.dwg_object_entity_get_ltype_object_ref(ent);
     const nomeLinea = linea ? c.nomi.linee.get(Number(linea.absolute_ref || linea.handleref?.value || 0)) : undefined;
     if (nomeLinea) flusso.tag(6, nomeLinea);
@@ -224,8 +252,10 @@ function scriviUna(c, oggetto) {
     const ent = c.lib.dwg_object_to_entity(oggetto), o = c.lib.dwg_object_to_entity_tio(oggetto);
     if (!riga || !ent || !o) return;
     const [nome, campi, coda] = riga;
-    comune(c, ent, oggetto, nome);
+    comune(c, ent, oggetto, nome, o);
     scriviCampi(c, o, campi);
+    const z = quotaComune(c, o);
+    if (z) for (const codice of quotaAntica.get(nome) ?? []) c.flusso.tag(codice, z);
     coda?.(c, o, oggetto);
 }
 
@@ -266,7 +296,7 @@ export function entita(lib, dati, flusso, nomi) {
     const versione = lib.dwg_get_version_type(dati).version;
     const c = {
         lib, dati, flusso, nomi, nomiBlocchi: new Map([...nomi.blocchi].map(([n, b]) => [n, b.nome])), lucido: '0', inCarta: false,
-        antico: versione < primaR13, pesi: versione >= primaR2000,
+        antico: eAntico(lib, dati), pesi: versione >= primaR2000,
     };
     const { di, proprie, modello } = perProprietario(c);
     c.proprie = proprie;

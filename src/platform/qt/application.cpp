@@ -204,6 +204,7 @@ std::string cartellaImpostazioni() {
 std::string linguaInUso() {
     if (!questoAvvio.language.empty()) return questoAvvio.language;
     if (questoAvvio.script || !conFinestre()) return "en";
+    if (const std::string scelta = linguaPreferita(); !scelta.empty()) return scelta;
     return QLocale::system().language() == QLocale::Italian ? "it" : "en";
 }
 

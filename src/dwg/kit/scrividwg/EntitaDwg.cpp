@@ -1,7 +1,4 @@
 // Blocks and their entities.
-#include <cmath>
-#include <numbers>
-
 #include "dwg/kit/scrividwg/StesuraDwg.h"
 
 namespace tessaro {
@@ -253,12 +250,6 @@ unsigned tipoDi(OdDbClasse c) {
     }
 }
 
-// From 0 up to a whole turn, as other programs write angles.
-double giroIntero(double a) {
-    const double resto = std::fmod(a, 2 * std::numbers::pi);
-    return resto < 0 ? resto + 2 * std::numbers::pi : resto;
-}
-
 void entita(StesuraDwg& s, const OdDbEntity& e, const Posto& p) {
     OggettoDwg o(s.formato, tipoDi(e.classe), e.handle);
     comune(s, o, e, p);
@@ -277,8 +268,8 @@ void entita(StesuraDwg& s, const OdDbEntity& e, const Posto& p) {
         o.dati.BD3(a->center);
         o.dati.BD(a->radius);
         spessoreENormale(o, a->thickness, a->normal);
-        o.dati.BD(giroIntero(a->startAngle));
-        o.dati.BD(giroIntero(a->endAngle));
+        o.dati.BD(GiroInteroDwg(a->startAngle));
+        o.dati.BD(GiroInteroDwg(a->endAngle));
     }
     if (const auto* t = odCast<OdDbText>(e)) testo(s, o, *t);
     if (const auto* l = odCast<OdDbPolyline>(e)) leggera(o, *l);

@@ -2,7 +2,9 @@
 #include "dwg/kit/scrividwg/OggettoDwg.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
+#include <numbers>
 
 namespace tessaro {
 
@@ -65,6 +67,11 @@ std::string TestoDwg16(std::string_view utf8) {
         }
     }
     return t;
+}
+
+double GiroInteroDwg(double a) {
+    const double resto = std::fmod(a, 2 * std::numbers::pi);
+    return resto < 0 ? resto + 2 * std::numbers::pi : resto;
 }
 
 OggettoDwg::OggettoDwg(FormatoDwg f, unsigned tipo, OdDbHandle handle) : formato(f) {

@@ -17,6 +17,9 @@ std::string TestoDwg(std::string_view utf8);
 // UTF-16 in little-endian bytes. What is no UTF-8 becomes U+FFFD.
 std::string TestoDwg16(std::string_view utf8);
 
+// An angle in radians from 0 up to a whole turn, as other programs write it.
+double GiroInteroDwg(double a);
+
 // Kinds of a reference.
 enum : unsigned { hProprio = 0, hPossiedeDebole = 2, hPossiede = 3, hPuntaDebole = 4, hPunta = 5 };
 
