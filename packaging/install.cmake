@@ -43,7 +43,8 @@ if(NOT TESSARO_FUZZ)
   install(FILES ${CMAKE_BINARY_DIR}/sample.ts3d DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d)
 endif()
 install(FILES examples/parcels.jpg examples/sample.script DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
-install(DIRECTORY examples/archive DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples OPTIONAL)
+install(PROGRAMS examples/make-sheet DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
+install(DIRECTORY examples/archive DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples USE_SOURCE_PERMISSIONS)
 # The reader of DWG files, where npm has brought its library; what its tests alone need stays out.
 install(DIRECTORY build/lettore/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/lettore OPTIONAL
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ
@@ -66,7 +67,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, fonts-dejavu-core, qt6-image-formats-plugins, qt6-translations-l10n, libqt6svg6")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "nodejs, qt6-wayland, shared-mime-info, desktop-file-utils")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "nodejs, libgdal32, libproj25, qt6-wayland, shared-mime-info, desktop-file-utils")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

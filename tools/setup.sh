@@ -4,26 +4,27 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 as_root() { if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi; }
 
-# Installs what packaging/apt.txt names; a stamp of that list says it was done on this machine.
+# Installs what packaging/apt.txt names, and the lists beside it that are named; a stamp of them says it was done on this
+# machine.
 packages() {
-    local want stamp missing wanted
-    want=$(cksum "$root/packaging/apt.txt" /etc/debian_version /etc/hostname 2>/dev/null | cksum | cut -d' ' -f1)
+    local want stamp missing wanted lists=("$root/packaging/apt.txt") list
+    for list in "$@"; do lists+=("$root/packaging/$list"); done
+    want=$(cksum "${lists[@]}" /etc/debian_version /etc/hostname 2>/dev/null | cksum | cut -d' ' -f1)
     stamp="$root/build/.packages-$want"
     [ -e "$stamp" ] && return
     mkdir -p "$root/build"
     # A Node.js of another origin serves as well, and its package refuses Debian's beside it.
-    wanted=$(grep -v '^#' "$root/packaging/apt.txt")
+    wanted=$(grep -hv '^#' "${lists[@]}")
     command -v node >/dev/null && command -v npm >/dev/null && wanted=$(printf '%s\n' "$wanted" | grep -vxE 'nodejs|npm')
     missing=$(dpkg-query -W -f '${Status} ${Package}\n' $wanted 2>&1 | grep -v '^install ok installed ' || true)
     if [ -n "$missing" ]; then
-        echo "installing packages (packaging/apt.txt)" >&2
+        echo "installing packages (${lists[*]##*/})" >&2
         as_root apt-get update -qq >/dev/null
         # shellcheck disable=SC2086
         as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
             $wanted >"$root/build/apt.log" 2>&1 ||
             { tail -20 "$root/build/apt.log" >&2; exit 1; }
     fi
-    rm -f "$root"/build/.packages-*
     : >"$stamp"
 }
 

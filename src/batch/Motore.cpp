@@ -36,6 +36,10 @@ constexpr Notizia notizie[] = {
     {9110, 1, true},    // what an import brought and lost
     {9111, 1, true},    // what an export wrote and lost
     {9123, 1, false},   // is the world file to register the sheet
+    {9350, 1, false},   // are the files of a map to be replaced
+    {9351, 1, true},    // longitude and latitude come in as the zone that is told
+    {9352, 1, false},   // is the sheet laid over a map
+    {9353, 1, false},   // is a raster placed where it says
 };
 
 std::int16_t avviso(std::int16_t id, std::string_view testo, std::int16_t predefinito) {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/Errori.h"
 #include "display/Ridisegno.h"
 #include "editing/SpostaXY.h"
 #include "exchange/Codifica.h"
@@ -107,6 +108,8 @@ public:
 void LeggiElenco(const FormaElenco& forma) {
     uscita = 0;
     EndFile = 0;
+    const std::string vietato = viaDeiPunti.comincia != nullptr ? viaDeiPunti.comincia() : std::string();
+    if (!vietato.empty()) return MostraGuasto({noErr, vietato, {}, -1});
     LettoreElenco lettore(forma);
     lettore.leggi();
     SpostaXY();

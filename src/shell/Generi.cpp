@@ -13,6 +13,7 @@
 #include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
 #include "files/Richieste.h"
+#include "maps/Mappe.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -63,6 +64,10 @@ constexpr GenereFile generi[] = {
     {".dwg", ImportaDWGFile, [] { SaveDWGDXF(1, outVer); }, true},
     {".xyz", LeggiDropText, FaiXYZAsci, true},
     {".cxf", LeggiDropText, nullptr, true},
+    {".gpkg", LeggiMappa, EsportaMappa},
+    {".shp", LeggiMappa, EsportaMappa},
+    {".geojson", LeggiMappa, EsportaMappa},
+    {".json", LeggiMappa, EsportaMappa},
     {".mcad", nullptr, [] { FaiMiniCad(due_D); }},
     {".pict", leggiImmagine, scriviImmagine},
     {".pct", leggiImmagine, scriviImmagine},
