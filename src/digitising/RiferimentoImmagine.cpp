@@ -40,12 +40,17 @@ bool leggi(const FSSpec& file, Mondo& m) {
 
 void OffriMondo(const FSSpec& immagine, std::int32_t n) {
     const std::string dove = TrovaMondo(immagine.percorso);
-    if (dove.empty() || n < 3 || n > indElem || Elem(n).tipo != tPict) return;
+    if (dove.empty()) return;
     const FSSpec file = FSMakeFSSpec(dove);
     Mondo m;
     if (!leggi(file, m)) return MostraGuasto({noErr, GetIndString(listaMotivi, motivoMondo), file.nome, -1});
+    OffriMondo(file.nome, m, n);
+}
+
+void OffriMondo(const std::string& nome, const Mondo& m, std::int32_t n) {
+    if (n < 3 || n > indElem || Elem(n).tipo != tPict) return;
     const bool registrato = Elem(2).att.coordReali != 0;
-    ParamText(file.nome, registrato ? GetIndString(listaMotivi, avvertenzaAttacchi) : "", "", "");
+    ParamText(nome, registrato ? GetIndString(listaMotivi, avvertenzaAttacchi) : "", "", "");
     if (CautionAlert(avvisoMondo) != si) return;
 
     auto& p = Elem(n).pict;

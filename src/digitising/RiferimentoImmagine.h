@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
+#include "files/FileMondo.h"
 #include "platform/Files.h"
 
 namespace tessaro {
@@ -12,5 +14,7 @@ namespace tessaro {
 // on the sheet follows first, so that one scale holds in both directions. Nothing without such a file; a message for one
 // that cannot be read.
 void OffriMondo(const FSSpec& immagine, std::int32_t n);
+// The same where the picture file itself tells where its pixels lie; `nome` is its own, Mac Roman.
+void OffriMondo(const std::string& nome, const Mondo& m, std::int32_t n);
 
 }   // namespace tessaro

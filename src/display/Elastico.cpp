@@ -16,6 +16,7 @@
 #include "model/Stato.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Vincoli.h"
 
 namespace tessaro {
 
@@ -80,6 +81,54 @@ void latiTrascinati() {
     }
 }
 
+void tratto(Point da, std::int32_t h1, std::int32_t v1, std::int32_t h2, std::int32_t v2) {
+    MoveTo(da.h + h1, da.v + v1);
+    LineTo(da.h + h2, da.v + v2);
+}
+
+// The mark of the point that a click would take, a shape a kind; `p` is its pixel less half the pen.
+void marcaAggancio(TipoAggancio tipo, Point p) {
+    constexpr std::int32_t r = 6;   // pixels from the middle to the edge
+    const Rect attorno = SetRect(p.h - r, p.v - r, p.h + r + 2, p.v + r + 2);
+    switch (tipo) {
+    case agEstremo: FrameRect(attorno); break;
+    case agVertice:
+        tratto(p, -r, 0, 0, -r);
+        Line(r, r);
+        Line(-r, r);
+        Line(-r, -r);
+        break;
+    case agMarker:
+        FrameRect(attorno);
+        FrameRect(SetRect(p.h - 1, p.v - 1, p.h + 3, p.v + 3));
+        break;
+    case agCentro: FrameOval(attorno); break;
+    case agIncrocio:
+        tratto(p, -r, -r, r, r);
+        tratto(p, -r, r, r, -r);
+        break;
+    case agMezzo:
+        tratto(p, -r, r, 0, -r);
+        Line(r, 2 * r);
+        Line(-2 * r, 0);
+        break;
+    case agPiede:
+        tratto(p, -r, -r, -r, r);
+        Line(2 * r, 0);
+        tratto(p, -r, 0, 0, 0);
+        Line(0, r);
+        break;
+    default: break;
+    }
+}
+
+void aggancio() {
+    Point p;
+    if (agganciato.tipo == agNessuno || !PuntoIntero(agganciato.punto.x, agganciato.punto.y, p)) return;
+    pennaXor(2);
+    marcaAggancio(agganciato.tipo, {p.v - 1, p.h - 1});
+}
+
 void rettangolo() {
     pennaXor(1);
     PenPat(qdGray);
@@ -97,6 +146,7 @@ void DipingiPuntatore() {
     figuraInCorso();
     latiTrascinati();
     DisegnaContorno();
+    aggancio();
     rettangolo();
 }
 

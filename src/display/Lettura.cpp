@@ -49,17 +49,19 @@ void RidisegnaLettura() {
     if (theWindow && !lineaCoordinate.view().empty()) disegnaRiga();
 }
 
-void SetDrawCoordCorr() {
-    if (noWindow || (!TabAbilit && Modalita == mSelezione && !scriviSempreCoord)) return;
+namespace {
+
+// The line for a place of the sheet, when it is another than the one shown or `sempre`.
+void mostraPosto(double x, double y, bool sempre) {
     double X = 0, Y = 0, d = 0, a = 0;
     const double Z = ZetaCorrente;
-    DigiToReal(xcurs, ycurs, X, Y);
-    CartPolar(lastX, lastY, xcurs, ycurs, d, a, orientCorrente);
+    DigiToReal(x, y, X, Y);
+    CartPolar(lastX, lastY, x, y, d, a, orientCorrente);
     a = static_cast<double>(Pig) - a;
     if (a < 0) a += static_cast<double>(DuePig);
     d *= rappvid;
     a = AngToAttuale(RadToAng(a, gradCorrente));
-    if (!scriviSempreCoord && X == XVisualPrec && Y == YVisualPrec && Z == ZVisualPrec) return;
+    if (!sempre && X == XVisualPrec && Y == YVisualPrec && Z == ZVisualPrec) return;
     lineaCoordinate = PStr255("X:") + FormatReal(X, 10, 2) + "  Y:" + FormatReal(Y, 10, 2)
                       + "  Z:" + FormatReal(Z, 7, 2) + "  D:" + FormatReal(d, 8, 2) + "  A: " + FormatReal(a, 6, 2);
     if (theWindow) disegnaRiga();
@@ -68,8 +70,32 @@ void SetDrawCoordCorr() {
     ZVisualPrec = Z;
 }
 
+// Where the pointer rests over the view in the selecting mode; outside the cursor's place is shown.
+constinit Point letto{-1, -1};
+
+}   // namespace
+
+void SetDrawCoordCorr() {
+    if (noWindow || (!TabAbilit && Modalita == mSelezione && !scriviSempreCoord)) return;
+    puntot p{xcurs, ycurs, 0};
+    if (Modalita == mSelezione && !TabAbilit && PtInRect(letto, myViewRect)) VidToReal(letto, p);
+    mostraPosto(p.x, p.y, scriviSempreCoord != 0);
+}
+
+void LeggiPuntatore(Point p) {
+    letto = p;
+    if (noWindow || TabAbilit || Modalita != mSelezione || !PtInRect(p, myViewRect)) return;
+    puntot reale;
+    VidToReal(p, reale);
+    mostraPosto(reale.x, reale.y, false);
+}
+
 namespace {
 const VoceStato righe[] = {voce<scriviSempreCoord>("scriviSempreCoord"),
+                           {"letto",
+                            [] {
+                                letto = {-1, -1};
+                            }},
                            voce<XVisualPrec>("XVisualPrec"),
                            voce<YVisualPrec>("YVisualPrec"),
                            voce<ZVisualPrec>("ZVisualPrec"),

@@ -70,7 +70,7 @@ bool SelRect(Rect& out) {
         out = tra(primo, GetMouse());
     }
     SetCursor(arrowCursor);
-    return premuto && !quitPending();
+    return premuto && !quitPending() && !DragGivenUp();
 }
 
 }   // namespace tessaro

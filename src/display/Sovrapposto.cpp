@@ -13,6 +13,7 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "platform/Windows.h"
 
@@ -51,6 +52,8 @@ struct StatoPuntatore {
     decltype(operazCorrente) strumento = operazCorrente;
     decltype(Azione) stadio = Azione;
     std::uint8_t perPunti = CurvePerPunti, secondo = Sposta2ndClick;
+    TipoAggancio tipoAggancio = agganciato.tipo;
+    Coordinate2 aggancio = di(agganciato.punto);
     std::int32_t lati = latiElastici.quanti;
     Rect rettangolo = rettangoloElastico;
     friend bool operator==(const StatoPuntatore&, const StatoPuntatore&) = default;

@@ -36,7 +36,6 @@ constinit ControlHandle panel = nullptr;
 
 namespace {
 
-constexpr std::int32_t passoRiga = 15;   // pixels of a scroll by a line
 constexpr std::int32_t margine = 7;      // pixels round the drawing after ZoomRilievo
 constexpr double limiteAngolo = 1e9;     // scroll positions stay within 32 bits with room for a view beside them
 constexpr double scalaMassima = 20000;   // the widest sheet, 32767 units, still fits the scroll bars
@@ -54,27 +53,24 @@ void allinea() {
     AggiornaBarre();
 }
 
-// The tablet's origin goes with the view when it is tied to it.
-void tabletSegueVista() {
-    if (RifTablet) return;
-    XtabFin = arrotonda16(OrigX / scalavid);
-    YtabFin = arrotonda16(OrigY / scalavid);
+// The corner's coordinate when the scale grows by f and the place `fermo`, pixels from the view's edge, stays.
+std::int32_t attorno(std::int32_t valore, double f, double fermo) {
+    return angolo(std::round(valore * f) + std::round(fermo * (f - 1)));
 }
 
-std::int32_t attornoAlCentro(std::int32_t valore, double f, double misura) {
-    return angolo(std::round(valore * f) + std::round(misura * (f - 1) / 2));
-}
-
-// Scales by f and keeps the view's centre. A factor that would push the corner past its limit is held to the limit.
-void scalaAttornoAlCentro(double f) {
+// Scales by f about a place of the view, pixels from its top left. A factor that would push the corner past its limit is held
+// to the limit.
+void scalaAttorno(double f, double h, double v) {
     const double piuLontano = std::max(std::fabs(PageCorner.h + larghezza()), std::fabs(PageCorner.v + altezza()));
     if (f > 1 && piuLontano * f > limiteAngolo) f = std::max(1.0, limiteAngolo / piuLontano);
     const double prima = scalavid;
     CambiaScala(scalavid * f);
     f = scalavid / prima;
-    PageCorner.h = attornoAlCentro(PageCorner.h, f, larghezza());
-    PageCorner.v = attornoAlCentro(PageCorner.v, f, altezza());
+    PageCorner.h = attorno(PageCorner.h, f, h);
+    PageCorner.v = attorno(PageCorner.v, f, v);
 }
+
+void scalaAttornoAlCentro(double f) { scalaAttorno(f, larghezza() / 2, altezza() / 2); }
 
 void vediFoglio() {
     CambiaScala(
@@ -103,6 +99,7 @@ void scalaPerTipo(std::int16_t kind) {
     case 8: scalaAttornoAlCentro(0.5); break;
     case 9: soloFinestra(); break;
     case 10: ZoomRilievo(); break;
+    case 11: ZoomDisegno(); break;
     default: break;
     }
 }
@@ -129,7 +126,25 @@ void estendiElemento(std::int32_t n) {
     }
 }
 
+void estendiVisibili(std::int32_t da, std::int32_t a) {
+    for (std::int32_t i = da; i <= a; ++i)
+        if (LucidoVisibile(Elem(i).lucido)) estendiElemento(i);
+}
+
 }   // namespace
+
+// A maximum that no second point has widened is the minimum: see AggRettSel.
+bool EstremiDisegno(std::int32_t da, std::int32_t a, RettSel& out) {
+    const RettSel prima = rettSel;
+    AzzeraRettSel();
+    estendiVisibili(da, a);
+    out = rettSel;
+    rettSel = prima;
+    if (out.xmin > 1e98 || out.ymin > 1e98) return false;
+    out.xmax = std::max(out.xmax, out.xmin);
+    out.ymax = std::max(out.ymax, out.ymin);
+    return true;
+}
 
 void CambiaScala(double nuova) {
     if (!std::isfinite(nuova) || nuova <= 0) return;
@@ -139,10 +154,28 @@ void CambiaScala(double nuova) {
 
 void FaiZoom(std::int16_t kind) {
     if (AvvioInForza().script) Delay(30);   // the pause after a menu choice: only a script's clock keeps it
-    if (kind < 1 || kind > 10 || noWindow || !theWindow) return;
+    if (kind < 1 || kind > 11 || noWindow || !theWindow) return;
     for (std::int16_t i = voci::zoom::foglio; i <= voci::zoom::riduci; ++i) CheckMenuItem(menuZoom, i, i == kind);
     scalaPerTipo(kind);
     allinea();
+    ridisegnaVista();
+}
+
+void ZoomAttorno(double f, Point fermo) {
+    if (noWindow || !theWindow) return;
+    if (PtInRect(fermo, myViewRect)) {
+        scalaAttorno(f, fermo.h - myViewRect.left, fermo.v - myViewRect.top);
+    } else {
+        scalaAttornoAlCentro(f);
+    }
+    allinea();
+}
+
+void ZoomAlPuntatore(std::int16_t kind) {
+    const Point p = GetMouse();
+    if (noWindow || !theWindow || !PtInRect(p, myViewRect)) return FaiZoom(kind);
+    for (std::int16_t i = voci::zoom::foglio; i <= voci::zoom::riduci; ++i) CheckMenuItem(menuZoom, i, i == kind);
+    ZoomAttorno(kind == voci::zoom::ingrandisci ? 2 : 0.5, p);
     ridisegnaVista();
 }
 
@@ -156,10 +189,30 @@ void ZoomFinestra() {
     PageCorner.v += dv;
     OrigX += dh;
     OrigY += dv;
-    tabletSegueVista();
+    TabletSegueVista();
     const double f = std::min(larghezza() / (r.right - r.left), altezza() / (r.bottom - r.top));
     CambiaScala(std::min(scalavid * f, MaxScalavid));
     FlushEvents();
+}
+
+void VediArea(double xmin, double ymin, double xmax, double ymax) {
+    constexpr double bordo = 24;   // pixels on each side
+    const double w = std::max(larghezza() - 2 * bordo, 1.0), h = std::max(altezza() - 2 * bordo, 1.0);
+    const double dx = xmax - xmin, dy = ymax - ymin;
+    if (!(dx >= 0) || !(dy >= 0)) return;
+    CambiaScala(std::min({dx > 0 ? w / dx : MaxScalavid, dy > 0 ? h / dy : MaxScalavid, MaxScalavid}));
+    PageCorner.h = angolo(std::round((xmin + xmax) / 2 * scalavid - larghezza() / 2));
+    PageCorner.v = angolo(std::round((ymin + ymax) / 2 * scalavid - altezza() / 2));
+    allinea();
+}
+
+void ZoomDisegno() {
+    RettSel r;
+    if (EstremiDisegno(3, indElem, r)) {
+        VediArea(r.xmin, r.ymin, r.xmax, r.ymax);
+    } else {
+        vediFoglio();
+    }
 }
 
 void ZoomRilievo() {
@@ -175,8 +228,7 @@ void ContrMaxMin(double& xmax, double& ymax, double& xmin, double& ymin, double&
     AzzeraRettSel();
     AggRettSel(0, 0);
     AggRettSel(XFDecimi, YFDecimi);
-    for (std::int32_t i = 3; i <= indElem; ++i)
-        if (LucidoVisibile(Elem(i).lucido)) estendiElemento(i);
+    estendiVisibili(3, indElem);
     xmax = rettSel.xmax;
     ymax = rettSel.ymax;
     xmin = rettSel.xmin;
@@ -187,58 +239,6 @@ void ContrMaxMin(double& xmax, double& ymax, double& xmin, double& ymin, double&
     if (width >= 0 && height >= 0) return;
     width = height = -1;
     ErroreAlert(4);
-}
-
-// --- scrolling
-
-void ScrollBits() {
-    if (noWindow || !VScroll || !HScroll) return;
-    const AngoloPagina nuovo{GetControlValue(VScroll), GetControlValue(HScroll)};
-    const std::int32_t dh = PageCorner.h - nuovo.h, dv = PageCorner.v - nuovo.v;
-    if (dh == 0 && dv == 0) return;
-    AggiornaVeli();   // ScorriVeli moves what they show
-    PageCorner = nuovo;
-    SetPortWindowPort(theWindow);
-    ClipRect(myViewRect);
-    const Region scoperta = ScrollRect(myViewRect, dh, dv);
-    OrigX -= dh;
-    OrigY -= dv;
-    tabletSegueVista();
-    ScorriVeli(dh, dv);
-    if (!(KeyModifiers() & cmdKey)) RidisegnaParte(scoperta);   // held: pixels only move, for speed
-    ClipRect(GetPortBounds(theWindow));
-}
-
-void ScrollWindow(std::int32_t dh, std::int32_t dv) {
-    if (noWindow || !VScroll || !HScroll) return;
-    SetControlValue(HScroll, GetControlValue(HScroll) + dh);
-    SetControlValue(VScroll, GetControlValue(VScroll) + dv);
-    ScrollBits();
-}
-
-void TrackScroll(bool vertical, std::int16_t part) {
-    const bool pagina = part == 22 || part == 23;
-    const std::int32_t passo = pagina ? static_cast<std::int32_t>(vertical ? altezza() : larghezza()) : passoRiga;
-    const std::int32_t d = part == 20 || part == 22 ? -passo : passo;
-    ScrollWindow(vertical ? 0 : d, vertical ? d : 0);
-}
-
-void DoMouseWheelMoved(std::uint16_t modifiers, std::int16_t axis, std::int16_t delta) {
-    if (noWindow) return;
-    if (modifiers & cmdKey) {
-        scalaAttornoAlCentro(delta >= 1 ? 1 + delta * 0.2 : 1 / (1 - 0.2 * delta));
-        allinea();
-        InvalFinestra();
-        return;
-    }
-    constexpr std::int32_t scatto = 40;   // pixels
-    const std::int32_t n = delta * scatto * (modifiers & optionKey ? 10 : 1);
-    if (axis == 0) {
-        ScrollWindow(0, -n);
-    } else {
-        ScrollWindow(-n, 0);
-    }
-    ClipRect(myViewRect);
 }
 
 // --- the window

@@ -160,7 +160,7 @@ bool TrackIcon(const Rect& r, std::int32_t id, std::int32_t litId) {
         if (ora != dentro) DrawIcona(r, ora ? litId : id);
         dentro = ora;
     }
-    dentro = PtInRect(GetMouse(), r) && !quitPending();
+    dentro = PtInRect(GetMouse(), r) && !quitPending() && !DragGivenUp();
     DrawIcona(r, id);
     return dentro;
 }

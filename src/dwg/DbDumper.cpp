@@ -12,13 +12,14 @@
 #include "model/Archivio.h"
 #include "model/Carattere.h"
 #include "model/Documento.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Penna.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "model/Voci.h"
 #include "platform/Fonts.h"
 #include "platform/Menus.h"
+#include "platform/Resources.h"
 #include "registration/Coordinate.h"
 #include "text/Conversione.h"
 
@@ -79,7 +80,7 @@ bool DbDumper::dump() {
     lucidoDiLayer.clear();
     if (suddividi_piani != 0)
         for (std::size_t i = 0; i < db.layers.record.size(); ++i)
-            lucidoDiLayer.push_back(static_cast<std::int16_t>(std::min<std::size_t>(i + 1, lucidiMassimi)));
+            lucidoDiLayer.push_back({static_cast<std::int16_t>(std::min<std::size_t>(i + 1, lucidiMassimi)), false});
     const bool intero = dumpBlocks();
     FineOperazione();
     return intero;
@@ -113,11 +114,29 @@ bool DbDumper::interno(const OdGePoint3d& p, double& x, double& y) {
     return std::fabs(x) < limite && std::fabs(y) < limite;
 }
 
+namespace {
+
+// The layer that every database has, and those that an export of a drawing without names makes.
+bool senzaNome(std::string_view nome) {
+    constexpr std::string_view nostro = "Layer ";
+    if (nome.starts_with(nostro)) nome.remove_prefix(nostro.size());
+    return nome.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+}   // namespace
+
 void DbDumper::lucido(const OdDbEntity& e, std::int16_t altrimenti) {
     VisioneGraf.lucidoCorrente = altrimenti;
     if (lucidoDiLayer.empty()) return;
     const OdDbObjectId id = e.layer.isNull() ? db.layers.getAt("0") : e.layer;
-    if (!id.isNull()) VisioneGraf.lucidoCorrente = lucidoDiLayer[id.n - 1];
+    if (id.isNull()) return;
+    LucidoDelLayer& l = lucidoDiLayer[id.n - 1];
+    if (!l.noto) {
+        l.noto = true;
+        const std::string nome = Utf8ToMac(db.layers[id].name);
+        if (!senzaNome(nome)) l.lucido = AccogliLucido(nome, l.lucido);
+    }
+    VisioneGraf.lucidoCorrente = l.lucido;
 }
 
 bool DbDumper::posto() {

@@ -77,7 +77,11 @@ private:
     Resoconto& resoconto;
     std::unordered_map<std::string, std::int16_t> fontNoti;   // by font file
     std::vector<bool> visti;                                  // layer records that entities of the drawing lie on
-    std::vector<std::int16_t> lucidoDiLayer;                  // by layer record, when layers become sheets
+    struct LucidoDelLayer {
+        std::int16_t lucido;
+        bool noto;   // its name has been looked for
+    };
+    std::vector<LucidoDelLayer> lucidoDiLayer;   // by layer record, when layers become sheets
 };
 
 // The dumper of each class, registered as long as one of these lives.

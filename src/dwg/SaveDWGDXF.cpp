@@ -7,6 +7,7 @@
 #include "dwg/Confronto.h"
 #include "dwg/dwgdxf.h"
 #include "dwg/Parole.h"
+#include "exchange/NomiLayer.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
@@ -79,9 +80,9 @@ std::unique_ptr<OdDbDatabase> CreaDatabaseDisegno(Scritti& conto) {
     const std::array<bool, 100> usati = lucidiInUso();
     // Kept: every sheet has its layer, whether used or not; unless the person wants it otherwise.
     newLayerId.fill({});
+    const auto nomi = NomiLayer("Layer ");
     for (std::size_t i = 0; i < newLayerId.size(); ++i)
-        if (scelteEsporta.soloInUso == 0 || usati[i])
-            addLayer(*db, ("Layer " + std::to_string(i)).c_str(), newLayerId[i]);
+        if (scelteEsporta.soloInUso == 0 || usati[i]) addLayer(*db, MacToUtf8(nomi[i]).c_str(), newLayerId[i]);
     addLinetypes(*db);
     CreaDWG(*db, conto);
     limiti(*db);

@@ -8,7 +8,7 @@
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Selezione.h"
 #include "text/Conversione.h"
 
@@ -19,7 +19,7 @@ namespace {
 constexpr std::int16_t ParamLucidiDia = 128;
 constexpr std::int16_t primoLucido = 3, ultimoLucido = 102, primaScelta = 123, ultimaScelta = 128, campoLucido = 130;
 constexpr std::int16_t tutti = 131, nessuno = 132;
-constexpr std::size_t quantiLucidi = 100, quanteScelte = 6;
+constexpr std::size_t quanteScelte = 6;
 
 class TParamLucidi : public TParametri {
 public:
@@ -44,7 +44,7 @@ private:
     void colpito();
 };
 
-// Behind a sheet's number stands, in brackets, how many elements lie on it.
+// Behind a sheet's number stand its name and, in brackets, how many elements lie on it.
 void TParamLucidi::contaElementi() {
     std::array<std::int32_t, quantiLucidi> quanti{};
     for (std::int32_t n = 3; n <= indElem; ++n) {
@@ -52,9 +52,12 @@ void TParamLucidi::contaElementi() {
         if (l >= 0 && l < std::int16_t{quantiLucidi} && Elem(n).tipo != tVertice) ++quanti[static_cast<std::size_t>(l)];
     }
     for (std::size_t i = 0; i < quantiLucidi; ++i) {
-        if (quanti[i] == 0) continue;
-        const std::string nome = GetDialogItemText(theDialog, itemDi(i));
-        SetDialogItemText(theDialog, itemDi(i), nome + " (" + std::to_string(quanti[i]) + ")");
+        const std::string proprio = NomeLucido(static_cast<std::int16_t>(i));
+        if (quanti[i] == 0 && proprio.empty()) continue;
+        std::string testo = GetDialogItemText(theDialog, itemDi(i));
+        if (!proprio.empty()) testo += " " + proprio;
+        if (quanti[i] != 0) testo += " (" + std::to_string(quanti[i]) + ")";
+        SetDialogItemText(theDialog, itemDi(i), testo);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "display/palette.h"
 #include "display/Ridisegno.h"
@@ -12,7 +13,7 @@
 #include "editing/MeshPunti.h"
 #include "editing/TestoSelezione.h"
 #include "model/Archivio.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
@@ -26,9 +27,7 @@ constinit std::uint32_t Tempo = 0;
 
 namespace {
 
-bool raggiungibile(const elemento& e) {
-    return LucidoVisibile(e.lucido) && !(VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente);
-}
+bool raggiungibile(const elemento& e) { return LucidoRaggiungibile(e.lucido); }
 
 // Is e hit? A vertex is hit by the side that joins it to `prima`, the record before it.
 bool colpito(const puntot& p, const elemento& prima, const elemento& e) {
@@ -56,9 +55,10 @@ bool colpitoInAnteprima(const puntot& p, std::int32_t i) {
     return colpito(p, prima, e);
 }
 
-std::int32_t primoColpito(const puntot& p) {
+// The topmost record hit from number `da` down, 0 for none.
+std::int32_t primoColpito(const puntot& p, std::int32_t da) {
     const bool anteprima = AnteprimaAttiva();
-    for (std::int32_t i = indElem; i >= 3; --i) {
+    for (std::int32_t i = da; i >= 3; --i) {
         if (!raggiungibile(Elem(i))) continue;
         if (colpito(p, Elem(i - 1), Elem(i)) || (anteprima && colpitoInAnteprima(p, i))) return i;
     }
@@ -147,7 +147,7 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!shift && !opzione) TogliSelezione();
     const bool mesh = Button() && !shift && SelezionaMesh(event, point);
     if (mesh) AggRettSelMesh();
-    const std::int32_t i = mesh ? 0 : primoColpito(point);
+    const std::int32_t i = mesh ? 0 : primoColpito(point, indElem);
     bool preso = mesh || i != 0, ripresa = false;
     if (i != 0) {
         prendi(i, shift, ripresa);
@@ -164,6 +164,52 @@ void ScegliElemento(const EventRecord& event, const puntot& point) {
     if (!Puntosel.attiva) return;
     DisegnaSelezione();
     if (opzione) passaASpostare();
+}
+
+namespace {
+
+// Records that are hit, topmost first, one for each thing.
+std::vector<std::int32_t> tuttiColpiti(const puntot& p) {
+    std::vector<std::int32_t> colpiti;
+    for (std::int32_t i = primoColpito(p, indElem); i != 0; i = primoColpito(p, i - 1)) {
+        const std::int32_t n = bersaglio(i);
+        const bool nuovo = colpiti.empty() || bersaglio(colpiti.back()) != n;   // a polyline's records stand together
+        if (n != 0 && nuovo) colpiti.push_back(i);
+    }
+    return colpiti;
+}
+
+void scegliSolo(std::int32_t i) {
+    TogliSelezione();
+    bool ripresa = false;
+    prendi(i, false, ripresa);
+    riassumi(false);
+    DisegnaSelezione();
+}
+
+}   // namespace
+
+bool ScegliSotto(const puntot& point, bool indietro) {
+    const std::vector<std::int32_t> colpiti = tuttiColpiti(point);
+    if (colpiti.empty()) return false;
+    const auto quanti = static_cast<std::ptrdiff_t>(colpiti.size());
+    std::ptrdiff_t scelto = 0;
+    if (Puntosel.attiva && !Puntosel.multipla && Puntosel.oggetto < oMeshOrigine) {
+        const auto ora = std::find_if(colpiti.begin(), colpiti.end(),
+                                      [](std::int32_t i) { return bersaglio(i) == Puntosel.indice; });
+        if (ora != colpiti.end()) scelto = (ora - colpiti.begin() + (indietro ? quanti - 1 : 1)) % quanti;
+    }
+    scegliSolo(colpiti[static_cast<std::size_t>(scelto)]);
+    return true;
+}
+
+bool ScegliPerMenu(const puntot& point) {
+    const std::vector<std::int32_t> colpiti = tuttiColpiti(point);
+    if (colpiti.empty()) return false;
+    const bool scelto =
+        std::any_of(colpiti.begin(), colpiti.end(), [](std::int32_t i) { return Elem(bersaglio(i)).selezionato != 0; });
+    if (!scelto) scegliSolo(colpiti.front());
+    return true;
 }
 
 void TogliSelezione() {

@@ -12,6 +12,11 @@ namespace tessaro {
 
 // A click in pointer mode 0, `point` in sheet units. The caller has tried the grips of the selection.
 void ScegliElemento(const EventRecord& event, const puntot& point);
+// Of all that lies under `point` the next one below what is selected alone (the one above it with `indietro`), round and
+// round; the topmost when nothing of it is selected. False when nothing lies there.
+bool ScegliSotto(const puntot& point, bool indietro);
+// Selects the topmost thing under `point` alone, unless what lies there is selected already. False when nothing lies there.
+bool ScegliPerMenu(const puntot& point);
 bool Sellinea(const puntot& p, const double& x1, const double& y1, const double& x2, const double& y2);
 bool SelCerchio(const puntot& p, const double& cx, const double& cy, const double& r);
 bool SelArco(const puntot& p, const double& cx, const double& cy, const double& r, const double& start,

@@ -6,7 +6,7 @@
 #include "editing/Scelta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
-#include "model/Lucidi.h"
+#include "model/NomiLucidi.h"
 #include "model/PuntiElemento.h"
 #include "model/TabellaStato.h"
 #include "platform/Windows.h"
@@ -70,7 +70,7 @@ bool SelezionaRect(const Rect& rect) {
     bool qualcosa = false;
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (!LucidoVisibile(e.lucido) || (VisioneGraf.bloccaAltri && e.lucido != VisioneGraf.lucidoCorrente)) continue;
+        if (!LucidoRaggiungibile(e.lucido)) continue;
         if (!dentro(i, rect)) continue;
         qualcosa = true;
         if (e.selezionato) continue;
@@ -88,7 +88,8 @@ void SelezionaTutto() {
     if (!(KeyModifiers() & shiftKey)) TogliSelezione();
     for (std::int32_t i = 3; i <= indElem; ++i) {
         elemento& e = Elem(i);
-        if (LucidoVisibile(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti)) e.selezionato = 1;
+        if (LucidoVisibile(e.lucido) && !LucidoBloccato(e.lucido) && (e.tipo != tTesto || VisioneGraf.mostraTesti))
+            e.selezionato = 1;
     }
     if (Puntosel.attiva && Puntosel.oggetto >= oMeshOrigine) Puntosel.attiva = 0;   // records are selected now
     RistabilisciSelezione();                                                        // vertex records count one by one

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/Archivio.h"
+#include "model/CampiElemento.h"
 #include "model/Selezione.h"
 
 namespace tessaro {
@@ -21,7 +22,6 @@ bool PerSelezionati(Cambia cambia) {
 
 // A field of a record, null where its type has none: texts have a colour alone; segments and markers no area pattern;
 // pictures and vertices nothing.
-f16* ColoreDi(elemento& e);
 f16* SpessoreDi(elemento& e);
 f16* PatternDi(elemento& e);
 f16* PatternAreaDi(elemento& e);

@@ -3,12 +3,14 @@
 
 #include <cmath>
 
+#include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Figura.h"
 #include "model/Mesh.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
+#include "model/Vista.h"
 #include "platform/Events.h"
 
 namespace tessaro {
@@ -96,6 +98,15 @@ void SpostaSelezione() {
     SpostaPunto(rettSel.xmin, rettSel.ymin, scarto);
     SpostaPunto(rettSel.xmax, rettSel.ymax, scarto);
     PoniAnnulla(aSposta);
+}
+
+void SpostaDiPixel(std::int32_t dh, std::int32_t dv) {
+    if (!Puntosel.attiva) return;
+    XDeltaSpost = dh / scalavid;
+    YDeltaSpost = dv / scalavid;
+    ZDeltaSpost = 0;
+    SpostaSelezione();
+    InvalFinestra();
 }
 
 void SpostaTutto() {

@@ -21,16 +21,6 @@ namespace tessaro {
 
 namespace {
 
-void misura(elemento& e) {
-    const Stato stato;
-    TextFace(e.test.stile);
-    TextFont(e.test.font);
-    TextMode(srcOr);
-    TextSize(e.test.dimensione);
-    e.test.larghezza = arrotonda16(StringWidth(ScrittaDi(e)));
-    e.test.altezza = e.test.dimensione;
-}
-
 // Changes and measures each selected text. A selection without one beeps; else the view is drawn again.
 template <class Cambia>
 void perOgniTesto(Cambia cambia) {
@@ -39,7 +29,7 @@ void perOgniTesto(Cambia cambia) {
         elemento& e = Elem(n);
         if (e.tipo != tTesto) return;
         cambia(e);
-        misura(e);
+        MisuraTesto(e);
         cambiato = true;
     };
     if (Puntosel.multipla) {
@@ -83,6 +73,16 @@ void spuntaStili() {
 }
 
 }   // namespace
+
+void MisuraTesto(elemento& e) {
+    const Stato stato;
+    TextFace(e.test.stile);
+    TextFont(e.test.font);
+    TextMode(srcOr);
+    TextSize(e.test.dimensione);
+    e.test.larghezza = arrotonda16(StringWidth(ScrittaDi(e)));
+    e.test.altezza = e.test.dimensione;
+}
 
 void CambiaTesti(const PStr255& testo, std::int16_t angolo) {
     perOgniTesto([&](elemento& e) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "model/Elemento.h"
 #include "text/PascalString.h"
 
 namespace tessaro {
@@ -11,6 +12,9 @@ namespace tessaro {
 void PoniTesti(std::uint8_t suSelezione);
 // String and angle of the selected texts. Beeps when there are none. Takes the undo off, as the menus below do.
 void CambiaTesti(const PStr255& testo, std::int16_t angolo);
+
+// A text's width and height on the sheet, after a change of what it says or how.
+void MisuraTesto(elemento& e);
 
 // Items of menus 100, 101 and 102: the selected texts, or without a selection the current value.
 void CheckFontMac(std::int16_t item);

@@ -62,7 +62,7 @@ public:
     Trascinamento(const Trascinamento&) = delete;
     Trascinamento& operator=(const Trascinamento&) = delete;
 
-    [[nodiscard]] bool tenuto() const { return TickCount() - inizio > GetDblTime() >> 1; }
+    [[nodiscard]] bool tenuto() const { return !DragGivenUp() && TickCount() - inizio > GetDblTime() >> 1; }
 };
 
 void arriva(double& x, double& y) {

@@ -152,6 +152,7 @@ bool muoviPolilinea(const EventRecord& event, const puntot& p) {
     const bool posto = indElem < maxElementi && Elem(testa).poli.numVertici < std::numeric_limits<std::int16_t>::max();
     if (inserire && posto) inserisciVertice(testa, n);
     trascinaVertice(event, testa, n);
+    if (inserire && posto && DragGivenUp()) togliVertice(testa, n + 1);   // its double
     return true;
 }
 

@@ -15,6 +15,7 @@ struct layerdxfT {
     std::int16_t colore = 1;    // DXF colour of the table, never negative
     std::int16_t pattern = 1;   // of the pen
     PStr15 nome = "";           // Mac Roman
+    std::string intero;         // the name uncut; empty when the table gives none
 };
 inline constexpr std::int16_t maxLayerDxf = 255;
 extern std::array<layerdxfT, maxLayerDxf> Layerdxf;   // the first indluc are in use; the writer fills 0 to 99
@@ -39,6 +40,9 @@ std::int16_t NumToColor(std::int16_t colore);
 std::int16_t ColorToNum(std::int16_t colore);
 // Sheet of a layer. Kept: the position less one, and 0 for an unknown one as for the first.
 std::int16_t CercaLayer(const PStr15& nome);
+// The sheet for the elements of a layer of the table, given by CercaLayer: that of the layer's name (AccogliLucido), else
+// its place, at most 99.
+std::int16_t LucidoDelLayerDXF(std::int16_t layer);
 
 bool ApriDXF(FSSpec& file);   // the file request
 void LeggiDXF();              // the open file into the drawing; ends with the report of what came in

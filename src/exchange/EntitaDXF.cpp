@@ -222,7 +222,7 @@ void TLeggiEntitaDXF::Punto() {
         case g38: reale(m.z); break;
         case g6: m.pattern = RigaToPat(lettura.righe.riga()); break;
         case g62: colore(m.colore); break;
-        case g8: lucido = std::min(layer(), ultimoLucido); break;
+        case g8: lucido = LucidoDelLayerDXF(layer()); break;
         default: saltaValore();
         }
     }

@@ -50,7 +50,6 @@ protected:
     virtual void Insert();
 
 private:
-    static constexpr std::int16_t ultimoLucido = 99;
     struct Operazione {
         std::string_view nome;
         void (TLeggiEntitaDXF::*leggi)();

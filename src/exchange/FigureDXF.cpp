@@ -140,7 +140,7 @@ void TLeggiEntitaDXF::Insert() {
         case g50: reale(ins.rotazione); break;
         case g70: reale(ins.colonne); break;
         case g71: reale(ins.righe); break;
-        case g8: ins.lucido = std::min(layer(), ultimoLucido); break;
+        case g8: ins.lucido = LucidoDelLayerDXF(layer()); break;
         case g62: ins.conColore = colore(ins.colore); break;
         case g6:
             ins.pattern = RigaToPat(lettura.righe.riga());

@@ -45,7 +45,10 @@ bool unLucido(LetturaDXF& l) {
             break;
         }
         case g6: layer.pattern = RigaToPat(l.righe.riga()); break;
-        case g2: layer.nome = Str255To15(PStr255(std::string_view(l.alfabeto.nome(l.righe.riga())))); break;
+        case g2:
+            layer.intero = l.alfabeto.nome(l.righe.riga());
+            layer.nome = Str255To15(PStr255(std::string_view(layer.intero)));
+            break;
         default: l.righe.riga();
         }
     }

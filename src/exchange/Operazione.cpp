@@ -9,6 +9,8 @@
 
 namespace tessaro {
 
+void (*operazioneMostrata)() = nullptr;
+
 namespace {
 
 constexpr std::uint32_t righeTraDomande = 512;   // lines between two looks at the keyboard
@@ -18,6 +20,7 @@ constinit std::uint32_t ultimaPittura = 0;
 void dipingi() {
     ultimaPittura = TickCount();
     DrawOperazCorr();
+    if (operazioneMostrata) operazioneMostrata();
 }
 
 }   // namespace

@@ -10,6 +10,7 @@ namespace tessaro {
 // The keyword into StrOperCorr. The first is painted at once, the others as the reading advances: they may change a
 // million times a second.
 void MostraOperazione(const char* parola);
+extern void (*operazioneMostrata)();   // called when the keyword was painted: the status strip's. Set by the shell
 void FineOperazione();                 // no operation any more; the next repaint shows the coordinates again
 bool AvanzaLettura(double frazione);   // 0 to 1; false when the person asked to stop
 

@@ -6,6 +6,8 @@
 
 #include "dialogs/Errori.h"
 #include "exchange/DXF.h"
+#include "exchange/NomiLayer.h"
+#include "exchange/TestoDxf.h"
 #include "files/Nativo.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -66,8 +68,11 @@ void ScriviHeader(ScritturaDXF& s) {
 }
 
 void ControllaLucidi() {
-    for (std::size_t i = 0; i < LucidiOK.size(); ++i)
-        Layerdxf[i].nome = Str255To15(NumToString(static_cast<std::int32_t>(i)));
+    const auto nomi = NomiLayer("");
+    for (std::size_t i = 0; i < LucidiOK.size(); ++i) {
+        Layerdxf[i].intero = TestoPerDxf(nomi[i]);
+        Layerdxf[i].nome = Str255To15(PStr255(std::string_view(Layerdxf[i].intero)));
+    }
     LucidiOK.fill(false);
     NumPianiDXF = 0;
     for (std::int32_t i = 3; i <= indElem; ++i) {
@@ -123,7 +128,7 @@ void ScriviTableLayerDXF(ScritturaDXF& s) {
     for (std::size_t i = 0; i <= ultimoDellaTabella; ++i) {
         if (!LucidiOK[i]) continue;
         s.b.righe2("  0", "LAYER");
-        s.b.righe2("  2", Layerdxf[i].nome.view());
+        s.b.righe2("  2", Layerdxf[i].intero);
         s.b.righe2(" 70", "     0");
         s.b.righe2(" 62", "     7");
         s.b.righe2("  6", "CONTINUOUS");

@@ -145,7 +145,7 @@ void ScriviEntitiesDXF(ScritturaDXF& s) {
         const std::uint8_t tipo = Elem(i).tipo;
         const std::int16_t lucido = Elem(i).lucido;
         const std::size_t l = lucido >= 0 && lucido <= 99 ? static_cast<std::size_t>(lucido) : 0;
-        if (scriviElemento(s.b, i, Layerdxf[l].nome.view()))
+        if (scriviElemento(s.b, i, Layerdxf[l].intero))
             s.scritti.aggiungi(tipo);
         else if (tipo == tMarker)
             s.perduti.aggiungi(cMarkerIgnoti);

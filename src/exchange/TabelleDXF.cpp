@@ -10,6 +10,7 @@
 #include "model/Archivio.h"
 #include "model/Colori.h"
 #include "model/IndiceColori.h"
+#include "model/NomiLucidi.h"
 #include "model/TabellaStato.h"
 #include "text/PascalString.h"
 
@@ -49,7 +50,8 @@ struct Nomi {
     std::unordered_map<std::string, std::int16_t> layer;
     std::unordered_map<std::string, std::vector<std::int32_t>> blocchi;
     bool layerPronti = false;
-    std::array<std::int16_t, 256> colori{};   // of the drawing, by the index; 0 not yet looked for
+    std::array<std::int16_t, maxLayerDxf> lucidi{};   // of the drawing, by layer, from 1; 0 not yet looked for
+    std::array<std::int16_t, 256> colori{};           // of the drawing, by the index; 0 not yet looked for
 };
 Nomi nomi;
 
@@ -64,6 +66,7 @@ void InizioTabelleDXF() {
 
 void NuoviLayerDXF() {
     nomi.layer.clear();
+    nomi.lucidi.fill(0);
     nomi.layerPronti = false;
 }
 
@@ -75,6 +78,19 @@ std::int16_t CercaLayer(const PStr15& nome) {
     }
     const auto i = nomi.layer.find(chiave(nome.view()));
     return i == nomi.layer.end() ? std::int16_t{0} : i->second;
+}
+
+// Layers that are numbers have no name: theirs is their place in the table.
+std::int16_t LucidoDelLayerDXF(std::int16_t layer) {
+    const std::int16_t posto = std::clamp<std::int16_t>(layer, 0, quantiLucidi - 1);
+    if (layer < 0 || layer >= indluc) return posto;
+    std::int16_t& noto = nomi.lucidi[static_cast<std::size_t>(layer)];
+    if (noto == 0) {
+        const std::string& nome = Layerdxf[static_cast<std::size_t>(layer)].intero;
+        const bool numero = nome.find_first_not_of("0123456789") == std::string::npos;
+        noto = static_cast<std::int16_t>((numero ? posto : AccogliLucido(nome, posto)) + 1);
+    }
+    return static_cast<std::int16_t>(noto - 1);
 }
 
 void ConosciBloccoDXF(std::int32_t numero) {

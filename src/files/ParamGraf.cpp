@@ -274,6 +274,15 @@ void TParamGraf::Param() {
     if (HScroll) ShowControl(HScroll);
 }
 
+void PoniUnitaDisegno(std::int16_t unita) {
+    const auto n = static_cast<std::size_t>(unita);
+    if (n >= decimiDi.size()) return;
+    UnitaMCorrente = unita;
+    ItemUnit = static_cast<std::int16_t>(unita + primaUnita);
+    decimiUnita = decimiDi[n];
+    CalcolaRapporti();
+}
+
 bool ParamGraf() {
     const PortaCorrente porta;
     TParamGraf p;

@@ -25,6 +25,7 @@ enum : std::int16_t {
     AttaccaCursor = 131,
     AttaccaCursorZ = 132,
     SpFoglioCursor = 133,
+    manoCursor = 9401,   // a hand that holds the sheet
 };
 inline constexpr std::array<std::int16_t, 5> origineCursor{134, 135, 136, 137, 138};
 inline constexpr std::array<std::int16_t, 5> destinazioneCursor{140, 141, 142, 143, 144};

@@ -220,6 +220,19 @@ void applica(Giornale& g, Passo& p, bool indietro, EsitoPasso& esito) {
     avvisa(tratti, p.righe);
 }
 
+// Does p only change once more, in their places, the records that the last step changed?
+bool prosegue(const Giornale& g, const Passo& p) {
+    if (!p.nome.segue || g.fatti == 0 || g.fatti != g.passi.size()) return false;
+    const Passo& ultimo = g.passi.back();
+    const bool stessa = ultimo.figura == 0 && p.figura == 0 && ultimo.nome.tipo == p.nome.tipo && ultimo.righe.empty()
+                        && p.righe.empty();
+    const auto alPosto = [](const TrattoDiverso& a, const TrattoDiverso& b) {
+        return a.prima == a.dopo && a.quantiPrima == a.quantiDopo && b.prima == b.dopo && b.quantiPrima == b.quantiDopo
+               && a.prima == b.prima && a.quantiPrima == b.quantiPrima;
+    };
+    return stessa && std::equal(p.tratti.begin(), p.tratti.end(), ultimo.tratti.begin(), ultimo.tratti.end(), alPosto);
+}
+
 bool trattieni(PicHandle h) { return giornale().immagini.nominata(h); }
 
 }   // namespace
@@ -297,6 +310,11 @@ bool ChiudiPasso(const NomePasso& nome) {
         p.nome.punto = c;
     }
     prendiDallOmbra(g, p, std::move(pagine), std::move(figura));
+    if (prosegue(g, p)) {   // the step before it already holds what there was
+        g.immagini.lascia(p.altri);
+        avvisa(p.tratti, p.righe);
+        return true;
+    }
     perdiRipetibili(g);
     if (altroComando) chiudiFigura(g, g.figure);
     g.peso += p.peso();

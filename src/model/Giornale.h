@@ -27,6 +27,7 @@ bool GiornaleAperto();   // false without a drawing: no step is made then
 struct NomePasso {
     std::int32_t tipo = 0;   // TipoAnnulla, 0 when the command armed none
     bool punto = false;      // a point of a figure that is in progress
+    bool segue = false;      // a held key goes on with what it did: one step when it moved the same records again
     std::string comando;     // Mac Roman, the menu item's text; empty when it was no menu item
 };
 

@@ -32,6 +32,9 @@ constexpr std::uint8_t BitAggancio(TipoAggancio t) { return static_cast<std::uin
 // those that always did: ends, vertices and markers.
 extern std::uint8_t agganciAttivi;
 
+// Lines and curves of the drawing are drawn with the share of each pixel that they cover: on the screen alone, 0.
+extern std::uint8_t lineeMorbide;
+
 extern RGBColor coloreEvidenza;   // of what is selected, and of its grips; never black
 
 }   // namespace tessaro

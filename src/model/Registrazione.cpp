@@ -13,6 +13,7 @@ constinit std::uint8_t OKAttacco5 = 0;
 constinit Att4Pt att4Pt{};
 constinit Mesh meshOrigine{}, meshDestinazione{}, undoMeshOrigine{}, undoMeshDestinazione{};
 constinit StatoCursore statoCursore{};
+constinit Aggancio agganciato{};
 constinit Griglia griglia{};
 
 namespace {
@@ -52,6 +53,11 @@ std::string grigliaJson() {
            + campo("grezzoX", griglia.grezzoX) + campo("grezzoY", griglia.grezzoY) + "}";
 }
 
+std::string aggancioJson() {
+    return "{\"kind\":" + std::to_string(agganciato.tipo) + ",\"x\":" + NumeroJson(agganciato.punto.x)
+           + ",\"y\":" + NumeroJson(agganciato.punto.y) + "}";
+}
+
 const VoceStato righe[] = {
     {"TransfCoord", [] { TransfCoord = {}; }, transfJson<TransfCoord>},
     {"TransfInvert", [] { TransfInvert = {}; }, transfJson<TransfInvert>},
@@ -69,6 +75,7 @@ const VoceStato righe[] = {
     {"meshDestinazione", azzeraMesh<meshDestinazione>, meshJson<meshDestinazione>},
     {"undoMeshOrigine", azzeraMesh<undoMeshOrigine>, meshJson<undoMeshOrigine>},
     {"undoMeshDestinazione", azzeraMesh<undoMeshDestinazione>, meshJson<undoMeshDestinazione>},
+    {"agganciato", [] { agganciato = {}; }, aggancioJson},
     {"statoCursore", [] { statoCursore = {}; }, cursoreJson},
     {"griglia", [] { griglia = {}; }, grigliaJson},
 };

@@ -1,6 +1,10 @@
 // State of the cursor constraints and the grid.
 #pragma once
 #include <cstdint>
+
+#include "model/Elemento.h"
+#include "model/PreferenzeVista.h"
+
 namespace tessaro {
 
 struct StatoCursore {
@@ -23,4 +27,11 @@ struct Griglia {
     double grezzoX = 0, grezzoY = 0;   // last position before snapping, sheet units
 };
 extern Griglia griglia;
+
+// What a click would take now, while the cursor attaches to points; it is marked over the drawing.
+struct Aggancio {
+    TipoAggancio tipo = agNessuno;
+    puntot punto{};   // sheet units
+};
+extern Aggancio agganciato;
 }   // namespace tessaro

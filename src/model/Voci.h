@@ -35,13 +35,18 @@ enum NumeroMenu : std::int16_t {
     menuScorciatoie = 110,
     menuImmagine = 111,
     menuVincoli = 112,
+    menuAgganci = 9400,   // an item is its TipoAggancio
     menuRecenti = 9480,
+    menuLucidi = 9483,
+    menuForme = 9484,
+    menuLingue = 9491,
+    menuUnita = 9492,
 };
 
 namespace voci {
 
 namespace aiuto {
-enum : std::int16_t { informazioni = 1 };
+enum : std::int16_t { informazioni = 1, guida = 2 };
 }
 namespace archivio {
 enum : std::int16_t {
@@ -87,6 +92,10 @@ enum : std::int16_t {
     scalaImmagine = 17,
     immagineDaSelezione = 18,
     ripeti = 19,
+    incollaSulPosto = 20,
+    incollaImmagine = 21,
+    preferenze = 30,
+    proprieta = 31,
 };
 }
 namespace disegna {
@@ -148,6 +157,8 @@ enum : std::int16_t {
     curvePerPunti = 18,
     lettura = 20,
     tavoletta = 21,
+    riferimento = 26,
+    pannelloLucidi = 22,
 };
 }
 namespace zoom {
@@ -162,6 +173,7 @@ enum : std::int16_t {
     riduci = 8,
     rettangolo = 9,
     rilievo = 10,
+    disegno = 11,
 };
 }
 namespace esporta {
@@ -174,20 +186,22 @@ enum : std::int16_t {
     fabra = 6,
     miniCad2D = 7,
     miniCad3D = 8,
+    mappa = 12,
+    geoTiff = 13,
 };
 }
 namespace apriAltri {
 enum : std::int16_t { suiPunti = 1, suQuattroPunti = 2, sulleCoordinate = 3 };
 }
 namespace importa {
-enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5 };
+enum : std::int16_t { immagine = 1, dwg = 2, xyz = 3, cxf = 4, scelteDWG = 5, mappa = 12, raster = 13 };
 }
 namespace stili {
 enum : std::int16_t { normale = 1, grassetto = 3, corsivo = 4, sottolineato = 5, contornato = 6, ombreggiato = 7 };
 }
 // A control point's number is its item.
 namespace attacchiOrigine {
-enum : std::int16_t { quinto = 5, verifica = 6 };
+enum : std::int16_t { primo = 1, secondo = 2, terzo = 3, quarto = 4, quinto = 5, verifica = 6 };
 }
 namespace attacchiDestinazione {
 enum : std::int16_t { quinto = 5, verifica = 6 };
@@ -200,6 +214,16 @@ enum : std::int16_t {
     ultimoDestinazione = 9,
     cambiaDinamica = 11,
     dinamicaAttiva = 13,   // shows the state that 11 turns
+    termina = 14,          // the figure in progress
+    chiudi = 15,
+    indietro = 16,
+    abbandona = 17,
+    rinuncia = 18,   // the tool or move in hand
+    taglia = 19,
+    copia = 20,
+    incolla = 21,
+    cancella = 22,
+    incollaSulPosto = 23,
 };
 }
 namespace immagine {
@@ -214,6 +238,7 @@ enum : std::int16_t {
     orizzontale = 5,
     verticale = 6,
     griglia = 7,
+    agganci = 8,
 };
 }
 

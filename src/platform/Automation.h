@@ -28,6 +28,9 @@ const Avvio& AvvioInForza();
 // Called on SIGTERM and SIGINT before the program leaves, and when the session ends: brings the recovery file down to the
 // disk. Set by the shell.
 extern void (*salvaRecupero)();
+// Nothing in the environment names a display. Before StartToolbox too, which ends the program with one line when it finds
+// none and no script runs.
+bool SenzaSchermo();
 std::string AppFolder();   // where the executable stands
 
 // --- what the driver is asked. All are set before StartToolbox; without a script they are null.
@@ -62,7 +65,8 @@ void AutoMove(Point content, std::uint16_t modifiers);
 void AutoPress(Point content, std::uint16_t modifiers);
 void AutoRelease(Point content, std::uint16_t modifiers);
 void AutoWheel(std::int32_t axis, std::int32_t steps, std::uint16_t modifiers);
-// macRoman: the character; 13 return, 3 enter, 9 tab, 8 backspace, 27 escape.
+// macRoman: the character; 13 return, 3 enter, 9 tab, 8 backspace, 27 escape, 28 to 31 left, right, up, down,
+// 127 delete.
 void AutoKey(std::uint8_t macRoman, std::uint16_t modifiers);
 // False when the item does not exist or is disabled.
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers);

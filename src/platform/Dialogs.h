@@ -33,13 +33,24 @@ void SetDialogItemValue(DialogPtr d, std::int16_t item,
 std::int32_t GetDialogItemValue(DialogPtr d, std::int16_t item);
 void HiliteDialogItem(DialogPtr d, std::int16_t item, std::int16_t part);   // 255 dims, 0 enables
 void ShowDialogItem(DialogPtr d, std::int16_t item);                        // a list that scrolls is scrolled to it
+void HideDialogItem(DialogPtr d, std::int16_t item);   // takes no room until it is shown again
+// What stands in an empty field, or in a pop-up with the value 0.
+void SetDialogItemHint(DialogPtr d, std::int16_t item, std::string_view macRoman);
 void SetDialogItemMenu(DialogPtr d, std::int16_t item,
-                       std::int16_t menu);   // pop-up items take their texts from a menu
+                       std::int16_t menu);   // pop-up items take their texts, and small pictures, from a menu
 // A list item's rows, 1 to count, each with a colour before its text; its value is the row chosen. A table's rows have
 // cells parted by tabs and no colour; its heading is the item's text. Without rows a table is not shown.
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count);
 void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::string_view macRoman,
                       const RGBColor& colour);
+// A grid's rows are set like a table's; a cell that is ticked or chosen is "1". What the person did in it comes as a hit of
+// the item, and what it was from here, in order: the program changes its data and fills the rows again.
+struct GridHit {
+    std::int16_t row = 0, column = 0;   // from 1; column 0: the row was dragged
+    std::int16_t to = 0;                // to the place of this row
+    std::string text;                   // Mac Roman: what was typed; "1" and "0" of a tick, "1" of a choice
+};
+bool GetGridHit(DialogPtr d, std::int16_t item, GridHit& out);   // false when there is none left
 // What a canvas item shows, copied.
 void SetDialogItemPicture(DialogPtr d, std::int16_t item, const PixMap& p);
 void DrawDialog(DialogPtr d);

@@ -17,6 +17,7 @@ enum class EventKind : std::uint8_t {
     nullEvent,   // the pointer or a modifier moved, or the sleep ran out
     mouseDown,
     mouseUp,
+    middleDown,   // the middle button; held and released like the other
     keyDown,
     autoKey,
     updateEvt,     // window: which
@@ -27,6 +28,7 @@ enum class EventKind : std::uint8_t {
     grow,          // window: resized to where.h by where.v
     scroll,        // control: message; it moved by the toolkit's own hand (thumb or arrows)
     wheel,         // message: axis (0 vertical, 1 horizontal) << 16 | (delta & 0xFFFF)
+    pinch,         // two fingers of a touch pad: message the factor, 65536 for 1
     highLevel,     // an event of the desktop: `classe` "quit", "oapp", "odoc", "pdoc" with `percorsi`
     drop,          // files dropped at where: `percorsi`
     tablet,        // one sample: where.h, where.v raw counts, message the button
@@ -59,6 +61,7 @@ void FlushEvents();
 Point GetMouse();               // last delivered pointer position, local to the front drawing window
 bool StillDown();               // is the press being handled still held? Waits for news of it; false when focus is lost
 bool Button();                  // the same without waiting
+bool DragGivenUp();             // Escape ended the press that was handled last: what it dragged goes back
 std::uint16_t KeyModifiers();   // modifiers now held
 // Waits until the pointer moves or the button is released; true while it is held.
 bool TrackMouseLocation(Point& p);

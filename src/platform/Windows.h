@@ -27,6 +27,7 @@ WindowPtr FrontWindow();   // null when none is open
 void SetWTitle(WindowPtr w, std::string_view macRoman);
 std::string GetWTitle(WindowPtr w);   // Mac Roman
 GrafPtr GetWindowPort(WindowPtr w);
+void SetWindowSmooth(WindowPtr w, bool smooth);   // what is drawn in it from now on has smooth lines and curves
 void SetPortWindowPort(WindowPtr w);
 Rect GetPortBounds(WindowPtr w);
 
@@ -50,6 +51,10 @@ void ScrollOverlay(WindowPtr w, Velo v, const Rect& r, std::int32_t dh, std::int
 extern void (*aggiornaVeli)();
 // Device pixels of the window as the screen shows them, 0xFFRRGGBB, row by row: its own with the overlays over them.
 std::vector<std::uint32_t> ShownPixels(WindowPtr w);
+
+// The strip at the frame's foot, below the content: texts from left to right by `field`, from 0; the first takes the room
+// that the others leave. Empty: nothing stands there.
+void SetStripText(std::int16_t field, std::string_view macRoman);
 
 // --- controls
 ControlHandle NewScrollBar(WindowPtr w, bool vertical);
@@ -89,7 +94,7 @@ void NameWindowPart(WindowPtr w, std::int32_t index, const Rect& r, std::string_
 void HMDisplayTag(WindowPtr w, const Rect& r, std::int16_t list, std::int16_t index);
 void HMHideTag();
 
-// The guide's page, opened by the desktop. False when it is not installed or nothing can show it.
+// The guide's page, in the desktop's browser or, without one, in a window of its own. False when it is not installed.
 bool HelpPageExists(std::string_view page);
 bool AHGotoPage(std::string_view page);
 

@@ -130,10 +130,12 @@ Sapori SaporiPict(const FiguraPict& p) {
                                                            }}};
 }
 
-bool PutPicScrap() {
+bool PutPicScrap(Sapori proprie) {
     FiguraPict p;
     SetCursor(ClockCursor);
-    const bool fatto = CreaPict(p) && PutScrap(SaporiPict(p));
+    if (CreaPict(p))
+        for (Sapore& s : SaporiPict(p)) proprie.push_back(std::move(s));
+    const bool fatto = PutScrap(proprie);
     SetCursor(arrowCursor);
     if (!fatto) StopAlert(avvisoMemoria);
     return fatto;

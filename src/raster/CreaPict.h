@@ -23,7 +23,8 @@ bool CreaPict(FiguraPict& p);
 // PNG takes is done when somebody asks for it.
 Sapori SaporiPict(const FiguraPict& p);
 
-bool PutPicScrap();               // Copy: CreaPict's forms on the clipboard; alert 128 and false when there is nothing
+// Copy: `proprie` and behind them CreaPict's forms on the clipboard; alert 128 and false when there is nothing.
+bool PutPicScrap(Sapori proprie = {});
 void CreaImmagineDaSelezione();   // the selection's picture as a new element over it; a beep without a selection
 
 // Requests 42 (the whole sheet at 72 to the inch) and 43 (the selected picture as it is stored), by theItem, into the

@@ -74,7 +74,18 @@ bool memorizza(std::string_view pict, const std::string& nome) {
     return MemorizzaPict(std::string(pict), xcurs, ycurs, DecPunto * larghi, DecPunto * alti);
 }
 
+// A JPEG is kept as it is, without being unpacked: one that ends in the middle has no end mark behind its last scan. Both
+// marks stand nowhere else but in a thumbnail before the scans.
+bool finisceAMeta(const std::string& jpeg) {
+    const auto scansione = jpeg.rfind("\xFF\xDA"), fineFile = jpeg.rfind("\xFF\xD9");
+    return scansione != std::string::npos && (fineFile == std::string::npos || fineFile < scansione);
+}
+
 bool memorizza(Immagine& im, Imballatore& imballatore, const std::string& nome) {
+    if (finisceAMeta(im.jpegBytes)) {
+        ParamText(nome, "", "", "");
+        StopAlert(avvisoGuasta);
+    }
     std::string pict = imballatore.usato() ? imballatore.fine() : PictDaImmagine(im);
     if (pict.empty()) return nonImportata(nome, GetIndString(listaMotivi, motivoTroppoGrande));
     return MemorizzaPict(std::move(pict), xcurs, ycurs, im.width * DecPollice / im.dpiX,

@@ -239,6 +239,31 @@ Scelti PictScelta() {
     return s;
 }
 
+namespace {
+
+void modoDelLavoro() {
+    deformProspettica = tipoTrasformazione == 2;
+    coeffRisoluzione = risoluzione / 72;
+}
+
+}   // namespace
+
+bool RettificaPict(const elemento& pict, std::int32_t poligono) {
+    modoDelLavoro();
+    ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
+    bool fatta = false;
+    if (attaccoAttivo.Preparato()) {
+        CalcolaVertici(pict, poligono);
+        fatta = PictureToPixMap(pict.pict.maniglia, poligono != 0);
+    } else {
+        constexpr std::int16_t avvisoNonPronta = 9140;
+        deformProspettica = 1;
+        StopAlert(avvisoNonPronta);
+    }
+    deformProspettica = 1;
+    return fatta;
+}
+
 void TrasformaPictSel(std::int16_t item) {
     constexpr std::int16_t listaTesti = 129, stringaPunti = 63, stringaMesh = 64;
     const Scelti scelti = Puntosel.attiva ? PictScelta() : Scelti{};
@@ -248,24 +273,15 @@ void TrasformaPictSel(std::int16_t item) {
     }
     ParamText(GetIndString(listaTesti, item == 2 ? stringaMesh : stringaPunti), "", "", "");
     if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
-    deformProspettica = tipoTrasformazione == 2;
-    coeffRisoluzione = risoluzione / 72;
     const elemento pict = Elem(scelti.pict);
-    if (item != 2) ErroreAlert(attaccoAttivo.PreparaAttacco());   // what was prepared last may be of other points
-    if (item != 2 && !attaccoAttivo.Preparato()) {
-        constexpr std::int16_t avvisoNonPronta = 9140;
-        deformProspettica = 1;
-        StopAlert(avvisoNonPronta);
-        return;
-    }
-    if (item == 2) {
+    if (item != 2) {
+        RettificaPict(pict, scelti.poligono);
+    } else {
+        modoDelLavoro();
         if (VerificaMesh()) {
             CalcolaVerticiMesh(pict);
             PictureToPixMapMesh(pict.pict.maniglia);
         }
-    } else {
-        CalcolaVertici(pict, scelti.poligono);
-        PictureToPixMap(pict.pict.maniglia, scelti.poligono != 0);
     }
     deformProspettica = 1;
     InvalFinestra();

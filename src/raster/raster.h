@@ -41,6 +41,9 @@ inline constexpr double densita = 1.8;
 
 // --- rectification, menu 111: 1 by the control points, 2 by the meshes
 void TrasformaPictSel(std::int16_t item);
+// A picture by the control points with the choices in force, whole (poligono 0) or cut to the polyline with that head: the
+// result is a new picture behind the last record. False, with a message shown, when there is none.
+bool RettificaPict(const elemento& pict, std::int32_t poligono);
 bool ScegliRisoluzione(double& res, std::uint8_t conPoligono);      // dialog 139; false: cancelled, nothing changed
 void CalcolaVertici(const elemento& pict, std::int32_t poligono);   // poligono: its head's number, 0 for none
 bool PictureToPixMap(PicHandle pict, bool taglio);                  // false: nothing was added

@@ -23,8 +23,9 @@ struct Nome {
 constexpr Nome<std::uint16_t> modificatori[] = {
     {"shift", shiftKey}, {"option", optionKey}, {"command", cmdKey}, {"control", controlKey}};
 
-constexpr Nome<std::uint8_t> nomiTasti[] = {{"space", 32}, {"return", 13},   {"enter", 3},
-                                            {"tab", 9},    {"backspace", 8}, {"escape", 27}};
+constexpr Nome<std::uint8_t> nomiTasti[] = {{"space", 32},    {"return", 13}, {"enter", 3},   {"tab", 9},
+                                            {"backspace", 8}, {"escape", 27}, {"left", 28},   {"right", 29},
+                                            {"up", 30},       {"down", 31},   {"delete", 127}};
 
 bool bianco(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 

@@ -13,9 +13,11 @@
 #include "exchange/CXF.h"
 #include "exchange/DXF.h"
 #include "exchange/XYZ.h"
+#include "files/FileMondo.h"
 #include "files/Nativo.h"
 #include "files/Richieste.h"
 #include "files/TestiFile.h"
+#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -169,7 +171,16 @@ void importaImmagine(const FSSpec& file) {
         return;
     }
     const FileInLavoro lavoro(file);
-    if (ImportaImmagine(file)) OffriMondo(file, indElem);
+    if (!ImportaImmagine(file)) return;
+    // A world file beside it says more than the picture's own tags: who put it there wanted it.
+    Mondo m;
+    std::string sistema;
+    const std::string nome = Minuscole(file.nome);
+    const bool tiff = nome.ends_with(".tif") || nome.ends_with(".tiff");
+    if (tiff && TrovaMondo(file.percorso).empty() && MondoDelRaster(file, m, sistema))
+        OffriMondo(file.nome, m, indElem);
+    else
+        OffriMondo(file, indElem);
 }
 
 // A picture of the drawing, in the form that the name's suffix tells; the file that was there stays when none comes of it.

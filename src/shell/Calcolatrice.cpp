@@ -19,6 +19,8 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
+#include "shell/PannelloLucidi.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
@@ -231,6 +233,8 @@ void DealwithDialogs(const EventRecord& event) {
     const auto dialogo = static_cast<std::int16_t>(event.message >> 16);
     const auto item = static_cast<std::int16_t>(event.message & 0xFFFF);
     if (dialogo == dialogoRapporto) return ColpoRapporto(item);
+    if (dialogo == dialogoPannelloLucidi) return ColpoPannelloLucidi(item);
+    if (dialogo == dialogoProprieta) return ColpoProprieta(item);
     if (dialogo != dialogoCalcolatrice || !calcDialog) return;   // a click that was still queued when it closed
     if (item == vChiudi) {
         ChiusaCalcolatrice();

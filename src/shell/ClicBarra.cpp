@@ -60,6 +60,10 @@ void MenuSpessori() { scegli(bSpessore, menuSpessore, spessore); }
 void MenuPatternPenna() { scegli(bPenna, menuPatternPenna, NumPat); }
 void MenuPatternArea() { scegli(bArea, menuPatternArea, static_cast<std::int16_t>(NumAreaPat + 1)); }
 
+void ApriGuida() {
+    if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // it is not installed
+}
+
 void isButtonToolbarPressed(std::uint32_t indice) {
     if (noWindow || indice >= numBottoni) return;
     if (GetControlHilite(bottoneToolbar.bottoni[indice]) == spento) return;   // it went off after the release
@@ -71,9 +75,7 @@ void isButtonToolbarPressed(std::uint32_t indice) {
     case bSpessore: MenuSpessori(); break;
     case bPenna: MenuPatternPenna(); break;
     case bArea: MenuPatternArea(); break;
-    case bAiuto:
-        if (!AHGotoPage(GetIndString(129, 67))) SysBeep(30);   // no browser to show it
-        break;
+    case bAiuto: ApriGuida(); break;
     case bPolare: IngressoPolare(); break;
     default: {
         const ComandoMenu c = ComandoDelBottone(indice);

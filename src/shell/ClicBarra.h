@@ -12,4 +12,6 @@ void MenuSpessori();
 void MenuPatternPenna();
 void MenuPatternArea();
 
+void ApriGuida();   // the user guide, from its first page; a beep when it is not installed
+
 }   // namespace tessaro

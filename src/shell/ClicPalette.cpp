@@ -17,7 +17,9 @@
 #include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/Vista.h"
+#include "model/Voci.h"
 #include "platform/Events.h"
+#include "raster/raster.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Modi.h"
 
@@ -95,8 +97,8 @@ void clicRigaCoordinate() {
     }
 }
 
-// The commands behind these cells are not built yet.
-void nonAncora() { SysBeep(30); }
+void perPuntiDiControllo() { TrasformaPictSel(voci::immagine::conAttacchi); }
+void perMesh() { TrasformaPictSel(voci::immagine::conMesh); }
 
 // The halves act while the whole cell stays as it is: it has no lit form.
 void lucido() {
@@ -108,9 +110,9 @@ void lucido() {
 }
 
 // By CellaPalette.
-constexpr std::array<void (*)(), numCelle> azioni{freccia,          digita,    muovi,    lucido, segmento,
-                                                  polilinea,        cerchio,   arco,     testo,  marker,
-                                                  ApriCalcolatrice, nonAncora, nonAncora};
+constexpr std::array<void (*)(), numCelle> azioni{freccia, digita, muovi, lucido, segmento,         polilinea,
+                                                  cerchio, arco,   testo, marker, ApriCalcolatrice, perPuntiDiControllo,
+                                                  perMesh};
 
 void clicCella(CellaPalette c) {
     if (c == cellaLucido) {

@@ -36,6 +36,8 @@
 #include "exchange/XYZ.h"
 #include "files/Impostazioni.h"
 #include "files/Richieste.h"
+#include "maps/DialogoSistema.h"
+#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -57,9 +59,14 @@
 #include "raster/raster.h"
 #include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
+#include "shell/Appunti.h"
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
+#include "shell/ClicBarra.h"
 #include "shell/Modi.h"
+#include "shell/PannelloLucidi.h"
+#include "shell/Preferenze.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
@@ -102,6 +109,7 @@ void DoArchivio() {
         if (noWindow) {
             SetUpWindow();
             noWindow = 0;
+            UnitaDelDisegnoNuovo();
         }
         break;
     case apri: Apri(); break;
@@ -135,12 +143,15 @@ void spostaDiValori() {
 
 // What could not be copied is not cleared.
 void taglia() {
-    if (PutPicScrap()) CancellaSelezione();
+    if (CopiaElementi()) CancellaSelezione();
 }
 
 void separa() {
     if (Puntosel.attiva) SeparaPict();
 }
+
+// Chosen again it closes, as its mark says.
+void mostraProprieta() { proprietaDialog ? ChiudiProprieta() : ApriProprieta(); }
 
 struct VoceModifica {
     std::int16_t item;
@@ -150,8 +161,10 @@ struct VoceModifica {
 constexpr VoceModifica modifiche[] = {
     {voci::modifica::annulla, true, AnnullaUltima},
     {voci::modifica::taglia, true, taglia},
-    {voci::modifica::copia, true, [] { PutPicScrap(); }},
-    {voci::modifica::incolla, true, IncollaPict},
+    {voci::modifica::copia, true, [] { CopiaElementi(); }},
+    {voci::modifica::incolla, true, [] { IncollaElementi(false); }},
+    {voci::modifica::incollaSulPosto, true, [] { IncollaElementi(true); }},
+    {voci::modifica::incollaImmagine, true, IncollaPict},
     {voci::modifica::cancella, false, CancellaSelezione},
     {voci::modifica::selezionaTutto, true, selezionaTutto},
     {voci::modifica::primoPiano, true, [] { AvantiEIndietroSelezione(true); }},
@@ -164,12 +177,15 @@ constexpr VoceModifica modifiche[] = {
     {voci::modifica::scalaImmagine, true, ScalaImmagine},
     {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
     {voci::modifica::ripeti, true, RipetiUltima},
+    {voci::modifica::proprieta, false, mostraProprieta},
+    {voci::modifica::preferenze, false, Preferenze},
 };
 
 }   // namespace
 
 void DoEdit() {
-    if (CalcWindow) {   // the only thing to take back is the path's last point
+    const bool sempre = theItem == voci::modifica::proprieta || theItem == voci::modifica::preferenze;
+    if (CalcWindow && !sempre) {   // the only thing to take back is the path's last point
         if (theItem == voci::modifica::annulla) IndietroPercorso();
         return;
     }
@@ -194,6 +210,7 @@ void coordinateSempre() {
 
 void comandoSistema() {
     if (theItem == voci::aiuto::informazioni) AboutTessaro();
+    if (theItem == voci::aiuto::guida) ApriGuida();
 }
 
 void comandoDisegna() {
@@ -264,10 +281,14 @@ void comandoStrumenti() {
     case insieme: PoniCateg_Insieme(2); break;
     case coordinateReali: ParAttacco(); break;
     case georeferenzia: ParGeoRefer(0); break;
+    case riferimento:
+        if (!noWindow) ParSistema();
+        break;
     case tavolettaSulFoglio: RiferimentoFoglio(); break;
     case tavolettaSullaVista: RiferimentoVista(); break;
     case lettura: CambiaLettura(); break;
     case tavoletta: ParTavoletta(); break;
+    case voci::strumenti::pannelloLucidi: ApriPannelloLucidi(); break;
     case curvePerCentro:
     case curvePerPunti:
         PrendiCurve(theItem == curvePerPunti);
@@ -362,6 +383,12 @@ void comandoEsporta() {
     case xyz: FaiXYZAsci(); break;
     case miniCad2D: FaiMiniCad(due_D); break;
     case miniCad3D: FaiMiniCad(tre_D); break;
+    case mappa:
+        if (!noWindow) EsportaMappa();
+        break;
+    case geoTiff:
+        if (!noWindow) EsportaGeoTIFF();
+        break;
     default: break;
     }
 }
@@ -381,6 +408,10 @@ void comandoImporta() {
     if (noWindow) SetUpWindow();
     if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
         ImportaDWG();
+    } else if (theItem == voci::importa::mappa) {
+        ImportaMappa();
+    } else if (theItem == voci::importa::raster) {
+        ImportaRaster();
     } else {
         theItem = static_cast<std::int16_t>(menuImporta + theItem);
         archivia();
@@ -441,6 +472,8 @@ void comandoVincoli() {
     coordinateSempre();
 }
 
+void comandoAgganci() { CambiaAggancio(static_cast<TipoAggancio>(theItem)); }
+
 void comandoImmagine() {
     if (!noWindow) TrasformaPictSel(theItem);
 }
@@ -480,6 +513,7 @@ constexpr VoceMenu comandi[] = {
     {menuAttacchiDestinazione, comandoAttacchiDestinazione},
     {menuImmagine, comandoImmagine},
     {menuVincoli, comandoVincoli},
+    {menuAgganci, comandoAgganci},
 };
 
 }   // namespace

@@ -23,9 +23,12 @@
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
 #include "shell/Modificato.h"
+#include "shell/PannelloLucidi.h"
 #include "shell/Passi.h"
+#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recupero.h"
+#include "shell/StrisciaTesti.h"
 #include "shell/Trascinamento.h"
 
 namespace tessaro {
@@ -108,7 +111,11 @@ constexpr Point daNessunaParte{-1, -1};
 constinit Point seguito = daNessunaParte;   // where the pointer was followed to
 
 void seguiPuntatore() {
-    if (Modalita != mSelezione) CheckMouse((KeyModifiers() & shiftKey) != 0);
+    if (Modalita == mSelezione) {
+        LeggiPuntatore(GetMouse());
+    } else {
+        CheckMouse((KeyModifiers() & shiftKey) != 0);
+    }
 }
 
 // A pointer at rest leaves the cursor where the tablet has put it; the button of a sample is over with the next round, so
@@ -145,6 +152,8 @@ void consuma(EventRecord& e) {
             DoMouseWheelMoved(e.modifiers, static_cast<std::int16_t>(e.message >> 16),
                               static_cast<std::int16_t>(e.message & 0xFFFF));
         break;
+    case EventKind::middleDown: TrascinaVista(); break;
+    case EventKind::pinch: Pizzica(static_cast<double>(e.message) / 65536); break;
     case EventKind::highLevel: dalDesktop(e); break;
     case EventKind::drop: MyReceiveHandler(e); break;
     case EventKind::button: isButtonToolbarPressed(e.message); break;
@@ -160,7 +169,11 @@ void consuma(EventRecord& e) {
 }   // namespace
 
 namespace {
-constexpr std::int32_t primaDiScaricare = 60;   // ticks of rest before what was appended for recovery goes to the disk
+// The strip tells how things stand when the round is over, however it ends.
+struct AllaFine {
+    void (*azione)();
+    ~AllaFine() { azione(); }
+};
 }   // namespace
 
 void CheckEvents() {
@@ -171,17 +184,20 @@ void CheckEvents() {
     const bool campione = LeggiTavoletta() || e.what == EventKind::tablet || e.what == EventKind::pen;
     if (campione || PuoCambiare(e.what)) {
         FinePasso(e);
+        AggiornaPannelloLucidi();
         MostraDiverso();
     }
     RecuperoARiposo(!qualcosa);
     AggiustaStatoBottoni();
     AggiornaRapporto();
+    AggiornaProprieta(campione || PuoCambiare(e.what));
+    const AllaFine striscia{AggiornaStriscia};
     if (noWindow) {
         sonno = -1;
         return;
     }
     sonno = HelpTagControl(GetMouse(), TickCount(), 1);
-    if (sonno < 0 && RecuperoDaScaricare()) sonno = primaDiScaricare;
+    if (sonno < 0 && RecuperoDaScaricare()) sonno = 60 * recuperoSecondi;
     const Point puntatore = GetMouse();
     if (TabAbilit && puntatore == seguito) {
         riposo(campione);

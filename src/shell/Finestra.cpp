@@ -19,6 +19,7 @@
 #include "model/Giornale.h"
 #include "model/Mesh.h"
 #include "model/Penna.h"
+#include "model/PreferenzeVista.h"
 #include "model/Registrazione.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
@@ -78,6 +79,7 @@ void apriFinestra() {
     theWindow = GetNewCWindow(finestraDisegno);
     const Rect schermo = ScreenBounds();
     SizeWindow(theWindow, schermo.right - schermo.left - 15, schermo.bottom - schermo.top - 50);
+    SetWindowSmooth(theWindow, lineeMorbide != 0);
     SetPortWindowPort(theWindow);
     noWindow = 0;
 }
@@ -99,10 +101,9 @@ void vistaIniziale() {
     XVisualPrec = YVisualPrec = ZVisualPrec = 0;
     Xmin = Ymin = 0;
     Xmax = Ymax = 300;
-    // Kept: until the first zoom the corner lies a toolbar's height above the view's origin.
     OrigX = -latoCella;
-    OrigY = 0;
-    PageCorner = {-hToolbar, 0};
+    OrigY = -hToolbar;
+    PageCorner = {};
     RifTablet = 1;
     XtabFin = YtabFin = 0;
     htavp = htav;
@@ -136,11 +137,15 @@ void controlli() {
     StrOperCorr = "";
 }
 
-// The whole tablet in the view.
+// The whole tablet in the view, and the whole sheet, with half of what they leave free on each side.
 void primoZoom() {
+    constexpr std::int32_t margine = barraScorrimento / 2;
     const double w = myViewRect.right - myViewRect.left - barraScorrimento;
     const double h = myViewRect.bottom - myViewRect.top - barraScorrimento;
-    CambiaScala(std::min(w / btav1, h / htav1));
+    CambiaScala(std::min({w / btav1, h / htav1, w / XFDecimi, h / YFDecimi}));
+    PageCorner = {-margine, -margine};
+    OrigX = PageCorner.h - latoCella;
+    OrigY = PageCorner.v - hToolbar;
     scalaImmagineX = scalaImmagineY = 1;
     AggiornaTolleranze();
 }

@@ -42,7 +42,8 @@
 #include "platform/Resources.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
-#include "shell/ImpostazioniGiornale.h"
+#include "shell/Generi.h"
+#include "shell/Preferenze.h"
 #include "shell/Recenti.h"
 #include "shell/Recupero.h"
 
@@ -131,7 +132,7 @@ void Initialize() {
     PreparaRecupero();
     leggiparam();
     LeggiParTavoletta();
-    LeggiParGiornale();
+    LeggiPreferenze();
     allocaArchivio();
     predisponiMenu();
     LeggiRecenti();
@@ -146,8 +147,12 @@ void Initialize() {
 
 // The desktop's request to open a file: the open drawing is closed first, if its owner agrees.
 void ApriPercorso(const char* pathUtf8) {
-    myFSS = FSMakeFSSpec(pathUtf8);
-    const FSSpec voluto = myFSS;
+    const FSSpec voluto = FSMakeFSSpec(pathUtf8);
+    if (const GenereFile* f = GenereDi(voluto.percorso); f != nullptr && f->leggi != nullptr && !f->diCasa) {
+        ApriConGenere(*f, voluto);
+        return;
+    }
+    myFSS = voluto;
     if (!TuttoChiuso()) return;
     myFSS = voluto;   // a save on the way out has its own file
     theItem = rApriDato;
@@ -181,7 +186,9 @@ bool soloStampa(const Partenza& p) {
 
 }   // namespace
 
-bool CicloPrincipale(const Partenza& p) {
+void (*dopoIlGiro)() = nullptr;
+
+void LeggiImpostazioni() {
     InizioDWG();
     inizio = 1;
     TabAbilit = 0;
@@ -191,6 +198,11 @@ bool CicloPrincipale(const Partenza& p) {
     SceltaCorrezioneOttica(1);
     inizio = 0;
     SegnaSalvato();   // units and colours of the settings are a new drawing's own
+}
+
+bool CicloPrincipale(const Partenza& p) {
+    LeggiImpostazioni();
+    UnitaDelDisegnoNuovo();
     theItem = rNessunFile;
     archivia();
     fine = 0;
@@ -203,10 +215,13 @@ bool CicloPrincipale(const Partenza& p) {
         // The rest are left alone on purpose: one drawing at a time.
         if (!p.documenti.empty()) {
             ApriPercorso(p.documenti.front().c_str());
-        } else if (!AvvioInForza().script && !DisegnoDiverso()) {
+        } else if (mostraInizio && !AvvioInForza().script && !DisegnoDiverso()) {
             ShowStartPage();
         }
-        while (!fine) CheckEvents();
+        while (!fine) {
+            CheckEvents();
+            if (dopoIlGiro) dopoIlGiro();
+        }
     }
     FineRecupero();
     FineDWG();

@@ -31,8 +31,11 @@
 #include "registration/Coordinate.h"
 #include "shell/Calcolatrice.h"
 #include "shell/Comandi.h"
+#include "shell/MenuContesto.h"
+#include "tools/Aggancio.h"
 #include "tools/Costruzione.h"
 #include "tools/CursoreVincolato.h"
+#include "tools/FiguraInMano.h"
 #include "tools/Marker.h"
 
 namespace tessaro {
@@ -57,29 +60,25 @@ void clickScegliendo(const EventRecord& e, puntot& point) {
 
 // --- mode 1: clicks make elements
 
-void popupDisegno() {
-    using namespace voci::scorciatoie;
-    CheckMenuItem(menuScorciatoie, dinamicaAttiva, attaccoAttivo.GetModificato() != 0);
-    const std::int16_t item = PopUpMenuSelect(menuScorciatoie, EventPoint, 1);
-    if (item >= primoOrigine && item <= ultimoOrigine) {
-        Attacco(static_cast<std::int16_t>(item - primoOrigine + 1));
-    } else if (item >= primoDestinazione && item <= ultimoDestinazione) {
-        AttaccoDin(static_cast<std::int16_t>(item - primoDestinazione + 1));
-    } else if (item == cambiaDinamica) {
-        // Kept: the switch is item 11 and its tick stands on item 13.
-        attaccoAttivo.SetModificato(attaccoAttivo.GetModificato() ? 0 : 1);
-        if (attaccoAttivo.GetModificato())
-            ErroreAlert(attaccoAttivo.PreparaAttacco());   // points may have moved since the last time
-        InvalWind();
-    }
-}
-
 bool doppioClick(const EventRecord& e) {
     return e.when - Tempo < GetDblTime() && std::abs(EventPoint.h - LastPoint.h) <= 1
            && std::abs(EventPoint.v - LastPoint.v) <= 1;
 }
 
+// A click on the first point of a polyline closes it, wherever a constraint would put the cursor.
+bool clickDiChiusura() {
+    puntot p;
+    VidToReal(EventPoint, p);
+    if (!SulPrimoPunto(p)) return false;
+    ChiudiPolilinea();
+    return true;
+}
+
 void clickLinea(const EventRecord& e) {
+    if (clickDiChiusura()) {
+        Tempo = e.when;
+        return;
+    }
     if (doppioClick(e)) {
         tabButton = bNessuno;
         if (Azione == sPrimoPunto || Azione == sPercorso) FineSegm();
@@ -97,10 +96,6 @@ void clickCurva(const EventRecord& e) {
 }
 
 void clickDigitando(const EventRecord& e) {
-    if (e.modifiers & controlKey) {
-        popupDisegno();
-        return;
-    }
     switch (operazCorrente) {
     case opSegmento:
     case opPolilinea:
@@ -202,6 +197,7 @@ void CambiaModo(std::int32_t modo) {
         Sposta2ndClick = 0;
     }
     Modalita = modo;
+    agganciato = {};
 }
 
 void PrendiStrumento(std::int32_t operazione) {
@@ -220,6 +216,10 @@ void PrendiCurve(bool perPunti) {
 void CercaSelezione(EventRecord& e, puntot& point) {
     if (!PtInRect(EventPoint, myViewRect)) {
         MyControls();
+        return;
+    }
+    if (e.modifiers & controlKey) {
+        MenuContesto();
         return;
     }
     switch (Modalita) {
@@ -262,6 +262,7 @@ void CheckMouse(bool shift) {
     const Point p = GetMouse();
     if (!PtInRect(p, myViewRect)) {
         SetCursor(arrowCursor);
+        AggiornaAggancio(true);
         return;
     }
     SetCursor(cursoreDelModo());
@@ -278,12 +279,14 @@ void CheckMouse(bool shift) {
     }
     if (x == xcurs && y == ycurs) {
         if (Modalita != mSpostamento) tabButton = bNessuno;
+        AggiornaAggancio(false);
         SetDrawCoordCorr();
         return;
     }
     xcurs = x;
     ycurs = y;
     if (Modalita == mDigitazione) MuoviElastico();
+    AggiornaAggancio(false);
     Croce();
     if (Modalita != mSpostamento) tabButton = bNessuno;
     scriviSempreCoord = 0;

@@ -10,7 +10,9 @@
 #include "model/Documento.h"
 #include "model/Estensioni.h"
 #include "model/Giornale.h"
+#include "model/Voci.h"
 #include "platform/Menus.h"
+#include "shell/Proprieta.h"
 
 namespace tessaro {
 
@@ -24,10 +26,14 @@ constexpr EventKind mutanti[] = {
 
 // An item of the bar's menus names its command; in a submenu of values (colours, pens, sizes) the menu does.
 std::string nomeComando(const EventRecord& e) {
-    if (e.what != EventKind::menuChoice) return {};
+    const bool proprieta =
+        e.what == EventKind::dialogItem && static_cast<std::int16_t>(e.message >> 16) == dialogoProprieta;
+    if (!proprieta && e.what != EventKind::menuChoice) return {};
     const auto menu = static_cast<std::int16_t>(e.message >> 16), item = static_cast<std::int16_t>(e.message & 0xFFFF);
     constexpr std::int16_t ultimoDellaBarra = 6;
-    std::string nome = menu <= ultimoDellaBarra ? GetMenuItemText(menu, item) : GetMenuTitle(menu);
+    std::string nome = proprieta                  ? GetMenuItemText(menuModifica, voci::modifica::proprieta)
+                       : menu <= ultimoDellaBarra ? GetMenuItemText(menu, item)
+                                                  : GetMenuTitle(menu);
     constexpr char puntini = static_cast<char>(0xC9);   // Mac Roman
     while (!nome.empty() && (nome.back() == puntini || nome.back() == '.' || nome.back() == ' ')) nome.pop_back();
     return nome;
@@ -43,6 +49,7 @@ void FinePasso(const EventRecord& e) {
     NomePasso nome;
     nome.tipo = TipoArmato();
     nome.comando = nomeComando(e);
+    nome.segue = e.what == EventKind::autoKey;
     if (!noWindow) ChiudiPasso(nome);
     AvvisaEstensioni();
     AggiornaVociAnnulla();

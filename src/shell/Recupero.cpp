@@ -22,6 +22,9 @@
 
 namespace tessaro {
 
+constinit std::uint8_t recuperoAttivo = 1;
+constinit std::int16_t recuperoSecondi = minimoRecupero;
+
 namespace {
 
 constexpr std::int16_t avvisoRecupero = 9103, rispondeApri = 1, avvisoDisco = 9108;
@@ -72,6 +75,7 @@ void comincia(Corrente& s, bool diverso) {
 }
 
 void passo(const Transizione& t) {
+    if (!recuperoAttivo) return;
     Corrente& s = stato();
     if (s.guasto && TickCount() - s.quando < riprova) return;
     if (s.scrittura.file == 0 || s.guasto) {
@@ -119,7 +123,12 @@ void FineRecupero() {
 
 void RicominciaRecupero() {
     FineRecupero();
-    if (!noWindow && indElem > grande) comincia(stato(), false);
+    if (recuperoAttivo && !noWindow && indElem > grande) comincia(stato(), false);
+}
+
+void PoniRecupero(std::uint8_t attivo) {
+    if (!attivo) FineRecupero();
+    recuperoAttivo = attivo;
 }
 
 bool RecuperoDaScaricare() { return stato().daScaricare; }
@@ -168,6 +177,8 @@ void OffriRecupero() {
 namespace {
 const VoceStato righe[] = {
     {"recupero", FineRecupero},
+    voce<recuperoAttivo>("recuperoAttivo"),
+    voce<recuperoSecondi>("recuperoSecondi"),
 };
 const TabellaStato tabella(righe);
 }   // namespace

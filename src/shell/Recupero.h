@@ -2,7 +2,16 @@
 // that dies leaves it behind, and the next start offers the drawing; a drawing that is closed or saved takes it away.
 #pragma once
 
+#include <cstdint>
+
 namespace tessaro {
+
+// Preferences: whether a recovery file is kept, 1, and after how long a rest what was appended is brought down to the
+// disk, seconds, 1.
+inline constexpr std::int16_t minimoRecupero = 1, massimoRecupero = 600;
+extern std::uint8_t recuperoAttivo;
+extern std::int16_t recuperoSecondi;
+void PoniRecupero(std::uint8_t attivo);   // switched off the file goes; switched on it begins with the next step
 
 void RicominciaRecupero();   // the drawing is what its file says: nothing to recover until a step is made
 void FineRecupero();         // the drawing is closed, or the program ends well

@@ -8,6 +8,8 @@
 #include "display/Sovrapposto.h"
 #include "display/Zoom.h"
 #include "editing/Cancella.h"
+#include "editing/Scelta.h"
+#include "editing/Sposta.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Penna.h"
@@ -18,7 +20,9 @@
 #include "platform/Windows.h"
 #include "shell/Comandi.h"
 #include "shell/Modi.h"
+#include "shell/Rinuncia.h"
 #include "tools/CursoreVincolato.h"
+#include "tools/FiguraInMano.h"
 
 namespace tessaro {
 
@@ -64,18 +68,59 @@ void cambiaModo() {
     DrawPallette();
 }
 
+bool nienteInCorso() { return Azione == sFermo && !CalcWindow && !Sposta2ndClick; }
+
+// Moves the selection by a pixel of the screen, with Shift by ten.
+template <std::int32_t dh, std::int32_t dv>
+void spinta() {
+    constexpr std::int32_t conShift = 10;
+    if (!nienteInCorso()) return;
+    const std::int32_t pixel = (KeyModifiers() & shiftKey) != 0 ? conShift : 1;
+    SpostaDiPixel(dh * pixel, dv * pixel);
+}
+
+// Goes through what lies under the pointer.
+void sottoIlPuntatore() {
+    const Point dove = GetMouse();
+    if (Modalita != mSelezione || CalcWindow || !PtInRect(dove, myViewRect)) return;
+    puntot p;
+    VidToReal(dove, p);
+    ScegliSotto(p, (KeyModifiers() & shiftKey) != 0);
+}
+
 template <std::int16_t tipo>
 void zoom() {
-    FaiZoom(tipo);
+    ZoomAlPuntatore(tipo);
 }
 
 struct VoceTasto {
     char tasto;   // letters in lower case; both cases act
     void (*azione)();
 };
-constexpr char indietro = 8;   // Backspace
+// Keys without a character of their own.
+enum : char {
+    invioNumerico = 3,
+    indietro = 8,
+    tabulatore = 9,
+    invio = 13,
+    fuga = 27,
+    sinistra,
+    destra,
+    su,
+    giu,
+    canc = 127
+};
 constexpr VoceTasto tasti[] = {
     {indietro, CancellaSelezione},
+    {canc, CancellaSelezione},
+    {invio, TerminaFigura},
+    {invioNumerico, TerminaFigura},
+    {fuga, [] { Rinuncia(); }},
+    {tabulatore, sottoIlPuntatore},
+    {sinistra, spinta<-1, 0>},
+    {destra, spinta<1, 0>},
+    {su, spinta<0, -1>},
+    {giu, spinta<0, 1>},
     {' ', riferimento},
     {'*', marker<1>},
     {'+', zoom<voci::zoom::ingrandisci>},
@@ -98,6 +143,7 @@ constexpr VoceTasto tasti[] = {
     {'t', marker<2>},
     {'u', attacco<3>},
     {'v', vincolo<MettiVerticale>},
+    {'x', ChiudiPolilinea},
     {'y', attacco<5>},
     {'z', PoniZeta},
 };

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "dwg/DbDumper.h"
+#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -102,6 +103,8 @@ void riceviFile(const FSSpec& file, std::uint16_t tasti) {
         LeggiDropTS3D(file, tasti);
     } else if (eCad(file) && (tasti & optionKey) == 0) {
         ImportaDWGFile(file);
+    } else if (NomeDiMappa(file.percorso)) {
+        LeggiMappa(file);
     } else if (tipo == testo) {
         LeggiDropText(file);
     } else {

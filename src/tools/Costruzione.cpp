@@ -14,6 +14,7 @@
 #include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/PuntiElemento.h"
+#include "model/Selezione.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
@@ -229,6 +230,7 @@ void finisciLato() {
     Memorizza(tVertice, Xfine, Yfine, zcurs, 0, 0, 0, spessore, colorCorrente, NumPat, "");
     if (indElem > prima) FaiPoly(indElem - Elem(indElem).vert.distanzaTesta);
     ContinuaPoligono = 1;
+    if (Puntosel.attiva && Elem(IndicePolCorrente).selezionato) RifaiRettSel();   // it was picked while it grew
     fai(tSegmento, Xini, Yini, Xfine, Yfine, 0);
 }
 

@@ -17,6 +17,7 @@
 #include "platform/Events.h"
 #include "platform/Menus.h"
 #include "platform/Windows.h"
+#include "tools/Aggancio.h"
 
 namespace tessaro {
 
@@ -56,6 +57,8 @@ void SpuntaVincoli() {
     CheckMenuItem(menuVincoli, voci::vincoli::orizzontale, s.bloccaY != 0);
     CheckMenuItem(menuVincoli, voci::vincoli::verticale, s.bloccaX != 0);
     CheckMenuItem(menuVincoli, voci::vincoli::griglia, griglia.attiva != 0);
+    for (std::int16_t t = agEstremo; t < numAgganci; ++t)
+        CheckMenuItem(menuAgganci, t, (agganciAttivi & BitAggancio(static_cast<TipoAggancio>(t))) != 0);
 }
 
 void MettiPerpendicolare() {
@@ -104,6 +107,12 @@ void MettiAttaccoZ() {
     vincoloCambiato();
 }
 
+void CambiaAggancio(TipoAggancio tipo) {
+    if (tipo <= agNessuno || tipo >= numAgganci) return;
+    agganciAttivi ^= BitAggancio(tipo);
+    SpuntaVincoli();
+}
+
 void AttivaGriglia() {
     griglia.attiva = invertito(griglia.attiva);
     SpuntaVincoli();
@@ -144,30 +153,6 @@ void AttaccaGriglia(double& x, double& y) {
 
 namespace {
 
-bool inPortata(const puntot& p, const puntot& riferimento) {
-    return std::fabs(p.x - riferimento.x) < diffCerca && std::fabs(p.y - riferimento.y) < diffCerca;
-}
-
-// The first point of the kinds that attract; all hold it at the same place.
-bool primoPuntoDi(std::int32_t n, puntot& p) {
-    const elemento& e = Elem(n);
-    if (e.tipo != tSegmento && e.tipo != tMarker && e.tipo != tPoligono && e.tipo != tVertice) return false;
-    p = {e.mark.x, e.mark.y, e.mark.z};
-    return true;
-}
-
-bool attraeElemento(std::int32_t n, const puntot& riferimento, puntot& trovato) {
-    // Kept: a vertex offers the record behind it, whatever figure that begins, before itself.
-    if (Elem(n).tipo == tVertice && n < indElem && primoPuntoDi(n + 1, trovato) && inPortata(trovato, riferimento))
-        return true;
-    if (!primoPuntoDi(n, trovato)) return false;
-    if (inPortata(trovato, riferimento)) return true;
-    if (Elem(n).tipo != tSegmento) return false;
-    const auto& s = Elem(n).segm;
-    trovato = {s.x2, s.y2, s.z2};
-    return inPortata(trovato, riferimento);
-}
-
 void lampoCursore() {
     const std::int16_t prima = CurrentCursor();
     SetCursor(statoCursore.attaccoZ ? AttaccaCursorZ : AttaccaCursor);
@@ -180,16 +165,12 @@ void lampoCursore() {
 void AttaccaCursore(double& x, double& y, double& z) {
     z = ZetaCorrente;
     if (!statoCursore.attaccoPunto) return;
-    const puntot riferimento = griglia.attiva ? puntot{griglia.grezzoX, griglia.grezzoY, 0} : puntot{x, y, 0};
-    for (std::int32_t n = 2; n <= indElem; ++n) {
-        puntot trovato;
-        if (!attraeElemento(n, riferimento, trovato)) continue;
-        x = trovato.x;
-        y = trovato.y;
-        if (statoCursore.attaccoZ) z = trovato.z;
-        lampoCursore();
-        return;
-    }
+    const Aggancio a = CercaAggancio(x, y);
+    if (a.tipo == agNessuno) return;
+    x = a.punto.x;
+    y = a.punto.y;
+    if (statoCursore.attaccoZ) z = a.punto.z;
+    lampoCursore();
 }
 
 void RaddrizzaSegm(double& x1, double& y1, double& x2, double& y2) {

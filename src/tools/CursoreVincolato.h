@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "model/PreferenzeVista.h"
+
 namespace tessaro {
 
 // The switches of menu 112, each with its tick; those that exclude one another turn the other off.
@@ -15,7 +17,8 @@ void MettiAttaccoPt();
 void MettiAttaccoZ();
 void Perpendicolare();                                  // moves Xfine, Yfine
 void Parallelo();                                       // the same, along the last side
-void AttaccaCursore(double& x, double& y, double& z);   // earliest record in reach wins
+void AttaccaCursore(double& x, double& y, double& z);   // onto the point that CercaAggancio finds
+void CambiaAggancio(TipoAggancio tipo);                 // a kind of points attracts, or does no more
 void AttaccaGriglia(double& x, double& y);   // to the nearest crossing of the grid; the raw place is kept for attaching
 void PoniZeta();                             // dialog 2007
 // Orders the ends: left to right, of an upright one by ascending y.

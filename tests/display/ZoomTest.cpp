@@ -5,9 +5,11 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Lucidi.h"
+#include "model/PreferenzeVista.h"
 #include "model/Selezione.h"
 #include "model/Unita.h"
 #include "model/Vista.h"
+#include "platform/Automation.h"
 #include "Scena.h"
 
 using namespace tessaro;
@@ -23,6 +25,15 @@ void vistaCoerente() {
     EXPECT_DOUBLE_EQ(ScalaTesto, scalavid * DecPunto);
     EXPECT_EQ(GetControlValue(HScroll), PageCorner.h);
     EXPECT_EQ(GetControlValue(VScroll), PageCorner.v);
+}
+
+// The pointer as the events have told it.
+void puntaA(Point p) {
+    EventRecord e;
+    e.where = p;
+    AutoPost(e);
+    do WaitNextEvent(e, 0);
+    while (!AutoQueueEmpty());
 }
 
 }   // namespace
@@ -63,7 +74,7 @@ TEST(Zoom, UnknownKindsAndNoWindowChangeNothing) {
     EXPECT_EQ(scalavid, prima);
     const FinestraProva finestra;
     FaiZoom(0);
-    FaiZoom(11);
+    FaiZoom(12);
     EXPECT_EQ(scalavid, prima);
 }
 
@@ -125,9 +136,71 @@ TEST(Zoom, ExtentsHoldTheSheetAndWhatIsShown) {
     EXPECT_EQ(rettSel.xmin, prima.xmin);
 }
 
+TEST(Zoom, WhatLiesUnderThePointerStaysThere) {
+    const FinestraProva finestra;
+    FinestraProva::vedi(1, 100, 50);
+    const auto sotto = [](Point p) {
+        puntot r;
+        VidToReal(p, r);
+        return r;
+    };
+    const Point p{myViewRect.top + 60, myViewRect.left + 700};
+    void (*const modi[])() = {[] { DoMouseWheelMoved(cmdKey, 0, 1); },
+                              [] { DoMouseWheelMoved(cmdKey, 0, -3); },
+                              [] { ZoomAlPuntatore(7); },
+                              [] { ZoomAlPuntatore(8); },
+                              [] { Pizzica(1.1); },
+                              [] {
+                                  rotellaIngrandisce = 1;   // the wheel alone zooms, with Ctrl it scrolls
+                                  DoMouseWheelMoved(0, 0, 2);
+                                  rotellaIngrandisce = 0;
+                              }};
+    for (const auto modo : modi) {
+        puntaA(p);
+        const puntot prima = sotto(p);
+        const double scala = scalavid;
+        modo();
+        EXPECT_NE(scalavid, scala);
+        EXPECT_NEAR(sotto(p).x, prima.x, 1 / scalavid);
+        EXPECT_NEAR(sotto(p).y, prima.y, 1 / scalavid);
+        vistaCoerente();
+    }
+    for (const double f : {0.0, -1.0, std::nan(""), 1e9}) {
+        const double scala = scalavid;
+        Pizzica(f);
+        EXPECT_EQ(scalavid, scala);
+    }
+}
+
+TEST(Zoom, TheViewShowsWhatIsDrawnWithoutTheSheet) {
+    const FinestraProva finestra;
+    segmento(1000, 1000, 1200, 1100);
+    polilinea({{1100, 1300}, {1000, 900}});
+    FaiZoom(11);
+    EXPECT_GT(scalavid, 1);
+    for (const auto& [x, y] : {std::pair{1000.0, 900.0}, std::pair{1200.0, 1300.0}}) {
+        EXPECT_TRUE(PtInRect({static_cast<std::int32_t>(YVidD(y)), static_cast<std::int32_t>(XVidD(x))}, myViewRect));
+    }
+    vistaCoerente();
+    indElem = 2;   // nothing is drawn: the sheet
+    FaiZoom(11);
+    EXPECT_EQ(PageCorner.h, 0);
+    EXPECT_NEAR(scalavid, 585 / 29.7 / 100, 1e-12);
+}
+
+TEST(Zoom, ADraggedViewGoesBesideTheSheetAndScrollsOnFromThere) {
+    const FinestraProva finestra;
+    FinestraProva::vedi(1, 0, 0);
+    SpingiVista(150, 90);
+    EXPECT_EQ(PageCorner.h, -150);
+    EXPECT_EQ(PageCorner.v, -90);
+    vistaCoerente();
+}
+
 TEST(Zoom, TheWheelZoomsAboutTheCentreAndScrollsBySteps) {
     const FinestraProva finestra;
     FinestraProva::vedi(1, 100, 50);
+    puntaA({0, 0});   // outside the view
     DoMouseWheelMoved(cmdKey, 0, 1);
     EXPECT_DOUBLE_EQ(scalavid, 1.2);
     EXPECT_EQ(PageCorner.h, 220);

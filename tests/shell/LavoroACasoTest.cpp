@@ -14,6 +14,7 @@
 #include "model/Cursore.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
+#include "model/Voci.h"
 #include "platform/Automation.h"
 #include "shell/Archivia.h"
 #include "shell/Comandi.h"
@@ -94,11 +95,26 @@ void unaVoce() {
 }
 
 void tasto() {
-    static constexpr std::array<std::uint8_t, 14> tasti{'e', 'e', 'e', 8,   'j', 'k', 'u',
-                                                        'i', 'o', 'v', '=', 'l', 'p', '3'};
-    const std::uint8_t c = tasti[static_cast<std::size_t>(caso->tra(0, 13))];
-    caso->nota("key " + std::to_string(c));
-    AutoKey(c, 0);
+    // Behind the letters: Backspace, Tab, Return, Escape, the arrows, Delete.
+    static constexpr std::array<std::uint8_t, 25> tasti{'e', 'e', 'e', 'j', 'k', 'u', 'i', 'o', 'v', '=', 'l', 'p', '3',
+                                                        'x', 'x', 8,   9,   13,  27,  27,  28,  29,  30,  31,  127};
+    const std::uint8_t c = tasti[static_cast<std::size_t>(caso->tra(0, 24))];
+    const std::uint16_t m = caso->unoSu(4) ? std::uint16_t{shiftKey} : std::uint16_t{0};
+    caso->nota("key " + std::to_string(c) + " mods " + std::to_string(m));
+    AutoKey(c, m);
+}
+
+// A row of the layers' panel: a name, the current one, seen, locked, another place.
+void pannello() {
+    const DialogPtr d = AutoModeless(9430);
+    if (d == nullptr) return voce(6, 22);
+    const std::string riga = std::to_string(caso->tra(1, 6));
+    const std::array<std::string, 6> righe{riga + ",3,nome", riga + ",2,1",
+                                           riga + ",4,1",    riga + ",4,0",
+                                           riga + ",5,0",    riga + ">" + std::to_string(caso->tra(1, 6))};
+    const std::string& s = righe[static_cast<std::size_t>(caso->tra(0, 5))];
+    caso->nota("panel " + s);
+    AutoDialogSetText(d, 4, s);
 }
 
 void palette() {
@@ -131,6 +147,27 @@ void lascia() {
     AutoPost(e);
 }
 
+// The window of properties: opened, typed into, its pop-ups chosen from, and closed, whatever is selected or in progress.
+void proprieta() {
+    constexpr std::int16_t dialogo = 9481, voceProprieta = 31;
+    const DialogPtr d = AutoModeless(dialogo);
+    if (d == nullptr || caso->unoSu(20)) return voce(menuModifica, voceProprieta);
+    if (caso->unoSu(4)) {
+        const auto item = static_cast<std::int16_t>(4 + 2 * caso->tra(0, 5));
+        caso->nota("properties, pop-up " + std::to_string(item));
+        AutoDialogSetValue(d, item, caso->tra(1, 5));
+        return;
+    }
+    if (caso->unoSu(6)) {
+        AutoDialogClick(d, caso->unoSu(2) ? std::int16_t{77} : std::int16_t{78});
+        return;
+    }
+    const auto item = static_cast<std::int16_t>(16 + 2 * caso->tra(0, 19));
+    caso->nota("properties, field " + std::to_string(item));
+    AutoDialogSetText(d, item, std::to_string(caso->tra(-50, 300)));
+    if (!caso->unoSu(4)) AutoDialogKey(d, 13);
+}
+
 using Mano = void (*)();
 struct Uso {
     int peso;
@@ -142,12 +179,13 @@ constexpr std::array mani{
     Uso{8, muovi},
     Uso{12, unaVoce<4, 1, 2, 2, 2, 3, 7, 8, 20, 20, 20, 21>},
     Uso{5, palette},
-    Uso{5, tasto},
+    Uso{8, tasto},
+    Uso{2, pannello},
     Uso{4, tavoletta},
     Uso{2, lascia},
     Uso{1, unaVoce<50, 1, 2, 3>},
     Uso{1, unaVoce<60, 1, 3, 4>},
-    Uso{9, unaVoce<3, 1, 1, 6, 8, 9, 10, 12, 14, 15, 16>},
+    Uso{12, unaVoce<3, 1, 1, 19, 3, 4, 5, 20, 21, 6, 8, 9, 10, 12, 14, 15, 16>},
     Uso{2, unaVoce<5, 2, 7, 8, 8>},
     Uso{2, unaVoce<6, 1, 17, 18, 3>},
     Uso{2, unaVoce<107, 1, 2, 3, 4, 5>},
@@ -157,6 +195,9 @@ constexpr std::array mani{
     Uso{1, unaVoce<101, 2, 6>},
     Uso{1, unaVoce<112, 1, 3, 4, 5, 6, 7>},
     Uso{1, unaVoce<2, 4, 5>},
+    Uso{1, unaVoce<9480, 1, 2>},
+    Uso{1, unaVoce<3, 30>},
+    Uso{8, proprieta},
 };
 
 void unComando() {
@@ -250,7 +291,7 @@ constexpr Copione ganci{
             caso->nota("  file " + percorso);
             return true;
         },
-    .popup = []() -> std::int16_t { return static_cast<std::int16_t>(caso->tra(0, 11)); },
+    .popup = []() -> std::int16_t { return static_cast<std::int16_t>(caso->tra(0, 24)); },
     .colore = [](std::uint16_t&, std::uint16_t&, std::uint16_t&) { return false; },
     .stampa = [](std::string&, std::int32_t&, std::int32_t&) { return false; },
     .carta = [](double&, double&) { return false; },

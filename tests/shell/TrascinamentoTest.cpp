@@ -34,7 +34,7 @@ TEST(Trascinamento, TheFirstItemTellsWhetherADropWouldBeTaken) {
         {"a.DXF", true},       {"b.dxf.txt", true},   // a suffix anywhere in the name
         {"points.XYZ", true},  {"sheet.jpg", true}, {"old.pict", true},
         {"letter.odt", false}, {"abcd", false},     {"tc3d", false},   // four characters, whatever they are
-        {"plan.Dxf", true},   {"README", false},
+        {"plan.Dxf", true},    {"README", false},
     };
     for (const Caso& c : casi) EXPECT_EQ(IsMyTypeAvailable(file(c.nome)), c.preso) << c.nome;
     EXPECT_TRUE(IsMyTypeAvailable({}));

@@ -3,13 +3,16 @@
 
 #include <cmath>
 
+#include "display/Zoom.h"
 #include "model/Cursore.h"
+#include "model/Lucidi.h"
 #include "model/Penna.h"
 #include "model/Strumento.h"
 #include "model/Vincoli.h"
 #include "model/Vista.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
+#include "tools/Aggancio.h"
 #include "tools/CursoreVincolato.h"
 
 using namespace tessaro;
@@ -93,10 +96,52 @@ TEST(CursoreVincolato, TheGridSnapsAndRemembersTheRawPosition) {
     EXPECT_EQ(griglia.grezzoY, -12.5);
 }
 
+TEST(CursoreVincolato, EveryKindOfPointAttractsByItsOwnSwitchAndIsToldByItsKind) {
+    fogliovuoto();
+    CambiaScala(1);
+    statoCursore.attaccoPunto = 1;
+    AzzeraVisioneGraf();
+    segmento(1000, 1000, 1200, 1000);
+    segmento(1040, 900, 1040, 1060);
+    polilinea({{2000, 1000}, {2000, 1300}});
+    marker(1500, 1500);
+    cerchio(3000, 1000, 200);
+    Azione = sPrimoPunto;
+    Xini = 1170;
+    Yini = 1500;
+    struct Caso {
+        TipoAggancio tipo;
+        double daX, daY, x, y;
+    };
+    for (const Caso& c : {Caso{agEstremo, 1006, 1007, 1000, 1000}, Caso{agVertice, 1995, 1003, 2000, 1000},
+                          Caso{agMarker, 1503, 1496, 1500, 1500}, Caso{agCentro, 3004, 996, 3000, 1000},
+                          Caso{agIncrocio, 1046, 1005, 1040, 1000}, Caso{agMezzo, 1104, 997, 1100, 1000},
+                          Caso{agPiede, 1175, 1006, 1170, 1000}, Caso{agMezzo, 1992, 1155, 2000, 1150}}) {
+        SCOPED_TRACE(c.tipo);
+        agganciAttivi = static_cast<std::uint8_t>(~BitAggancio(c.tipo));
+        EXPECT_NE(CercaAggancio(c.daX, c.daY).tipo, c.tipo);
+        agganciAttivi = BitAggancio(c.tipo);
+        const Aggancio a = CercaAggancio(c.daX, c.daY);
+        EXPECT_EQ(a.tipo, c.tipo);
+        EXPECT_NEAR(a.punto.x, c.x, 1e-9);
+        EXPECT_NEAR(a.punto.y, c.y, 1e-9);
+        EXPECT_EQ(CercaAggancio(c.daX + 12, c.daY + 12).tipo, agNessuno);   // 10 pixels reach no further
+    }
+    // A larger reach takes what the usual one leaves; kinds that always attracted go before nearer ones of the others.
+    agganciAttivi = 0xFF;
+    distanzaAggancio = 50;
+    EXPECT_EQ(CercaAggancio(1038, 1001).tipo, agEstremo);
+    distanzaAggancio = 10;
+    EXPECT_EQ(CercaAggancio(1038, 1001).tipo, agIncrocio);
+    VisioneGraf.visibile[0] = 0;   // the others are not looked for where nothing is seen
+    EXPECT_EQ(CercaAggancio(1038, 1001).tipo, agNessuno);
+    EXPECT_EQ(CercaAggancio(std::nan(""), 1000).tipo, agNessuno);
+}
+
 TEST(CursoreVincolato, TheEarliestRecordInReachAttracts) {
     fogliovuoto();
     ZetaCorrente = 4;
-    diffCerca = 10;
+    CambiaScala(1);   // and so 10 pixels of reach are 10 units
     struct Agganciato {
         double x, y, z;
     };

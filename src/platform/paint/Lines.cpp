@@ -242,6 +242,13 @@ void RasterPort::stroke(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::
 void RasterPort::stdLine(Point from, Point to) {
     if (penHidden > 0 || pen.pnSize.h < 1 || pen.pnSize.v < 1) return;
     Brush& brush = penBrush();
+    if (smooth && brush.kind() == Brush::Kind::solid && from.h != to.h && from.v != to.v) {
+        const auto place = [this](Point p) {
+            return WideRect{deviceX(p.h), deviceY(p.v), deviceX(p.h) + ratio * pen.pnSize.h,
+                            deviceY(p.v) + ratio * pen.pnSize.v};
+        };
+        return smoothLine(place(from), place(to), brush.colour());
+    }
     const bool thin = ratio == 1 && pen.pnSize.h == 1 && pen.pnSize.v == 1;
     if (thin && clip.parti.size() == 1 && shortLine(from, to, brush)) return;
     const std::int64_t scale = ratio;

@@ -150,6 +150,9 @@ void RasterPort::stdArc(GrafVerb verb, const Rect& r, std::int32_t start, std::i
 
     Brush& brush = verbBrush(verb, fillPattern);
     const WideRect bounds = device(r);
+    if (frame && smooth && brush.kind() == Brush::Kind::solid)
+        return smoothRing(bounds, static_cast<double>(penWidth), static_cast<double>(penHeight), start, sweep,
+                          brush.colour());
     const Anello ring{Ellisse(bounds), Ellisse(inset(bounds, penWidth, penHeight)), penWidth, penHeight};
     perParti(bounds, [&](const DeviceRect& area) {
         const Tratto visible{static_cast<double>(area.left), static_cast<double>(area.right)};

@@ -68,6 +68,7 @@ RasterPort::RasterPort(RasterPort& of, const Rect& part) : base_(of.base_), widt
     text = of.text;
     foreground = of.foreground;
     background = of.background;
+    smooth = of.smooth;
     clip = of.clip;
     clip.intersect(part);
 }

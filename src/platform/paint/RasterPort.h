@@ -86,6 +86,8 @@ public:
     // For CopyBits out of this port: the bounds are device pixels from (0, 0).
     [[nodiscard]] PixMap pixMap() const { return PixMap{base_, width_, Rect{0, 0, height_, width_}}; }
 
+    // Lines and frames of ovals and arcs in one solid colour take of each pixel the share that they cover. For screens.
+    bool smooth = false;
     Sporco sporco;
     void touch(const Rect& logical);   // marks as dirty
     Region PrendiSporco();             // the dirty region (logical, from the top left pixel), which becomes empty
@@ -128,6 +130,11 @@ private:
     bool shortLine(Point from, Point to, const Brush& brush);
     void stroke(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, std::int64_t penWidth,
                 std::int64_t penHeight, Brush& brush);
+    // From the pen's place at one end to that at the other; they lie in different rows and columns.
+    void smoothLine(const WideRect& from, const WideRect& to, std::uint32_t colour);
+    // Degrees clockwise from straight up, as stdArc's.
+    void smoothRing(const WideRect& whole, double penWidth, double penHeight, std::int32_t start, std::int32_t sweep,
+                    std::uint32_t colour);
     void paintRect(const WideRect& r, Brush& brush);
     void paintPoly(const Polygon& p, Brush& brush);
     void copySameSize(const PixMap& bits, const DeviceRect& area, std::int64_t dx, std::int64_t dy);

@@ -12,6 +12,8 @@
 
 #include "platform/Dialogs.h"
 
+class QLineEdit;
+
 namespace tessaro {
 
 enum class TipoVoce : std::uint8_t {
@@ -25,6 +27,7 @@ enum class TipoVoce : std::uint8_t {
     colore,
     elenco,
     tabella,
+    griglia,
     figura
 };
 
@@ -36,15 +39,19 @@ struct VoceDialogo {
     bool accesa = true;
     bool nascosta = false;
     QWidget* widget = nullptr;
+    std::deque<GridHit> griglia;   // what was done in a grid and not yet asked for
 };
 
 class QuadroDialogo;
+// Property of a field that is hit when it is done with, and not by each character: its item.
+inline constexpr const char* attoDelCampo = "tessaroItem";
 
 struct FinestraDialogo {
     std::int16_t id = 0;
     std::int16_t predefinita = 0;   // item that Return presses; 0 when the resource marks none
     std::int16_t annulla = 2;       // item that Escape and the close box give
     bool nonModale = false;
+    bool strumento = false;   // a tool window: the frame keeps its shortcuts, and Escape does not close it
     std::map<char16_t, std::int16_t> tastiVoci;   // characters that press a button, in fields too
     bool mostrata = false;
     std::int16_t inVista = 0;   // item that its scrolling list shows at the opening; 0 when none
@@ -62,12 +69,16 @@ public:
     void reject() override;
 
 protected:
+    bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
     bool eventFilter(QObject* o, QEvent* e) override;   // of the fields
 
 private:
-    void tasto(std::uint8_t macRoman);    // Return, Enter or Escape
+    void tasto(std::uint8_t macRoman);               // Return, Enter or Escape
+    void fuga();                                     // Escape in a tool window
+    [[nodiscard]] QLineEdit* campoToccato() const;   // the field with the focus that was typed into and not handed over
+    void consegnaCampo();
     bool premeVoce(const QKeyEvent& e);   // true when the character is a button's own
 
     FinestraDialogo& d;
@@ -78,6 +89,7 @@ bool leggiDialogo(FinestraDialogo& d);
 void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wakes who waits
 void applica(const VoceDialogo& v);                     // the widget shows what the data say
 void mostra(FinestraDialogo& d);                        // opens the window; once
+void guidaDelDialogo(std::int16_t dialogo);             // F1: the guide at the section about it
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
 
 // --- lists
@@ -92,5 +104,13 @@ void mostraTestata(const VoceDialogo& v, const QString& testo);
 void righeTabella(const VoceDialogo& v, int quante);
 void rigaTabella(const VoceDialogo& v, int n, const QString& testo);
 std::string testoTabella(const VoceDialogo& v);   // UTF-8, a line a row, cells parted by " | "
+
+// --- grids: the same, with cells that are changed in place
+QWidget* creaGriglia(FinestraDialogo& d, std::int16_t item, int righe, const QString& colonne);   // "check:6,edit:20"
+void testataGriglia(const VoceDialogo& v, const QString& testo);
+void righeGriglia(const VoceDialogo& v, int quante);
+void rigaGriglia(const VoceDialogo& v, int n, const QString& testo);
+std::string testoGriglia(const VoceDialogo& v);                   // UTF-8, as a table's
+bool scriviGriglia(const VoceDialogo& v, const QString& testo);   // for scripts: "3,2,text", "3>1"
 
 }   // namespace tessaro

@@ -48,6 +48,7 @@ protected:
 
 private:
     void premi(QMouseEvent* e);
+    void pizzica(double fattore, QPointF dove, Qt::KeyboardModifiers m);
     Finestra& finestra;
     Qt::MouseButton premuto = Qt::NoButton;
     enum class Premuti : std::uint8_t { nessuno, penna, comeTopo } premuti = Premuti::nessuno;   // a pen's buttons
@@ -96,13 +97,19 @@ protected:
     bool event(QEvent* e) override;
     void dragEnterEvent(QDragEnterEvent* e) override;
     void dropEvent(QDropEvent* e) override;
+    bool focusNextPrevChild(bool avanti) override;
 };
 
 void creaTelaio();   // after the application object
 void distruggiTelaio();
-QRect schermoUtile();                                         // where the frame may stand, logical pixels
+// The strip of texts at the frame's foot, and its height in logical pixels.
+void creaStriscia(QMainWindow& frame);
+int altezzaStriscia();
+void togliStriscia();   // before the frame goes
+QRect schermoUtile();   // where the frame may stand, logical pixels
 // Where a window goes that was left at `voluto`, frame included: there, when its title bar can be taken hold of on one of
 // the screens and it fits; else onto that screen or the first one, and no larger than it.
+QString fileDelTelaio();   // where places and sizes of windows are kept
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi);
 void adattaTelaio(std::int32_t width, std::int32_t height);   // so that the content gets this size
 void aggiornaTitolo();

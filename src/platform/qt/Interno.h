@@ -25,6 +25,8 @@ const Avvio& avvio();       // the options that StartToolbox was given
 const Copione* copione();   // the script's hooks; null without a script
 bool conFinestre();         // an application object lives: widgets may be made. False in fuzz and bench programs
 std::string cartellaImpostazioni();   // where settings belong, UTF-8; made, but not seeded
+// The language that the preferences of the settings folder name, read before anything else runs; empty for the desktop's.
+std::string linguaPreferita();
 std::string linguaInUso();            // "en" or "it": --language, else the desktop's; a script's own is "en"
 
 // --- the frame, which outlives the drawing's window; null without an application object

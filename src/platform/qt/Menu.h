@@ -18,9 +18,10 @@ namespace tessaro {
 enum class FiguraVoce : std::uint8_t { nessuna, retino, riga, colore };
 
 struct VoceMenu {
-    std::string testo;               // UTF-8
-    std::string tasto;               // "Ctrl+N", several with commas; empty for none
-    std::int16_t sottomenu = 0;      // number of the menu that hangs here
+    std::string testo;            // UTF-8
+    std::string tasto;            // "Ctrl+N", several with commas; empty for none
+    std::string cenno;            // a key of the drawing's own, shown only: "P"; as the person reads it, empty for none
+    std::int16_t sottomenu = 0;   // number of the menu that hangs here
     std::int16_t figuraNumero = 0;   // pattern, thickness or colour that the icon shows
     FiguraVoce figura = FiguraVoce::nessuna;
     bool separatore = false;
@@ -45,6 +46,7 @@ struct MenuDati {
     bool costruito = true;
     bool griglia = false;    // shows its patterns as a grid of cells
     bool campioni = false;   // shows its colours as rows of swatches
+    bool adatto = false;     // a pop-up that shows only what is on
     VoceMenu modello;        // what AppendMenu's items are like
     QPointer<QMenu> menu;
 };
@@ -59,6 +61,7 @@ void sceltaVoce(std::int16_t menu, std::int16_t item);      // a person chose it
 void riempiGrafico(MenuDati& m, const MenuDati& voci);
 QPoint centroGrafico(const MenuDati& m);
 std::string senzaMnemonico(std::string_view titolo);
+void daiMnemonici(QMenu& q);   // a letter each, by which an open menu is worked from the keyboard
 
 // While a pop-up is open its choices go here and not to the event queue. 0 when none is open.
 extern std::int16_t popupAperto;

@@ -24,6 +24,7 @@
 
 #include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
+#include "platform/qt/TestiQt.h"
 #include "platform/Tablet.h"
 
 namespace tessaro {
@@ -75,11 +76,32 @@ void smettiSegnali() {
     ::close(condotto[1]);
 }
 
+// What the toolkit says while it looks for a display. It ends in an abort without one: one line of ours instead.
+QStringList dettoAllInizio;
+void ascoltaInizio(QtMsgType tipo, const QMessageLogContext&, const QString& frase) {
+    if (tipo != QtFatalMsg) {
+        dettoAllInizio << frase;
+        return;
+    }
+    if (questoAvvio.language.empty() && QLocale::system().language() == QLocale::Italian) questoAvvio.language = "it";
+    std::fprintf(stderr, "tessaro3d: %s\n", testo("start.nodisplay").c_str());
+    std::fflush(nullptr);
+    std::_Exit(1);
+}
+void fineInizio() {
+    qInstallMessageHandler(nullptr);
+    for (const QString& frase : std::as_const(dettoAllInizio)) std::fprintf(stderr, "%s\n", qPrintable(frase));
+    dettoAllInizio.clear();
+}
+
 // Before the application object: these are read when it is made.
 void preparaAmbiente(const Avvio& a) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    if (!a.script) return;
+    if (!a.script) {
+        qInstallMessageHandler(ascoltaInizio);
+        return;
+    }
     // Standard error is the script's own: what the off-screen platform cannot do is no news there.
     qInstallMessageHandler([](QtMsgType tipo, const QMessageLogContext&, const QString& testo) {
         if (tipo == QtCriticalMsg || tipo == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(testo));
@@ -119,6 +141,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     questoAvvio = a;
     preparaAmbiente(a);
     applicazione = new QApplication(argc, argv);
+    if (!a.script) fineInizio();
     QCoreApplication::setApplicationName(QStringLiteral("tessaro3d"));
     QGuiApplication::setDesktopFileName(QStringLiteral("tessaro3d"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -157,6 +180,11 @@ void AutoExit(std::int32_t status) {
     std::_Exit(status);
 }
 
+bool SenzaSchermo() {
+    const auto vuota = [](const char* nome) { return qEnvironmentVariableIsEmpty(nome); };
+    return vuota("DISPLAY") && vuota("WAYLAND_DISPLAY") && vuota("QT_QPA_PLATFORM");
+}
+
 std::string AppFolder() {
     if (conFinestre()) return QCoreApplication::applicationDirPath().toStdString();
     return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath().toStdString();
@@ -176,6 +204,7 @@ std::string cartellaImpostazioni() {
 std::string linguaInUso() {
     if (!questoAvvio.language.empty()) return questoAvvio.language;
     if (questoAvvio.script || !conFinestre()) return "en";
+    if (const std::string scelta = linguaPreferita(); !scelta.empty()) return scelta;
     return QLocale::system().language() == QLocale::Italian ? "it" : "en";
 }
 

@@ -2,7 +2,9 @@
 // and turns the pointer, the wheel and drops into records.
 #include <QApplication>
 #include <QDragEnterEvent>
+#include <QGestureEvent>
 #include <QMimeData>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -35,6 +37,7 @@ Foglio::Foglio(QWidget* parent, Finestra& f) : QWidget(parent), finestra(f) {
     setMouseTracking(true);
     setTabletTracking(true);
     setAcceptDrops(true);
+    grabGesture(Qt::PinchGesture);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::PreventContextMenu);
 }
@@ -86,7 +89,8 @@ void Foglio::accodaPuntatore(EventKind what, QPointF where, Qt::KeyboardModifier
 }
 
 void Foglio::premi(QMouseEvent* e) {
-    if (e->button() != Qt::LeftButton && e->button() != Qt::RightButton) return;
+    const bool medio = e->button() == Qt::MiddleButton;
+    if (e->button() != Qt::LeftButton && e->button() != Qt::RightButton && !medio) return;
     if (premuto != Qt::NoButton) {
         if (e->button() != premuto && e->buttons().testFlag(premuto)) return;   // a second button is no second press
         lascia();                                                               // the release went to a pop-up
@@ -94,7 +98,8 @@ void Foglio::premi(QMouseEvent* e) {
     premuto = e->button();
     const std::uint16_t extra = static_cast<std::uint16_t>(premuto == Qt::RightButton ? controlKey : 0);
     accodaPuntatore(EventKind::nullEvent, e->position(), e->modifiers(), extra, e->timestamp());
-    accodaPuntatore(EventKind::mouseDown, e->position(), e->modifiers(), extra, e->timestamp());
+    accodaPuntatore(medio ? EventKind::middleDown : EventKind::mouseDown, e->position(), e->modifiers(), extra,
+                    e->timestamp());
 }
 
 void Foglio::mousePressEvent(QMouseEvent* e) { premi(e); }
@@ -174,8 +179,34 @@ void Foglio::dropEvent(QDropEvent* e) {
     accodaLasciate(e->mimeData(), pixel(e->position()), modificatori(e->modifiers()));
 }
 
+void Foglio::pizzica(double fattore, QPointF dove, Qt::KeyboardModifiers m) {
+    constexpr double uno = 65536, massimo = 16;
+    if (!(fattore > 1 / massimo) || !(fattore < massimo)) return;
+    EventRecord r;
+    r.what = EventKind::pinch;
+    r.message = static_cast<std::uint32_t>(std::lround(fattore * uno));
+    r.where = pixel(dove);
+    r.modifiers = modificatori(m);
+    accoda(std::move(r));
+}
+
 bool Foglio::event(QEvent* e) {
     if (e->type() == QEvent::UngrabMouse) lascia();
+    if (e->type() == QEvent::NativeGesture) {   // a touch pad tells how much the scale grows with each event
+        const auto* g = static_cast<QNativeGestureEvent*>(e);
+        if (g->gestureType() == Qt::ZoomNativeGesture) {
+            pizzica(1 + g->value(), g->position(), g->modifiers());
+            return true;
+        }
+    }
+    if (e->type() == QEvent::Gesture) {   // a touch screen tells the factor since the last one
+        auto* gesti = static_cast<QGestureEvent*>(e);
+        if (const auto* g = static_cast<QPinchGesture*>(gesti->gesture(Qt::PinchGesture)); g != nullptr) {
+            gesti->accept();
+            pizzica(g->scaleFactor(), mapFromGlobal(g->hotSpot()), QGuiApplication::keyboardModifiers());
+            return true;
+        }
+    }
     // The strips are drawn in the desktop's colours.
     if (e->type() == QEvent::PaletteChange) InvalWindowRect(&finestra, finestra.porta->portRect);
     return QWidget::event(e);

@@ -21,7 +21,8 @@ struct CursoreDiSistema {
     std::int16_t numero;
     Qt::CursorShape forma;
 };
-constexpr CursoreDiSistema diSistema[] = {{0, Qt::ArrowCursor}, {2, Qt::CrossCursor}, {4, Qt::WaitCursor}};
+constexpr CursoreDiSistema diSistema[] = {
+    {0, Qt::ArrowCursor}, {2, Qt::CrossCursor}, {4, Qt::WaitCursor}, {9401, Qt::ClosedHandCursor}};
 
 // The hot spot stands in the drawing as a comment: <!-- hot H V -->, in the drawing's units.
 QPoint puntoCaldo(const QByteArray& svg, QSize misura) {

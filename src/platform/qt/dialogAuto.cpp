@@ -19,6 +19,7 @@ QString testoVisto(const VoceDialogo& v) {
     if (const auto* scelta = qobject_cast<const QComboBox*>(v.widget)) return scelta->currentText();
     if (v.tipo == TipoVoce::elenco) return daUtf8(rigaScelta(v));
     if (v.tipo == TipoVoce::tabella) return daUtf8(testoTabella(v));
+    if (v.tipo == TipoVoce::griglia) return daUtf8(testoGriglia(v));
     if (v.tipo == TipoVoce::cursore || v.tipo == TipoVoce::colore) return QString::number(v.valore);
     if (const auto* bottone = qobject_cast<const QAbstractButton*>(v.widget))
         return bottone->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
@@ -41,6 +42,7 @@ std::string fraVirgolette(const std::string& utf8) {
 
 bool AutoDialogSetText(DialogPtr d, std::int16_t item, std::string_view macRoman) {
     VoceDialogo* v = voceDi(d, item);
+    if (v != nullptr && v->tipo == TipoVoce::griglia) return v->accesa && scriviGriglia(*v, daMac(macRoman));
     if (v == nullptr || v->tipo != TipoVoce::campo || !v->accesa) return false;
     auto* campo = qobject_cast<QLineEdit*>(v->widget);
     if (campo == nullptr) return false;

@@ -165,7 +165,7 @@ private:
         VoceDialogo v;
         v.tipo = tipo;
         v.grezzo = tipo == TipoVoce::campo ? std::string() : testo(chiave(c.nome));
-        v.nascosta = c.riga->ha("hidden");
+        v.nascosta = c.riga->ha("hidden") || c.riga->ha("later");
         return d.voci.insert_or_assign(static_cast<std::int16_t>(numeroDi(c.nome, 0)), std::move(v)).first->second;
     }
 
@@ -221,6 +221,8 @@ private:
             w = elenco(c);
         else if (c.tipo == "table")
             w = tabella(c);
+        else if (c.tipo == "grid")
+            w = griglia(c);
         else if (c.tipo == "slider")
             w = cursore(c);
         else if (c.tipo == "swatch")
@@ -257,6 +259,10 @@ private:
             w->setWordWrap(w->sizeHint().width() > w->fontMetrics().averageCharWidth() * larghezzaTesto);
             if (w->wordWrap()) w->setMinimumWidth(w->fontMetrics().averageCharWidth() * larghezzaTesto);
         }
+        if (c.riga->ha("wrap")) {   // what the program writes there may be long
+            w->setWordWrap(true);
+            w->setMinimumWidth(w->fontMetrics().averageCharWidth() * c.riga->numero("chars", larghezzaTesto));
+        }
         if (c.tipo == "note") w->setForegroundRole(QPalette::PlaceholderText);
         if (c.tipo == "heading") {
             QFont f = w->font();
@@ -291,12 +297,21 @@ private:
             w->setFixedWidth(largo);
         }
         if (!c.riga->ha("text")) w->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        if (ultimaEtichetta != nullptr && !v.nascosta) {
+        if (ultimaEtichetta != nullptr && !c.riga->ha("hidden")) {
             ultimaEtichetta->setBuddy(w);
             w->setAccessibleName(ultimaEtichetta->text());
             ultimaEtichetta = nullptr;
         }
-        QObject::connect(w, &QLineEdit::textEdited, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
+        if (c.riga->ha("commit")) {
+            w->setProperty(attoDelCampo, item(c));
+            QObject::connect(w, &QLineEdit::editingFinished, quadro, [w, this_ = &d, n = item(c)] {
+                if (!w->isModified()) return;   // nothing was typed
+                w->setModified(false);
+                colpisci(*this_, n);
+            });
+        } else {
+            QObject::connect(w, &QLineEdit::textEdited, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
+        }
         if (d.nonModale) w->installEventFilter(quadro);
         return registra(v, w);
     }
@@ -348,6 +363,13 @@ private:
     }
 
     // chars= the width of each column, with commas.
+    QWidget* griglia(const Cella& c) {
+        VoceDialogo& v = voce(c, TipoVoce::griglia);
+        if (quadro == nullptr) return nullptr;
+        const auto colonne = c.riga->opzione("columns");
+        return registra(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
+    }
+
     QWidget* tabella(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::tabella);
         if (quadro == nullptr) return nullptr;
@@ -438,6 +460,8 @@ bool leggiDialogo(FinestraDialogo& d) {
     const auto righe = RigheRisorsa("dialogs/" + std::to_string(d.id) + ".dlg");
     if (righe.empty()) return false;
     d.nonModale = righe.front().ha("modeless");
+    d.strumento = righe.front().ha("tool");
+    if (d.quadro != nullptr && d.strumento) d.quadro->setWindowFlag(Qt::Tool);
     d.titolo = conParametri(testo("dlg." + std::to_string(d.id)));
     if (d.quadro != nullptr) d.quadro->setWindowTitle(daUtf8(d.titolo));
     Costruttore c(d, d.quadro);

@@ -95,6 +95,8 @@ std::string rigaScelta(const VoceDialogo& v) {
 void SetDialogItemRows(DialogPtr d, std::int16_t item, std::int16_t count) {
     if (const VoceDialogo* v = voceDi(d, item); v != nullptr && v->tipo == TipoVoce::tabella)
         return righeTabella(*v, count);
+    if (const VoceDialogo* v = voceDi(d, item); v != nullptr && v->tipo == TipoVoce::griglia)
+        return righeGriglia(*v, count);
     QListWidget* w = elencoDi(voceDi(d, item));
     if (w == nullptr) return;
     const QSignalBlocker zitto(w);
@@ -107,6 +109,8 @@ void SetDialogItemRow(DialogPtr d, std::int16_t item, std::int16_t row, std::str
                       const RGBColor& colour) {
     if (const VoceDialogo* v = voceDi(d, item); v != nullptr && v->tipo == TipoVoce::tabella)
         return rigaTabella(*v, row - 1, daMac(macRoman));
+    if (const VoceDialogo* v = voceDi(d, item); v != nullptr && v->tipo == TipoVoce::griglia)
+        return rigaGriglia(*v, row - 1, daMac(macRoman));
     const QListWidget* w = elencoDi(voceDi(d, item));
     QListWidgetItem* riga = w == nullptr ? nullptr : w->item(row - 1);
     if (riga == nullptr) return;

@@ -4,13 +4,16 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QScreen>
 #include <QScrollArea>
+#include <QSettings>
 #include <QSlider>
 #include <QTimer>
 
@@ -20,7 +23,9 @@
 
 #include "platform/Menus.h"
 #include "platform/qt/Dialogo.h"
+#include "platform/qt/FinestraQt.h"
 #include "platform/qt/Interno.h"
+#include "platform/qt/Menu.h"
 #include "platform/qt/TestiQt.h"
 
 namespace tessaro {
@@ -61,6 +66,8 @@ void mostraTesto(const VoceDialogo& v, const QString& testoVisto) {
         bottone->setText(QString(testoVisto).replace(QLatin1Char('&'), QStringLiteral("&&")));
     } else if (v.tipo == TipoVoce::tabella) {
         mostraTestata(v, testoVisto);
+    } else if (v.tipo == TipoVoce::griglia) {
+        testataGriglia(v, testoVisto);
     }
 }
 
@@ -117,12 +124,31 @@ void scorriFino(const FinestraDialogo& d) {
             area->ensureWidgetVisible(v->second.widget, 0, area->height() / 2);
 }
 
+QString chiavePosto(const FinestraDialogo& d) { return QStringLiteral("dialogs/%1").arg(d.id); }
+
+// Where the person left it the last time.
+bool alSuoPosto(const FinestraDialogo& d, QWidget& quadro) {
+    if (copione() != nullptr) return false;
+    const QVariant dove = QSettings(fileDelTelaio(), QSettings::IniFormat).value(chiavePosto(d));
+    if (!dove.isValid()) return false;
+    QList<QRect> schermi;
+    for (const QScreen* s : QGuiApplication::screens()) schermi << s->availableGeometry();
+    quadro.move(postoVisibile(QRect(dove.toPoint(), quadro.size()), schermi).topLeft());
+    return true;
+}
+
+void ricordaPosto(const FinestraDialogo& d) {
+    if (copione() != nullptr || !d.nonModale || d.quadro == nullptr) return;
+    QSettings(fileDelTelaio(), QSettings::IniFormat).setValue(chiavePosto(d), d.quadro->pos());
+}
+
 // A modeless dialog stands at the frame's right, so that the drawing beside it stays in reach.
-void accanto(QWidget& quadro) {
+void accanto(const FinestraDialogo& d, QWidget& quadro) {
     constexpr int dalBordo = 32, dallAlto = 96;   // logical pixels
     const QMainWindow* cornice = telaio();
     if (cornice == nullptr) return;
     quadro.adjustSize();
+    if (alSuoPosto(d, quadro)) return;
     const int sinistra = std::max(cornice->geometry().right() - quadro.width() - dalBordo, cornice->geometry().left());
     quadro.move(sinistra, cornice->geometry().top() + dallAlto);
 }
@@ -160,7 +186,8 @@ void QuadroDialogo::keyPressEvent(QKeyEvent* e) {
     switch (e->key()) {
     case Qt::Key_Return: return tasto(tastoReturn);
     case Qt::Key_Enter: return tasto(tastoEnter);
-    case Qt::Key_Escape: return tasto(tastoEscape);
+    case Qt::Key_Escape: return d.strumento ? fuga() : tasto(tastoEscape);
+    case Qt::Key_F1: return guidaDelDialogo(d.id);
     default: QDialog::keyPressEvent(e);
     }
 }
@@ -170,7 +197,37 @@ void QuadroDialogo::closeEvent(QCloseEvent* e) {
     tasto(tastoEscape);
 }
 
+// What was typed and not yet handed over is handed over when the person turns to another window.
+bool QuadroDialogo::event(QEvent* e) {
+    if (e->type() == QEvent::WindowDeactivate) consegnaCampo();
+    return QDialog::event(e);
+}
+
+QLineEdit* QuadroDialogo::campoToccato() const {
+    auto* campo = qobject_cast<QLineEdit*>(focusWidget());
+    return campo != nullptr && campo->isModified() && campo->property(attoDelCampo).isValid() ? campo : nullptr;
+}
+
+void QuadroDialogo::consegnaCampo() {
+    QLineEdit* campo = campoToccato();
+    if (campo == nullptr) return;
+    campo->setModified(false);
+    colpisci(d, static_cast<std::int16_t>(campo->property(attoDelCampo).toInt()));
+}
+
+// In a tool window Escape takes back what is typed, and then goes back to the drawing; it closes nothing.
+void QuadroDialogo::fuga() {
+    if (QLineEdit* campo = campoToccato(); campo != nullptr) {
+        const VoceDialogo* v = voceDi(&d, static_cast<std::int16_t>(campo->property(attoDelCampo).toInt()));
+        campo->setText(v == nullptr ? QString() : daUtf8(v->grezzo));
+        campo->selectAll();
+    } else if (telaio() != nullptr) {
+        telaio()->activateWindow();
+    }
+}
+
 void QuadroDialogo::tasto(std::uint8_t macRoman) {
+    if (d.nonModale && macRoman != tastoEscape && d.predefinita == 0) return;   // Return is a field's own there
     if (d.nonModale) return colpisci(d, macRoman == tastoEscape ? std::int16_t{0} : d.predefinita);
     d.tasti.push_back(macRoman);
     sveglia();
@@ -207,6 +264,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::testoFisso:
     case TipoVoce::figura:
     case TipoVoce::tabella:
+    case TipoVoce::griglia:
     case TipoVoce::campo: break;
     }
 }
@@ -216,7 +274,7 @@ void mostra(FinestraDialogo& d) {
     d.mostrata = true;
     if (d.quadro != nullptr) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
-        if (d.nonModale) accanto(*d.quadro);
+        if (d.nonModale) accanto(d, *d.quadro);
         d.quadro->show();
         scorriFino(d);
         d.quadro->activateWindow();
@@ -247,6 +305,7 @@ void DisposeDialog(DialogPtr d) {
     if (i == aperti.end()) return;
     const std::unique_ptr<FinestraDialogo> via = std::move(*i);
     aperti.erase(i);
+    ricordaPosto(*d);
     delete d->quadro;   // no handler of it is running: handlers only leave records
     if (QWidget* sotto = conFinestre() ? proprietario() : nullptr; sotto != nullptr && sotto->isVisible())
         sotto->activateWindow();
@@ -341,12 +400,32 @@ void ShowDialogItem(DialogPtr d, std::int16_t item) {
     }
 }
 
+void HideDialogItem(DialogPtr d, std::int16_t item) {
+    VoceDialogo* v = voceDi(d, item);
+    if (v == nullptr) return;
+    v->nascosta = true;
+    if (v->widget != nullptr) v->widget->hide();
+}
+
+void SetDialogItemHint(DialogPtr d, std::int16_t item, std::string_view macRoman) {
+    const VoceDialogo* v = voceDi(d, item);
+    if (v == nullptr) return;
+    if (auto* campo = qobject_cast<QLineEdit*>(v->widget)) campo->setPlaceholderText(daMac(macRoman));
+    if (auto* scelta = qobject_cast<QComboBox*>(v->widget)) scelta->setPlaceholderText(daMac(macRoman));
+}
+
 void SetDialogItemMenu(DialogPtr d, std::int16_t item, std::int16_t menu) {
     VoceDialogo* v = voceDi(d, item);
     auto* scelta = v == nullptr ? nullptr : qobject_cast<QComboBox*>(v->widget);
     if (scelta == nullptr) return;
     scelta->clear();
-    for (std::int16_t i = 1; i <= CountMenuItems(menu); ++i) scelta->addItem(daMac(GetMenuItemText(menu, i)));
+    const MenuDati* dati = menuDelleVoci(menu);
+    for (std::int16_t i = 1; i <= CountMenuItems(menu); ++i) {
+        const auto dato = dati->voci.find(i);
+        const bool figurata = dato != dati->voci.end() && dato->second.figura != FiguraVoce::nessuna;
+        const QIcon icona = figurata ? figuraVoce(dato->second.figura, dato->second.figuraNumero) : QIcon();
+        scelta->addItem(icona, daMac(GetMenuItemText(menu, i)));
+    }
     scelta->setCurrentIndex(v->valore - 1);
 }
 

@@ -27,6 +27,7 @@ struct Coda {
     bool uscita = false;
     bool svegliata = false;
     bool fuga = false;                 // Escape was pressed since an event was delivered
+    bool rinunciata = false;           // the press delivered last was ended by Escape
     std::int32_t profondita = 0;       // nested loops
     std::int32_t interrogazioni = 0;   // Button() asked in a row without a wait
     std::uint64_t novita = 0;          // grows with every record and wake
@@ -63,9 +64,14 @@ bool toglieLaPagina(EventKind k) {
 // What a record tells beside itself: where the pointer is, what is held, that the quit is being dealt with.
 void consegna(const EventRecord& e) {
     switch (e.what) {
-    case EventKind::mouseDown: coda.tenuto = true; [[fallthrough]];
+    case EventKind::mouseDown:
+    case EventKind::middleDown:
+        coda.tenuto = true;
+        coda.rinunciata = false;
+        [[fallthrough]];
     case EventKind::nullEvent:
     case EventKind::wheel:
+    case EventKind::pinch:
     case EventKind::drop:
         coda.puntatore = e.where;
         coda.modifiers = e.modifiers;
@@ -259,9 +265,29 @@ bool Button() {
                         [](const EventRecord& r) { return r.what == EventKind::mouseUp; });
 }
 
+namespace {
+
+constexpr std::uint32_t tastoFuga = 27;
+
+// Takes an Escape that waits; nobody else gets it, so it closes this one thing and nothing behind it.
+bool prendiFuga() {
+    if (!std::exchange(coda.fuga, false)) return false;
+    std::erase_if(coda.righe,
+                  [](const EventRecord& r) { return r.what == EventKind::keyDown && r.message == tastoFuga; });
+    return true;
+}
+
+}   // namespace
+
+bool DragGivenUp() { return coda.rinunciata; }
+
 bool StillDown() {
     const Annidato annidato;
     while (coda.tenuto && !quitPending()) {
+        if (prendiFuga()) {
+            coda.rinunciata = true;
+            break;
+        }
         EventRecord e;
         if (prendi(e, Attesa::puntatore)) return coda.tenuto;
         if (!waitStep(Attesa::puntatore, -1)) break;
@@ -288,9 +314,7 @@ bool escapePressed() {
         QCoreApplication::processEvents(QEventLoop::AllEvents);
     }
     if (coda.uscita) return true;   // a long job gives way to a quit at any depth
-    if (!std::exchange(coda.fuga, false)) return false;
-    std::erase_if(coda.righe, [](const EventRecord& r) { return r.what == EventKind::keyDown && r.message == 27; });
-    return true;
+    return prendiFuga();
 }
 
 }   // namespace tessaro

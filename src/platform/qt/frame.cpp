@@ -143,6 +143,14 @@ void accodaPercorsi(EventKind what, const char* classe, const QStringList& perco
     accoda(std::move(r));
 }
 
+// Tab is a key of the drawing's, but for the fields of what stands beside it.
+bool Telaio::focusNextPrevChild(bool avanti) {
+    const QWidget* con = focusWidget();
+    const Finestra* f = finestraAperta();
+    if (con == nullptr || con == this || (f != nullptr && con == f->foglio)) return false;
+    return QMainWindow::focusNextPrevChild(avanti);
+}
+
 void Telaio::dragEnterEvent(QDragEnterEvent* e) {
     if (!percorsiLocali(e->mimeData()).isEmpty()) e->acceptProposedAction();
 }

@@ -23,6 +23,12 @@ std::map<std::int16_t, MenuDati> tutti;
 
 std::int16_t corto(int n) { return static_cast<std::int16_t>(n); }
 
+// Keys with a name have it in the person's language.
+std::string cennoDi(const std::string& tasto) {
+    const std::string nome = tasto.empty() ? std::string() : testo("key." + tasto);
+    return nome.empty() ? tasto : nome;
+}
+
 VoceMenu leggiVoce(const RigaRisorsa& r) {
     VoceMenu v;
     v.separatore = r.ha("separator");
@@ -30,6 +36,7 @@ VoceMenu leggiVoce(const RigaRisorsa& r) {
     v.spuntabile = r.ha("check");
     v.unica = !r.opzione("radio").empty();
     v.tasto = r.opzione("key");
+    v.cenno = cennoDi(std::string(r.opzione("hint")));
     const auto figura = r.opzione("icon");
     v.figura = figura == "pattern"     ? FiguraVoce::retino
                : figura == "thickness" ? FiguraVoce::riga
@@ -87,6 +94,7 @@ void leggiMenu(const std::string& file) {
         m.ultimo = r.ha("last");
         m.griglia = r.ha("grid");
         m.campioni = r.ha("swatches");
+        m.adatto = r.ha("fitting");
         m.costruito = !r.ha("unbuilt");
         m.specchioDi = corto(r.numero("mirror", 0));
         m.modello = leggiVoce(r);
@@ -104,7 +112,12 @@ VoceMenu* voceDi(std::int16_t menu, std::int16_t item) {
 // `acceso`: is the menu that shows the item on; a mirror's own state counts, not that of the menu it shows.
 void aggiornaAzione(const VoceMenu& v, bool acceso) {
     if (v.azione == nullptr) return;
-    v.azione->setText(daUtf8(v.testo).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    QString scritto = daUtf8(v.testo).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    if (!v.cenno.empty()) {   // behind the keys that the toolkit acts on
+        const QString primo = v.azione->shortcut().toString(QKeySequence::NativeText);
+        scritto += QLatin1Char('\t') + (primo.isEmpty() ? QString() : primo + QStringLiteral("  ")) + daUtf8(v.cenno);
+    }
+    v.azione->setText(scritto);
     v.azione->setEnabled(v.accesa && v.costruita && acceso);
     v.azione->setCheckable(v.spuntabile || v.unica || v.spuntata);
     v.azione->setChecked(v.spuntata);
@@ -336,6 +349,7 @@ void preparaMenu(MenuDati& m) {
             v.azione->setChecked(n == retinoCorrente(m.numero));
         }
     }
+    daiMnemonici(*q);
 }
 
 bool AutoMenu(std::int16_t menu, std::int16_t item, std::uint16_t modifiers) {

@@ -78,6 +78,8 @@ std::int16_t PopUpMenuSelect(std::int16_t menu, Point where, std::int16_t item) 
     if (!conFinestre() || foglio() == nullptr) return 0;
     preparaMenu(*m);
     QMenu* q = m->menu;
+    if (m->adatto)
+        for (QAction* a : q->actions()) a->setVisible(a->isSeparator() || a->isEnabled());
     const auto& ordine = menuDelleVoci(menu)->ordine;   // one action each, in the same order
     const auto posto = std::find(ordine.begin(), ordine.end(), item) - ordine.begin();
     QAction* sotto = q->actions().value(static_cast<qsizetype>(posto));   // null behind the end

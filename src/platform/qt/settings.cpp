@@ -1,4 +1,6 @@
 // The folder of the settings files, with the installed defaults in place of those that a person has not got yet.
+#include <QFile>
+
 #include <cstdint>
 #include <filesystem>
 
@@ -25,6 +27,20 @@ void semina(const std::string& cartella, const char* nome) {
 }
 
 }   // namespace
+
+std::string linguaPreferita() {
+    constexpr qint64 abbastanza = 65536;
+    QFile f(daUtf8(cartellaImpostazioni()) + QStringLiteral("/preferences"));
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    std::string trovata;
+    for (const QByteArray& riga : f.read(abbastanza).split('\n')) {
+        const auto uguale = riga.indexOf('=');
+        if (uguale < 0 || riga.left(uguale).trimmed() != "language") continue;
+        const QByteArray valore = riga.mid(uguale + 1).trimmed();
+        trovata = valore == "en" || valore == "it" ? valore.toStdString() : std::string();
+    }
+    return trovata;
+}
 
 std::string SettingsFolder() {
     std::string cartella = cartellaImpostazioni();

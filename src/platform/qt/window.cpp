@@ -52,12 +52,10 @@ QIcon iconaDelProgramma() {
     return icona;
 }
 
-QString fileDelTelaio() { return daUtf8(cartellaImpostazioni()) + QStringLiteral("/window.ini"); }
-
 QSize contenuto() {
     if (cornice == nullptr) return {};
     cornice->layout()->activate();
-    return {cornice->width(), cornice->height() - barra()->sizeHint().height()};
+    return {cornice->width(), cornice->height() - barra()->sizeHint().height() - altezzaStriscia()};
 }
 
 // The program's name stands behind the drawing's. Dialogs do without it, their title bars are short.
@@ -67,6 +65,8 @@ void intitola(const QString& disegno) {
 }
 
 }   // namespace
+
+QString fileDelTelaio() { return daUtf8(cartellaImpostazioni()) + QStringLiteral("/window.ini"); }
 
 QRect postoVisibile(const QRect& voluto, const QList<QRect>& schermi) {
     constexpr int presaLarga = 96, presaAlta = 24;   // of the title bar, enough to take hold of
@@ -94,6 +94,7 @@ Finestra* finestraAperta() { return aperta.get(); }
 void creaTelaio() {
     cornice = new Telaio;
     cornice->setCentralWidget(new Centro);
+    creaStriscia(*cornice);
     if (avvio().script) {
         adattaTelaio(avvio().width, avvio().height);
         return;
@@ -115,19 +116,21 @@ void distruggiTelaio() {
     if (!avvio().script && cornice->isVisible())
         QSettings(fileDelTelaio(), QSettings::IniFormat).setValue("geometry", cornice->saveGeometry());
     DisposeWindow(aperta.get());
+    togliStriscia();
     togliPagina();
     delete std::exchange(cornice, nullptr);
 }
 
 void adattaTelaio(std::int32_t width, std::int32_t height) {
-    if (cornice != nullptr) cornice->resize(width, height + barra()->sizeHint().height());
+    if (cornice != nullptr) cornice->resize(width, height + barra()->sizeHint().height() + altezzaStriscia());
 }
 
 QRect schermoUtile() {
     if (avvio().script || cornice == nullptr) return {0, 0, avvio().width, avvio().height};
     const QRect libero = cornice->screen()->availableGeometry();
     const QSize bordi = cornice->frameGeometry().size() - cornice->size();
-    return {0, 0, libero.width() - bordi.width(), libero.height() - bordi.height() - barra()->sizeHint().height()};
+    return {0, 0, libero.width() - bordi.width(),
+            libero.height() - bordi.height() - barra()->sizeHint().height() - altezzaStriscia()};
 }
 
 Rect ScreenBounds() {
@@ -223,6 +226,9 @@ void SetWindowModified(WindowPtr w, bool modified) {
 
 std::string GetWTitle(WindowPtr w) { return w == nullptr ? std::string{} : w->titolo; }
 GrafPtr GetWindowPort(WindowPtr w) { return w == nullptr ? nullptr : w->porta.get(); }
+void SetWindowSmooth(WindowPtr w, bool smooth) {
+    if (w != nullptr) w->porta->smooth = smooth;
+}
 void SetPortWindowPort(WindowPtr w) { SetPort(GetWindowPort(w)); }
 Rect GetPortBounds(WindowPtr w) { return w == nullptr ? Rect{} : w->porta->portRect; }
 
