@@ -117,7 +117,8 @@ struct Indice2007 {
     Mappa2007 pagine{}, sezioni{};
 };
 
-// What the header tells: 34 numbers, the last a check of those before.
+// What the header tells: 34 numbers, the last a check of those before. How other programs make the header's own checks is
+// not known, and no reader is known that asks; ours are made as those of the pages are.
 std::string numeri(const Indice2007& x) {
     constexpr std::uint64_t lungaPropria = 0x70, ripetuta = 1, versioneFlusso = 0x60100, niente = 0;
     std::string n;
