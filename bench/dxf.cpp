@@ -184,6 +184,27 @@ void database() {
     riga("100,000 out and back", nostri, "byte walk", nudi, 90);
 }
 
+// The same hundred thousand as a DWG of each version, against the newest DXF; nothing reads these back.
+void scritturaDwg() {
+    Scritti conto;
+    const auto db = CreaDatabaseDisegno(conto);
+    const auto scritto = [&db](OdDbSaveType tipo, std::int16_t versione) {
+        return millisecondi([&] {
+            OdWrFileBuf buffer;
+            MyServices svcs;
+            if (writeFile(*db, buffer, tipo, versione, svcs).codice != eOk) fallito("the export");
+        });
+    };
+    for (const OdDbDwgVersion& v : VersioniScrivibili()) {
+        std::vector<double> dwg, dxf;
+        for (int i = 0; i < voltePari; ++i) {
+            dwg.push_back(scritto(OdDbSaveType::kDwg, v.numero));
+            dxf.push_back(scritto(OdDbSaveType::kDxf, VersioniScrivibili().front().numero));
+        }
+        riga(("  as DWG, " + std::string(v.prodotto)).c_str(), dwg, "newest DXF", dxf, 20);
+    }
+}
+
 void lettura(const char* che, std::string_view fineRiga, bool colPari) {
     const FileDxf dxf(fineRiga);
     const FileBreve file("tessaro-bench-in.dxf");
@@ -232,5 +253,6 @@ int main() {
     lettura("DXF read, LF", "\n", false);
     scrittura();
     database();
+    scritturaDwg();
     return 0;
 }

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "dwg/kit/dxfscrivi/GruppiInUscita.h"
-#include "dwg/Parole.h"
+#include "dwg/ParoleDWG.h"
 #include "exchange/Resoconto.h"
 #include "platform/Resources.h"
 

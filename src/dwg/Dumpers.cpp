@@ -6,7 +6,7 @@
 #include "dwg/kit/Archi.h"
 #include "dwg/kit/Esplodi.h"
 #include "dwg/kit/Frammenti.h"
-#include "dwg/Parole.h"
+#include "dwg/ParoleDWG.h"
 
 namespace tessaro {
 

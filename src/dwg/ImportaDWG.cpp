@@ -6,7 +6,7 @@
 #include "display/Zoom.h"
 #include "dwg/DbDumper.h"
 #include "dwg/kit/Esplodi.h"
-#include "dwg/Parole.h"
+#include "dwg/ParoleDWG.h"
 #include "exchange/Operazione.h"
 #include "files/Impostazioni.h"
 #include "model/Annulla.h"

@@ -6,7 +6,7 @@
 #include "dialogs/Errori.h"
 #include "dwg/Confronto.h"
 #include "dwg/dwgdxf.h"
-#include "dwg/Parole.h"
+#include "dwg/ParoleDWG.h"
 #include "exchange/NomiLayer.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"

@@ -364,6 +364,15 @@ TEST(ScriviDwg, someoneElsesReaderFindsEveryEntityOfEachVersion) {
     }
 }
 
+TEST(ScriviDwg, layersThatTheShortNamesOfR12WouldJoinStayApart) {
+    OdDbDatabase db = createDatabase(true, 0);
+    const std::string lungo(40, 'A');
+    for (const char* coda : {"uno", "due"}) db.layers.getOrAdd(lungo + coda);
+    const std::string byte = scrittoDwg(db, 16);
+    EXPECT_NE(byte.find(std::string(31, 'A') + '\0'), std::string::npos);
+    EXPECT_NE(byte.find(std::string(29, 'A') + "~2" + '\0'), std::string::npos);
+}
+
 TEST(ScriviDwg, aDamagedFileIsAMessageAndNoHarm) {
     OdDbDatabase inteso = disegno(20);
     const std::string intero = scrittoDwg(inteso, 23);

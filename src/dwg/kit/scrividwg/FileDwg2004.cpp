@@ -122,6 +122,9 @@ std::string cifra(std::string s, std::size_t quanti) {
     return s;
 }
 
+// The format's number for itself.
+constexpr unsigned versioneDi(FormatoDwg f) { return f == FormatoDwg::r2004 ? 0x19 : 0x1D; }
+
 struct Mappe {
     std::uint32_t numeroPagine, numeroSezioni, ultima;
     std::uint64_t dovePagine, fine;
@@ -142,14 +145,49 @@ std::string intestazioneCifrata(const Mappe& m) {
     return parte(crc32(parte(0)));
 }
 
+// The page map tells its own length: it grows by whole steps, so a second round is right.
+std::string mappaPagine(const Pagine& p, std::uint32_t suoNumero) {
+    std::uint32_t lunghezza = 0;
+    std::string pagina;
+    for (int giro = 0; giro < 3; ++giro) {
+        std::string mappa;
+        for (std::size_t i = 0; i < p.lunghezze.size(); ++i) {
+            aggiungiRL(mappa, static_cast<std::uint32_t>(i + 1));
+            aggiungiRL(mappa, p.lunghezze[i]);
+        }
+        aggiungiRL(mappa, suoNumero);
+        aggiungiRL(mappa, lunghezza);
+        pagina = paginaSistema(paginaMappaPagine, mappa);
+        lunghezza = static_cast<std::uint32_t>((pagina.size() + passo - 1) / passo * passo);
+    }
+    return pagina;
+}
+
+// What stands in the clear at the front; `riassunto` and `anteprima` are the places of those two parts.
+std::string inizio(std::string_view sigla, FormatoDwg formato, std::uint32_t riassunto, std::uint32_t anteprima) {
+    constexpr unsigned paginaCodici = 30;
+    constexpr std::uint32_t doveCifrata = 0x80;
+    const bool del2004 = formato == FormatoDwg::r2004;
+    const unsigned rilascio = del2004 ? 0 : 6;
+    std::string s(sigla);
+    s.append(5, '\0');
+    s.push_back(static_cast<char>(rilascio));
+    s.push_back(3);
+    aggiungiRL(s, anteprima);
+    s.push_back(static_cast<char>(versioneDi(formato)));
+    s.push_back(static_cast<char>(rilascio));
+    aggiungiRS(s, paginaCodici);
+    s.append(3, '\0');
+    for (const std::uint32_t v : {0U, 0U, riassunto, 0U, doveCifrata}) aggiungiRL(s, v);
+    s.resize(doveCifrata, '\0');
+    return s;
+}
+
 }   // namespace
 
 OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
-    constexpr unsigned paginaCodici = 30;
-    const unsigned rilascio = st.formato == FormatoDwg::r2004 ? 0 : 6;
-    const unsigned versione = st.formato == FormatoDwg::r2004 ? 0x19 : 0x1D;
     std::vector<SezioneDwg> sezioni;
-    for (ParteDwg& parte : PartiDwg(st, versione))
+    for (ParteDwg& parte : PartiDwg(st, versioneDi(st.formato)))
         sezioni.push_back({parte.nome, std::move(parte.dati), !parte.facoltativa, {}});
 
     Pagine p;
@@ -161,43 +199,16 @@ OdError FileDwg2004(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& f
     };
     Mappe m{};
     m.numeroSezioni = p.aggiungi(paginaSistema(paginaMappaSezioni, mappaSezioni(sezioni)));
-    // The page map tells its own length: it grows by whole steps, so a second round is right.
     m.numeroPagine = m.ultima = m.numeroSezioni + 1;
     m.dovePagine = p.qui();
-    std::uint32_t lunghezza = 0;
-    std::string pagina;
-    for (int giro = 0; giro < 3; ++giro) {
-        std::string mappa;
-        for (std::size_t i = 0; i < p.lunghezze.size(); ++i) {
-            aggiungiRL(mappa, static_cast<std::uint32_t>(i + 1));
-            aggiungiRL(mappa, p.lunghezze[i]);
-        }
-        aggiungiRL(mappa, m.numeroPagine);
-        aggiungiRL(mappa, lunghezza);
-        pagina = paginaSistema(paginaMappaPagine, mappa);
-        lunghezza = static_cast<std::uint32_t>((pagina.size() + passo - 1) / passo * passo);
-    }
-    p.aggiungi(pagina);
+    p.aggiungi(mappaPagine(p, m.numeroPagine));
     m.fine = p.qui();
 
-    std::string testa(sigla);
-    testa.append(5, '\0');
-    testa.push_back(static_cast<char>(rilascio));
-    testa.push_back(3);
-    aggiungiRL(testa, postoDi(1));   // preview
-    testa.push_back(static_cast<char>(versione));
-    testa.push_back(static_cast<char>(rilascio));
-    aggiungiRS(testa, paginaCodici);
-    testa.append(3, '\0');
-    aggiungiRL(testa, 0);
-    aggiungiRL(testa, 0);
-    aggiungiRL(testa, postoDi(0));   // summary
-    aggiungiRL(testa, 0);
-    aggiungiRL(testa, 0x80);
-    testa.resize(0x80, '\0');
+    constexpr std::size_t riassunto = 0, anteprima = 1;   // among the parts
+    const std::string testa = inizio(sigla, st.formato, postoDi(riassunto), postoDi(anteprima));
     const std::string cifrata = intestazioneCifrata(m);
-    testa += cifra(cifrata, inizioPagine - 0x80);
     file.put(testa);
+    file.put(cifra(cifrata, inizioPagine - testa.size()));
     file.put(p.s);
     file.put(cifra(cifrata, lunghezzaCifrata));
     return {};

@@ -106,9 +106,7 @@ struct Mappa2007 {
     std::uint64_t lunga, imballata, crc, crcImballata;
 };
 Mappa2007 mappa(const std::string& dati) {
-    const std::string corpo = ComprimiDwg2007(dati);   // always the packed form, whatever its length
-    const bool corta = corpo.size() < dati.size();
-    const std::string& usato = corta ? corpo : dati;
+    const std::string usato = imballato(dati);
     std::string pagina = ConParita2007(finoA(usato, 8), Parita2007::pagineSistema);
     return {finoA(std::move(pagina), lungaTesta), dati.size(), usato.size(), Crc2007(dati), Crc2007(usato)};
 }
@@ -119,46 +117,29 @@ struct Indice2007 {
     Mappa2007 pagine{}, sezioni{};
 };
 
-// The header: 34 numbers, packed, behind their own checks.
-std::string testa(const Indice2007& x) {
-    constexpr std::uint64_t lungaPropria = 0x70, ripetuta = 1, versioneFlusso = 0x60100;
+// What the header tells: 34 numbers, the last a check of those before. How other programs make the header's own checks is
+// not known, and no reader is known that asks; ours are made as those of the pages are.
+std::string numeri(const Indice2007& x) {
+    constexpr std::uint64_t lungaPropria = 0x70, ripetuta = 1, versioneFlusso = 0x60100, niente = 0;
     std::string n;
-    for (const std::uint64_t v : {lungaPropria,
-                                  x.fine,
-                                  x.pagine.crcImballata,
-                                  ripetuta,
-                                  std::uint64_t{0},
-                                  x.pagine.pagina.size(),
-                                  x.secondaMappa,
-                                  std::uint64_t{0},
-                                  x.numeroMappa,
-                                  x.secondaTesta,
-                                  x.pagine.imballata,
-                                  x.pagine.lunga,
-                                  x.quantePagine,
-                                  x.secondaMappa,
-                                  std::uint64_t{0x20},
-                                  std::uint64_t{0x40},
-                                  x.pagine.crc,
-                                  std::uint64_t{pienoPagina},
-                                  codificata,
-                                  std::uint64_t{1},
-                                  x.quanteSezioni,
-                                  x.sezioni.crc,
-                                  x.sezioni.imballata,
-                                  x.numeroSezioni,
-                                  x.numeroSezioni,
-                                  x.sezioni.lunga,
-                                  x.sezioni.crcImballata,
-                                  ripetuta,
-                                  std::uint64_t{0},
-                                  versioneFlusso,
-                                  std::uint64_t{0},
-                                  std::uint64_t{0},
-                                  std::uint64_t{0}})
-        aggiungiRLL(n, v);
+    const auto metti = [&n](std::initializer_list<std::uint64_t> v) {
+        for (const std::uint64_t u : v) aggiungiRLL(n, u);
+    };
+    const Mappa2007 &p = x.pagine, &s = x.sezioni;
+    metti({lungaPropria, x.fine, p.crcImballata, ripetuta, niente});
+    metti({p.pagina.size(), x.secondaMappa, niente, x.numeroMappa, x.secondaTesta});   // places count behind the header
+    metti({p.imballata, p.lunga, x.quantePagine, x.secondaMappa, 0x20, 0x40, p.crc});
+    metti({pienoPagina, codificata, 1, x.quanteSezioni});
+    metti({s.crc, s.imballata, x.numeroSezioni, x.numeroSezioni, s.lunga, s.crcImballata, ripetuta, niente});
+    metti({versioneFlusso, niente, niente, niente});
     aggiungiRLL(n, Crc2007(n + std::string(8, '\0')));
-    const std::string corpo = ComprimiDwg2007(n);
+    return n;
+}
+
+// The numbers packed, behind their own checks, under the code of the system's pages.
+std::string testa(const Indice2007& x) {
+    constexpr std::size_t blocchi = 3, utili = 239;
+    const std::string corpo = ComprimiDwg2007(numeri(x));
     std::string t;
     aggiungiRLL(t, 0);   // a number drawn for the file, which nothing depends on
     aggiungiRLL(t, Crc2007(corpo));
@@ -167,15 +148,51 @@ std::string testa(const Indice2007& x) {
     std::string tutto;
     aggiungiRLL(tutto, Crc2007(t));
     tutto += t + corpo;
-    constexpr std::size_t blocchi = 3, utili = 239;
     tutto.resize(blocchi * utili, '\0');
     return finoA(ConParita2007(tutto, Parita2007::pagineSistema), lungaTesta);
+}
+
+// The map of pages stands before all others, twice, and tells its own length: it grows by whole steps.
+Mappa2007 mappaPagine(const Pagine2007& p, const Indice2007& x) {
+    std::size_t lunga = lungaTesta;
+    Mappa2007 fatta{};
+    for (int giro = 0; giro < 3; ++giro) {
+        std::string m;
+        const auto riga = [&m](std::uint64_t quanti, std::uint64_t numero) {
+            aggiungiRLL(m, quanti);
+            aggiungiRLL(m, numero);
+        };
+        riga(lunga, x.numeroMappa);
+        riga(lunga, x.secondaMappa);
+        for (const auto& [numero, pagina] : p.pagine) riga(pagina.size(), numero);
+        fatta = mappa(m);
+        lunga = fatta.pagina.size();
+    }
+    return fatta;
+}
+
+// What every reader finds at the front, whatever the format.
+std::string inizio(std::string_view sigla, unsigned versione) {
+    constexpr unsigned paginaCodici = 30, rilascio = 0x32;
+    constexpr std::size_t doveTesta = 0x28;
+    std::string s(sigla);
+    s.append(5, '\0');
+    s.push_back(static_cast<char>(rilascio));
+    s.push_back(3);
+    aggiungiRL(s, 0);   // no preview
+    s.push_back(static_cast<char>(versione));
+    s.push_back(static_cast<char>(rilascio));
+    aggiungiRS(s, paginaCodici);
+    s.resize(doveTesta, '\0');
+    aggiungiRL(s, inizioTesta);
+    s.resize(inizioTesta, '\0');
+    return s;
 }
 
 }   // namespace
 
 OdError FileDwg2007(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
-    constexpr unsigned paginaCodici = 30, versione = 0x1B, rilascio = 0x32;
+    constexpr unsigned versione = 0x1B;
     std::vector<Sezione2007> sezioni;
     Pagine2007 p;
     for (ParteDwg& parte : PartiDwg(st, versione))
@@ -188,40 +205,15 @@ OdError FileDwg2007(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& f
     p.pagine.emplace_back(x.numeroSezioni, x.sezioni.pagina);
     x.numeroMappa = x.numeroSezioni + 1;
     x.secondaMappa = x.numeroMappa + 1;
-    // The map of pages stands before all others, twice, and tells its own length: it grows by whole steps.
-    std::size_t lunga = lungaTesta;
-    for (int giro = 0; giro < 3; ++giro) {
-        std::string m;
-        for (const std::uint64_t numero : {x.numeroMappa, x.secondaMappa}) {
-            aggiungiRLL(m, lunga);
-            aggiungiRLL(m, numero);
-        }
-        for (const auto& [numero, pagina] : p.pagine) {
-            aggiungiRLL(m, pagina.size());
-            aggiungiRLL(m, numero);
-        }
-        x.pagine = mappa(m);
-        lunga = x.pagine.pagina.size();
-    }
+    x.pagine = mappaPagine(p, x);
     x.quantePagine = p.pagine.size() + 2;
-    x.secondaTesta = 2 * lunga;
+    x.secondaTesta = 2 * x.pagine.pagina.size();
     for (const auto& [numero, pagina] : p.pagine) x.secondaTesta += pagina.size();
     x.fine = inizioPagine + x.secondaTesta + lungaTesta;
     if (x.fine > 0x7FFFFFFF) return {eFileWriteError, 0, {}};
 
-    std::string s(sigla);
-    s.append(5, '\0');
-    s.push_back(static_cast<char>(rilascio));
-    s.push_back(3);
-    aggiungiRL(s, 0);   // no preview
-    s.push_back(static_cast<char>(versione));
-    s.push_back(static_cast<char>(rilascio));
-    aggiungiRS(s, paginaCodici);
-    s.resize(0x2C, '\0');
-    aggiungiRL(s, inizioTesta);
-    s.resize(inizioTesta, '\0');
     const std::string t = testa(x);
-    file.put(s);
+    file.put(inizio(sigla, versione));
     file.put(t);
     for (int volta = 0; volta < 2; ++volta) file.put(x.pagine.pagina);
     for (const auto& [numero, pagina] : p.pagine) file.put(pagina);

@@ -117,6 +117,37 @@ void applicazione(StesuraDwg& s, const OdDbRegAppTableRecord& r) {
     s.aggiungi(r.handle, o);
 }
 
+// What the viewport shows and how: place on the screen, axes' sign, grid, snap, coordinate system.
+void vistaModi(const StesuraDwg& s, BitDwg& d) {
+    d.RD2(0, 0);
+    d.RD2(1, 1);
+    d.B(false);   // its coordinate system does not follow
+    d.BS(1000);   // smoothness of circles
+    d.B(true);    // fast zoom
+    d.BB(3);      // the axes' sign, at the origin
+    d.B(false);   // no grid
+    d.RD2(10, 10);
+    d.B(false);   // no snap
+    d.B(false);
+    d.BS(0);
+    d.BD(0);
+    d.RD2(0, 0);
+    d.RD2(10, 10);
+    if (s.formato >= FormatoDwg::r2000) {
+        d.B(false);
+        d.B(true);   // a coordinate system of its own
+        d.BD3(OdGePoint3d{});
+        d.BD3(OdGePoint3d{1, 0, 0});
+        d.BD3(OdGePoint3d{0, 1, 0});
+        d.BD(0);
+        d.BS(0);
+    }
+    if (s.formato >= FormatoDwg::r2007) {
+        d.BS(0);
+        d.BS(5);
+    }
+}
+
 // The one viewport of the model space, which sees the whole drawing.
 void vista(StesuraDwg& s) {
     const OdGePoint3d &a = s.db.header.extMin, &b = s.db.header.extMax;
@@ -149,33 +180,7 @@ void vista(StesuraDwg& s) {
         ambiente.setColorIndex(250);
         o.colore(ambiente);
     }
-    d.RD2(0, 0);
-    d.RD2(1, 1);
-    d.B(false);   // its coordinate system does not follow
-    d.BS(1000);   // smoothness of circles
-    d.B(true);    // fast zoom
-    d.BB(3);      // the axes' sign, at the origin
-    d.B(false);   // no grid
-    d.RD2(10, 10);
-    d.B(false);   // no snap
-    d.B(false);
-    d.BS(0);
-    d.BD(0);
-    d.RD2(0, 0);
-    d.RD2(10, 10);
-    if (s.formato >= FormatoDwg::r2000) {
-        d.B(false);
-        d.B(true);   // a coordinate system of its own
-        d.BD3(OdGePoint3d{});
-        d.BD3(OdGePoint3d{1, 0, 0});
-        d.BD3(OdGePoint3d{0, 1, 0});
-        d.BD(0);
-        d.BS(0);
-    }
-    if (s.formato >= FormatoDwg::r2007) {
-        d.BS(0);
-        d.BS(5);
-    }
+    vistaModi(s, d);
     o.riferimenti.H(hPunta, 0);
     if (s.formato >= FormatoDwg::r2007) {
         o.riferimenti.H(hPuntaDebole, 0);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "dwg/kit/scrividwg/FileDwg12.h"
+#include "dwg/kit/scrividwg/OggettoDwg.h"
 
 namespace tessaro {
 
@@ -19,10 +20,26 @@ std::size_t inizioRecord(ByteDwg12& b, unsigned flag, std::string_view nome) {
     return da;
 }
 
+// Layers whose names are the same as far as a record holds them: the later ones end with their place.
+std::string nomeUnico(const std::string& nome, std::size_t posto, std::vector<std::string>& dati) {
+    std::string n = TestoDwg(nome).substr(0, postiNome - 1);
+    if (std::find(dati.begin(), dati.end(), n) != dati.end()) {
+        const std::string coda = '~' + std::to_string(posto);
+        n = n.substr(0, postiNome - 1 - coda.size()) + coda;
+    }
+    dati.push_back(n);
+    return n;
+}
+
 void piani(ByteDwg12& b, const OdDbDatabase& db) {
     const std::vector<std::int32_t> linee = NumeriLinee12(db);
+    std::vector<std::string> dati;
     for (const OdDbLayerTableRecord& r : db.layers.record) {
-        const std::size_t da = inizioRecord(b, inUso | (r.isFrozen ? gelato : 0) | (r.isLocked ? bloccato : 0), r.name);
+        const std::size_t da = b.s.size();
+        b.RC(inUso | (r.isFrozen ? gelato : 0) | (r.isLocked ? bloccato : 0));
+        const std::string suo = nomeUnico(r.name, dati.size(), dati);
+        b.s += suo + std::string(postiNome - suo.size(), '\0');
+        b.RS(-1);
         const int colore = r.color.indice >= 1 && r.color.indice <= 255 ? r.color.indice : 7;
         b.RS(r.isOff ? -colore : colore);
         const std::int32_t linea = r.linetype.isNull() ? 0 : linee[r.linetype.n - 1];

@@ -1,5 +1,5 @@
 // The sentences of list 9153.
-#include "dwg/Parole.h"
+#include "dwg/ParoleDWG.h"
 
 #include "platform/Resources.h"
 
