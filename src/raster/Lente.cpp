@@ -136,7 +136,8 @@ bool PictureToPixMapCorrezione(PicHandle pict) {
     src.dati.reset();
     std::string bytes;
     if (!EmptyRect(destRect)) bytes = ImmagineDaTela(dst, sorgente->formato(), destRect, tipoPitc);
-    return AggiungiImmagine(std::move(bytes), x1Pict, y1Pict, destRect.right * DecPunto, destRect.bottom * DecPunto);
+    return AggiungiImmagine(lavoro, std::move(bytes), x1Pict, y1Pict, destRect.right * DecPunto,
+                            destRect.bottom * DecPunto);
 }
 
 void CorreggiPictSel() {

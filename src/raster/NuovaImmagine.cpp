@@ -16,6 +16,7 @@
 #include "platform/pict/Codici.h"
 #include "platform/pict/Scrittore.h"
 #include "platform/Quickdraw.h"
+#include "raster/Lavoro.h"
 
 namespace tessaro {
 
@@ -133,8 +134,9 @@ std::string ExtendedStdBits(const Tela& t, const Formato& f, const Rect& dstRect
     return scrivi(t, f, dstRect, tipo, bandaStdBits);
 }
 
-bool AggiungiImmagine(std::string bytes, double x, double y, double larghezza, double altezza) {
+bool AggiungiImmagine(LavoroRaster& lavoro, std::string bytes, double x, double y, double larghezza, double altezza) {
     constexpr std::size_t vuota = 20;
+    if (!lavoro.passo(1)) return false;
     if (bytes.size() <= vuota) {
         AvvisoMemoria();
         return false;

@@ -9,6 +9,8 @@
 
 namespace tessaro {
 
+class LavoroRaster;
+
 // A side of a stored picture has 16 bits. A wider raster is told in units of several pixels, and completed to whole units
 // by repeating its last column and row.
 inline constexpr std::int32_t latoPict = 32767;
@@ -28,8 +30,8 @@ std::int16_t ModoDi(std::int16_t tipo);   // 1 copy, 2 or, 3 transparent to the 
 std::string ImmagineDaTela(const Tela& t, const Formato& f, const Rect& frame, std::int16_t tipo);
 std::string ExtendedStdBits(const Tela& t, const Formato& f, const Rect& dstRect, std::int16_t tipo);
 
-// A new picture element with the bytes; width and height on the sheet. False, with alert 128, when `bytes` are 20 or
-// fewer. A full drawing takes nothing and says nothing.
-bool AggiungiImmagine(std::string bytes, double x, double y, double larghezza, double altezza);
+// A new picture element with the bytes; width and height on the sheet. False when the job was stopped while they were
+// packed, and, with alert 128, when `bytes` are 20 or fewer. A full drawing takes nothing and says nothing.
+bool AggiungiImmagine(LavoroRaster& lavoro, std::string bytes, double x, double y, double larghezza, double altezza);
 
 }   // namespace tessaro

@@ -156,8 +156,8 @@ bool PictureToPixMap(PicHandle pict, bool taglio) {
     if (esito == EsitoPercorso::memoria) AvvisoMemoria(MemoriaChiesta());
     if (esito != EsitoPercorso::fatto) return false;
     const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
-    return AggiungiImmagine(ExtendedStdBits(risultato, sorgente->formato(), FrameDi(risultato), tipoPitc), x1Pict2,
-                            y1Pict2, (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
+    return AggiungiImmagine(lavoro, ExtendedStdBits(risultato, sorgente->formato(), FrameDi(risultato), tipoPitc),
+                            x1Pict2, y1Pict2, (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
                             (y2Pict2 - y1Pict2) * Completamento(altBitMap, unita));
 }
 

@@ -212,8 +212,8 @@ bool PictureToPixMapMesh(PicHandle pict) {
     if (esito == EsitoPercorso::memoria) AvvisoMemoria(MemoriaChiesta());
     if (esito != EsitoPercorso::fatto) return false;
     destRect = rectGW2;
-    return AggiungiImmagine(ImmagineDaTela(risultato, sorgente->formato(), FrameDi(risultato), tipoPitc), x1Pict2,
-                            y1Pict2, x2MeshDes - x1MeshDes, y2MeshDes - y1MeshDes);
+    return AggiungiImmagine(lavoro, ImmagineDaTela(risultato, sorgente->formato(), FrameDi(risultato), tipoPitc),
+                            x1Pict2, y1Pict2, x2MeshDes - x1MeshDes, y2MeshDes - y1MeshDes);
 }
 
 }   // namespace tessaro

@@ -101,8 +101,8 @@ bool RettificaMorbida(PicHandle pict, bool taglio) {
     if (!copiePer(m, campo, q.area)) return senzaRitorno();
     if (!Ricampiona(q, [&lavoro](double f) { return lavoro.passo(f); })) return false;
     const std::int32_t unita = PixelPerUnita(larghBitMap, altBitMap);
-    return AggiungiImmagine(ExtendedStdBits(m.risultato, *m.forma, FrameDi(m.risultato), tipoPitc), x1Pict2, y1Pict2,
-                            (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
+    return AggiungiImmagine(lavoro, ExtendedStdBits(m.risultato, *m.forma, FrameDi(m.risultato), tipoPitc), x1Pict2,
+                            y1Pict2, (x2Pict2 - x1Pict2) * Completamento(larghBitMap, unita),
                             (y2Pict2 - y1Pict2) * Completamento(altBitMap, unita));
 }
 
@@ -148,8 +148,8 @@ bool MeshMorbida(PicHandle pict) {
         }
     RestoreAttachPoints();
     if (!bene) return lavoro.fermato() ? false : senzaRitorno();
-    return AggiungiImmagine(ImmagineDaTela(m.risultato, *m.forma, FrameDi(m.risultato), tipoPitc), x1Pict2, y1Pict2,
-                            x2Pict2 - x1Pict2, y2Pict2 - y1Pict2);
+    return AggiungiImmagine(lavoro, ImmagineDaTela(m.risultato, *m.forma, FrameDi(m.risultato), tipoPitc), x1Pict2,
+                            y1Pict2, x2Pict2 - x1Pict2, y2Pict2 - y1Pict2);
 }
 
 bool CorrezioneMorbida(PicHandle pict) {
@@ -169,7 +169,8 @@ bool CorrezioneMorbida(PicHandle pict) {
         return false;
     std::string bytes;
     if (!EmptyRect(destRect)) bytes = ImmagineDaTela(m.risultato, *m.forma, destRect, tipoPitc);
-    return AggiungiImmagine(std::move(bytes), x1Pict, y1Pict, destRect.right * DecPunto, destRect.bottom * DecPunto);
+    return AggiungiImmagine(lavoro, std::move(bytes), x1Pict, y1Pict, destRect.right * DecPunto,
+                            destRect.bottom * DecPunto);
 }
 
 std::string RotazioneMorbida(const tPictRot& p, std::int16_t bit, const CorniceGiro& q, std::int64_t w, std::int64_t h,

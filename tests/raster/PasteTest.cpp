@@ -87,6 +87,24 @@ TEST_F(Paste, theBestFormIsTakenAndWhatIsNoPictureIsSaid) {
     EXPECT_EQ(numeriAvvisi(), std::vector<std::int16_t>{128});
 }
 
+TEST_F(Paste, whatWouldLieOutOfSightComesIntoTheView) {
+    const Pixels q = tinta(0x445566);
+    ASSERT_TRUE(PutScrap({{"image/x-pict", [&] { return PictDaPixel(q.p.data(), q.w, q.h); }}}));
+    myViewRect = Rect{50, 32, 450, 632};
+    scalavid = 1;
+    OrigX = -32;
+    OrigY = -50;
+    xcurs = ycurs = 5000;
+    IncollaPict();
+    ASSERT_EQ(indElem, 3);
+    EXPECT_NEAR(Elem(3).pict.x, 300, 1);
+    EXPECT_NEAR(Elem(3).pict.y, 200, 1);
+    EXPECT_EQ(xcurs, 5000.0) << "the cursor stays";
+    xcurs = ycurs = 120;
+    IncollaPict();
+    EXPECT_EQ(Elem(4).pict.x, 120.0) << "in sight, at the cursor";
+}
+
 TEST_F(Paste, aCopiedListOfFilesBringsThemAllBesideEachOther) {
     const auto cartella = std::filesystem::temp_directory_path() / ("tessaro-incolla " + std::to_string(::getpid()));
     std::filesystem::create_directories(cartella);

@@ -6,63 +6,29 @@
 #include <cstddef>
 
 #include "platform/pict/Bits.h"
+#include "platform/pict/CodificheParti.h"
 
 namespace tessaro {
 
 namespace {
 
-constexpr std::uint32_t codice(const char (&s)[5]) {
-    std::uint32_t n = 0;
-    for (int i = 0; i < 4; ++i) n = n << 8 | static_cast<std::uint8_t>(s[i]);
-    return n;
-}
-
-constexpr std::int16_t grigi = 32;   // added to a depth: grey levels in place of colours
-
-// The colours of images of 8 bits: a table of their own behind the description, or greys.
-void leggiTavola(const ImmagineCompressa& c, BitsTesta& t) {
-    constexpr std::size_t lungaDescrizione = 86;
-    for (std::uint32_t i = 0; i < 256; ++i) t.tavola[i] = 0xFF000000U | (255 - i) * 0x010101U;
-    if (c.depth > grigi || c.descrizione.size() < lungaDescrizione + 8) return;
-    Lettore l(c.descrizione);
-    l.vai(lungaDescrizione - 2);
-    if (l.i16() != 0) return;   // a table of the system's
-    l.salta(6);
-    const std::int32_t ultimo = std::min<std::int32_t>(l.u16(), 255);
-    for (std::int32_t i = 0; i <= ultimo; ++i) {
-        l.salta(2);
-        const std::uint32_t p = pixelDi(l.colore());
-        if (!l.guasto()) t.tavola[static_cast<std::size_t>(i)] = p;
-    }
-}
-
 // How one pixel of these codings stands in memory.
 bool testaPer(const ImmagineCompressa& c, BitsTesta& t) {
-    const bool indici = c.depth == 8 || c.depth == 8 + grigi;
+    const bool indici = BitIndice(c) == 8;
     if (!indici && c.depth != 16 && c.depth != 24 && c.depth != 32) return false;
     t.diretto = !indici;
     t.pixelSize = indici ? std::int16_t{8} : c.depth == 16 ? std::int16_t{16} : std::int16_t{32};
     t.packType = c.depth == 24 ? 2 : 1;
     t.cmpCount = 3;
-    if (indici) leggiTavola(c, t);
+    if (indici) {
+        const TavolaColori colori = TavolaDi(c);
+        std::copy(colori.begin(), colori.end(), t.tavola.begin());
+    }
     return true;
 }
 
 std::size_t bytePerPixel(const ImmagineCompressa& c) {
-    return c.depth == 8 || c.depth == 8 + grigi ? 1 : static_cast<std::size_t>(c.depth) / 8;
-}
-
-// The smallest code of a picture's blocks or rows stands for this many pixels at most: a claim beyond is no picture.
-bool credibile(const ImmagineCompressa& c, double pixelPerByte) {
-    constexpr double sempre = 1 << 20;
-    return double(c.width) * c.height <= std::max(sempre, static_cast<double>(c.dati.size()) * pixelPerByte);
-}
-
-void apri(const ImmagineCompressa& c, Immagine& out) {
-    out.width = c.width;
-    out.height = c.height;
-    out.depth = 32;
-    out.pixels.assign(static_cast<std::size_t>(c.width) * static_cast<std::size_t>(c.height), 0xFFFFFFFFU);
+    return BitIndice(c) == 8 ? 1 : static_cast<std::size_t>(c.depth) / 8;
 }
 
 // Uncoded pixels: rows without padding, alpha in front at 32 bits.
@@ -72,9 +38,9 @@ bool grezza(const ImmagineCompressa& c, Immagine& out) {
     const auto larghi = static_cast<std::size_t>(c.width);
     const std::size_t riga = larghi * bytePerPixel(c);
     const std::size_t righe = std::min(static_cast<std::size_t>(c.height), c.dati.size() / riga);
-    if (righe == 0 || !credibile(c, 1e4)) return false;
+    if (righe == 0 || !Credibile(c, 1e4)) return false;
     t.bounds = Rect{0, 0, static_cast<std::int32_t>(righe), c.width};
-    apri(c, out);
+    ApriBianca(c, out);
     DecodificaRighe decodifica(t);
     for (std::size_t y = 0; y < righe; ++y)
         decodifica.riga(c.dati.substr(y * riga, riga), out.pixels.data() + y * larghi);
@@ -159,18 +125,81 @@ private:
 
 bool aBlocchi(const ImmagineCompressa& c, Immagine& out) {
     constexpr double perByte = 32 * 16;   // a code of one byte fills 32 blocks
-    if (!credibile(c, perByte)) return false;
-    apri(c, out);
+    if (!Credibile(c, perByte)) return false;
+    ApriBianca(c, out);
     return Blocchi(c, out).esegui();
 }
 
 // --- runs of pixels, row by row
 
+// Indices of 2 and 4 bits go four bytes at a time; those of 1 bit two, and there a row begins where a code says so.
+class TrattiDiBit {
+public:
+    TrattiDiBit(const ImmagineCompressa& c, Immagine& im, Lettore dati, std::size_t da, std::size_t a)
+        : l(dati), out(im), colori(TavolaDi(c)), bit(static_cast<unsigned>(BitIndice(c))), y(da), fondo(a) {}
+    bool esegui() { return bit == 1 ? unBit() : perRighe(); }
+
+private:
+    [[nodiscard]] std::size_t insieme() const { return (bit == 1 ? 16U : 32U) / bit; }   // pixels that go together
+
+    bool perRighe() {
+        for (; y < fondo && l.resto() > 0; ++y) {
+            x = (l.u8() - std::size_t{1}) * insieme();
+            for (std::int8_t n = l.i8(); n != -1 && !l.guasto(); n = l.i8()) {
+                if (n == 0)
+                    x += (l.u8() - std::size_t{1}) * insieme();
+                else
+                    metti(n);
+            }
+        }
+        return qualcuna;
+    }
+    // A skip with its high bit begins the next row, the first one too.
+    bool unBit() {
+        bool iniziata = false;
+        while (l.resto() > 1) {
+            const std::size_t salto = l.u8();
+            const std::int8_t n = l.i8();
+            if (n == 0) break;
+            if ((salto & 0x80) != 0) {
+                if (iniziata) ++y;
+                iniziata = true;
+                x = 0;
+            }
+            if (y >= fondo) break;
+            x += (salto & 0x7F) * insieme();
+            if (n != -1) metti(n);
+        }
+        return qualcuna;
+    }
+    void metti(std::int8_t n) {
+        const std::size_t byte = insieme() * bit / 8;
+        const std::string_view dati = l.prendi(n < 0 ? byte : byte * static_cast<std::size_t>(n));
+        const auto w = static_cast<std::size_t>(out.width);
+        for (int volte = n < 0 ? -n : 1; volte > 0; --volte)
+            for (const char v : dati)
+                for (unsigned da = 8; da >= bit; da -= bit)
+                    if (x < w)
+                        out.pixels[y * w + x++] =
+                            colori[static_cast<std::uint8_t>(v) >> (da - bit) & ((1U << bit) - 1)];
+        qualcuna = qualcuna || !dati.empty();
+    }
+
+    Lettore l;
+    Immagine& out;
+    TavolaColori colori;
+    unsigned bit;
+    std::size_t x = 0, y, fondo;
+    bool qualcuna = false;
+};
+
 bool aTratti(const ImmagineCompressa& c, Immagine& out) {
     constexpr std::uint32_t conRighe = 8;   // the header tells which rows come
+    const std::int16_t bit = BitIndice(c);
+    const bool pochi = bit == 1 || bit == 2 || bit == 4;
     BitsTesta t;
-    if (!testaPer(c, t) || !credibile(c, 1e4)) return false;
-    const std::size_t passo = bytePerPixel(c);
+    if ((!pochi && !testaPer(c, t)) || !Credibile(c, 1e4)) return false;
+    const std::size_t passo = pochi ? 1 : bytePerPixel(c);
     const std::size_t insieme = passo == 1 ? 4 : 1;   // indices go four at a time
     Lettore l(c.dati);
     l.salta(4);
@@ -179,9 +208,10 @@ bool aTratti(const ImmagineCompressa& c, Immagine& out) {
     if (parte) l.salta(2);
     const std::size_t righe = parte ? l.u16() : static_cast<std::size_t>(c.height);
     if (parte) l.salta(2);
-    apri(c, out);
+    ApriBianca(c, out);
     const auto w = static_cast<std::size_t>(c.width);
     const std::size_t fondo = std::min(y + righe, static_cast<std::size_t>(c.height));
+    if (pochi) return TrattiDiBit(c, out, l, std::min(y, fondo), fondo).esegui();
     bool qualcuna = false;
     for (; y < fondo && l.resto() > 0; ++y) {
         std::size_t x = (l.u8() - std::size_t{1}) * insieme;
@@ -212,9 +242,11 @@ bool aTratti(const ImmagineCompressa& c, Immagine& out) {
 bool DecodificaAntica(const ImmagineCompressa& c, Immagine& out) {
     if (c.width <= 0 || c.height <= 0) return false;
     switch (c.codice) {
-    case codice("raw "): return grezza(c, out);
-    case codice("rpza"): return aBlocchi(c, out);
-    case codice("rle "): return aTratti(c, out);
+    case CodiceDi("raw "): return grezza(c, out);
+    case CodiceDi("rpza"): return aBlocchi(c, out);
+    case CodiceDi("rle "): return aTratti(c, out);
+    case CodiceDi("smc "): return DecodificaSmc(c, out);
+    case CodiceDi("cvid"): return DecodificaCinepak(c, out);
     default: return false;
     }
 }
