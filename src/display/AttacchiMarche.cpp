@@ -143,12 +143,12 @@ bool AttaccoDato(std::int16_t n) {
     }
 }
 
-// What no one has given stands where the program has put it; while it counts, in the preview, it shows all the same.
+// What no one has given stands where the program has put it.
 bool DestinazioneData(std::int16_t n) {
     static const ActiveAttach iniziale;
     const auto i = static_cast<std::size_t>(n - 1);
     if (n < 1 || i >= iniziale.xAtt.size()) return false;
-    return attaccoAttivo.xAtt[i] != iniziale.xAtt[i] || attaccoAttivo.yAtt[i] != iniziale.yAtt[i] || AnteprimaAttiva();
+    return attaccoAttivo.xAtt[i] != iniziale.xAtt[i] || attaccoAttivo.yAtt[i] != iniziale.yAtt[i];
 }
 
 void DisMarcaAttacco(std::int16_t n, const double& x, const double& y) { marcaConNumero(n, false, x, y); }
