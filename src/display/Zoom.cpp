@@ -141,8 +141,7 @@ bool EstremiDisegno(std::int32_t da, std::int32_t a, RettSel& out) {
     estendiVisibili(da, a);
     out = rettSel;
     rettSel = prima;
-    if (out.xmin > 1e98 || out.ymin > 1e98) return false;
-    return true;
+    return out.xmin <= out.xmax && out.ymin <= out.ymax;
 }
 
 void CambiaScala(double nuova) {

@@ -11,7 +11,7 @@ void CambiaBloccoImmagini();   // the command: locks them, and lets go of those 
 // A scan has come in: it will be locked when the first drawing tool is taken, so that until then it can be picked, scaled and
 // turned.
 void ScansioneArrivata();
-void ScansioneInUso();        // a drawing tool has been taken: locks what ScansioneArrivata announced
+void ScansioneInUso();         // a drawing tool has been taken: locks what ScansioneArrivata announced
 void AzzeraBloccoImmagini();   // a new drawing
 
 }   // namespace tessaro
