@@ -151,4 +151,5 @@ TEST(Elenco, TheLastFormStandsBehindTheLayoutInItsSettingsFile) {
     ultimoElenco = {};
     formato.leggipar();
     EXPECT_EQ(ultimoElenco.forma, FormaElenco{});
+    std::filesystem::remove(SettingsFolder() + "/FormParD");
 }
