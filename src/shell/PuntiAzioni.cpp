@@ -25,9 +25,15 @@ namespace tessaro {
 namespace {
 
 enum : std::int16_t { invitoApri = 50, invitoSalva, invitoLista, nessunaRiga, abbinati, senzaMarker, scartate };
-constexpr std::int16_t avvisoPunti = 9300, avvisoLettura = 9301;
+constexpr std::int16_t avvisoPunti = 9300, avvisoLettura = 9301, avvisoLetto = 9303;
 
 void avvisa(const std::string& testo) { StopAlertParam(avvisoPunti, testo); }
+
+// What of a file that was read did not serve.
+void racconta(const std::string& testo) {
+    ParamText(testo, "", "", "");
+    NoteAlert(avvisoLetto);
+}
 
 PixelDelFoglio pixelDelFoglio() {
     const std::int32_t quale = PictDeiPunti();
@@ -66,7 +72,7 @@ bool leggi(std::int16_t invito, TabellaPunti& t) {
         return false;
     }
     if (letto.scartate > 0)
-        avvisa(StringaPunti(scartate, std::to_string(letto.scartate), std::to_string(letto.primaScartata)));
+        racconta(StringaPunti(scartate, std::to_string(letto.scartate), std::to_string(letto.primaScartata)));
     t = std::move(letto.tabella);
     return true;
 }
@@ -117,7 +123,7 @@ void AbbinaListaPunti() {
     TabellaPunti t = LaTabella();
     const std::size_t quanti = AbbinaPerNome(t, elenco);
     if (quanti < t.righe.size())
-        avvisa(StringaPunti(abbinati, std::to_string(quanti), std::to_string(t.righe.size() - quanti)));
+        racconta(StringaPunti(abbinati, std::to_string(quanti), std::to_string(t.righe.size() - quanti)));
     PoniTabella(t);
 }
 
