@@ -131,24 +131,24 @@ void marcaConNumero(std::int16_t n, bool destinazione, const double& x, const do
 
 bool AttaccoDato(std::int16_t n) {
     const Coppia c = LeggiAttacco(n);
-    const bool altrove = c.x != 0 || c.y != 0, quattro = Elem(2).att.quattroPunti != 0;
+    const bool altrove = c.x != 0 || c.y != 0;
     switch (n) {
     case 1:
-    case 2: return altrove;
-    case 3: return altrove || quattro;
+    case 2:
+    case 3: return altrove;
     // At rest the fields of point 4 hold what a new drawing's record 2 does: (0, 1), in older ones (0, 0).
-    case 4: return quattro || c.x != 0 || (c.y != 0 && c.y != 1.0);
+    case 4: return c.x != 0 || (c.y != 0 && c.y != 1.0);
     case 5: return OKAttacco5 != 0;
     default: return false;
     }
 }
 
-// What no one has given stands where the program has put it; while it counts, in the preview, it shows all the same.
+// What no one has given stands where the program has put it.
 bool DestinazioneData(std::int16_t n) {
     static const ActiveAttach iniziale;
     const auto i = static_cast<std::size_t>(n - 1);
     if (n < 1 || i >= iniziale.xAtt.size()) return false;
-    return attaccoAttivo.xAtt[i] != iniziale.xAtt[i] || attaccoAttivo.yAtt[i] != iniziale.yAtt[i] || AnteprimaAttiva();
+    return attaccoAttivo.xAtt[i] != iniziale.xAtt[i] || attaccoAttivo.yAtt[i] != iniziale.yAtt[i];
 }
 
 void DisMarcaAttacco(std::int16_t n, const double& x, const double& y) { marcaConNumero(n, false, x, y); }

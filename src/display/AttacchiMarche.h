@@ -21,7 +21,7 @@ void DisAttacchiDin();                // those that the mode uses, in colour 409
 // the shell.
 extern std::string (*accantoAllaMarca)(std::int16_t n, bool destinazione);
 bool AttaccoDato(std::int16_t n);        // has control point 1 to 5 been given?
-bool DestinazioneData(std::int16_t n);   // the same for its destination; all are while the preview is on
+bool DestinazioneData(std::int16_t n);   // the same for its destination
 // The mark of point n (1 to 5) with its number at a sheet position, in the colour of the moment, outlined in white.
 void DisMarcaAttacco(std::int16_t n, const double& x, const double& y);
 // The black dot that goes with mark 5, at the centre that a solver holds.

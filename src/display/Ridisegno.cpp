@@ -15,7 +15,6 @@
 #include "model/Figura.h"
 #include "model/TabellaStato.h"
 #include "model/Vista.h"
-#include "platform/Automation.h"
 #include "platform/paint/RasterPort.h"
 #include "platform/Windows.h"
 
@@ -69,7 +68,7 @@ void disegnaSeNonGira() {
 }   // namespace
 
 void AnteprimaZoom(double scalaPrima, std::int32_t origXPrima, std::int32_t origYPrima) {
-    if (noWindow || !theWindow || indElem < sogliaAnteprimaZoom || AvvioInForza().script) return;
+    if (noWindow || !theWindow || indElem < sogliaAnteprimaZoom) return;
     SetPortWindowPort(theWindow);
     RasterPort& porta = portaFinestra();
     const std::vector<std::uint32_t> prima = pixelDi(porta);

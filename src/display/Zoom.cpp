@@ -133,17 +133,15 @@ void estendiVisibili(std::int32_t da, std::int32_t a) {
 
 }   // namespace
 
-// A maximum that no second point has widened is the minimum: see AggRettSel.
 bool EstremiDisegno(std::int32_t da, std::int32_t a, RettSel& out) {
     const RettSel prima = rettSel;
     AzzeraRettSel();
+    // Twice: AggRettSel widens a minimum or else a maximum, so the maxima are right once no minimum moves any more.
+    estendiVisibili(da, a);
     estendiVisibili(da, a);
     out = rettSel;
     rettSel = prima;
-    if (out.xmin > 1e98 || out.ymin > 1e98) return false;
-    out.xmax = std::max(out.xmax, out.xmin);
-    out.ymax = std::max(out.ymax, out.ymin);
-    return true;
+    return out.xmin <= out.xmax && out.ymin <= out.ymax;
 }
 
 void CambiaScala(double nuova) {

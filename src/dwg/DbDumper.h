@@ -31,14 +31,20 @@ extern std::uint8_t layoutPicked;      // 0: nothing chooses a layout
 extern std::uint8_t suddividi_piani;   // each layer of the file becomes a sheet
 
 // --- colours, weights, line types
-RGBColor convertRGBfromIndexAutocad(std::int16_t indice);   // 16-bit components
+// Of the published index, each component times 255; 7 is black, a number that is none too.
+RGBColor convertRGBfromIndexAutocad(std::int16_t indice);
 // The number of a colour of the table, put there when there is room; else 1, and overflow set.
 std::int16_t controllaColore(const RGBColor& colore, bool& overflow);
+// The 1-based colour of an entity: its own, its layer's, or 1 by block; `overflow` as above.
 std::int16_t ColoreDXFDWGtoTessaro(const OdDbDatabase& db, const OdDbEntity& e, bool& overflow);
+// The pen size, 1 to 9 pixels of a fifth of a millimetre; 1 where the entity tells no weight.
 std::int16_t SpessoreBordo(const OdDbDatabase& db, const OdDbEntity& e);
+// The pen pattern, 1 to 5, of a line type's name in English or Italian, case aside; 1 for any other.
 std::int16_t RigaToPatDXFDWG(std::string_view tipoLinea);
+// That of an entity's line type, or of its layer's.
 std::int16_t tipoLineaModelSpace(const OdDbDatabase& db, const OdDbEntity& e);
-std::int16_t getLayerByName(std::string_view nome);   // 1-based, 0 none
+// The 1-based place of a name among arrayNameLayer; 0 none.
+std::int16_t getLayerByName(std::string_view nome);
 
 class DbDumper {
 public:

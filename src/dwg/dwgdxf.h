@@ -40,23 +40,34 @@ private:
     bool aperto = false, fermato = false;
 };
 
-void InizioDWG();   // the kit's start and end
+// The kit's start and its end: no database is left behind.
+void InizioDWG();
 void FineDWG();
 
-// --- the tables of an export
+// --- the tables of an export; names are UTF-8, a name that is there already is not added again
+// A layer of colour 7 and a continuous line; `id` names it.
 void addLayer(OdDbDatabase& db, const char* nome, OdDbObjectId& id);
+// A line type without dashes, which the caller sets; its record.
 OdDbObjectId addLinetype(OdDbDatabase& db, const char* nome, const char* descrizione);
+// The seven line types that pen patterns are exported as, in drawing units.
 void addLinetypes(OdDbDatabase& db);
+// A text style: heights in drawing units, 0 for none fixed; `obliquo` in radians; font file and face. Its record.
 OdDbObjectId addStyle(OdDbDatabase& db, const char* nome, double altezza, double scalaX, double obliquo,
                       double precedente, const char* file, const char* carattere);
+// An application that may hang data of its own on records.
 void addRegApp(OdDbDatabase& db, const char* nome);
 // The line type of a pen pattern.
 OdDbObjectId LineTscad2TypeHandle(const OdDbDatabase& db, std::int16_t linea);
 
 // --- the entities of an export, from the records of the drawing
-void esportaColore(OdDbEntity& e, std::int16_t colore);   // 1-based number of the colour table
-void SetSpessore(OdDbEntity& e, double penna);            // pen size
-void CreaDWG(OdDbDatabase& db, Scritti& conto);           // styles and entities
+// The colour of a 1-based number of the colour table; one that is none counts as black. Black is index 7.
+void esportaColore(OdDbEntity& e, std::int16_t colore);
+// The line weight, hundredths of a millimetre, of a pen size: the standard one for its 20 times, 5 to 211.
+void SetSpessore(OdDbEntity& e, double penna);
+// The text styles and every element of the drawing, in real coordinates, on the layers of newLayerId; `conto` counts what
+// was made and what no entity stands for.
+void CreaDWG(OdDbDatabase& db, Scritti& conto);
+// Its second half: styles that are not there yet, then the elements.
 void EntityCreates(OdDbDatabase& db, Scritti& conto);
 
 // The database of the whole drawing: layers, line types, styles, entities, extent.

@@ -219,6 +219,7 @@ void ricorda(const ScelteElenco& s) {
 
 void ScriviScelteElenco() {
     const FormaElenco& f = ultimoElenco.forma;
+    if (f == FormaElenco{}) return;   // no table was read yet
     scrivib(static_cast<std::uint8_t>(segnoScelte));
     for (const std::uint8_t b :
          {versioneScelte, static_cast<std::uint8_t>(ultimoElenco.stesura), static_cast<std::uint8_t>(f.separa),

@@ -20,7 +20,7 @@ struct ScelteElenco {
 };
 extern ScelteElenco ultimoElenco;   // what was read last; its columns are offered for a file of the same shape
 
-// Behind the layout in "FormParD": 'E', a byte 1, stesura, separa, virgolaDecimale, conTesta, quante, the eight columns.
+// Behind the layout in "FormParD", once a table was read: 'E', a byte 1, stesura, separa, virgolaDecimale, conTesta, quante, the eight columns.
 void ScriviScelteElenco();   // to the open settings file
 void LeggiScelteElenco();    // from it; what is missing or out of range leaves ultimoElenco alone
 

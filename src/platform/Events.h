@@ -66,7 +66,7 @@ std::uint16_t KeyModifiers();   // modifiers now held
 // Waits until the pointer moves or the button is released; true while it is held.
 bool TrackMouseLocation(Point& p);
 // Is a turn of the wheel or a pinch queued? Asked in the middle of a repaint: it looks at the desktop once in a while, and only
-// queues what it finds. False under a script.
+// queues what it finds; under a script at the queue alone.
 bool ZoomWaits();
 bool escapePressed();   // asked by long jobs: was Escape pressed since the job began? Keeps the window alive
 

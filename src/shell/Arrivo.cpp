@@ -38,7 +38,7 @@ std::string centimetri(double decimi) {
 void offriFoglio(double w, double h) {
     constexpr double foglioMassimo = 32767;   // sheet units, 16 bits
     if ((w <= XFDecimi && h <= YFDecimi) || w > foglioMassimo || h > foglioMassimo) return;
-    ParamText(centimetri(w) + " × " + centimetri(h), centimetri(XFDecimi) + " × " + centimetri(YFDecimi), "", "");
+    ParamText(centimetri(w) + " x " + centimetri(h), centimetri(XFDecimi) + " x " + centimetri(YFDecimi), "", "");
     if (CautionAlert(avvisoFoglioPiccolo) != risponde2) return;
     const auto cresci = [](double misura, std::int16_t& decimi, double& cm) {
         decimi = std::max(decimi, static_cast<std::int16_t>(std::ceil(misura)));

@@ -51,6 +51,7 @@ enum : std::int16_t {   // strings of listaAttese
     aDestinazione,   // ^0 the point
     aPolilineaDaMisurare,
     aScegliBloccate,
+    aScegliStrumento,
 };
 
 enum : std::int16_t {   // strings of listaStato
@@ -112,7 +113,7 @@ std::string attesaDigitando() {
     case opCalcolatrice: return attesa(cominciata ? aPercorsoSegue : aPercorso);
     case opCerchio: return attesa(static_cast<std::int16_t>((CurvePerPunti ? aCerchioPunti : aCerchio) + passo));
     case opArco: return attesa(static_cast<std::int16_t>((CurvePerPunti ? aArcoPunti : aArco) + passo));
-    default: return {};
+    default: return attesa(aScegliStrumento);   // a control point was in hand: no click does anything
     }
 }
 

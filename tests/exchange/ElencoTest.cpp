@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "exchange/FormatoXYZ.h"
 #include "exchange/ImportaElenco.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
@@ -134,4 +135,21 @@ TEST(Elenco, AFormThatNamesNoPointIsRefused) {
     f.virgolaDecimale = false;
     f.colonne[2] = ColonnaElenco::x;
     EXPECT_FALSE(FormaUsabile(f));
+}
+
+TEST(Elenco, TheLastFormStandsBehindTheLayoutInItsSettingsFile) {
+    ultimoElenco.forma = formaDi("id;x;y;z\n1;2,5;3,5;4,5\n2;2,5;3,5;4,5\n");
+    const ScelteElenco voluto = ultimoElenco;
+    TFormatoXYZ formato;
+    formato.scrivipar();
+    ultimoElenco = {};
+    formato.leggipar();
+    EXPECT_EQ(inParole(ultimoElenco.forma), inParole(voluto.forma));
+    EXPECT_EQ(inParole(ultimoElenco.forma), "; , head nxyz");
+    ultimoElenco.forma.colonne[1] = static_cast<ColonnaElenco>(77);   // what no version writes
+    formato.scrivipar();
+    ultimoElenco = {};
+    formato.leggipar();
+    EXPECT_EQ(ultimoElenco.forma, FormaElenco{});
+    std::filesystem::remove(SettingsFolder() + "/FormParD");
 }

@@ -304,11 +304,10 @@ bool TrackMouseLocation(Point& p) {
 }
 
 bool ZoomWaits() {
-    if (copione() != nullptr) return false;
     constexpr std::uint32_t ticksTraSguardi = 2;
     static std::uint32_t ultimoSguardo = 0;
     const std::uint32_t ora = TickCount();
-    if (conFinestre() && ora - ultimoSguardo >= ticksTraSguardi) {
+    if (conFinestre() && copione() == nullptr && ora - ultimoSguardo >= ticksTraSguardi) {
         ultimoSguardo = ora;
         QCoreApplication::processEvents(QEventLoop::AllEvents);
     }

@@ -146,6 +146,18 @@ void sceltaVoce(std::int16_t menu, std::int16_t item) { scelta(menu, item); }
 
 namespace {
 
+// "Ctrl+Shift+Z,Ctrl+Y" are two keys; the comma of "Ctrl+," is one.
+QStringList tastiDi(const VoceMenu& v) {
+    QStringList tasti;
+    for (const QString& t : daUtf8(v.tasto).split(QLatin1Char(','))) {
+        if (!tasti.isEmpty() && tasti.constLast().endsWith(QLatin1Char('+')))
+            tasti.last() += QLatin1Char(',') + t;
+        else if (!t.isEmpty())
+            tasti << t;
+    }
+    return tasti;
+}
+
 QMenu* creaMenu(MenuDati& m) {
     if (m.menu != nullptr) return m.menu;
     auto* q = new QMenu(daUtf8(m.titolo), telaio());
@@ -165,7 +177,7 @@ QAction* creaAzione(QMenu* q, std::int16_t menu, std::int16_t item, const VoceMe
     auto* a = q->addAction(QString());
     a->setMenuRole(QAction::NoRole);
     QList<QKeySequence> tasti;
-    for (const QString& t : daUtf8(v.tasto).split(QLatin1Char(','), Qt::SkipEmptyParts)) tasti << QKeySequence(t);
+    for (const QString& t : tastiDi(v)) tasti << QKeySequence(t);
     a->setShortcuts(tasti);   // the first one is shown
     if (v.unica)
         (new QActionGroup(a))->addAction(a);   // a group of one: drawn as a radio mark, never held by the toolkit
@@ -290,8 +302,7 @@ std::string GetMenuItemText(std::int16_t menu, std::int16_t item) {
 std::string MenuItemKeys(std::int16_t menu, std::int16_t item) {
     const VoceMenu* v = voceDi(menu, item);
     if (v == nullptr) return {};
-    const QString primo = daUtf8(v->tasto).section(QStringLiteral(",Ctrl"), 0, 0);
-    const QString tasto = QKeySequence(primo).toString(QKeySequence::NativeText);
+    const QString tasto = QKeySequence(tastiDi(*v).value(0)).toString(QKeySequence::NativeText);
     return aMac(v->cenno.empty()  ? tasto
                 : tasto.isEmpty() ? daUtf8(v->cenno)
                                   : tasto + QStringLiteral(", ") + daUtf8(v->cenno));
