@@ -171,9 +171,17 @@ std::string titolo() {
     return con(pElementi, std::to_string(campi.elementi), generi);
 }
 
+// The free unit is called by the known one that is as long.
+int unitaMostrata() {
+    constexpr int libera = 6;
+    constexpr double lunghe[] = {10, 100, 10000, 10000000, 254.00508, 3048.06096};   // sheet units, in their order
+    if (UnitaMCorrente >= 0 && UnitaMCorrente < libera) return UnitaMCorrente;
+    return static_cast<int>(std::find(std::begin(lunghe), std::end(lunghe), decimiUnita) - std::begin(lunghe));
+}
+
 std::string unita() {
     const int grado = tipoAngolo == 1 ? gradSessadecimali : gradCorrente;
-    return con(pUnitaLunghezza, parola(pUnita + std::clamp<int>(UnitaMCorrente, 0, 6)),
+    return con(pUnitaLunghezza, parola(pUnita + unitaMostrata()),
                parola(pGradi + std::clamp(grado, 0, 2)) + " "
                    + parola(orientCorrente == orientAzimut ? pNord : pNord + 1));
 }
@@ -231,8 +239,6 @@ void mostraPunti() {
     HiliteDialogItem(proprietaDialog, vSeguente, vertice + 1 < campi.vertici ? 0 : 255);
 }
 
-void riempiColori() { SetDialogItemMenu(proprietaDialog, itemDi(Campo::colore), menuNomiColori); }
-
 // A layer by its number, and by its name where it has one.
 void riempiLucidi() {
     for (std::int16_t l = 0; l < quantiLucidi; ++l) {
@@ -252,7 +258,7 @@ void rifai() {
     campi = noWindow ? CampiSelezione{} : LeggiCampi(vertice);
     vertice = std::clamp(vertice, 0, std::max(campi.vertici - 1, 0));
     const Mostrato nuovo = adesso();
-    if (nuovo.colori != mostrato.colori) riempiColori();
+    if (nuovo.colori != mostrato.colori) SetDialogItemMenu(proprietaDialog, itemDi(Campo::colore), menuNomiColori);
     if (nuovo.lucidi != mostrato.lucidi) riempiLucidi();
     mostrato = nuovo;
     scrivi(vTitolo, titolo());
@@ -328,7 +334,7 @@ void mettiMenu() {
                                      {Campo::retinoArea, menuPatternArea},
                                      {Campo::forma, menuForme}};
     for (const MenuDelCampo& m : menu) SetDialogItemMenu(proprietaDialog, itemDi(m.campo), m.menu);
-    riempiColori();
+    SetDialogItemMenu(proprietaDialog, itemDi(Campo::colore), menuNomiColori);
     riempiLucidi();
 }
 

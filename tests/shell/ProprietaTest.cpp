@@ -9,6 +9,7 @@
 #include "model/NomiLucidi.h"
 #include "model/Selezione.h"
 #include "platform/Automation.h"
+#include "platform/Menus.h"
 #include "shell/Archivia.h"
 #include "support/Avvisi.h"
 #include "support/Foglio.h"
@@ -24,6 +25,7 @@ constexpr std::int16_t vTitolo = 1, vLucido = 4, vX = 28, vLunghezza = 40, vAvvi
 struct Proprieta : testing::Test {
     std::int32_t a = 0, b = 0;
     void SetUp() override {
+        CreateMenus();
         ASSERT_TRUE(AllocaElementi(200));
         SetUpWindow();
         a = segmento(100, 100, 400, 500);

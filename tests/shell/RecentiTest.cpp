@@ -38,6 +38,7 @@ TEST(Recenti, AListOfAnyBytesGivesPathsAlone) {
 
 TEST(Recenti, ADrawingThatIsGoneIsToldAndTakenOffAndTheOpenOneStays) {
     const Cartella cartella;
+    CreateMenus();
     ASSERT_TRUE(AllocaElementi(200));
     SvuotaRecenti();
     metti(cartella / "a.ts3d", disegno(12, {rSegmento(1, 2, 3, 4)}));
