@@ -177,69 +177,90 @@ std::string MappaDwg(const StesuraDwg& st, std::int64_t inizio) {
     return s;
 }
 
-OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
-    const bool del14 = st.formato == FormatoDwg::r14;
-    const unsigned versione = del14 ? 0x15 : 0x17;   // as the format numbers its versions
-    const std::size_t quante = del14 ? 5 : 6;
-    const std::size_t lunghezzaTesta = 0x15 + 4 + quante * 9 + 2 + 16;
-    std::string s(lunghezzaTesta, '\0');
-    std::vector<Sezione> sezioni(quante);
-    if (!del14) {
-        sezioni[5].dove = static_cast<std::uint32_t>(s.size());
-        s += AusiliariaDwg(st, versione);
-        sezioni[5].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[5].dove;
+namespace {
+
+// The sections in the order of their numbers in the list at the front.
+enum : std::size_t { sVariabili, sClassi, sMappa, sLibero, sModello, sAusiliaria };
+
+// The file in the making: its front is put in last, when all places are known.
+struct File2000 {
+    std::string s;
+    std::vector<Sezione> sezioni;
+    std::uint32_t anteprima = 0;
+
+    template <class F>
+    void sezione(std::size_t quale, F scrivi) {
+        sezioni[quale].dove = static_cast<std::uint32_t>(s.size());
+        scrivi();
+        sezioni[quale].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[quale].dove;
     }
-    const auto anteprima = static_cast<std::uint32_t>(s.size());
-    metti(s, segnoAnteprima);
-    aggiungiRL(s, 1);
-    s.push_back(0);   // no picture
-    mettiFine(s, segnoAnteprima);
-    sezioni[0] = incornicia(s, segnoVariabili, VariabiliDwg(st));
-    sezioni[1] = incornicia(s, segnoClassi, ClassiDwg(st));
-    s.append(4, '\0');   // between classes and objects, no object's
-    const auto inizioOggetti = static_cast<std::uint32_t>(s.size());
-    if (s.size() + st.oggetti.size() > 0x7FFFFFFF) return {eFileWriteError, 0, {}};
-    s += st.oggetti;
-    sezioni[2].dove = static_cast<std::uint32_t>(s.size());
-    s += MappaDwg(st, inizioOggetti);
-    sezioni[2].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[2].dove;
-    sezioni[3].dove = static_cast<std::uint32_t>(s.size());
-    s += SpazioLiberoDwg(st, inizioOggetti);
-    sezioni[3].quanti = static_cast<std::uint32_t>(s.size()) - sezioni[3].dove;
-    // The last section stands behind the second header, whose length its own sections decide: two rounds find it.
-    sezioni[4].quanti = 4;
-    const auto dove = static_cast<std::uint32_t>(s.size());
+};
+
+// The last section stands behind the second header, whose length its own sections decide: two rounds find it.
+void mettiSeconda(File2000& f, const StesuraDwg& st, std::string_view sigla, unsigned versione) {
+    constexpr std::uint32_t lungoSegno = 16;
+    f.sezioni[sModello].quanti = 4;
+    const auto dove = static_cast<std::uint32_t>(f.s.size());
     std::string seconda;
     for (int i = 0; i < 3; ++i) {
-        seconda = secondaIntestazione(st, sigla, versione, dove, sezioni);
-        sezioni[4].dove = dove + 16 + static_cast<std::uint32_t>(seconda.size()) + 16;
+        seconda = secondaIntestazione(st, sigla, versione, dove, f.sezioni);
+        f.sezioni[sModello].dove = dove + lungoSegno + static_cast<std::uint32_t>(seconda.size()) + lungoSegno;
     }
-    metti(s, segnoSecondo);
-    s += seconda;
-    mettiFine(s, segnoSecondo);
-    aggiungiRS(s, 0);   // no template
-    aggiungiRS(s, static_cast<unsigned>(st.db.header.measurement));
+    metti(f.s, segnoSecondo);
+    f.s += seconda;
+    mettiFine(f.s, segnoSecondo);
+    aggiungiRS(f.s, 0);   // no template
+    aggiungiRS(f.s, static_cast<unsigned>(st.db.header.measurement));
+}
 
+std::string inizio(const File2000& f, std::string_view sigla, unsigned versione) {
     std::string testa(sigla);
     testa.append(5, '\0');
     testa.push_back(6);
     testa.push_back(1);
-    aggiungiRL(testa, anteprima);
+    aggiungiRL(testa, f.anteprima);
     testa.push_back(static_cast<char>(versione));
     testa.push_back(6);
     aggiungiRS(testa, paginaCodici);
-    aggiungiRL(testa, static_cast<std::uint32_t>(quante));
-    for (std::size_t i = 0; i < quante; ++i) {
+    aggiungiRL(testa, static_cast<std::uint32_t>(f.sezioni.size()));
+    for (std::size_t i = 0; i < f.sezioni.size(); ++i) {
         testa.push_back(static_cast<char>(i));
-        aggiungiRL(testa, sezioni[i].dove);
-        aggiungiRL(testa, sezioni[i].quanti);
+        aggiungiRL(testa, f.sezioni[i].dove);
+        aggiungiRL(testa, f.sezioni[i].quanti);
     }
     // The check of the list is turned by a number of its own for each count of sections.
-    const std::uint16_t giro = quante == 5 ? 0x3CC4 : 0x8461;
+    const std::uint16_t giro = f.sezioni.size() == 5 ? 0x3CC4 : 0x8461;
     aggiungiRS(testa, CrcDwg(testa, 0) ^ giro);
     metti(testa, segnoInizio);
-    s.replace(0, testa.size(), testa);
-    file.put(s);
+    return testa;
+}
+
+}   // namespace
+
+OdError FileDwg2000(const StesuraDwg& st, std::string_view sigla, OdWrFileBuf& file) {
+    const bool del14 = st.formato == FormatoDwg::r14;
+    const unsigned versione = del14 ? 0x15 : 0x17;   // as the format numbers its versions
+    File2000 f;
+    f.sezioni.resize(del14 ? sAusiliaria : sAusiliaria + 1);
+    f.s.assign(inizio(f, sigla, versione).size(), '\0');
+    if (!del14) f.sezione(sAusiliaria, [&] { f.s += AusiliariaDwg(st, versione); });
+    f.anteprima = static_cast<std::uint32_t>(f.s.size());
+    metti(f.s, segnoAnteprima);
+    aggiungiRL(f.s, 1);
+    f.s.push_back(0);   // no picture
+    mettiFine(f.s, segnoAnteprima);
+    f.sezioni[sVariabili] = incornicia(f.s, segnoVariabili, VariabiliDwg(st));
+    f.sezioni[sClassi] = incornicia(f.s, segnoClassi, ClassiDwg(st));
+    f.s.append(4, '\0');   // between classes and objects, no object's
+    const auto inizioOggetti = static_cast<std::uint32_t>(f.s.size());
+    if (f.s.size() + st.oggetti.size() > 0x7FFFFFFF) return {eFileWriteError, 0, {}};
+    f.s += st.oggetti;
+    f.sezione(sMappa, [&] { f.s += MappaDwg(st, inizioOggetti); });
+    f.sezione(sLibero, [&] { f.s += SpazioLiberoDwg(st, inizioOggetti); });
+    mettiSeconda(f, st, sigla, versione);
+    const std::string testa = inizio(f, sigla, versione);
+    f.s.replace(0, testa.size(), testa);
+    file.put(f.s);
     return {};
 }
 

@@ -292,44 +292,49 @@ std::string VariabiliDwg(const StesuraDwg& s) {
     return b;
 }
 
-std::string ClassiDwg(const StesuraDwg& s) {
-    struct Classe {
-        const char *cpp, *dxf;
-    };
-    constexpr Classe classi[]{{"AcDbDictionaryWithDefault", "ACDBDICTIONARYWDFLT"},
-                              {"AcDbPlaceHolder", "ACDBPLACEHOLDER"},
-                              {"AcDbLayout", "LAYOUT"}};
+namespace {
+
+struct ClasseDwg {
+    const char *cpp, *dxf;
+};
+constexpr ClasseDwg classi[]{{"AcDbDictionaryWithDefault", "ACDBDICTIONARYWDFLT"},
+                             {"AcDbPlaceHolder", "ACDBPLACEHOLDER"},
+                             {"AcDbLayout", "LAYOUT"}};
+constexpr int primaClasse = 500;
+
+// One class; its texts go to `testi`, which may be the same stream.
+void classe(BitDwg& d, BitDwg& testi, FormatoDwg formato, const ClasseDwg& c, int numero) {
     constexpr const char* programma = "ObjectDBX Classes";
     constexpr std::int32_t diOggetto = 0x1F3;
+    d.BS(numero);
+    d.BS(0);
+    for (const std::string_view t : {std::string_view(programma), std::string_view(c.cpp), std::string_view(c.dxf)}) {
+        testi.BS(static_cast<std::int32_t>(t.size()));
+        testi.byte(formato >= FormatoDwg::r2007 ? TestoDwg16(t) : std::string(t));
+    }
+    d.B(false);
+    d.BS(diOggetto);
+    if (formato < FormatoDwg::r2004) return;
+    d.BL(1);    // how many there are
+    d.BL(22);   // format and release that they came with
+    d.BL(42);
+    d.BL(0);
+    d.BL(0);
+}
+
+}   // namespace
+
+std::string ClassiDwg(const StesuraDwg& s) {
     BitDwg d, testi;
     const bool conTesti = s.formato >= FormatoDwg::r2007;
     if (s.formato >= FormatoDwg::r2004) {
-        d.BS(500 + static_cast<int>(std::size(classi)) - 1);   // the highest number
+        d.BS(primaClasse + static_cast<int>(std::size(classi)) - 1);   // the highest number
         d.RC(0);
         d.RC(0);
         d.B(true);
     }
-    const auto T = [&](std::string_view t) {
-        BitDwg& dove = conTesti ? testi : d;
-        dove.BS(static_cast<std::int32_t>(t.size()));
-        dove.byte(conTesti ? TestoDwg16(t) : std::string(t));
-    };
-    int numero = 500;
-    for (const Classe& c : classi) {
-        d.BS(numero++);
-        d.BS(0);
-        T(programma);
-        T(c.cpp);
-        T(c.dxf);
-        d.B(false);
-        d.BS(diOggetto);
-        if (s.formato < FormatoDwg::r2004) continue;
-        d.BL(1);    // how many there are
-        d.BL(22);   // format and release that they came with
-        d.BL(42);
-        d.BL(0);
-        d.BL(0);
-    }
+    int numero = primaClasse;
+    for (const ClasseDwg& c : classi) classe(d, conTesti ? testi : d, s.formato, c, numero++);
     std::string b;
     if (conTesti) {
         chiudiTesti(d, testi, true);
