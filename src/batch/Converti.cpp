@@ -50,7 +50,9 @@ Esito ComandoConverti(const Chiamata& c) {
     note.insert(note.end(), detto.note.begin(), detto.note.end());
     Rigo r(c);
     r.testo("input", da).testo("output", a).testo("format", forma->suffisso.substr(1));
-    r.intero("elements", conti.tutti()).intero("bytes", ByteDi(a)).elenco("notes", note).stampa();
+    r.intero("elements", conti.tutti());
+    if (const std::int64_t n = ByteDi(a); n >= 0) r.intero("bytes", n);
+    r.elenco("notes", note).stampa();
     return Esito::fatto;
 }
 

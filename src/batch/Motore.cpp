@@ -154,7 +154,9 @@ Esito ScriviUscita(const Chiamata& c, const GenereFile& formato, const std::stri
     uscita = 0;
     fileRichiesto = Assoluto(percorso);
     formato.scrivi();
-    if (detto.guasti.empty() && (uscita || !fileRichiesto.empty() || ByteDi(percorso) < 0))
+    // A shapefile is several, each with its kind of figures behind the name: the report tells them.
+    const bool scritto = ByteDi(percorso) >= 0 || !detto.note.empty();
+    if (detto.guasti.empty() && (uscita || !fileRichiesto.empty() || !scritto))
         detto.guasti.push_back(Testo(Frase::nulla));
     if (!detto.guasti.empty()) return Rifiuta(c, Esito::nonFatto, percorso, tutti(detto.guasti));
     return Esito::fatto;

@@ -70,7 +70,7 @@ TEST(Generi, CioCheStaSulFoglioORegistratoResta) {
     Elem(2).att.coordReali = 0;
     Scaladis = 1000;
     CalcolaRapporti();
-    elementi(10, 10, 100);
+    elementi(100, 100, 100);
     const elemento prima = Elem(3);
     PosaSulFoglio();
     EXPECT_EQ(Elem(2).att.coordReali, 0);
