@@ -141,6 +141,7 @@ bool eElemento(const elemento& e) { return e.tipo == tVertice || OggettoDi(e.tip
 // The records from number `n` on, which becomes the first free one. False when the bytes are not what they say.
 bool leggiRecord(Lettore& r, std::uint32_t quanti, std::int32_t& n) {
     Risanamento risanamento(n);
+    bool figura = false;   // a polyline's head has come in: vertices have something to belong to
     for (; quanti > 0; --quanti) {
         const std::string_view byte = r.byte(sizeof(elemento));
         if (!r.bene) return false;
@@ -150,7 +151,10 @@ bool leggiRecord(Lettore& r, std::uint32_t quanti, std::int32_t& n) {
         const bool immagine = e.tipo == tPict;
         const std::string_view dati = immagine ? r.byte(r.numero(4)) : std::string_view{};
         if (!r.bene) return false;
-        if (!eElemento(e) || !risanamento.accetta(e)) continue;
+        const bool orfano = e.tipo == tVertice && !figura;
+        const bool entra = !orfano && eElemento(e) && risanamento.accetta(e);
+        if (e.tipo != tVertice) figura = entra && e.tipo == tPoligono;
+        if (!entra) continue;
         e.selezionato = 0;
         if (immagine) e.pict.maniglia = NewPict(std::string(dati));
         Elem(n) = e;

@@ -113,7 +113,10 @@ TEST(Elenco, RealListsAreGuessedAndRead) {
 TEST(Elenco, RowsBecomeMarkersWithNumberAndCode) {
     const std::string testo =
         "n;x;y;z;cod\nP1;1,5;2,5;;palo\nP2;3,5;4,5;7;un codice lunghissimo\nP3;no;1;1;a\nP4;1;2\n";
-    FormaElenco f = formaDi(testo);
+    FormaElenco f;   // more of it is damaged than can be guessed
+    f.separa = SeparaElenco::puntoEVirgola;
+    f.virgolaDecimale = f.conTesta = true;
+    f.quante = 5;
     f.colonne = {ColonnaElenco::numero, ColonnaElenco::x, ColonnaElenco::y, ColonnaElenco::z, ColonnaElenco::codice};
     leggi(testo, f);
     ASSERT_EQ(indElem, 4);

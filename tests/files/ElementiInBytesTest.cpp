@@ -75,7 +75,7 @@ TEST(ElementiInBytes, DamagedBytesLeaveADrawingThatIsWhole) {
         for (auto i = rng() % 8; i > 0 && !rotti.empty(); --i) rotti[rng() % rotti.size()] = static_cast<char>(rng());
         ElementiDaBytes(rotti);
         ASSERT_LE(indElem, maxElementi);
-        ASSERT_EQ(guastoFigure(), "") << "round " << giro;
+        ASSERT_EQ(guastoFigure(true), "") << "round " << giro;
         for (std::int32_t n = 3; n <= indElem; ++n)
             if (Elem(n).tipo == tPict) KillPicture(Elem(n).pict.maniglia);
     }
