@@ -39,6 +39,8 @@ constexpr Notizia notizie[] = {
     {9350, 1, false},   // are the files of a map to be replaced
     {9351, 1, true},    // longitude and latitude come in as the zone that is told
     {9352, 1, false},   // is the sheet laid over a map
+    {9400, 1, false},   // is the sheet made as large as a picture
+    {9401, 1, false},   // is the sheet brought to what lies far from it
 };
 
 std::int16_t avviso(std::int16_t id, std::string_view testo, std::int16_t predefinito) {

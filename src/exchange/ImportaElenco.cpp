@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
 #include "exchange/Codifica.h"
 #include "exchange/FormatoXYZ.h"
@@ -203,6 +204,8 @@ bool chiedi(const std::vector<std::string>& righe, ScelteElenco& s) {
 }
 
 void ricorda(const ScelteElenco& s) {
+    const std::int16_t lista = RefNum;   // the settings file is the one in use meanwhile
+    const std::string inLavoro = fileInLavoro;
     const std::int16_t tipo = TipoForm;
     const auto colonne = DatoP;
     TFormatoXYZ formato;
@@ -213,6 +216,9 @@ void ricorda(const ScelteElenco& s) {
     formato.scrivipar();
     TipoForm = tipo;
     DatoP = colonne;
+    RefNum = lista;
+    fileInLavoro = inLavoro;
+    uscita = 0;
 }
 
 }   // namespace

@@ -37,7 +37,9 @@ std::string centimetri(double decimi) {
 // Asks whether the sheet is to grow to w by h, sheet units.
 void offriFoglio(double w, double h) {
     constexpr double foglioMassimo = 32767;   // sheet units, 16 bits
-    if ((w <= XFDecimi && h <= YFDecimi) || w > foglioMassimo || h > foglioMassimo) return;
+    constexpr double unMillimetro = 10;       // what a scanner adds at a sheet's edge is not worth a question
+    if ((w <= XFDecimi + unMillimetro && h <= YFDecimi + unMillimetro) || w > foglioMassimo || h > foglioMassimo)
+        return;
     ParamText(centimetri(w) + " x " + centimetri(h), centimetri(XFDecimi) + " x " + centimetri(YFDecimi), "", "");
     if (CautionAlert(avvisoFoglioPiccolo) != risponde2) return;
     const auto cresci = [](double misura, std::int16_t& decimi, double& cm) {

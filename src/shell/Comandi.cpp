@@ -415,8 +415,10 @@ void comandoImporta() {
         const Arrivo arrivo;
         ImportaDWG();
     } else if (theItem == voci::importa::mappa) {
+        const Arrivo arrivo;
         ImportaMappa();
     } else if (theItem == voci::importa::raster) {
+        const Arrivo arrivo;
         ImportaRaster();
     } else {
         theItem = static_cast<std::int16_t>(menuImporta + theItem);

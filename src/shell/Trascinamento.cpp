@@ -106,6 +106,7 @@ void riceviFile(const FSSpec& file, std::uint16_t tasti) {
         const Arrivo arrivo;
         ImportaDWGFile(file);
     } else if (NomeDiMappa(file.percorso)) {
+        const Arrivo arrivo;
         LeggiMappa(file);
     } else if (tipo == testo) {
         LeggiDropText(file);
