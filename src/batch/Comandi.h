@@ -7,6 +7,8 @@
 
 namespace tessaro {
 
+// Reads what the call names, does its work and prints; the status that the process ends with. Faults are said on
+// standard error, with the file.
 Esito ComandoConverti(const Chiamata& c);
 Esito ComandoInforma(const Chiamata& c);
 Esito ComandoRegistra(const Chiamata& c);

@@ -16,6 +16,7 @@ struct Detto {
 extern Detto detto;
 
 std::string LinguaDi(const Chiamata& c);   // "en" or "it": --language, else the environment's
+// The toolbox off screen, texts of the language, settings of the program alone. Once a process.
 void AccendiMotore(int& argc, char** argv, const Chiamata& c);
 // Leaves with the command's status.
 [[noreturn]] void SpegniMotore(Esito e);

@@ -14,6 +14,7 @@ namespace tessaro {
 class Rigo {
 public:
     explicit Rigo(const Chiamata& c) : json(c.ha("json")) {}
+    // One value under its name, which tells its unit; values keep the order of the calls.
     Rigo& testo(std::string_view nome, std::string_view utf8);
     // JSON has the shortest digits that read back, and null for what is not finite; a line has twelve digits.
     Rigo& numero(std::string_view nome, double v);

@@ -31,7 +31,7 @@ public:
     MyServices& operator=(const MyServices&) = delete;
 
     void newProgressMeter(std::int16_t stringa);   // of list 129
-    void releaseProgressMeter();
+    void releaseProgressMeter();                   // the bar goes; nothing without one
     void setLimit(std::int32_t max) override;
     bool meterProgress() override;
 

@@ -15,9 +15,9 @@ public:
     CartellaProvvisoria& operator=(const CartellaProvvisoria&) = delete;
 
     [[nodiscard]] bool buona() const { return !dove.empty(); }
-    [[nodiscard]] std::string percorso(const std::string& nome) const;
-    [[nodiscard]] std::vector<std::string> nomi() const;          // of the files in it
-    [[nodiscard]] std::vector<std::string> giaPresenti() const;   // those of them that stand beside it already
+    [[nodiscard]] std::string percorso(const std::string& nome) const;   // of a file in it, UTF-8
+    [[nodiscard]] std::vector<std::string> nomi() const;                 // of the files in it
+    [[nodiscard]] std::vector<std::string> giaPresenti() const;          // those of them that stand beside it already
     // All files to their places; false when one could not be moved.
     [[nodiscard]] bool sposta() const;
 

@@ -26,8 +26,10 @@ std::int16_t LucidoDiNome(std::string_view macRoman);   // the layer so called, 
 // first layer without name and elements, else to `voluto`. The layer takes the name if it has none.
 std::int16_t AccogliLucido(std::string_view macRoman, std::int16_t voluto);
 
+// A locked layer is seen and not picked; a number that is none changes nothing.
 void BloccaLucido(std::int16_t l, bool bloccato);
 std::array<std::int16_t, quantiLucidi> OrdineLucidi();   // each layer once, as the list shows them
+// Of the list alone; one that has not each layer once changes nothing.
 void PoniOrdineLucidi(const std::array<std::int16_t, quantiLucidi>& ordine);
 
 // Locks, from the entry; written by the routines above and when an entry changed otherwise.

@@ -13,7 +13,7 @@ extern DialogPtr pannelloLucidi;   // null while it is closed
 
 void ApriPannelloLucidi();       // an open one comes to the front
 void AggiornaPannelloLucidi();   // shows what has changed; called behind what may have changed the drawing
-void ChiudiPannelloLucidi();
+void ChiudiPannelloLucidi();     // nothing when it is closed
 void ColpoPannelloLucidi(std::int16_t item);   // its items; 0 is the close box
 
 }   // namespace tessaro

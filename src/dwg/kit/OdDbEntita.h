@@ -42,7 +42,7 @@ enum class OdDbClasse : std::uint8_t {
 struct OdDbEntity {
     explicit OdDbEntity(OdDbClasse c) : classe(c) {}
     virtual ~OdDbEntity() = default;
-    [[nodiscard]] virtual std::unique_ptr<OdDbEntity> clone() const = 0;
+    [[nodiscard]] virtual std::unique_ptr<OdDbEntity> clone() const = 0;   // a copy of the same class, in no block
 
     OdDbClasse classe;
     bool erased = false;
@@ -239,6 +239,7 @@ struct OdDbAltra : OdDbEntityDi<OdDbAltra, OdDbClasse::Altra> {
     std::string nome;   // as a DXF file calls it
 };
 
+// The entity as its class; null when it is of another.
 template <class T>
 T* odCast(OdDbEntity& e) {
     return e.classe == T::numero ? static_cast<T*>(&e) : nullptr;

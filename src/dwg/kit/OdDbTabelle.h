@@ -48,6 +48,7 @@ struct OdDbBlockTableRecord : OdDbRecord {
     OdDbObjectId layout;    // of *Model_Space and the paper spaces
     OdDbHandle handleBlock = 0, handleEndBlk = 0;
     std::vector<OdDbEntityPtr> entita;
+    // Behind the last one; the block owns it.
     OdDbEntity& appendOdDbEntity(OdDbEntityPtr e) {
         entita.push_back(std::move(e));
         return *entita.back();
@@ -65,6 +66,7 @@ struct OdDbTabella {
     OdDbHandle handle = 0;
     std::vector<T> record;
 
+    // A new record, whatever its name.
     OdDbObjectId add(T r) {
         const std::string chiave = maiuscolo(r.name);
         record.push_back(std::move(r));
@@ -72,6 +74,7 @@ struct OdDbTabella {
         perNome.emplace(chiave, id);
         return id;
     }
+    // The first record of the name; null when there is none.
     [[nodiscard]] OdDbObjectId getAt(std::string_view nome) const {
         const auto i = perNome.find(maiuscolo(nome));
         return i == perNome.end() ? OdDbObjectId{} : i->second;
@@ -87,6 +90,7 @@ struct OdDbTabella {
     T& operator[](OdDbObjectId id) { return record[id.n - 1]; }
     const T& operator[](OdDbObjectId id) const { return record[id.n - 1]; }
 
+    // Its ASCII letters alone: other bytes may be part of UTF-8.
     static std::string maiuscolo(std::string_view s) {
         std::string m(s);
         for (char& c : m)

@@ -19,6 +19,7 @@ struct OdWrFileBuf {
     std::int16_t refNum = 0;   // 0: everything stays in memory
     OSErr errore = noErr;      // the first write that failed; later ones do nothing
 
+    // Through the buffer; what the disk refused is seen in `errore`.
     void putBytes(const void* dati, std::size_t quanti) {
         const char* const p = static_cast<const char*>(dati);
         byte.insert(byte.end(), p, p + quanti);

@@ -24,10 +24,11 @@ constexpr OdGeVector3d operator+(const OdGeVector3d& a, const OdGeVector3d& b) {
 }
 constexpr OdGeVector3d operator*(const OdGeVector3d& v, double k) { return {v.x * k, v.y * k, v.z * k}; }
 constexpr double Scalare(const OdGeVector3d& a, const OdGeVector3d& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+// Right-handed.
 constexpr OdGeVector3d Vettoriale(const OdGeVector3d& a, const OdGeVector3d& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
-double Lunghezza(const OdGeVector3d& v);
+double Lunghezza(const OdGeVector3d& v);   // overflows above 1e154
 // Of length 1; the z axis for a vector of no length, or one that is not finite.
 OdGeVector3d Versore(const OdGeVector3d& v);
 bool SonoFiniti(const OdGePoint3d& p);
@@ -36,6 +37,7 @@ bool SonoFiniti(const OdGePoint3d& p);
 struct OdGeMatrix3d {
     std::array<std::array<double, 4>, 3> m{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
 
+    // Each from the identity; angles anticlockwise seen from +z.
     static OdGeMatrix3d translation(const OdGeVector3d& v);
     static OdGeMatrix3d scaling(double x, double y, double z);
     static OdGeMatrix3d rotationZ(double radians);

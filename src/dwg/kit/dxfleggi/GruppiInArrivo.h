@@ -23,10 +23,11 @@ public:
     bool prossimo();   // the next group's code into `codice`; false at the end of the file, and where it is damaged
     int codice = 0;
 
+    // The value of the group in hand, once.
     double reale();
     std::int64_t intero();
     std::string_view testo();   // bytes of the file, valid until the next call
-    void salta();
+    void salta();               // when nobody wants it
 
     [[nodiscard]] bool danneggiato() const { return guasto; }   // a group code was none
     [[nodiscard]] bool fermato() const;                         // the person stopped the reading

@@ -70,6 +70,7 @@ private:
     OdDbObjectId idUltimoLayer;
 };
 
+// A section each, up to its ENDSEC, into the database; what is damaged takes its default.
 void LeggiIntestazione(LetturaDxfKit& l);
 void LeggiTabelle(LetturaDxfKit& l);
 // The entities up to `fine` ("ENDSEC", "ENDBLK"), into a block; those of paper space into theirs.

@@ -21,6 +21,7 @@ public:
 
     [[nodiscard]] bool da(VersioneDxf prima) const { return v.numero >= prima; }
 
+    // A group as it stands in the file; `ascii` goes out byte by byte.
     void g(int codice, std::string_view ascii);
     void g(int codice, const char* ascii) { g(codice, std::string_view(ascii)); }
     void g(int codice, std::int32_t n);
@@ -45,6 +46,7 @@ private:
     OdWrFileBuf& file;
 };
 
+// A section each, whole, as the version has it.
 void ScriviIntestazioneDxf(GruppiInUscita& s);
 void ScriviClassiDxf(GruppiInUscita& s);
 void ScriviTabelleDxf(GruppiInUscita& s);

@@ -24,9 +24,9 @@ public:
     void BL(std::int32_t v);                    // 32 bits, 0 in two bits, a byte in ten
     void BD(double v);                          // a double, 0 and 1 in two bits
     void DD(double v, double atteso);           // a double, two bits when it is the expected one
-    void BD3(const OdGePoint3d& p);
+    void BD3(const OdGePoint3d& p);             // three BD
     void BD3(const OdGeVector3d& v) { BD3(OdGePoint3d{v.x, v.y, v.z}); }
-    void RD2(double x, double y);
+    void RD2(double x, double y);            // two RD
     void H(unsigned codice, OdDbHandle h);   // a reference: its kind (0 itself, 2 to 5), length and number
     void OT(unsigned tipo);                  // an object's type from format 2010 on
     void byte(std::string_view s);           // whole bytes

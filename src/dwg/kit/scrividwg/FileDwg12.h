@@ -20,6 +20,7 @@ struct ByteDwg12 {
     void RC(unsigned v) { s.push_back(static_cast<char>(v & 0xFF)); }
     void RS(std::int32_t v) { aggiungiRS(s, static_cast<unsigned>(v) & 0xFFFF); }
     void RL(std::uint32_t v) { aggiungiRL(s, v); }
+    // Eight bytes each, little-endian.
     void RD(double v);
     void RD2(double x, double y);
     void RD3(const OdGePoint3d& p);

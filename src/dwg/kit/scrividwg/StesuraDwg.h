@@ -16,6 +16,7 @@ struct StesuraDwg {
     std::string oggetti;                                       // bytes of all objects
     std::vector<std::pair<OdDbHandle, std::uint32_t>> mappa;   // handle and place in `oggetti`
 
+    // Behind the last object; its place goes into the map.
     void aggiungi(OdDbHandle handle, OggettoDwg& o) {
         mappa.emplace_back(handle, static_cast<std::uint32_t>(oggetti.size()));
         oggetti += o.byte();
@@ -71,8 +72,8 @@ enum : unsigned {
     tipoLayout = 502,
 };
 
-void scriviTabelleDwg(StesuraDwg& s);   // tables, dictionaries and what they name
-void scriviDizionariDwg(StesuraDwg& s);
+void scriviTabelleDwg(StesuraDwg& s);                                   // tables, dictionaries and what they name
+void scriviDizionariDwg(StesuraDwg& s);                                 // the named objects, layouts and groups
 bool scriviEntitaDwg(StesuraDwg& s, OdDbHostAppProgressMeter& meter);   // false: the person stopped it
 std::string VariabiliDwg(const StesuraDwg& s);                          // the header's variables, without their frame
 std::string ClassiDwg(const StesuraDwg& s);                             // the classes, without their frame
