@@ -163,14 +163,20 @@ Rect RettangoloBottone(std::size_t indice) {
     return SetRect(da, cima, da + (indice < primoTitolato ? largo : largoTitolato), fondo);
 }
 
+namespace {
+
+// Where the strip ends: the scroll bar stands beside it.
+std::int32_t fineBarra() { return theWindow ? GetPortBounds(theWindow).right - barraScorrimento : 0; }
+
+}   // namespace
+
 Rect RettangoloAltri() {
-    const std::int32_t a = theWindow ? GetPortBounds(theWindow).right : 0;
+    const std::int32_t a = fineBarra();
     return SetRect(a - largo - 2, cima, a - 2, fondo);
 }
 
 std::size_t PrimoNascosto() {
-    const std::int32_t a = theWindow ? GetPortBounds(theWindow).right : 0;
-    if (RettangoloBottone(numBottoni - 1).right <= a) return numBottoni;
+    if (RettangoloBottone(numBottoni - 1).right <= fineBarra()) return numBottoni;
     std::size_t primo = numBottoni - 1;
     while (primo > 0 && RettangoloBottone(primo - 1).right > RettangoloAltri().left) --primo;
     return primo;
