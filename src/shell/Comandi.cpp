@@ -12,33 +12,19 @@
 #include "digitising/TavolettaLettori.h"
 #include "display/Lettura.h"
 #include "display/palette.h"
-#include "display/Ridisegno.h"
-#include "display/Stampa.h"
-#include "display/StampaPiastrelle.h"
-#include "display/Tratteggi.h"
 #include "display/Zoom.h"
 #include "dwg/DbDumper.h"
-#include "dwg/EsportaDWG.h"
-#include "editing/AnnullaComando.h"
 #include "editing/Aref.h"
 #include "editing/AttributiSel.h"
-#include "editing/BloccoImmagini.h"
-#include "editing/Cancella.h"
-#include "editing/Conversioni.h"
 #include "editing/LucidiClassi.h"
 #include "editing/Scelta.h"
 #include "editing/SceltaColori.h"
-#include "editing/SeparaPict.h"
-#include "editing/Sposta.h"
 #include "editing/TestoSelezione.h"
 #include "editing/TratteggiDialogo.h"
 #include "exchange/FormatoXYZ.h"
-#include "exchange/MiniCad.h"
 #include "exchange/XYZ.h"
 #include "files/Impostazioni.h"
-#include "files/Richieste.h"
 #include "maps/DialogoSistema.h"
-#include "maps/Mappe.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
 #include "model/Cursore.h"
@@ -48,28 +34,20 @@
 #include "model/Penna.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
-#include "model/Vista.h"
 #include "model/Voci.h"
 #include "platform/Dialogs.h"
 #include "platform/Menus.h"
 #include "raster/CreaMesh.h"
-#include "raster/CreaPict.h"
-#include "raster/Immagini.h"
 #include "raster/Lenti.h"
 #include "raster/pictrot.h"
 #include "raster/raster.h"
-#include "raster/ScalaImmagine.h"
 #include "registration/attaccoDinamico.h"
-#include "shell/Appunti.h"
 #include "shell/Archivia.h"
-#include "shell/Arrivo.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/FinestraPunti.h"
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
-#include "shell/Preferenze.h"
-#include "shell/Proprieta.h"
 #include "shell/Rapporto.h"
 #include "shell/Recenti.h"
 #include "tools/CursoreVincolato.h"
@@ -84,121 +62,6 @@ void ChkOnOffItem(std::int16_t menu, std::int16_t item, std::int16_t first, std:
 void SpuntaCurve() {
     using namespace voci::strumenti;
     ChkOnOffItem(menuStrumenti, CurvePerPunti ? curvePerPunti : curvePerCentro, curvePerCentro, curvePerPunti);
-}
-
-namespace {
-
-void disegnoAperto() {
-    DisableMenuItem(menuArchivio, voci::archivio::nuovo);
-    EnableMenuItem(menuArchivio, voci::archivio::chiudi);
-}
-
-}   // namespace
-
-void Apri() {
-    if (!TuttoChiuso()) return;
-    SetUpWindow();
-    theItem = rApri;
-    archivia();
-    disegnoAperto();
-}
-
-void Chiudi() { TuttoChiuso(); }
-
-void DoArchivio() {
-    using namespace voci::archivio;
-    switch (theItem) {
-    case nuovo:
-        if (noWindow) {
-            SetUpWindow();
-            noWindow = 0;
-            UnitaDelDisegnoNuovo();
-        }
-        break;
-    case apri: Apri(); break;
-    case chiudi: Chiudi(); break;
-    case esempio: ApriEsempio(); break;
-    case salva:
-    case salvaCome: archivia(); break;
-    case formato: FormatoXYZ(0); break;
-    case impostaPagina: DoPageSetupDialog(); break;
-    case stampa: Stampa(); break;
-    case anteprima:
-        if (AnteprimaStampa()) Stampa();
-        break;
-    case esci: fine = TuttoChiuso(); break;
-    default: break;
-    }
-}
-
-namespace {
-
-void selezionaTutto() {
-    SelezionaTutto();
-    Ridisegna();
-}
-
-void spostaDiValori() {
-    if (!Puntosel.attiva) return;
-    Sposta();
-    Ridisegna();
-}
-
-// What could not be copied is not cleared.
-void taglia() {
-    if (CopiaElementi()) CancellaSelezione();
-}
-
-void separa() {
-    if (Puntosel.attiva) SeparaPict();
-}
-
-// Chosen again it closes, as its mark says.
-void mostraProprieta() { proprietaDialog ? ChiudiProprieta() : ApriProprieta(); }
-
-struct VoceModifica {
-    std::int16_t item;
-    bool conFinestra;
-    void (*azione)();
-};
-constexpr VoceModifica modifiche[] = {
-    {voci::modifica::annulla, true, AnnullaUltima},
-    {voci::modifica::taglia, true, taglia},
-    {voci::modifica::copia, true, [] { CopiaElementi(); }},
-    {voci::modifica::incolla, true, [] { IncollaElementi(false); }},
-    {voci::modifica::incollaSulPosto, true, [] { IncollaElementi(true); }},
-    {voci::modifica::incollaImmagine, true, IncollaPict},
-    {voci::modifica::cancella, false, CancellaSelezione},
-    {voci::modifica::selezionaTutto, true, selezionaTutto},
-    {voci::modifica::primoPiano, true, [] { AvantiEIndietroSelezione(true); }},
-    {voci::modifica::inFondo, true, [] { AvantiEIndietroSelezione(false); }},
-    {voci::modifica::sposta, true, spostaDiValori},
-    {voci::modifica::separaImmagine, true, separa},
-    {voci::modifica::inPoligonali, true, TrasformaPoligSel},
-    {voci::modifica::inSegmenti, true, TrasformaSegmentiSel},
-    {voci::modifica::suLucido, true, [] { PoniLucido(); }},
-    {voci::modifica::scalaImmagine, true, ScalaImmagine},
-    {voci::modifica::immagineDaSelezione, true, CreaImmagineDaSelezione},
-    {voci::modifica::ripeti, true, RipetiUltima},
-    {voci::modifica::bloccaImmagini, true, CambiaBloccoImmagini},
-    {voci::modifica::proprieta, false, mostraProprieta},
-    {voci::modifica::preferenze, false, Preferenze},
-};
-
-}   // namespace
-
-void DoEdit() {
-    const bool sempre = theItem == voci::modifica::proprieta || theItem == voci::modifica::preferenze;
-    if (CalcWindow && !sempre) {   // the only thing to take back is the path's last point
-        if (theItem == voci::modifica::annulla) IndietroPercorso();
-        return;
-    }
-    for (const VoceModifica& v : modifiche) {
-        if (v.item != theItem) continue;
-        if (!v.conFinestra || !noWindow) v.azione();
-        return;
-    }
-    SysBeep(30);
 }
 
 namespace {
@@ -358,75 +221,6 @@ void comandoAref() {
 
 void comandoZoom() { FaiZoom(theItem); }
 
-bool soloImmagine() {
-    return Puntosel.attiva && !Puntosel.multipla && Puntosel.indice >= 3 && Puntosel.indice <= indElem
-           && Elem(Puntosel.indice).tipo == tPict;
-}
-
-void comandoEsporta() {
-    using namespace voci::esporta;
-    switch (theItem) {
-    case versionePrecedente:
-        theItem = rEsporta;
-        archivia();
-        break;
-    case immagineDisegno:
-        theItem = rPict;
-        archivia();
-        break;
-    case immagineSelezionata:
-        if (!soloImmagine()) {
-            StopAlert(146);
-            break;
-        }
-        theItem = rPictSel;
-        archivia();
-        break;
-    case dwg:
-        if (!noWindow) EsportaDWG();
-        break;
-    case xyz: FaiXYZAsci(); break;
-    case miniCad2D: FaiMiniCad(due_D); break;
-    case miniCad3D: FaiMiniCad(tre_D); break;
-    case mappa:
-        if (!noWindow) EsportaMappa();
-        break;
-    case geoTiff:
-        if (!noWindow) EsportaGeoTIFF();
-        break;
-    default: break;
-    }
-}
-
-void comandoApriAltri() {
-    theItem = static_cast<std::int16_t>(menuApriAltri + theItem);
-    if (noWindow) SetUpWindow();
-    archivia();
-    disegnoAperto();
-}
-
-void comandoImporta() {
-    if (theItem == voci::importa::scelteDWG) {
-        SceglieImportaDWG();
-        return;
-    }
-    if (noWindow) SetUpWindow();
-    if (theItem == voci::importa::dwg && (KeyModifiers() & optionKey) == 0) {
-        const Arrivo arrivo;
-        ImportaDWG();
-    } else if (theItem == voci::importa::mappa) {
-        const Arrivo arrivo;
-        ImportaMappa();
-    } else if (theItem == voci::importa::raster) {
-        const Arrivo arrivo;
-        ImportaRaster();
-    } else {
-        theItem = static_cast<std::int16_t>(menuImporta + theItem);
-        archivia();
-    }
-    disegnoAperto();
-}
-
 void comandoIngressoAttacco() {
     const std::int16_t punto = theItem;   // an item is its point
     if (!noWindow && punto >= 1 && punto <= 4) IngressoAttacco(punto);
@@ -507,9 +301,9 @@ constexpr VoceMenu comandi[] = {
     {menuZoom, comandoZoom},
     {menuNomiColori, comandoColore},
     {menuSpessore, comandoSpessore},
-    {menuEsporta, comandoEsporta},
-    {menuApriAltri, comandoApriAltri},
-    {menuImporta, comandoImporta},
+    {menuEsporta, DoEsporta},
+    {menuApriAltri, DoApriAltri},
+    {menuImporta, DoImporta},
     {menuCaratteri, [] { CheckFontMac(theItem); }},
     {menuCorpi, [] { CheckDimFMac(theItem); }},
     {menuStili, [] { CheckStile(theItem); }},
