@@ -8,6 +8,7 @@
 
 #include "dialogs/Errori.h"
 #include "dialogs/Parametri.h"
+#include "display/AttacchiMarche.h"
 #include "display/Ridisegno.h"
 #include "display/Zoom.h"
 #include "files/Blocchi.h"
@@ -365,7 +366,10 @@ void leggidati() {
     const bool buono = !uscita && leggiTutto(l);
     if (buono) {
         NewDis = 1;
-        ErroreAlert(attaccoAttivo.PreparaAttacco());
+        const ErroriIncontrati errori = attaccoAttivo.PreparaAttacco();
+        // Points that nobody gave are no news to who opens a drawing of two.
+        const bool tutti = attaccoAttivo.GetTipo() == 0 || (AttaccoDato(3) && AttaccoDato(4));
+        if (tutti) ErroreAlert(errori);
         PoniAnnulla(aNiente);
         InvalFinestra();
     }

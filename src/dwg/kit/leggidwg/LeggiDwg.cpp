@@ -15,7 +15,7 @@ constexpr const char* interprete = "node";
 constexpr const char* compilatoreRapido = "--liftoff-only";
 constexpr const char* aiutante = "lettore/lettore.mjs";
 constexpr const char* libreria = "lettore/node_modules/@mlightcad/libredwg-web/package.json";
-constexpr int secondiMassimi = 600;
+constexpr int secondiMassimi = 120;
 constexpr std::int64_t megabyteMassimi = 3072;
 constexpr std::int16_t listaAiutante = 9154;   // what is missing or went wrong
 enum : std::int16_t {
