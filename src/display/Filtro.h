@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "display/Pixel.h"
+#include "display/RiquadroTesto.h"
 #include "display/Testi.h"
 #include "model/Archivio.h"
 #include "model/Lucidi.h"
@@ -66,6 +67,16 @@ class Filtro {
     bool tutto;                                 // the preview moves figures anywhere: nothing is passed over
     std::array<std::uint8_t, 101> visibile{};   // by sheet; the last entry stands for numbers that are none
 
+    struct MisuraTesto {
+        double corpo, lungo;   // pixels
+    };
+    static MisuraTesto misura(const elemento& e) {
+        const double scala = ScalaTesto / GetPort()->finezza;
+        const double corpo = std::fabs(e.test.dimensione * scala) + 2;
+        return {corpo,
+                std::max(std::fabs(e.test.larghezza * scala), 1.5 * corpo * static_cast<double>(ScrittaDi(e).size()))};
+    }
+
 public:
     Filtro() : perPixel(GetPort()->finezza / scalavid), tutto(AnteprimaAttiva()) {
         const Rect r = AreaDisegnabile();
@@ -109,7 +120,7 @@ public:
         double y1 = leggi<double>(e, c.y1), y2 = leggi<double>(e, c.y2), m = 0;
         if (e.tipo == tTesto) {
             y1 = y2 = e.test.y;   // a text keeps its point elsewhere
-            m = lontananzaTesto(e);
+            m = altezzaTesto(e);
             if (!VisioneGraf.mostraTesti || !passaTesto(e)) return false;
         } else if (e.tipo == tPoligono) {
             m = margine(e.poli.spessore);
@@ -146,11 +157,13 @@ public:
     // Round the anchor, whatever the angle: as far as the string was measured or as its letters may reach, since the
     // smallest size and the fonts of another machine widen it.
     [[nodiscard]] double lontananzaTesto(const elemento& e) const {
-        const double scala = ScalaTesto / GetPort()->finezza;
-        const double corpo = std::fabs(e.test.dimensione * scala) + 2;
-        const double lungo =
-            std::max(std::fabs(e.test.larghezza * scala), 1.5 * corpo * static_cast<double>(ScrittaDi(e).size()));
-        return (lungo + 2 * corpo) * perPixel;
+        const MisuraTesto t = misura(e);
+        return (t.lungo + 2 * t.corpo) * perPixel;
+    }
+    // The same above and below the anchor, by the line's angle.
+    [[nodiscard]] double altezzaTesto(const elemento& e) const {
+        const MisuraTesto t = misura(e);
+        return (t.lungo * std::fabs(std::sin(GiroTesto(e.test.angolo))) + 2 * t.corpo) * perPixel;
     }
     [[nodiscard]] bool passaTesto(const elemento& e) const {
         const double x = e.test.x, y = e.test.y;
