@@ -18,7 +18,7 @@ extern std::int16_t velbaud;              // speed: 1 to 5 are 1200, 2400, 4800,
 extern PStr255 PortaTavIn, PortaTavOut;   // device that the digitiser is read from, and written to; empty
 extern std::int16_t NeroVers, RossoVers, VerdeVers, BluVers, CianoVers, MagentaVers, GialloVers;   // plotter pens
 
-bool ParamGraf();   // dialog 2013; at start-up loads "PGraf56". False: cancelled
+bool ParamGraf();                            // dialog 2013; at start-up loads "PGraf56". False: cancelled
 void PoniUnitaDisegno(std::int16_t unita);   // UnitaMCorrente, 0 millimetre to 5 foot; the scale stays
 // A settings file of binary numbers in the settings folder. False when it is not there.
 bool ApriImpostazioni(const char* nome, bool scrivere);

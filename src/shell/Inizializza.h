@@ -19,7 +19,7 @@ struct Partenza {
 // The settings load in silence, the drawing of the start closes, then events until the end. False when a drawing that was
 // to be printed was not.
 bool CicloPrincipale(const Partenza& p);
-extern void (*dopoIlGiro)();   // called when a round of the main loop is over; for who watches the state
+extern void (*dopoIlGiro)();               // called when a round of the main loop is over; for who watches the state
 void ApriPercorso(const char* pathUtf8);   // as the desktop's "odoc" does
 // As the desktop's "pdoc" does: each drawing is opened and printed, with the page format and the printer that are kept or
 // are the defaults. False when one was not opened or not printed, which was shown.

@@ -11,7 +11,7 @@ inline constexpr std::int16_t dialogoProprieta = 9481;
 
 extern DialogPtr proprietaDialog;   // null while it is closed
 
-void ApriProprieta();   // an open one comes to the front
+void ApriProprieta();     // an open one comes to the front
 void ChiudiProprieta();   // nothing happens when it is closed
 // Shows what is selected now, when it differs from what the window shows. `forse`: an event has passed that may have
 // changed the selection or the drawing; without one only a closed drawing is looked for.
