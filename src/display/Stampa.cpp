@@ -20,7 +20,7 @@
 namespace tessaro {
 
 constinit PMPrintSession printSession = nullptr;
-constinit std::string hPageFormat, hPrintSettings, destFormatP, destLocationP;
+std::string hPageFormat, hPrintSettings, destFormatP, destLocationP;
 constinit std::int16_t destTypeP = 0;
 constinit Rect rectgr{};
 
