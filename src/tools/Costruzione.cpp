@@ -18,24 +18,18 @@
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
-#include "model/VociDocumento.h"
 #include "platform/Events.h"
 #include "platform/Quickdraw.h"
 #include "registration/Coordinate.h"
-#include "text/Conversione.h"
 #include "tools/CursoreVincolato.h"
+#include "tools/CurvaInCorso.h"
 #include "tools/PennaFigura.h"
 
 namespace tessaro {
 
-constinit puntot PuntoCurva1{}, PuntoCurva2{}, PuntoCurva3{};
-constinit double AngInizCorrente = 0;
 constinit PercorsoMisurato percorsoMisurato{};
 
 namespace {
-
-bool strumentoCurva() { return operazCorrente == opCerchio || operazCorrente == opArco; }
-bool cerchioPerCentro() { return operazCorrente == opCerchio && !CurvePerPunti; }
 
 // The cross goes out of the way and comes back only for points that the pointer gives: a typed one repaints anyway.
 void croce(bool digitato) {
@@ -68,46 +62,6 @@ void ultimoPunto() {
 void cursoreSullaFine() {
     xcurs = Xfine;
     ycurs = Yfine;
-}
-
-std::int16_t gradi(double radianti) { return arrotonda16(RadToAng(radianti, gradSessadecimali)); }
-
-// Direction and distance of a point from the centre: clockwise from straight up, as arcs are drawn.
-double direzioneDalCentro(const puntot& p, double& distanza) {
-    double angolo = 0;
-    CartPolar(CentroCorrente.x, -CentroCorrente.y, p.x, -p.y, distanza, angolo, orientAzimut);
-    return angolo;
-}
-
-// Sweep of an arc by centre from its start to p, whole degrees; the radius is the second point's.
-void ampiezzaFino(const puntot& p) {
-    double distanza = 0;
-    AmpiezzaAngCorrente = gradi(direzioneDalCentro(p, distanza) - AngInizCorrente);
-    if (AmpiezzaAngCorrente < 0) AmpiezzaAngCorrente = i16(AmpiezzaAngCorrente + 360);
-}
-
-void curvaPerPunti() {
-    if (operazCorrente == opArco) {
-        ArcoTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
-    } else {
-        CerchioTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente);
-    }
-}
-
-// The curve as the second point leaves it.
-void curvaAlSecondoPunto() {
-    if (!strumentoCurva()) return;
-    if (CurvePerPunti) {
-        PuntoCurva1 = {Xini, Yini, 0};
-        PuntoCurva2 = PuntoCurva3 = {Xfine, Yfine, 0};
-        curvaPerPunti();
-        return;
-    }
-    CentroCorrente = {Xini, Yini, 0};
-    PuntoCurva2 = {Xfine, Yfine, 0};
-    AngInizCorrente = direzioneDalCentro(PuntoCurva2, RaggioCorrente);
-    AngInizio = gradi(AngInizCorrente);
-    AmpiezzaAngCorrente = 0;
 }
 
 puntot inReale(double x, double y, double z) {
@@ -150,7 +104,7 @@ void InitSegm() {
         Azione = sPercorso;
     } else {
         Azione = sPrimoPunto;
-        if (strumentoCurva()) {
+        if (StrumentoCurva()) {
             RaggioCorrente = 0;
             if (!CurvePerPunti) CentroCorrente = {Xini, Yini, 0};
         }
@@ -165,14 +119,14 @@ namespace {
 void secondoPunto(bool digitato) {
     if (digitato) {
         prendiDigitato();
-        curvaAlSecondoPunto();
+        CurvaAlSecondoPunto();
         return;
     }
     Croce();
     Elastico();
-    if (strumentoCurva() && !CurvePerPunti) prendiCursore();
+    if (StrumentoCurva() && !CurvePerPunti) prendiCursore();
     AttaccaCursore(Xfine, Yfine, zcurs);
-    curvaAlSecondoPunto();
+    CurvaAlSecondoPunto();
     ultimoPunto();
 }
 
@@ -271,7 +225,7 @@ void FineSegm() {
     if (Azione != sPrimoPunto && Azione != sPercorso) return;
     const bool digitato = IntroDigitale != 0;
     secondoPunto(digitato);
-    if (strumentoCurva() && Azione != sPercorso && !cerchioPerCentro() && (Xfine != Xini || Yfine != Yini)) {
+    if (StrumentoCurva() && Azione != sPercorso && !CerchioPerCentro() && (Xfine != Xini || Yfine != Yini)) {
         attendiTerzoPunto(digitato);
         return;
     }
@@ -280,7 +234,7 @@ void FineSegm() {
     const double fineX = Xfine, fineY = Yfine;   // the next side may begin before the end of this routine
     if (tabButton != bContinua && tabButton != bTermina) {
         abbandona();
-    } else if (strumentoCurva() && Azione != sPercorso ? Xfine != Xini || Yfine != Yini : diversaDaInizio()) {
+    } else if (StrumentoCurva() && Azione != sPercorso ? Xfine != Xini || Yfine != Yini : diversaDaInizio()) {
         memorizzaFigura();
         proseguiOTermina();
     } else {
@@ -313,15 +267,6 @@ void terzoPuntoPreso(bool digitato) {
     PuntoCurva3 = {Xfine, Yfine, 0};
 }
 
-void curvaAlTerzoPunto() {
-    if (CurvePerPunti) {
-        curvaPerPunti();
-        return;
-    }
-    ampiezzaFino(PuntoCurva3);
-    AngInizio = gradi(AngInizCorrente);
-}
-
 void memorizzaCurva() {
     cominciaAggiunta();
     const puntot& c = CentroCorrente;
@@ -344,21 +289,16 @@ void memorizzaCurva() {
     }
 }
 
-bool curvaFattibile() {
-    if (CurvePerPunti) return CurvaVera(PuntoCurva1, PuntoCurva2, PuntoCurva3);
-    return RaggioCorrente > 0 && std::isfinite(RaggioCorrente);
-}
-
 }   // namespace
 
 void FineArcoRaggio() {
     if (Azione != sTerzoPunto) return;
     const bool digitato = IntroDigitale != 0;
     terzoPuntoPreso(digitato);
-    curvaAlTerzoPunto();
+    CurvaAlTerzoPunto();
     PennaDefinitiva();
     DigiToReal(xcurs, ycurs, xprecedente, yprecedente);
-    if (!curvaFattibile()) {   // the stage stays open for another third point
+    if (!CurvaFattibile()) {   // the stage stays open for another third point
         SysBeep(30);
         PennaElastico();
         if (!digitato) Elastico();
@@ -378,18 +318,7 @@ void FaiElemento(std::int16_t tipo) {
     Elastico();
     prendiCursore();
     applicaVincolo();
-    const puntot fineElastico{Xfine, Yfine, 0};
-    if (tipo == tCerchio && CurvePerPunti) {
-        PuntoCurva3 = fineElastico;
-        CerchioTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente);
-    } else if (tipo == tCerchio) {
-        RaggioCorrente = Distanza(CentroCorrente.x, CentroCorrente.y, Xfine, Yfine);
-    } else if (tipo == tArco && CurvePerPunti) {
-        PuntoCurva3 = fineElastico;
-        ArcoTre(PuntoCurva1, PuntoCurva2, PuntoCurva3, CentroCorrente, RaggioCorrente, AngInizio, AmpiezzaAngCorrente);
-    } else if (tipo == tArco) {
-        ampiezzaFino(fineElastico);
-    }
+    CurvaFinoA({Xfine, Yfine, 0}, tipo);
     Elastico();
 }
 
@@ -428,37 +357,8 @@ void MuoviElastico() {
 
 namespace {
 
-std::string puntoJson(const puntot& p) { return "{\"x\":" + NumeroJson(p.x) + ",\"y\":" + NumeroJson(p.y) + "}"; }
-
-template <puntot& p>
-void azzera() {
-    p = {};
-}
-template <const puntot& p>
-std::string json() {
-    return puntoJson(p);
-}
-
-const VoceStato righe[] = {
-    {"PuntoCurva1", azzera<PuntoCurva1>, json<PuntoCurva1>},
-    {"PuntoCurva2", azzera<PuntoCurva2>, json<PuntoCurva2>},
-    {"PuntoCurva3", azzera<PuntoCurva3>, json<PuntoCurva3>},
-    voce<AngInizCorrente>("AngInizCorrente"),
-    voce<percorsoMisurato>("percorsoMisurato"),
-};
+const VoceStato righe[] = {voce<percorsoMisurato>("percorsoMisurato")};
 const TabellaStato tabella(righe);
-
-const VoceDocumento delGiornale[] = {
-    VoceDi("PuntoCurva1", VoceDocumento::elastico, PuntoCurva1),
-    VoceDi("PuntoCurva2", VoceDocumento::elastico, PuntoCurva2),
-    VoceDi("PuntoCurva3", VoceDocumento::elastico, PuntoCurva3),
-    VoceDi("CentroCorrente", VoceDocumento::elastico, CentroCorrente),
-    VoceDi("RaggioCorrente", VoceDocumento::elastico, RaggioCorrente),
-    VoceDi("AngInizCorrente", VoceDocumento::elastico, AngInizCorrente),
-    VoceDi("AngInizio", VoceDocumento::elastico, AngInizio),
-    VoceDi("AmpiezzaAngCorrente", VoceDocumento::elastico, AmpiezzaAngCorrente),
-};
-const VociDocumento tabellaGiornale(delGiornale);
 
 }   // namespace
 

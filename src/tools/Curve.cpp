@@ -1,4 +1,6 @@
 // The geometry of circles and arcs: centre, radius and angles from three points.
+#include "tools/Curve.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -6,7 +8,6 @@
 #include "model/Vista.h"
 #include "platform/Quickdraw.h"
 #include "text/Conversione.h"
-#include "tools/Costruzione.h"
 
 namespace tessaro {
 

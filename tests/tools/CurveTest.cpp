@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "model/Archivio.h"
-#include "tools/Costruzione.h"
+#include "tools/Curve.h"
 
 using namespace tessaro;
 
