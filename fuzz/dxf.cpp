@@ -6,8 +6,8 @@
 #include <string>
 #include <unistd.h>
 
+#include "Controlli.h"
 #include "exchange/DXF.h"
-#include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Unita.h"
 #include "platform/Files.h"
@@ -18,20 +18,6 @@ using namespace tessaro;
 namespace {
 
 constexpr std::int32_t capacita = 2000;
-
-// The vertices that a head counts are there.
-void controlla() {
-    if (indElem > maxElementi) std::abort();
-    for (std::int32_t i = 3; i <= indElem; ++i) {
-        const elemento& e = Elem(i);
-        if (e.lucido < 0 || e.lucido > 99 || e.tipo == tVertice) std::abort();
-        if (e.tipo != tPoligono) continue;
-        const std::int32_t fine = i + e.poli.numVertici;
-        if (fine < i || fine > indElem) std::abort();
-        while (i < fine)
-            if (Elem(++i).tipo != tVertice) std::abort();
-    }
-}
 
 }   // namespace
 
@@ -48,6 +34,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     LeggiDXF();
     FSClose(RefNum);
     unlink(percorso.c_str());
-    controlla();
+    controllaRecord();
     return 0;
 }

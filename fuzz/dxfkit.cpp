@@ -7,8 +7,8 @@
 #include <string>
 #include <unistd.h>
 
+#include "Controlli.h"
 #include "dwg/DbDumper.h"
-#include "model/Archivio.h"
 #include "platform/Files.h"
 #include "text/FileDati.h"
 
@@ -17,19 +17,6 @@ using namespace tessaro;
 namespace {
 
 constexpr std::int32_t capacita = 2000;
-
-void controlla() {
-    if (indElem > maxElementi) std::abort();
-    for (std::int32_t i = 3; i <= indElem; ++i) {
-        const elemento& e = Elem(i);
-        if (e.lucido < 0 || e.lucido > 99 || e.tipo == tVertice) std::abort();
-        if (e.tipo != tPoligono) continue;
-        const std::int32_t fine = i + e.poli.numVertici;
-        if (fine < i || fine > indElem) std::abort();
-        while (i < fine)
-            if (Elem(++i).tipo != tVertice) std::abort();
-    }
-}
 
 }   // namespace
 
@@ -44,6 +31,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ImportaDWGFile(FSMakeFSSpec(percorso));
     unlink(percorso.c_str());
     if (uscita != 0) std::abort();
-    controlla();
+    controllaRecord();
     return 0;
 }

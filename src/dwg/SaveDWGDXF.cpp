@@ -11,6 +11,7 @@
 #include "model/Archivio.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/IndiceColori.h"
 #include "model/TabellaStato.h"
 #include "model/Unita.h"
 #include "platform/Dialogs.h"
@@ -150,6 +151,18 @@ void rileggi(const OdDbDatabase& inteso, const Genere& g, const FSSpec& file, st
     StopAlert(avvisoDifferenze);
 }
 
+// Files older than 2004 know colours by number alone; how many elements take one that is not quite theirs.
+std::int64_t coloriVicini(const OdDbDatabase& db, std::int16_t versione) {
+    constexpr std::int16_t dxf2004 = 25;
+    if (versione >= dxf2004) return 0;
+    const auto& entita = db.spazioModello().entita;
+    return std::count_if(entita.begin(), entita.end(), [](const OdDbEntityPtr& e) {
+        if (e->color.metodo != OdCmColor::byColor) return false;
+        const TernaColore t = ColoreDiIndice(e->color.indice);
+        return t.r != e->color.red || t.g != e->color.green || t.b != e->color.blue;
+    });
+}
+
 }   // namespace
 
 void SaveDWGDXF(std::int16_t tipo, std::int16_t versione) {
@@ -165,6 +178,7 @@ void SaveDWGDXF(std::int16_t tipo, std::int16_t versione) {
         MyServices svcs;
         svcs.newProgressMeter(preparo);
         pDb = CreaDatabaseDisegno(conto);
+        conto.cambiati.aggiungi(cColoriVicini, coloriVicini(*pDb, versione));
         svcs.newProgressMeter(scrivo);
         esito = scriviFile(*pDb, *g, file, versione, svcs);
         if (esito.codice == eOk) rileggi(*pDb, *g, file, versione, svcs);

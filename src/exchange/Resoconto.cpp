@@ -127,8 +127,10 @@ void Resoconto::mostra(const ElementiContati& entrati, std::int64_t righe, bool 
 }
 
 void MostraScritti(const Scritti& s, TestoScambio formato) {
-    const std::string lasciati =
+    std::string lasciati =
         s.perduti.vuoti() ? std::string() : TestoDi(TestoScambio::tralasciati, s.perduti.testo());
+    if (!s.cambiati.vuoti())
+        lasciati += (lasciati.empty() ? "" : "\n") + TestoDi(TestoScambio::cambiati, s.cambiati.testo());
     ParamText(s.scritti.testo(), lasciati, s.scritti.vuoti() ? std::string() : TestoDi(formato), {});
     NoteAlert(avvisoScritto);
 }

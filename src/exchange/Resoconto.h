@@ -56,6 +56,7 @@ enum Conteggio : std::size_t {
     cLayerRiuniti,        // on the current one
     cPoligoniChiusi,      // closed by a vertex on their first
     cAttributiTagliati,   // tags, at 13 characters
+    cColoriVicini,        // elements in the nearest of the 255 colours
     nConteggi
 };
 
@@ -97,9 +98,9 @@ private:
     std::string noteProprie;   // sentences of a reader's own
 };
 
-// What an export wrote and what it left out.
+// What an export wrote, what it left out, and what stands in the file otherwise than in the drawing.
 struct Scritti {
-    ElementiContati scritti, perduti;
+    ElementiContati scritti, perduti, cambiati;
 };
 // Alert 9111. `formato` says what no file of the kind holds.
 void MostraScritti(const Scritti& s, TestoScambio formato);

@@ -163,6 +163,14 @@ private:
         if (s.bytes.size() > massimoPict - (1 << 20)) troppo = true;
         return troppo;
     }
+    // The opcode and its value, unless a reader holds that value by now.
+    template <class T, class A>
+    void seCambia(T& noto, const T& ora, std::uint16_t op, void (Scrittore::*scrivi)(A)) {
+        if (ora == noto) return;
+        noto = ora;
+        s.codice(op);
+        (s.*scrivi)(ora);
+    }
     void ritaglio() {
         if (clip.parti == scritto.clip.parti) return;
         scritto.clip = clip;
@@ -170,30 +178,15 @@ private:
         scriviRegione(s, clip);
     }
     void colori() {
-        if (foreground != scritto.fronte) {
-            s.codice(opRGBFgCol);
-            s.colore(scritto.fronte = foreground);
-        }
-        if (background != scritto.fondo) {
-            s.codice(opRGBBkCol);
-            s.colore(scritto.fondo = background);
-        }
+        seCambia(scritto.fronte, foreground, opRGBFgCol, &Scrittore::colore);
+        seCambia(scritto.fondo, background, opRGBBkCol, &Scrittore::colore);
     }
     void penna() {
         ritaglio();
         colori();
-        if (pen.pnSize != scritto.penna.pnSize) {
-            s.codice(opPnSize);
-            s.punto(pen.pnSize);
-        }
-        if (pen.pnMode != scritto.penna.pnMode) {
-            s.codice(opPnMode);
-            s.u16(pen.pnMode);
-        }
-        if (pen.pnPat != scritto.penna.pnPat) {
-            s.codice(opPnPat);
-            s.retino(pen.pnPat);
-        }
+        seCambia(scritto.penna.pnSize, pen.pnSize, opPnSize, &Scrittore::punto);
+        seCambia(scritto.penna.pnMode, pen.pnMode, opPnMode, &Scrittore::u16);
+        seCambia(scritto.penna.pnPat, pen.pnPat, opPnPat, &Scrittore::retino);
         scritto.penna = pen;
     }
     bool inizia(std::uint16_t famiglia, GrafVerb verb, const Pattern& p) {
@@ -277,21 +270,11 @@ void RegistratorePict::stdText(std::string_view macRoman) {
                 s.u8(static_cast<std::uint32_t>(nome.size()));
                 s.bytes += nome;
             }
-            s.codice(opTxFont);
-            s.u16(text.txFont);
         }
-        if (text.txFace != scritto.testo.txFace) {
-            s.codice(opTxFace);
-            s.u8(text.txFace);
-        }
-        if (text.txMode != scritto.testo.txMode) {
-            s.codice(opTxMode);
-            s.u16(text.txMode);
-        }
-        if (text.txSize != scritto.testo.txSize) {
-            s.codice(opTxSize);
-            s.u16(text.txSize);
-        }
+        seCambia(scritto.testo.txFont, text.txFont, opTxFont, &Scrittore::u16);
+        seCambia(scritto.testo.txFace, text.txFace, opTxFace, &Scrittore::u8);
+        seCambia(scritto.testo.txMode, text.txMode, opTxMode, &Scrittore::u16);
+        seCambia(scritto.testo.txSize, text.txSize, opTxSize, &Scrittore::u16);
         scritto.testo = text;
         s.codice(opLongText);
         s.punto(pen.pnLoc);
