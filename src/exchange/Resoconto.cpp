@@ -127,8 +127,7 @@ void Resoconto::mostra(const ElementiContati& entrati, std::int64_t righe, bool 
 }
 
 void MostraScritti(const Scritti& s, TestoScambio formato) {
-    std::string lasciati =
-        s.perduti.vuoti() ? std::string() : TestoDi(TestoScambio::tralasciati, s.perduti.testo());
+    std::string lasciati = s.perduti.vuoti() ? std::string() : TestoDi(TestoScambio::tralasciati, s.perduti.testo());
     if (!s.cambiati.vuoti())
         lasciati += (lasciati.empty() ? "" : "\n") + TestoDi(TestoScambio::cambiati, s.cambiati.testo());
     ParamText(s.scritti.testo(), lasciati, s.scritti.vuoti() ? std::string() : TestoDi(formato), {});
