@@ -67,15 +67,18 @@ struct Seriale : testing::Test {
     void manda(const std::string& byte) const {
         ASSERT_EQ(write(cavo, byte.data(), byte.size()), static_cast<ssize_t>(byte.size()));
     }
-    // Lets the line and the loop work until `fatto`, at most two seconds.
+    static void giro() {
+        EventRecord e;
+        WaitNextEvent(e, 0);
+        usleep(2000);
+    }
+    // Lets the line and the loop work until `fatto`; false when a busy machine has had thirty seconds.
     template <typename F>
     static bool attendi(F fatto) {
-        const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds(30);   // a busy machine
+        const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds(30);
         while (std::chrono::steady_clock::now() < fine) {
-            EventRecord e;
-            WaitNextEvent(e, 0);
+            giro();
             LeggiTavoletta();
-            usleep(2000);
             if (fatto()) return true;
         }
         return false;
@@ -128,7 +131,8 @@ TEST_F(Seriale, APulledCableEndsReadingWithOneMessage) {
     EXPECT_EQ(lettoreVivo, 0);
     EXPECT_FALSE(IsMenuItemChecked(6, 20));
     EXPECT_EQ(GetMenuItemText(6, 20), "Tablet Reading");
-    attendi([] { return false; });   // nothing more comes of it
+    int giri = 0;
+    attendi([&giri] { return ++giri == 100; });   // nothing more comes of it
     EXPECT_EQ(avvisi.size(), 1u);
 }
 
@@ -146,11 +150,9 @@ TEST_F(Seriale, WhatArrivesUnderADialogIsDropped) {
     {
         const Annidato dialogo;
         manda("04000,08000,1\r\n04000,08000,0\r\n0400");
-        for (int i = 0; i < 50; ++i) {
-            EventRecord e;
-            WaitNextEvent(e, 0);
-            usleep(2000);
-        }
+        // Until the line says that it dropped something; the reading itself rests under a dialog.
+        const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!SerialCut() && std::chrono::steady_clock::now() < fine) giro();
     }
     manda("04400,08000,1\r\n04400,08000,2\r\n");   // the first is the rest of what was cut, for all one knows
     operazCorrente = opMarker;
