@@ -51,6 +51,7 @@ struct MenuDati {
     QPointer<QMenu> menu;
 };
 
+MenuDati leggiMenu(const std::string& file);                // what one file of the resources tells; number 0: none
 MenuDati* menuDi(std::int16_t numero);                      // null when there is no such menu
 MenuDati* menuDelleVoci(std::int16_t numero);               // the same, through a mirror
 void preparaMenu(MenuDati& m);                              // builds or renews the widgets of a menu before it shows
