@@ -239,6 +239,18 @@ TEST_F(ImportaDWG, aDimensionIsItsPictureAndWithoutOneItIsTold) {
     EXPECT_NE(r.find("1 DIMENSION"), std::string::npos) << r;
 }
 
+// A damaged file's dimension named a block that holds the dimension: it came in until the stack was full.
+TEST_F(ImportaDWG, aDimensionThatHoldsItselfEnds) {
+    const std::string riga = "0 LINE,8 0,10 1,20 1,11 2,21 1,", quota = "0 DIMENSION,8 0,2 *D1,10 0,20 0";
+    leggi(quota, sezione("BLOCKS", blocco("*D1", riga + quota)));
+    EXPECT_EQ(quanti(tSegmento), 9) << "the depth at which it ends";
+    foglioDxf();
+    std::string inserti = quota;
+    for (int i = 0; i < 100; ++i) inserti += ",0 INSERT,8 0,2 *D1,10 0,20 0";
+    leggi(quota, sezione("BLOCKS", blocco("*D1", inserti)));
+    EXPECT_EQ(indElem, 2) << "a hundred to the eighth steps to nothing are not taken";
+}
+
 TEST_F(ImportaDWG, aSolidIsItsOutlineAndAMeshItsRowsAndColumns) {
     leggi("0 SOLID,8 0,10 0,20 0,11 4,21 0,12 0,22 3,13 4,23 3,"
           "0 POLYLINE,8 0,66 1,70 16,71 2,72 3,0 VERTEX,8 0,10 0,20 0,70 64,0 VERTEX,8 0,10 1,20 0,70 64,0 VERTEX,8 "

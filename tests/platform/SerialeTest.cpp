@@ -151,8 +151,8 @@ TEST_F(Seriale, WhatArrivesUnderADialogIsDropped) {
         const Annidato dialogo;
         manda("04000,08000,1\r\n04000,08000,0\r\n0400");
         // Until the line says that it dropped something; the reading itself rests under a dialog.
-        const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-        while (!SerialCut() && std::chrono::steady_clock::now() < fine) giro();
+        const auto tardi = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!SerialCut() && std::chrono::steady_clock::now() < tardi) giro();
     }
     manda("04400,08000,1\r\n04400,08000,2\r\n");   // the first is the rest of what was cut, for all one knows
     operazCorrente = opMarker;

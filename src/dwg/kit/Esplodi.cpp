@@ -84,34 +84,49 @@ bool explodeDatabaseBlock(OdDbDatabase& db, std::size_t limite) {
 
 namespace {
 
-void partiQuota(const OdDbDatabase& db, const OdDbEntity& padre, OdDbObjectId blocco, const OdGeMatrix3d& m,
-                int profondita, std::vector<OdDbEntityPtr>& parti) {
-    constexpr int massima = 8;
-    constexpr std::size_t limite = 5000;   // a dimension has a dozen parts
-    if (blocco.isNull() || profondita > massima) return;
-    for (const OdDbEntityPtr& e : db.blocks[blocco].entita) {
-        if (!mostrata(*e) || e->classe == OdDbClasse::Point || parti.size() >= limite) continue;
-        OdDbEntityPtr copia = getTransformedCopy(*e, m);
-        eredita(db, *copia, padre);
-        if (e->classe == OdDbClasse::BlockReference || e->classe == OdDbClasse::MInsertBlock) {
-            const auto& b = static_cast<const OdDbBlockBase&>(*copia);
-            if (!b.blockTableRecord.isNull())
-                partiQuota(db, b, b.blockTableRecord, MatriceInserto(b, db.blocks[b.blockTableRecord].origin, 0, 0),
-                           profondita + 1, parti);
-        } else {
-            parti.push_back(std::move(copia));
+// The parts of a dimension's picture, those of inserts and dimensions within it among them.
+class PartiQuota {
+public:
+    explicit PartiQuota(const OdDbDatabase& d) : db(d) {}
+    void prendi(const OdDbEntity& padre, OdDbObjectId blocco, const OdGeMatrix3d& m, int profondita = 0) {
+        constexpr int massima = 8;
+        if (blocco.isNull() || profondita > massima) return;
+        for (const OdDbEntityPtr& e : db.blocks[blocco].entita) {
+            if (++visti > limite) return;
+            if (!mostrata(*e) || e->classe == OdDbClasse::Point) continue;
+            OdDbEntityPtr copia = getTransformedCopy(*e, m);
+            eredita(db, *copia, padre);
+            if (e->classe == OdDbClasse::BlockReference || e->classe == OdDbClasse::MInsertBlock) {
+                const auto& b = static_cast<const OdDbBlockBase&>(*copia);
+                if (!b.blockTableRecord.isNull())
+                    prendi(b, b.blockTableRecord, MatriceInserto(b, db.blocks[b.blockTableRecord].origin, 0, 0),
+                           profondita + 1);
+            } else if (e->classe == OdDbClasse::Dimension) {
+                const auto& q = static_cast<const OdDbDimension&>(*copia);
+                prendi(q, q.dimBlock, matrice(q), profondita + 1);
+            } else {
+                parti.push_back(std::move(copia));
+            }
         }
     }
-}
+    static OdGeMatrix3d matrice(const OdDbDimension& q) {
+        const OdGeMatrix3d m = OdGeMatrix3d::translation(q.insertion);
+        return q.conMatrice ? q.matrice * m : m;
+    }
+    std::vector<OdDbEntityPtr> parti;
+
+private:
+    static constexpr std::size_t limite = 5000;   // a dimension has a dozen parts; a block that holds itself has no end
+    const OdDbDatabase& db;
+    std::size_t visti = 0;
+};
 
 }   // namespace
 
 std::vector<OdDbEntityPtr> EsplodiQuota(const OdDbDatabase& db, const OdDbDimension& quota) {
-    std::vector<OdDbEntityPtr> parti;
-    OdGeMatrix3d m = OdGeMatrix3d::translation(quota.insertion);
-    if (quota.conMatrice) m = quota.matrice * m;
-    partiQuota(db, quota, quota.dimBlock, m, 0, parti);
-    return parti;
+    PartiQuota q(db);
+    q.prendi(quota, quota.dimBlock, PartiQuota::matrice(quota));
+    return std::move(q.parti);
 }
 
 }   // namespace tessaro
