@@ -31,6 +31,7 @@ Coppia MappaFoglio::alFoglio(const Coppia& reale) const {
 Coppia MappaFoglio::esatta(const Coppia& foglio) const { return alFoglio(mappa(foglio)); }
 
 Coppia MappaFoglio::operator()(const Coppia& foglio) const {
+    if (maglie && maglie->dentro(foglio)) return (*maglie)(foglio);
     return quadri && quadri->dentro(foglio) ? (*quadri)(foglio) : esatta(foglio);
 }
 
@@ -46,12 +47,21 @@ bool MappaFoglio::Inversa(const Coppia& dove, Coppia& foglio) const {
 
 bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, double tolleranza) {
     quadri.reset();
+    maglie.reset();
     if (!buona || !(bx2 > bx1) || !(by2 > by1)) return false;
     auto g = std::make_unique<GrigliaMappa>();
     if (!g->fai(
             mappa, [this](const Coppia& r) { return alFoglio(r); }, bx1, by1, bx2, by2, tolleranza))
         return false;
     quadri = std::move(g);
+    return true;
+}
+
+bool MappaFoglio::PerPixel(double bx1, double by1, double bx2, double by2, double tolleranza) {
+    if (!Interpola(bx1, by1, bx2, by2, tolleranza / 2)) return false;
+    auto r = std::make_unique<ReteMappa>();
+    if (!r->fai([this](const Coppia& p) { return (*this)(p); }, bx1, by1, bx2, by2, tolleranza / 2)) return false;
+    maglie = std::move(r);
     return true;
 }
 

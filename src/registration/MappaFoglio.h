@@ -8,6 +8,7 @@
 
 #include "registration/GrigliaMappa.h"
 #include "registration/MoltiPunti.h"
+#include "registration/ReteMappa.h"
 
 namespace tessaro {
 
@@ -23,12 +24,17 @@ public:
     // the mapping stays exact, when a grid of a million nodes does not do.
     bool Interpola(double bx1, double by1, double bx2, double by2, double tolleranza);
     [[nodiscard]] const GrigliaMappa* griglia() const { return quadri.get(); }
+    // The same for tens of millions of points, which go by a net that is straight between its nodes: half of the tolerance
+    // is the grid's, half the net's. False when one of them does not do; points then go by what there is.
+    bool PerPixel(double bx1, double by1, double bx2, double by2, double tolleranza);
+    [[nodiscard]] const ReteMappa* rete() const { return maglie.get(); }
 
 private:
     [[nodiscard]] Coppia alFoglio(const Coppia& reale) const;
     MappaPunti mappa, simile;
     bool buona = false, conReali = false;
     std::unique_ptr<GrigliaMappa> quadri;
+    std::unique_ptr<ReteMappa> maglie;
 };
 
 // While it is not null, Traf4Pt of the live transformation goes through it: its preview is shown, or a command that copies or
