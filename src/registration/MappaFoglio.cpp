@@ -58,9 +58,11 @@ bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, doub
 }
 
 bool MappaFoglio::PerPixel(double bx1, double by1, double bx2, double by2, double tolleranza) {
-    if (!Interpola(bx1, by1, bx2, by2, tolleranza / 2)) return false;
+    constexpr double dellaGriglia = 0.3;
+    if (!Interpola(bx1, by1, bx2, by2, dellaGriglia * tolleranza)) return false;
     auto r = std::make_unique<ReteMappa>();
-    if (!r->fai([this](const Coppia& p) { return (*this)(p); }, bx1, by1, bx2, by2, tolleranza / 2)) return false;
+    if (!r->fai([this](const Coppia& p) { return (*this)(p); }, bx1, by1, bx2, by2, (1 - dellaGriglia) * tolleranza))
+        return false;
     maglie = std::move(r);
     return true;
 }

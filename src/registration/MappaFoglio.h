@@ -24,8 +24,8 @@ public:
     // the mapping stays exact, when a grid of a million nodes does not do.
     bool Interpola(double bx1, double by1, double bx2, double by2, double tolleranza);
     [[nodiscard]] const GrigliaMappa* griglia() const { return quadri.get(); }
-    // The same for tens of millions of points, which go by a net that is straight between its nodes: half of the tolerance
-    // is the grid's, half the net's. False when one of them does not do; points then go by what there is.
+    // The same for tens of millions of points, which go by a net that is straight between its nodes: a part of the
+    // tolerance is the grid's, the rest the net's. False when one of them does not do; points then go by what there is.
     bool PerPixel(double bx1, double by1, double bx2, double by2, double tolleranza);
     [[nodiscard]] const ReteMappa* rete() const { return maglie.get(); }
 

@@ -31,6 +31,7 @@ struct ReteMappa {
     void fila(double y, std::int32_t da, std::int32_t a, double* x, double* yFila) const;
 
 private:
+    bool misura(const std::function<Coppia(const Coppia&)>& mappa);
     [[nodiscard]] std::size_t nodo(std::int32_t r, std::int32_t c) const {
         return static_cast<std::size_t>(r) * static_cast<std::size_t>(colonne + 1) + static_cast<std::size_t>(c);
     }
