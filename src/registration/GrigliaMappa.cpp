@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 
+#include "bitmap/PerRighe.h"
 #include "registration/Lastra.h"
 
 namespace tessaro {
@@ -52,10 +54,12 @@ Coppia GrigliaMappa::operator()(const Coppia& p) const {
 
 void GrigliaMappa::liscio(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi) {
     nodi.resize(static_cast<std::size_t>(lato()) * static_cast<std::size_t>(lato()));
-    std::size_t k = 0;
-    for (std::int32_t r = -1; r <= celle + 1; ++r)
-        for (std::int32_t c = -1; c <= celle + 1; ++c)
-            nodi[k++] = poi(mappa.Liscia({x1 + c * passoX, y1 + r * passoY}, raggio));
+    perRighe(lato(), [&](std::int32_t da, std::int32_t a, std::int32_t) {
+        auto k = static_cast<std::size_t>(da) * static_cast<std::size_t>(lato());
+        for (std::int32_t r = da - 1; r < a - 1; ++r)
+            for (std::int32_t c = -1; c <= celle + 1; ++c)
+                nodi[k++] = poi(mappa.Liscia({x1 + c * passoX, y1 + r * passoY}, raggio));
+    });
 }
 
 void GrigliaMappa::vicini(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi) {
@@ -107,16 +111,23 @@ bool GrigliaMappa::fai(const MappaPunti& mappa, const std::function<Coppia(const
         raggio = passi * std::max(passoX, passoY);
         liscio(mappa, poi);
         vicini(mappa, poi);
-        double peggio = 0;
-        for (std::int32_t r = 0; r < celle && peggio * 2 <= tolleranza; ++r)
-            for (std::int32_t c = 0; c < celle; ++c) {
-                const Coppia p{x1 + (c + 0.5) * passoX, y1 + (r + 0.5) * passoY};
-                const Coppia esatto = poi(mappa(p)), stimato = (*this)(p);
-                const double scarto = std::hypot(esatto.x - stimato.x, esatto.y - stimato.y);
-                if (!std::isfinite(scarto)) return false;
-                peggio = std::max(peggio, scarto);
+        std::vector<double> peggio(static_cast<std::size_t>(celle), 0);
+        std::atomic<bool> valori = true, basta = false;
+        perRighe(celle, [&](std::int32_t da, std::int32_t a, std::int32_t) {
+            for (std::int32_t r = da; r < a && !basta; ++r) {
+                double& qui = peggio[static_cast<std::size_t>(r)];
+                for (std::int32_t c = 0; c < celle; ++c) {
+                    const Coppia p{x1 + (c + 0.5) * passoX, y1 + (r + 0.5) * passoY};
+                    const Coppia esatto = poi(mappa(p)), stimato = (*this)(p);
+                    const double scarto = std::hypot(esatto.x - stimato.x, esatto.y - stimato.y);
+                    if (!std::isfinite(scarto)) valori = false;
+                    qui = std::max(qui, scarto);
+                }
+                if (!(qui * 2 <= tolleranza)) basta = true;
             }
-        errore = 2 * peggio;
+        });
+        if (!valori) return false;
+        errore = 2 * *std::max_element(peggio.begin(), peggio.end());
         if (errore <= tolleranza) return true;
     }
     return false;

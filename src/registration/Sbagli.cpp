@@ -28,9 +28,7 @@ public:
 };
 
 // The residual length that `quanti` of all points stay under.
-double ordinato(const SoluzionePunti& s, std::size_t quanti) {
-    std::vector<double> l(s.punti.size());
-    std::transform(s.punti.begin(), s.punti.end(), l.begin(), [](const ResiduoPunto& p) { return lungo(p.residuo); });
+double ordinato(std::vector<double>& l, std::size_t quanti) {
     std::nth_element(l.begin(), l.begin() + static_cast<std::ptrdiff_t>(quanti - 1), l.end());
     return l[quanti - 1];
 }
@@ -46,19 +44,33 @@ bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunt
     pesi.assign(n, 1);
     if (metodo == Metodo::lastra || !RisolviPunti(punti, metodo, s) || s.gradi == 0) return false;
     const std::size_t meta = std::min(n, (n + k + 1) / 2);
-    double meglio = ordinato(s, meta);
+    std::vector<double> primi(n);
+    std::transform(s.punti.begin(), s.punti.end(), primi.begin(),
+                   [](const ResiduoPunto& p) { return lungo(p.residuo); });
+    double meglio = ordinato(primi, meta);
     std::vector<double> partenza(n, 1), prova(n);
     SoluzionePunti t;
+    std::vector<PuntoNoto> alcuni;
+    std::vector<double> lunghi(n);
     const auto tenta = [&] {
-        if (!RisolviPunti(punti, metodo, t, prova)) return;
-        const double l = ordinato(t, meta);
+        alcuni.clear();
+        for (std::size_t i = 0; i < n; ++i)
+            if (prova[i] > 0) alcuni.push_back(punti[i]);
+        if (!RisolviPunti(alcuni, metodo, t)) return;
+        for (std::size_t i = 0; i < n; ++i) {
+            const Coppia q = t.mappa(punti[i].foglio);
+            const double l = std::hypot(q.x - punti[i].reale.x, q.y - punti[i].reale.y);
+            lunghi[i] = std::isfinite(l) ? l : std::numeric_limits<double>::infinity();
+        }
+        const double l = ordinato(lunghi, meta);
         if (!(l < meglio)) return;
         meglio = l;
         partenza = prova;
     };
     // Each try looks at every point: many points are tried less often, as their scale is sure sooner.
     const std::size_t prove = std::clamp<std::size_t>(60000 / n, 20, 300);
-    for (std::size_t i = 0; i < std::min(n, prove); ++i) {   // all but one, too: what a single slip asks for
+    constexpr std::size_t pochi = 60;
+    for (std::size_t i = 0; n <= pochi && i < n; ++i) {   // all but one, too: what a single slip among few asks for
         prova.assign(n, 1);
         prova[i] = 0;
         tenta();
