@@ -44,12 +44,13 @@ bool MappaFoglio::Inversa(const Coppia& dove, Coppia& foglio) const {
     return mappa.Inversa(reale, foglio);
 }
 
-bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, double tolleranza) {
+bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, double tolleranza,
+                            const std::function<bool()>& avanti) {
     quadri.reset();
     if (!buona || !(bx2 > bx1) || !(by2 > by1)) return false;
     auto g = std::make_unique<GrigliaMappa>();
     if (!g->fai(
-            mappa, [this](const Coppia& r) { return alFoglio(r); }, bx1, by1, bx2, by2, tolleranza))
+            mappa, [this](const Coppia& r) { return alFoglio(r); }, bx1, by1, bx2, by2, tolleranza, avanti))
         return false;
     quadri = std::move(g);
     return true;
