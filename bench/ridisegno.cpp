@@ -255,11 +255,29 @@ void strisce(benchmark::State& state, bool inVista) {
     confronta(state, 1.0 / std::min(1.7, fili * 0.85), su(fili), su(1));
 }
 
+// Smooth lines against the plain ones of the same 100,000 segments.
+void morbide(benchmark::State& state) {
+    constexpr std::size_t quanti = 100000;
+    prepara();
+    const std::vector<Capi> capi = segmentiInVista();
+    for (std::size_t i = 0; i < quanti; ++i)
+        Memorizza(tSegmento, capi[i].x0, capi[i].y0, 0, capi[i].x1, capi[i].y1, 0, 1, 1, 1, "");
+    const auto con = [](bool liscia) {
+        return [liscia] {
+            porta().smooth = liscia;
+            Disegna();
+            porta().smooth = false;
+        };
+    };
+    confronta(state, 6, con(true), con(false));
+}
+
 }   // namespace
 
 BENCHMARK_CAPTURE(segmenti, solid, 1, false)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(segmenti, patterned, 3, false)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(segmenti, xored, 1, true)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(morbide)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoTutto)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoVentesimo)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoNulla)->UseManualTime()->Unit(benchmark::kMillisecond);
