@@ -8,6 +8,7 @@
 #include "display/Disegno.h"
 #include "display/palette.h"
 #include "display/Ridisegno.h"
+#include "display/Strisce.h"
 #include "dwg/DbDumper.h"
 #include "dwg/dwgdxf.h"
 #include "dwg/EsportaDWG.h"
@@ -21,6 +22,7 @@
 #include "model/Cursore.h"
 #include "model/Documento.h"
 #include "model/Estensioni.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/Stato.h"
 #include "model/Strumento.h"
@@ -28,7 +30,9 @@
 #include "platform/Automation.h"
 #include "platform/Dialogs.h"
 #include "platform/Images.h"
+#include "platform/paint/RasterPort.h"
 #include "platform/Scrap.h"
+#include "platform/Windows.h"
 #include "raster/Banco.h"
 #include "raster/Correzione.h"
 #include "raster/CreaPict.h"
@@ -41,6 +45,7 @@
 #include "shell/Archivia.h"
 #include "support/Avvisi.h"
 #include "support/Carta.h"
+#include "support/Invarianti.h"
 #include "support/Passi.h"
 
 using namespace tessaro;
@@ -184,6 +189,18 @@ const Lavoro lavori[] = {
     {"DWG by the kit", "k.dwg", niente, [] { SaveDWGDXF(1, 29); }, true},
     {"map", "d.geojson", niente, [] { ScriviMappa(FSMakeFSSpec(fileScelto)); }},
     {"GeoTIFF", "g.tif", niente, [] { ScriviGeoTIFF(FSMakeFSSpec(fileScelto), primaPict); }},
+    {"print", "d.pdf", niente,
+     [] {
+         PMPageFormat f;
+         f.larghezza = 297;
+         f.altezza = 210;
+         PMPrintSettings p;
+         p.luogo = fileScelto;
+         PMFlattenPageFormat(f, hPageFormat);
+         PMFlattenPrintSettings(p, hPrintSettings);
+         DoPrint();
+         DopoStampa();
+     }},
     {"rectification", "", quattroPunti, rettifica<false>},
     {"smooth rectification", "", quattroPunti, rettifica<true>},
     {"rectification by many points", "", moltiPunti,
@@ -305,5 +322,121 @@ INSTANTIATE_TEST_SUITE_P(Uno, LavoriLunghi, testing::ValuesIn(lavori), [](const 
     std::erase(nome, ' ');
     return nome;
 });
+
+// --- what is read before a stop stays, is told, and goes with one Undo
+
+struct Importo {
+    const char* nome;
+    const char* file;
+    void (*scrivi)();   // the file, from the full drawing
+    void (*leggi)();
+};
+
+void leggiTesto(void (*lettore)()) {
+    uscita = 0;
+    CominciaAggiunta();
+    ASSERT_EQ(FSpOpenDF(FSMakeFSSpec(fileScelto), fsRdPerm, RefNum), noErr);
+    lettore();
+    if (RefNum != 0) FSClose(RefNum);
+    PoniAnnulla(aAggiunta);
+}
+
+const Importo importi[] = {
+    {"DXF", "d.dxf", FaiDXF, [] { leggiTesto(LeggiDXF); }},
+    {"point list", "d.xyz", FaiXYZAsci, [] { leggiTesto(LeggiXYZ); }},
+    {"DXF by the kit", "k.dxf", [] { SaveDWGDXF(2, 29); }, [] { ImportaDWGFile(FSMakeFSSpec(fileScelto)); }},
+    {"map", "d.geojson", [] { ScriviMappa(FSMakeFSSpec(fileScelto)); }, [] { LeggiMappa(FSMakeFSSpec(fileScelto)); }},
+    {"drawing", "d.ts3d", [] { esporta(rSalva); },
+     [] {
+         theItem = rUnisciDato;
+         myFSS = FSMakeFSSpec(fileScelto);
+         archivia();
+     }},
+};
+
+class ImportiLunghi : public testing::TestWithParam<Importo> {};
+
+TEST_P(ImportiLunghi, StoppedTheyKeepWhatWasReadSayItAndGoWithOneUndo) {
+    const SenzaTraccia muto;
+    const Copione copione = conFile();
+    ASSERT_TRUE(AllocaElementi(60000));
+    AzzeraEstensioni();
+    SetCopione(&copione);
+    SetUpWindow();
+    disegnoPieno();
+    const Cartella cartella;
+    fileScelto = cartella / GetParam().file;
+    AutoStopWork(-1);
+    GetParam().scrivi();
+    const std::string file = contenuto(fileScelto);
+    AzzeraArchivio();
+    segmento(1, 2, 3, 4);
+    avvisi.clear();
+    const ConGiornale giornale;
+    const std::string prima = scriviByte();
+    AutoStopWork(-1);
+    GetParam().leggi();
+    const std::int64_t passi = AutoWorkSteps();
+    const std::int32_t tutti = indElem;
+    ASSERT_GT(tutti, 1000);
+    finePasso();
+    annulla();
+    ASSERT_EQ(indElem, 3);
+    avvisi.clear();
+    AutoStopWork(passi / 2);
+    GetParam().leggi();
+    AutoStopWork(-1);
+    EXPECT_LT(indElem, tutti);
+    EXPECT_EQ(guastoFigure(true), "");
+    EXPECT_FALSE(avvisi.empty());
+    EXPECT_TRUE(contenuto(fileScelto) == file);
+    if (indElem > 3) {
+        finePasso();
+        annulla();
+    }
+    EXPECT_TRUE(scriviByte() == prima);
+    EXPECT_TRUE(StrOperCorr.view().empty());
+    indElem = 2;
+    TuttoChiuso();
+    ganciDellaSuite();
+}
+
+INSTANTIATE_TEST_SUITE_P(Uno, ImportiLunghi, testing::ValuesIn(importi), [](const auto& i) {
+    std::string nome = i.param.nome;
+    std::erase(nome, ' ');
+    return nome;
+});
+
+// --- a repaint
+
+TEST(LavoroLungo, AStoppedRepaintEndsEarlyAndTheNextOneIsWhole) {
+    ASSERT_TRUE(AllocaElementi(40000));
+    SetUpWindow();
+    disegnoPieno();
+    const RasterPort& porta = static_cast<RasterPort&>(*GetWindowPort(theWindow));
+    const auto pixel = [&porta] {
+        return std::vector<std::uint32_t>(porta.pixels(), porta.pixels() + porta.rowPixels() * porta.deviceHeight());
+    };
+    for (const std::int32_t soglia : {1, 1 << 30}) {   // in bands, and in one scan
+        sogliaStrisce = soglia;
+        AutoStopWork(-1);
+        Ridisegna();
+        const std::int64_t passi = AutoWorkSteps();
+        const auto intero = pixel();
+        ASSERT_GE(passi, 2);
+        const std::string prima = scriviByte(), stato = contorno();
+        AutoStopWork(0);
+        Ridisegna();
+        EXPECT_EQ(AutoWorkSteps(), 1);
+        EXPECT_TRUE(pixel() != intero);
+        EXPECT_TRUE(scriviByte() == prima);
+        EXPECT_EQ(contorno(), stato);
+        AutoStopWork(-1);
+        Ridisegna();
+        EXPECT_TRUE(pixel() == intero);
+    }
+    indElem = 2;
+    TuttoChiuso();
+}
 
 }   // namespace
