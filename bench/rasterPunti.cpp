@@ -88,7 +88,7 @@ double lavoro(std::int32_t n, std::size_t punti, bool liscia) {
     morbida = liscia;
     risoluzione = 254;   // a result pixel a sheet unit
     bool bene = false;
-    const double ms = millisecondi([&] { bene = m ? RettificaPerMolti(Elem(n), 0, *m) : RettificaPict(Elem(n), 0); });
+    const double ms = millisecondi([&] { bene = m ? RettificaPictMolti(Elem(n), 0, *m) : RettificaPict(Elem(n), 0); });
     if (!bene) fallito("the rectification");
     indElem = n;
     return ms;

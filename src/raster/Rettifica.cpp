@@ -1,9 +1,11 @@
 // Rectification: the picture is thrown forward through the live transformation, whole or cut to a polyline.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
@@ -204,14 +206,20 @@ bool RettificaPict(const elemento& pict, std::int32_t poligono) {
 
 // The picture's points go by a net as fine as a hundredth of a result's pixel asks. The last row and column of a dense source
 // may lie a little beyond its frame.
-bool RettificaPerMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
+bool RettificaPictMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
     const ConMappa mappa(&molti);
     modoDelLavoro();
     BaseDi(pict);
     const double pixel = DecPunto / coeffRisoluzione;
-    constexpr double orlo = 0.002;
-    const double bordo = 4 * pixel + orlo * std::max(x2PictBase - x1PictBase, y2PictBase - y1PictBase);
-    molti.PerPixel(x1PictBase - bordo, y1PictBase - bordo, x2PictBase + bordo, y2PictBase + bordo, 0.01 * pixel);
+    {
+        Termometro termometro(LavoroLungo::mappa);
+        constexpr double nonSiSa = std::numeric_limits<double>::quiet_NaN();   // how fine a net will do
+        constexpr double orlo = 0.002;
+        const double bordo = 4 * pixel + orlo * std::max(x2PictBase - x1PictBase, y2PictBase - y1PictBase);
+        molti.PerPixel(x1PictBase - bordo, y1PictBase - bordo, x2PictBase + bordo, y2PictBase + bordo, 0.01 * pixel,
+                       [&termometro] { return termometro.passo(nonSiSa); });
+        if (termometro.fermato()) return false;
+    }
     CalcolaVertici(pict, poligono);
     const bool fatta = PictureToPixMap(pict.pict.maniglia, poligono != 0);
     deformProspettica = 1;
@@ -231,7 +239,7 @@ void trasforma(std::int16_t item, MappaFoglio* molti) {
     if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
     const elemento pict = Elem(scelti.pict);
     if (molti != nullptr) {
-        RettificaPerMolti(pict, scelti.poligono, *molti);
+        RettificaPictMolti(pict, scelti.poligono, *molti);
     } else if (item != 2) {
         RettificaPict(pict, scelti.poligono);
     } else {

@@ -30,7 +30,7 @@ void ReteMappa::fila(double y, std::int32_t da, std::int32_t a, double* x, doubl
 }
 
 bool ReteMappa::fai(const std::function<Coppia(const Coppia&)>& mappa, double bx1, double by1, double bx2, double by2,
-                    double tolleranza) {
+                    double tolleranza, const std::function<bool()>& avanti) {
     constexpr double massimo = 4 << 20;   // nodes
     constexpr std::int32_t celleIniziali = 128;
     const double largo = bx2 - bx1, alto = by2 - by1;
@@ -46,29 +46,35 @@ bool ReteMappa::fai(const std::function<Coppia(const Coppia&)>& mappa, double bx
         colonne = static_cast<std::int32_t>(c);
         righe = static_cast<std::int32_t>(r);
         nodi.resize(static_cast<std::size_t>(c + 1) * static_cast<std::size_t>(r + 1));
-        perRighe(righe + 1, [&](std::int32_t da, std::int32_t a, std::int32_t) {
-            for (std::int32_t i = da; i < a; ++i)
+        std::atomic<bool> fermo = false;
+        perRighe(righe + 1, [&](std::int32_t da, std::int32_t a, std::int32_t filo) {
+            for (std::int32_t i = da; i < a; ++i) {
+                if (filo == 0 && avanti && !avanti()) fermo = true;   // the first band is the caller's own thread
+                if (fermo) return;
                 for (std::int32_t k = 0; k <= colonne; ++k) nodi[nodo(i, k)] = mappa({x1 + k * passo, y1 + i * passo});
+            }
         });
-        if (!misura(mappa)) return false;
+        if (fermo || !misura(mappa, avanti)) return false;
         if (errore <= tolleranza) return true;
         // The error falls with the square of the spacing, by a little less next to a plate's points.
         passo *= std::clamp(0.93 * std::sqrt(tolleranza / errore), 0.1, 0.9);
     }
 }
 
-// The largest distance at the middles of the cells. False when there is a place without a value.
-bool ReteMappa::misura(const std::function<Coppia(const Coppia&)>& mappa) {
+// The largest distance at the middles of the cells. False when there is a place without a value, or it was given up.
+bool ReteMappa::misura(const std::function<Coppia(const Coppia&)>& mappa, const std::function<bool()>& avanti) {
     std::vector<double> peggio(static_cast<std::size_t>(righe), 0);
     std::atomic<bool> valori = true;
-    perRighe(righe, [&](std::int32_t da, std::int32_t a, std::int32_t) {
-        for (std::int32_t i = da; i < a && valori; ++i)
+    perRighe(righe, [&](std::int32_t da, std::int32_t a, std::int32_t filo) {
+        for (std::int32_t i = da; i < a && valori; ++i) {
+            if (filo == 0 && avanti && !avanti()) valori = false;
             for (std::int32_t k = 0; k < colonne; ++k) {
                 const Coppia p{x1 + (k + 0.5) * passo, y1 + (i + 0.5) * passo}, q = mappa(p), s = (*this)(p);
                 const double scarto = std::hypot(q.x - s.x, q.y - s.y);
                 if (!std::isfinite(scarto)) valori = false;
                 peggio[static_cast<std::size_t>(i)] = std::max(peggio[static_cast<std::size_t>(i)], scarto);
             }
+        }
     });
     errore = 2 * *std::max_element(peggio.begin(), peggio.end());
     return valori;

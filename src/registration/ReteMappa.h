@@ -16,9 +16,10 @@ struct ReteMappa {
     double errore = 0;   // bound of the distance to the mapping: twice the largest found at the cells' middles
 
     // So fine that the error is at most `tolleranza`, in the unit of what `mappa` gives; asks it from several threads. False
-    // when four million nodes do not do, or it has no value somewhere in the box.
+    // when four million nodes do not do, it has no value somewhere in the box, or `avanti`, asked now and then on the
+    // caller's thread, says so.
     bool fai(const std::function<Coppia(const Coppia&)>& mappa, double bx1, double by1, double bx2, double by2,
-             double tolleranza);
+             double tolleranza, const std::function<bool()>& avanti = {});
 
     [[nodiscard]] bool dentro(const Coppia& p) const {
         const double u = (p.x - x1) * perPasso, v = (p.y - y1) * perPasso;
@@ -31,7 +32,7 @@ struct ReteMappa {
     void fila(double y, std::int32_t da, std::int32_t a, double* x, double* yFila) const;
 
 private:
-    bool misura(const std::function<Coppia(const Coppia&)>& mappa);
+    bool misura(const std::function<Coppia(const Coppia&)>& mappa, const std::function<bool()>& avanti);
     [[nodiscard]] std::size_t nodo(std::int32_t r, std::int32_t c) const {
         return static_cast<std::size_t>(r) * static_cast<std::size_t>(colonne + 1) + static_cast<std::size_t>(c);
     }
