@@ -21,6 +21,7 @@ struct ReteMappa {
     bool fai(const std::function<Coppia(const Coppia&)>& mappa, double bx1, double by1, double bx2, double by2,
              double tolleranza, const std::function<bool()>& avanti = {});
 
+    // On the net, its last row and column of cells too.
     [[nodiscard]] bool dentro(const Coppia& p) const {
         const double u = (p.x - x1) * perPasso, v = (p.y - y1) * perPasso;
         return u >= 0 && v >= 0 && u < colonne && v < righe;

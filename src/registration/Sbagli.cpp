@@ -36,19 +36,18 @@ double ordinato(std::vector<double>& l, std::size_t quanti) {
 // The standard error of a coordinate when a part q of the lengths stays under l: they follow Rayleigh's law.
 double scalaDa(double l, double q) { return l / std::sqrt(-2 * std::log(1 - q)); }
 
-}   // namespace
-
-bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunti& s, std::vector<double>& pesi,
-                  double& scala) {
+// Where the robust estimation begins: the points that the best try went by (1, else 0), and the scale by its median residual.
+bool partenzaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, std::vector<double>& partenza, double& scala) {
     const std::size_t n = punti.size(), k = static_cast<std::size_t>(PuntiMinimi(metodo));
-    pesi.assign(n, 1);
+    SoluzionePunti s;
+    partenza.assign(n, 1);
     if (metodo == Metodo::lastra || !RisolviPunti(punti, metodo, s) || s.gradi == 0) return false;
     const std::size_t meta = std::min(n, (n + k + 1) / 2);
     std::vector<double> primi(n);
     std::transform(s.punti.begin(), s.punti.end(), primi.begin(),
                    [](const ResiduoPunto& p) { return lungo(p.residuo); });
     double meglio = ordinato(primi, meta);
-    std::vector<double> partenza(n, 1), prova(n);
+    std::vector<double> prova(n);
     SoluzionePunti t;
     std::vector<PuntoNoto> alcuni;
     std::vector<double> lunghi(n);
@@ -88,6 +87,17 @@ bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunt
     }
     const double q = static_cast<double>(meta) / static_cast<double>(n + 1);
     scala = scalaDa(meglio, q) * (1 + 5 / static_cast<double>(2 * n));
+    return true;
+}
+
+}   // namespace
+
+bool StimaRobusta(std::span<const PuntoNoto> punti, Metodo metodo, SoluzionePunti& s, std::vector<double>& pesi,
+                  double& scala) {
+    const std::size_t n = punti.size();
+    std::vector<double> partenza;
+    pesi.assign(n, 1);
+    if (!partenzaRobusta(punti, metodo, partenza, scala)) return false;
     if (!RisolviPunti(punti, metodo, s, partenza)) return false;
     constexpr int giri = 40;
     constexpr double taglio = 5.1;   // Tukey's constant for residuals of two coordinates, 95 per cent efficient
@@ -269,9 +279,11 @@ struct Eliminazione {
         SoluzionePunti robusta;
         std::vector<double> dolci;
         double scala = 0;
+        // The start tells the scale at a fifth of the time.
+        if (!partenzaRobusta(punti, metodo, dolci, scala) || !(e.buona.errore > assai * std::max(scala, minimo)))
+            return;
         if (!StimaRobusta(punti, metodo, robusta, dolci, scala)) return;
         scala = std::max(scala, minimo);
-        if (!(e.buona.errore > assai * scala)) return;
         std::vector<double> prova(punti.size(), 1);
         std::vector<PuntoSbagliato> fuori;
         for (std::size_t i = 0; i < punti.size(); ++i) {
