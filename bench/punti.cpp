@@ -76,16 +76,17 @@ void tempi() {
 
 void sbagli() {
     constexpr double sigma = 0.05;
-    constexpr int prove = 1000;
-    std::printf("\n%-10s %7s %10s %8s\n", "method", "points", "named %", "false %");
+    constexpr int prove = 400;
+    std::printf("\n%-10s %7s %10s %8s %8s %7s\n", "method", "points", "named %", "told %", "false %", "enough");
     std::mt19937 sorte(7);
     std::normal_distribution<double> rumore(0, sigma);
     std::uniform_real_distribution<double> uno(0, 1);
     const char* const nomi[] = {"helmert", "affine", "projective", "second", "third", "plate"};
     for (int m = 0; m < numMetodi; ++m)
-        for (const int n : {12, 20, 40}) {
-            if (PuntiMinimi(static_cast<Metodo>(m)) * 2 > n) continue;
-            int nominati = 0, falsi = 0;
+        for (const int n : {8, 10, 12, 14, 16, 18, 20, 24, 28, 32, 36, 40}) {
+            if (PuntiMinimi(static_cast<Metodo>(m)) + 1 >= n) continue;
+            int nominati = 0, falsi = 0, bastano = 0;
+            double detto = 0;
             for (int t = 0; t < prove; ++t) {
                 std::vector<PuntoNoto> p;
                 const double a = 6.2831853 * uno(sorte), c = 0.1 * std::cos(a), s = 0.1 * std::sin(a);
@@ -95,7 +96,10 @@ void sbagli() {
                                  y = 1200 * (i / colonne) + 100 * uno(sorte);
                     p.push_back({{x, y}, {c * x + s * y + rumore(sorte), s * x - c * y + rumore(sorte)}});
                 }
-                falsi += !CercaSbagli(p, static_cast<Metodo>(m)).punti.empty();
+                const EsameSbagli buono = CercaSbagli(p, static_cast<Metodo>(m));
+                falsi += !buono.punti.empty();
+                detto += buono.potenza;
+                bastano += buono.bastano;
                 const std::size_t k = sorte() % p.size();
                 const double b = 6.2831853 * uno(sorte);
                 p[k].reale.x += 8 * sigma * std::cos(b);
@@ -103,7 +107,8 @@ void sbagli() {
                 const EsameSbagli e = CercaSbagli(p, static_cast<Metodo>(m));
                 nominati += !e.punti.empty() && e.punti[0].punto == k;
             }
-            std::printf("%-10s %7d %10.1f %8.1f\n", nomi[m], n, nominati * 100.0 / prove, falsi * 100.0 / prove);
+            std::printf("%-10s %7d %10.1f %8.1f %8.1f %7d\n", nomi[m], n, nominati * 100.0 / prove,
+                        detto * 100.0 / prove, falsi * 100.0 / prove, bastano / prove);
         }
 }
 

@@ -1,5 +1,11 @@
 # What a package of the program holds beside the executable, and how CPack names it.
 
+# Name, address and terms stand in one file, for all that tell them.
+include(packaging/identity.cmake)
+foreach(told changelog copyright io.github.tessaro3d.Tessaro3D.metainfo.xml)
+  configure_file(packaging/${told}.in ${CMAKE_BINARY_DIR}/told/${told} @ONLY)
+endforeach()
+
 # Icons in the sizes that desktops look for, of the program and of its files, drawn from the one drawing.
 add_executable(tessaro3d-icons EXCLUDE_FROM_ALL packaging/icone.cpp)
 target_link_libraries(tessaro3d-icons PRIVATE Qt6::Gui Qt6::Svg)
@@ -22,11 +28,12 @@ add_custom_command(OUTPUT ${icons}
 install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME tessaro3d.svg)
 
 # The manual page and the list of changes are packed, as Debian has them.
-foreach(packed tessaro3d.1 changelog)
+foreach(from ${CMAKE_SOURCE_DIR}/packaging/tessaro3d.1 ${CMAKE_BINARY_DIR}/told/changelog)
+  get_filename_component(packed ${from} NAME)
   add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/packed/${packed}.gz
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packed
-    COMMAND sh -c "gzip -9nc '${CMAKE_SOURCE_DIR}/packaging/${packed}' > '${CMAKE_BINARY_DIR}/packed/${packed}.gz'"
-    DEPENDS packaging/${packed} VERBATIM)
+    COMMAND sh -c "gzip -9nc '${from}' > '${CMAKE_BINARY_DIR}/packed/${packed}.gz'"
+    DEPENDS ${from} VERBATIM)
   list(APPEND packed_files ${CMAKE_BINARY_DIR}/packed/${packed}.gz)
 endforeach()
 # Only a package needs them: `cmake --build BUILD --target package-files` before `cpack`, as tools/make-package does.
@@ -35,9 +42,9 @@ add_custom_target(package-files DEPENDS ${icons} ${packed_files})
 install(FILES packaging/tessaro3d.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/tessaro3d.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES packaging/tessaro3d.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
-install(FILES packaging/io.github.tessaro3d.Tessaro3D.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${CMAKE_BINARY_DIR}/told/io.github.tessaro3d.Tessaro3D.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES packaging/copyright ${CMAKE_BINARY_DIR}/packed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
+install(FILES ${CMAKE_BINARY_DIR}/told/copyright ${CMAKE_BINARY_DIR}/packed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 if(NOT TESSARO_FUZZ)
   install(FILES ${CMAKE_BINARY_DIR}/sample.ts3d DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d)
@@ -53,7 +60,8 @@ install(DIRECTORY build/lettore/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tessaro3d)
-set(CPACK_PACKAGE_CONTACT "Tessaro 3D developers <developers@tessaro3d.org>")
+set(CPACK_PACKAGE_VENDOR "${TESSARO_VENDOR}")
+set(CPACK_PACKAGE_CONTACT "${TESSARO_CONTACT}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Turns scanned sheets and maps into measured drawings")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Surveyors, architects and draughtsmen register a scan or a photograph to real

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "batch/Batch.h"
+#include "maps/Prova.h"
 #include "platform/Automation.h"
 #include "platform/Resources.h"
 #include "script/Copione.h"
@@ -37,6 +38,7 @@ void stampaSenzaSchermo(const Opzioni& o, char* programma) {
 }   // namespace
 
 int main(int argc, char** argv) {
+    if (EProva(argc, argv)) return EseguiProva(argv);
     if (argc > 1 && EComando(argv[1])) EseguiComando(argc, argv);
     Opzioni opzioni;
     std::string guasto;

@@ -18,8 +18,8 @@ namespace {
 // Options end in '=' when a value belongs to them.
 constexpr std::string_view perTutti[] = {"json", "help", "language=", "settings="};
 constexpr std::string_view diConverti[] = {"version=", "scale=", "unit="};
-constexpr std::string_view diRegistra[] = {"sheet", "pixels", "unit=", "max-residual="};
-constexpr std::string_view diRaddrizza[] = {"dpi=", "scale=", "unit=", "plain", "crop"};
+constexpr std::string_view diRegistra[] = {"sheet", "pixels", "unit=", "max-residual=", "method="};
+constexpr std::string_view diRaddrizza[] = {"dpi=", "scale=", "unit=", "plain", "crop", "method=", "max-residual="};
 constexpr std::string_view diMisura[] = {"layer=", "total", "unit=", "scale="};
 constexpr std::string_view diStampa[] = {"paper=",   "landscape",  "margin=", "pages=",  "one-page",
                                          "overlap=", "skip-empty", "marks",   "numbers", "ruler"};

@@ -5,13 +5,15 @@
 #include <cmath>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "batch/Comandi.h"
 #include "bitmap/PictInPixel.h"
 #include "dialogs/Parametri.h"
+#include "digitising/FilePunti.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
-#include "registration/Sbagli.h"
+#include "shell/Archivia.h"
 #include "shell/Generi.h"
 
 namespace tessaro {
@@ -50,26 +52,79 @@ bool senzaNumeri(const std::vector<std::string>& p) {
 
 }   // namespace
 
-Esito LeggiPunti(const Chiamata& c, const std::string& percorso, std::size_t minimo, std::vector<PuntoDato>& punti) {
+namespace {
+
+// The whole file; false when it is not there.
+bool leggiTesto(const std::string& percorso, std::string& testo) {
     std::ifstream in(percorso, std::ios::binary);
+    char blocco[4096];
+    while (testo.size() < massimoByte && (in.read(blocco, sizeof blocco) || in.gcount() > 0))
+        testo.append(blocco, static_cast<std::size_t>(in.gcount()));
+    return in.eof();
+}
+
+// Files of QGIS and of the program's own table tell by their heading what they are.
+Posti perTestata(std::string_view testo) {
+    while (!testo.empty()) {
+        const std::size_t fine = std::min(testo.find_first_of("\r\n"), testo.size());
+        const std::string riga = Minuscole(testo.substr(0, fine));
+        testo.remove_prefix(std::min(fine + 1, testo.size()));
+        if (riga.empty() || riga[0] == '#') continue;
+        if (riga.find("mapx") != std::string::npos) return Posti::pixel;
+        const bool nostra = riga.find("sheet x") != std::string::npos || riga.find("foglio x") != std::string::npos;
+        return nostra ? Posti::foglio : Posti::comeSiDice;
+    }
+    return Posti::comeSiDice;
+}
+
+Esito rigaGuasta(const Chiamata& c, const std::string& percorso, std::size_t numero) {
+    return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::rigaPunto, std::to_string(numero)));
+}
+
+Esito conTestata(const Chiamata& c, const std::string& percorso, const std::string& testo,
+                 std::vector<PuntoDato>& punti) {
+    const EsitoFilePunti letto = LeggiFilePunti(testo, {});
+    if (letto.scartate > 0) return rigaGuasta(c, percorso, letto.primaScartata);
+    for (std::size_t i = 0; i < letto.tabella.righe.size(); ++i) {
+        const RigaPunto& r = letto.tabella.righe[i];
+        if (r.inUso && r.intera())
+            punti.push_back({r.nome.empty() ? std::to_string(i + 1) : r.nome, r.foglio, r.reale});
+    }
+    return Esito::fatto;
+}
+
+Esito senzaTestata(const Chiamata& c, const std::string& percorso, const std::string& testo,
+                   std::vector<PuntoDato>& punti) {
+    std::istringstream in(testo);
     std::string riga;
-    std::uintmax_t letti = 0;
-    std::int64_t numero = 0;
-    while (in && letti < massimoByte && std::getline(in, riga)) {
-        letti += riga.size() + 1;
-        ++numero;
+    for (std::size_t numero = 1; std::getline(in, riga); ++numero) {
         const std::vector<std::string> p = parole(riga);
         if (p.empty() || p[0][0] == '#') continue;
         PuntoDato d;
-        if (!punto(p, d)) {
-            if (punti.empty() && senzaNumeri(p)) continue;   // names of the columns
-            return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::rigaPunto, std::to_string(numero)));
+        if (punto(p, d)) {
+            punti.push_back(d);
+        } else if (!punti.empty() || !senzaNumeri(p)) {   // else names of the columns
+            return rigaGuasta(c, percorso, numero);
         }
-        if (std::any_of(punti.begin(), punti.end(), [&d](const PuntoDato& x) { return x.nome == d.nome; }))
-            return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::nomePunto, d.nome));
-        punti.push_back(d);
     }
-    if (numero == 0 && !in.eof()) return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::assente));
+    return Esito::fatto;
+}
+
+}   // namespace
+
+Esito LeggiPunti(const Chiamata& c, const std::string& percorso, std::size_t minimo, std::vector<PuntoDato>& punti,
+                 Posti& posti) {
+    std::string testo;
+    if (!leggiTesto(percorso, testo)) return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::assente));
+    posti = perTestata(testo);
+    const Esito e = (posti == Posti::comeSiDice ? senzaTestata : conTestata)(c, percorso, testo, punti);
+    if (e != Esito::fatto) return e;
+    std::vector<std::string> nomi;
+    nomi.reserve(punti.size());
+    for (const PuntoDato& p : punti) nomi.push_back(p.nome);
+    std::sort(nomi.begin(), nomi.end());
+    if (const auto doppio = std::adjacent_find(nomi.begin(), nomi.end()); doppio != nomi.end())
+        return Rifiuta(c, Esito::nonLetto, percorso, Testo(Frase::nomePunto, *doppio));
     if (punti.size() < minimo)
         return Rifiuta(c, Esito::nonLetto, percorso,
                        Testo(Frase::pochiPunti, std::to_string(minimo), std::to_string(punti.size())));
@@ -87,27 +142,6 @@ std::int32_t PrimaImmagine() {
     for (std::int32_t n = 3; n <= indElem; ++n)
         if (Elem(n).tipo == tPict) return n;
     return 0;
-}
-
-namespace {
-
-std::vector<PuntoNoto> noti(const std::vector<PuntoDato>& punti) {
-    std::vector<PuntoNoto> v;
-    for (const PuntoDato& p : punti) v.push_back({p.foglio, p.reale});
-    return v;
-}
-
-}   // namespace
-
-std::vector<std::string> Sospetti(const std::vector<PuntoDato>& punti) {
-    std::vector<std::string> nomi;
-    for (const PuntoSbagliato& s : CercaSbagli(noti(punti), Metodo::helmert).punti) nomi.push_back(punti[s.punto].nome);
-    return nomi;
-}
-
-Esito Adatta(const Chiamata& c, const std::string& percorso, const std::vector<PuntoDato>& punti, SoluzionePunti& s) {
-    if (RisolviPunti(noti(punti), Metodo::helmert, s) && Ingrandimento(s.mappa) > 0) return Esito::fatto;
-    return Rifiuta(c, Esito::nonFatto, percorso, Testo(Frase::puntiFermi));
 }
 
 double Ingrandimento(const MappaPunti& m) {

@@ -1,6 +1,5 @@
 // The command `register`: control points from a file give a picture or a drawing its real coordinates.
-#include <algorithm>
-#include <cmath>
+#include <limits>
 #include <string>
 
 #include "batch/Comandi.h"
@@ -8,38 +7,36 @@
 #include "batch/Motore.h"
 #include "batch/PuntiFile.h"
 #include "batch/Rigo.h"
+#include "digitising/PuntiApplica.h"
 #include "model/Archivio.h"
 #include "model/Unita.h"
+#include "platform/Resources.h"
 
 namespace tessaro {
 
 namespace {
 
-struct Rapporto {
-    double medio = 0, massimo = 0;   // residuals, the user's unit
-    std::string peggiore;
-};
+constexpr double gradi = 57.29577951308232;
 
-Rapporto residui(const Chiamata& c, const std::vector<PuntoDato>& punti, const SoluzionePunti& s) {
-    Rapporto r;
-    double quadrati = 0;
-    for (std::size_t i = 0; i < punti.size(); ++i) {
-        const PuntoDato& p = punti[i];
-        const Coppia d = s.punti[i].residuo;
-        const double lungo = std::hypot(d.x, d.y);
-        quadrati += lungo * lungo;
-        if (lungo >= r.massimo) {
-            r.massimo = lungo;
-            r.peggiore = p.nome;
-        }
-        Rigo riga(c);
-        riga.testo("point", p.nome).numero("sheet_x_mm", p.foglio.x / 10).numero("sheet_y_mm", p.foglio.y / 10);
-        riga.numero("x" + Unita(), p.reale.x).numero("y" + Unita(), p.reale.y);
-        riga.numero("residual_x" + Unita(), d.x).numero("residual_y" + Unita(), d.y);
-        riga.numero("residual" + Unita(), lungo).stampaRiga();
+// In the middle of the points: what bends is turned otherwise at each place.
+double rotazione(const std::vector<PuntoDato>& punti, const MappaPunti& m) {
+    Coppia c;
+    for (const PuntoDato& p : punti) {
+        c.x += p.foglio.x / static_cast<double>(punti.size());
+        c.y += p.foglio.y / static_cast<double>(punti.size());
     }
-    r.medio = std::sqrt(quadrati / static_cast<double>(punti.size()));
-    return r;
+    return ParametriDi(m, c).rotazione;
+}
+
+// A similarity is what control points 1 and 2 say; the other methods go with the drawing as its table, which coordinates
+// follow. What forbids it is given back, empty when it was done.
+std::string registra(const std::vector<PuntoDato>& punti, const MappaPunti& m) {
+    if (m.metodo() == Metodo::helmert) {
+        RegistraFoglio(m);
+        return {};
+    }
+    if (punti.size() > massimoPuntiTabella || !PoniTabella(TabellaDi(punti, m.metodo()))) return Testo(Frase::pieno);
+    return MacToUtf8(ApplicaPunti(true));
 }
 
 }   // namespace
@@ -50,32 +47,34 @@ Esito ComandoRegistra(const Chiamata& c) {
     if (StessoFile(da, a)) return Rifiuta(c, Esito::uso, a, Testo(Frase::stessoFile));
     const GenereFile* forma = FormaUscita(c, a);
     if (forma == nullptr || !Numero(c, "max-residual", 0, 1e9, limite) || !ScegliMisure(c)) return Esito::uso;
+    Metodo metodo = Metodo::helmert;
+    if (!ScegliMetodo(c, metodo)) return Esito::uso;
     std::vector<PuntoDato> punti;
-    if (const Esito e = LeggiPunti(c, elenco, 2, punti); e != Esito::fatto) return e;
+    Posti posti{};
+    if (const Esito e = LeggiPunti(c, elenco, static_cast<std::size_t>(PuntiMinimi(metodo)), punti, posti);
+        e != Esito::fatto)
+        return e;
     if (const Esito e = ApriIngresso(c, da, false); e != Esito::fatto) return e;
     const std::int32_t immagine = PrimaImmagine();
     const bool diCasa = GenereDi(da)->diCasa;
-    if (!c.ha("sheet") && (!diCasa || c.ha("pixels"))) {
+    const bool inPixel = posti == Posti::pixel || (posti == Posti::comeSiDice && !c.ha("sheet"));
+    if (inPixel && (!diCasa || c.ha("pixels") || posti == Posti::pixel)) {
         if (immagine == 0) return Rifiuta(c, Esito::nonFatto, da, Testo(Frase::senzaImmagine));
         InFoglio(punti, immagine);
     }
     if (!diCasa && immagine != 0) FoglioPer(Elem(immagine).pict.larghezza, Elem(immagine).pict.altezza);
     SoluzionePunti s;
-    if (const Esito e = Adatta(c, elenco, punti, s); e != Esito::fatto) return e;
-    RegistraFoglio(s.mappa);
-    const Rapporto r = residui(c, punti, s);
-    const std::vector<std::string> sospetti = Sospetti(punti);
-    if (r.massimo > limite)
-        return Rifiuta(
-            c, Esito::nonFatto, elenco,
-            Testo(Frase::oltreResiduo, sospetti.empty() ? r.peggiore : sospetti.front(), Decimali(limite, 4)));
+    if (const Esito e = Adatta(c, elenco, punti, metodo, s); e != Esito::fatto) return e;
+    if (const std::string guasto = registra(punti, s.mappa); !guasto.empty())
+        return Rifiuta(c, Esito::nonFatto, elenco, guasto);
+    const Residui r = StampaResidui(c, punti, s);
+    if (const Esito e = EntroLimite(c, elenco, r, limite); e != Esito::fatto) return e;
     if (const Esito e = ScriviUscita(c, *forma, a); e != Esito::fatto) return e;
-    constexpr double gradi = 57.29577951308232;
     Rigo riga(c);
-    riga.testo("input", da).testo("output", a).intero("points", static_cast<std::int64_t>(punti.size()));
-    riga.numero("scale_denominator", Scaladis).numero("rotation_deg", ParametriDi(s.mappa, {0, 0}).rotazione * gradi);
-    riga.numero("residual_rms" + Unita(), r.medio).numero("residual_max" + Unita(), r.massimo);
-    riga.testo("worst_point", r.peggiore).elenco("suspect_points", sospetti).stampaRiga();
+    riga.testo("input", da).testo("output", a);
+    riga.numero("scale_denominator", Scaladis).numero("rotation_deg", rotazione(punti, s.mappa) * gradi);
+    AggiungiResidui(riga, r, s, punti.size());
+    riga.stampaRiga();
     return Esito::fatto;
 }
 

@@ -137,6 +137,7 @@ void SbaglioCampo(std::int16_t code, const double& min, const double& max) {
 }
 
 void AvvisoMemoria(std::int64_t byte) {
+    if (ProgressStopped()) return;   // what is missing was not wanted any more
     constexpr std::int16_t avvisoMemoria = 128, listaMemoria = 9171;
     constexpr std::int64_t mega = 1 << 20;
     const std::int64_t libera = FreeMemory();

@@ -3,6 +3,7 @@
 
 #include "dialogs/Errori.h"
 #include "model/Documento.h"
+#include "platform/Resources.h"
 #include "text/Conversione.h"
 #include "text/FileDati.h"
 
@@ -185,7 +186,12 @@ void PopUp(std::int16_t item, std::int16_t menu, std::int16_t distanza, std::uin
 }
 
 Termometro::Termometro(const PStr255& titolo) { ProgressOpen(titolo.view()); }
+Termometro::Termometro(LavoroLungo quale, ProgressKind genere) {
+    constexpr std::int16_t lista = 9640;
+    ProgressOpen(GetIndString(lista, static_cast<std::int16_t>(quale)), genere);
+}
 Termometro::~Termometro() { ProgressClose(); }
 bool Termometro::passo(double frazione) { return ProgressStep(frazione); }
+bool Termometro::fermato() const { return ProgressStopped(); }
 
 }   // namespace tessaro

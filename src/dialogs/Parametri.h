@@ -95,14 +95,19 @@ extern void (*ridipingiFinestra)();
 void PopUp(std::int16_t item, std::int16_t menu, std::int16_t distanza, std::uint8_t dialogoPopup,
            std::int16_t& valore);
 
+// What a bar says that is no dialog's or file's own: list 9640.
+enum class LavoroLungo : std::int16_t { salva = 1, scriviImmagine, disegna, croci, mappa, leggiImmagine };
+
 // The thermometer of long jobs.
 class Termometro {
 public:
     explicit Termometro(const PStr255& titolo);
+    explicit Termometro(LavoroLungo quale, ProgressKind genere = ProgressKind::work);
     ~Termometro();
     Termometro(const Termometro&) = delete;
     Termometro& operator=(const Termometro&) = delete;
     bool passo(double frazione);   // false when the person asked to stop
+    [[nodiscard]] bool fermato() const;
 };
 
 }   // namespace tessaro

@@ -29,6 +29,10 @@ enum : std::int16_t {   // strings of the list
     tuttiScambiati,
     sbagliato,               // ^0 point, ^1 by how much, ^2 how many others, ^3 within
     unitaSospetta,           // ^0 the scale by the points, ^1 the drawing's
+    debole,                  // ^0 per cent of slips that are named, ^1 points from which on all but one in twenty
+    deboleSenzaNumero,       // ^0 per cent
+    scoperti,                // ^0 points
+    daQuanti,                // ^0 points from which on they are judged
     primoSlittamento = 30,   // by Slittamento: ^0 factor or point, ^1 proposed value
     asseX = 40,
     asseY,
@@ -115,22 +119,27 @@ std::vector<std::string> RigheTabella(const TabellaPunti& t, const StatoPunti& s
 
 namespace {
 
-std::string rifiutato(const TabellaPunti& t, const EsitoPunti& e) {
+// Numbers of the first of these rows.
+std::string elenco(const std::vector<std::size_t>& righe) {
+    constexpr std::size_t mostrati = 8;
     std::string punti;
-    for (std::size_t i = 0; i < e.punti.size() && i < 8; ++i)
-        punti += (i == 0 ? "" : ", ") + std::to_string(e.punti[i] + 1);
+    for (std::size_t i = 0; i < righe.size() && i < mostrati; ++i)
+        punti += (i == 0 ? "" : ", ") + std::to_string(righe[i] + 1);
+    return righe.size() > mostrati ? punti + ", ..." : punti;
+}
+
+std::string rifiutato(const EsitoPunti& e) {
     const auto n = static_cast<std::int16_t>(primoRifiuto + static_cast<int>(e.rifiuto) - 1);
     if (e.rifiuto == Rifiuto::pochi || e.rifiuto == Rifiuto::troppi)
         return StringaPunti(n, std::to_string(e.servono), std::to_string(e.dati));
-    (void)t;
-    return StringaPunti(n, punti);
+    return StringaPunti(n, elenco(e.punti));
 }
 
 }   // namespace
 
 std::string TestoEsito(const TabellaPunti& t, const StatoPunti& s) {
     if (t.righe.empty()) return StringaPunti(nessunPunto);
-    if (!s.esito) return rifiutato(t, s.esito);
+    if (!s.esito) return rifiutato(s.esito);
     const SoluzionePunti& q = s.soluzione;
     const std::int16_t d = static_cast<std::int16_t>(decimaliReali(s) + 1);
     const std::string usati = std::to_string(q.usati);
@@ -180,6 +189,24 @@ std::string causa(const TabellaPunti& t, const std::vector<std::size_t>& righe, 
     }
 }
 
+// How much the search for slips can see with these points: nothing is said where it sees nearly all.
+void dicePotenza(const EsameSbagli& e, const std::vector<std::size_t>& righe, std::vector<std::string>& testi) {
+    constexpr double basta = 0.95;
+    const std::string perCento = numero(std::floor(e.potenza * 100), 0), quanti = std::to_string(e.bastano);
+    if (!e.fatto) {
+        testi.push_back(e.bastano > 0 ? StringaPunti(daQuanti, quanti) : StringaPunti(nonGiudicabile));
+        return;
+    }
+    if (e.potenza < basta)
+        testi.push_back(e.bastano > 0 ? StringaPunti(debole, perCento, quanti)
+                                      : StringaPunti(deboleSenzaNumero, perCento));
+    // A few that stand alone; where it is most of them, the sentence above says it.
+    if (e.scoperti.empty() || e.scoperti.size() * 3 > righe.size()) return;
+    std::vector<std::size_t> quali;
+    for (const std::size_t i : e.scoperti) quali.push_back(righe[i]);
+    testi.push_back(StringaPunti(scoperti, elenco(quali)));
+}
+
 }   // namespace
 
 std::vector<std::string> TestiSbagli(const TabellaPunti& t, const StatoPunti& s) {
@@ -196,15 +223,14 @@ std::vector<std::string> TestiSbagli(const TabellaPunti& t, const StatoPunti& s)
             testi.push_back(StringaPunti(unitaSospetta, numero(scala * Scaladis, 0), numero(Scaladis, 0)));
     if (e.tuttiScambiati) {
         testi.push_back(StringaPunti(tuttiScambiati));
-    } else if (!e.fatto) {
-        testi.push_back(StringaPunti(nonGiudicabile));
-    } else if (e.punti.empty() && testi.empty()) {
+    } else if (e.fatto && e.punti.empty() && testi.empty()) {
         testi.push_back(StringaPunti(tuttoBene, numero(e.accordo, d)));
     }
     for (const PuntoSbagliato& p : e.punti)
         testi.push_back(StringaPunti(sbagliato, nomePunto(t, righe[p.punto]), numero(p.lungo, d),
                                      std::to_string(punti.size() - e.punti.size()), numero(e.accordo, d))
                         + causa(t, righe, p, d));
+    if (!e.tuttiScambiati) dicePotenza(e, righe, testi);
     return testi;
 }
 

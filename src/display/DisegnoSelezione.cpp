@@ -1,5 +1,6 @@
 // The highlight of what is selected: grey xor, two pixels wide; and the band in the selection's colour that lies below it.
 #include <algorithm>
+#include <optional>
 
 #include "display/Disegno.h"
 #include "display/Elastico.h"
@@ -77,8 +78,18 @@ void riquadroTesto(const elemento& e) {
 }
 
 void selezioneMultipla() {
-    for (std::int32_t i = 3; i <= indElem; ++i)
-        if (Elem(i).selezionato) evidenzia(i, OggettoDi(Elem(i).tipo));
+    std::optional<Evidenza> penna;   // of a run of segments: to set it for each takes longer than its line
+    for (std::int32_t i = 3; i <= indElem; ++i) {
+        const elemento& e = Elem(i);
+        if (!e.selezionato) continue;
+        if (e.tipo == tSegmento) {
+            if (!penna) penna.emplace();
+            fai(tSegmento, e.segm.x1, e.segm.y1, e.segm.x2, e.segm.y2, 0);
+        } else {
+            penna.reset();
+            evidenzia(i, OggettoDi(e.tipo));
+        }
+    }
 }
 
 void rettangoloSelezione() {

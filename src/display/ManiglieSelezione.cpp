@@ -85,6 +85,9 @@ private:
 void maniglie() {
     const bool mesh = !Puntosel.multipla && Puntosel.oggetto >= oMeshOrigine;
     if (mesh) return;   // a mesh is moved by its nodes, which its lines show
+    constexpr std::int32_t molti =
+        5000;   // things whose grips nobody could tell apart, and that take longer than the lines
+    if (Puntosel.multipla && Puntosel.numSel > molti) return;
     PenNormal();
     Maniglie m;
     if (!Puntosel.multipla) {

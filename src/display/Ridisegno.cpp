@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "dialogs/Parametri.h"
 #include "display/Disegno.h"
 #include "display/Interruzione.h"
 #include "display/Sovrapposto.h"
@@ -22,7 +23,10 @@ namespace tessaro {
 
 namespace {
 
+// One that lasts shows a bar and can be stopped: what is painted by then stays, and the next repaint begins anew.
 void disegna() {
+    const Termometro termometro(LavoroLungo::disegna, ProgressKind::repaint);
+    const DisegnoSeguito seguito;
     SetCursor(ClockCursor);
     Disegna();
     SetCursor(arrowCursor);
@@ -56,7 +60,7 @@ void disegnaSeNonGira() {
     const DisegnoInterrompibile guardia;
     EraseRect(myViewRect);
     disegna();
-    if (!DisegnoInterrotto()) {
+    if (!RotellaAspetta()) {
         dopoZoom = false;
         return;
     }

@@ -73,6 +73,7 @@ class Scansione {
         penna.poni(e.poli.colore, e.poli.pattern, e.poli.spessore, LucidoGrigio(e.lucido));
         FaiPoly(i);
         if (!VisioneGraf.mostraTratteggi || !e.poli.tratteggio) return;
+        if (DisegnoInterrotto(static_cast<double>(i) / indElem)) return;   // a hatch or a picture may last by itself
         PenSize(GetPort()->finezza, GetPort()->finezza);
         Hatch_Poligon(i);
         penna.dimentica();
@@ -101,7 +102,7 @@ class Scansione {
         penna.dimentica();
     }
     void immagine(std::int32_t i) {
-        if (!filtro.passaPict(Elem(i))) return;
+        if (!filtro.passaPict(Elem(i)) || DisegnoInterrotto(static_cast<double>(i) / indElem)) return;
         DisPict(i);
         PenMode(patCopy);
         penna.dimentica();
@@ -126,7 +127,7 @@ public:
     void esegui() {
         constexpr std::int32_t traDomande = 0x3FFF;   // a power of two less one
         for (std::int32_t i = 3; i <= indElem; ++i) {
-            if ((i & traDomande) == 0 && DisegnoInterrotto()) return;
+            if ((i & traDomande) == 0 && DisegnoInterrotto(static_cast<double>(i) / indElem)) return;
             const elemento& e = Elem(i);
             if (soloSelezionati && !e.selezionato) continue;
             if (filtro.passa(e)) elementoNumero(i);

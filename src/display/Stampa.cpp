@@ -5,6 +5,7 @@
 
 #include "dialogs/Parametri.h"
 #include "display/Disegno.h"
+#include "display/Interruzione.h"
 #include "display/StampaPiastrelle.h"
 #include "display/Zoom.h"
 #include "model/Cursore.h"
@@ -205,7 +206,10 @@ OSStatus Print_Dis(const PMPageFormat& pageFormat, const PMPrintSettings& printS
             if (scelteStampa.saltaVuote && PiastrellaVuota(p, n)) continue;
             err = PMSessionBeginPage(printSession);
             ++stampate;
-            if (err == 0) disegnaPagina(p, n);
+            if (err == 0) {
+                const DisegnoSeguito seguito((n - 1.0) / p.pagine(), static_cast<double>(n) / p.pagine());
+                disegnaPagina(p, n);
+            }
             PMSessionEndPage(printSession);
             if (!termometro.passo(static_cast<double>(n) / p.pagine())) err = kPMCancel;
         }

@@ -139,6 +139,10 @@ class Strisce {
         while (q.parte < static_cast<std::size_t>(fili)) {
             const Elenco& e = parti[q.parte].strisce[static_cast<std::size_t>(s)];
             for (; q.posto < e.size() && e[q.posto] < fino; ++q.posto) {
+                constexpr std::size_t traDomande = 0x3FFF;   // a power of two less one
+                if ((q.posto & traDomande) == traDomande
+                    && DisegnoInterrotto(static_cast<double>(e[q.posto]) / indElem))
+                    break;
                 if (!scansione) scansione.emplace();
                 if (q.posto + anticipo < e.size()) chiama(e[q.posto + anticipo]);
                 scansione->elementoNumero(e[q.posto]);
@@ -176,6 +180,7 @@ public:
                 std::make_unique<RasterPort>(porta, Rect{inizio(s), area.left, inizio(s + 1), area.right});
         Scansione intera;
         for (const std::int32_t i : interi) {
+            if (DisegnoInterrotto(static_cast<double>(i) / indElem)) break;
             giro(i);
             intera.elementoNumero(i);
         }

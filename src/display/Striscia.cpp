@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t altriMassimi = 8;
 std::array<std::string, numCampiStriscia> testi;
 std::array<TestoStriscia, altriMassimi> altri{};
+std::array<std::string, altriMassimi> detti;   // what they said last
 std::size_t quantiAltri = 0;
 
 // How the fields lie on the screen from left to right: the others' texts stand in the middle.
@@ -27,6 +28,12 @@ std::string json() {
     return s + "}";
 }
 
+std::string jsonAltri() {
+    std::string s = "[";
+    for (std::size_t i = 0; i < quantiAltri; ++i) s += (i ? "," : "") + TestoJson(detti[i]);
+    return s + "]";
+}
+
 }   // namespace
 
 void PoniStriscia(CampoStriscia campo, const std::string& macRoman) { testi[campo] = macRoman; }
@@ -38,12 +45,15 @@ void AggiungiAllaStriscia(TestoStriscia testo) {
 void MostraStriscia() {
     std::int16_t posto = 0;
     for (const CampoStriscia c : primiCampi) SetStripText(posto++, testi[c]);
-    for (std::size_t i = 0; i < quantiAltri; ++i) SetStripText(posto++, altri[i]());
+    for (std::size_t i = 0; i < quantiAltri; ++i) {
+        detti[i] = altri[i]();
+        SetStripText(posto++, detti[i]);
+    }
     for (const CampoStriscia c : ultimiCampi) SetStripText(posto++, testi[c]);
 }
 
 namespace {
-const VoceStato righe[] = {{"striscia", [] { testi = {}; }, json}};
+const VoceStato righe[] = {{"striscia", [] { testi = {}; }, json}, {"strisciaAltri", [] { detti = {}; }, jsonAltri}};
 const TabellaStato tabella(righe);
 }   // namespace
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "display/Disegno.h"
+#include "display/Interruzione.h"
 #include "display/Pixel.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -254,7 +255,9 @@ void direzione(std::int32_t testa, std::int32_t ultimo, double angolo, double pa
     ordina(l);
     attivi.clear();
     Tratti tratti;
+    constexpr std::int64_t traDomande = 64;   // lines
     for (std::int64_t n = l.prima; n <= l.ultima; ++n) {
+        if (n % traDomande == 0 && DisegnoInterrotto()) return;
         incroci(l, n);
         disegnaLinea(r, l.livello(n), vista.p, tratti);
     }

@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "dialogs/Parametri.h"
 #include "files/Blocchi.h"
 #include "files/BloccoEstensioni.h"
 #include "files/Nativo.h"
@@ -29,19 +30,39 @@ void poniConto(elemento& disco) {
     std::memcpy(reinterpret_cast<unsigned char*>(&disco) + posizioneConto, &conto, sizeof conto);
 }
 
-void scriviPict(PicHandle h) {
+// The bytes on their way, block by block: once the person asks to stop, `uscita` is set and nothing more is written.
+class Avanzamento {
+    Termometro termometro{LavoroLungo::salva};
+    double scritti = 0, tutti = 0;
+
+public:
+    Avanzamento() {
+        tutti = static_cast<double>(indElem) * sizeof(elemento);
+        for (std::int32_t n = 3; n <= indElem; ++n)
+            if (Elem(n).tipo == tPict) tutti += static_cast<double>(PictBytes(Elem(n).pict.maniglia).size());
+    }
+    void blocco(const void* dati, std::size_t byte) {
+        scriviBlocco(dati, static_cast<std::int32_t>(byte));
+        scritti += static_cast<double>(byte);
+        if (!uscita && !termometro.passo(scritti / tutti)) uscita = 1;
+    }
+};
+
+void scriviPict(PicHandle h, Avanzamento& avanzamento) {
+    constexpr std::size_t perVolta = 4 << 20;
     const std::string& dati = PictBytes(h);
-    const auto n = static_cast<std::int32_t>(
-        std::min<std::size_t>(dati.size(), static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())));
-    scriviLong(n);
-    scriviBlocco(dati.data(), n);
+    const auto n = std::min<std::size_t>(dati.size(), std::numeric_limits<std::int32_t>::max());
+    scriviLong(static_cast<std::int32_t>(n));
+    for (std::size_t i = 0; i < n && !uscita; i += perVolta)
+        avanzamento.blocco(dati.data() + i, std::min(perVolta, n - i));
 }
 
 void scriviRecord() {
     std::vector<elemento> blocco(std::min(recordPerBlocco, static_cast<std::size_t>(indElem)));
     std::size_t pieni = 0;
+    Avanzamento avanzamento;
     const auto svuota = [&] {
-        scriviBlocco(blocco.data(), static_cast<std::int32_t>(pieni * sizeof(elemento)));
+        avanzamento.blocco(blocco.data(), pieni * sizeof(elemento));
         pieni = 0;
     };
     for (std::int32_t n = 1; n <= indElem && !uscita; ++n) {
@@ -51,7 +72,7 @@ void scriviRecord() {
         if (n == 1) poniConto(disco);
         if (disco.tipo == tPict) {
             svuota();
-            scriviPict(Elem(n).pict.maniglia);
+            scriviPict(Elem(n).pict.maniglia, avanzamento);
         } else if (pieni == blocco.size()) {
             svuota();
         }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <variant>
 
 #include "model/Archivio.h"
 #include "model/Colori.h"
@@ -68,8 +69,17 @@ double angoloReale(const elemento::Testo& t) {
 template <class E>
 void penna(Attributi& a, const E& e) {
     a.colore = esadecimale(e.colore);
+    if (e.spessore < 1) return;
     a.spessore = e.spessore;
     a.pattern = e.pattern;
+}
+
+template <class E>
+void tonda(Attributi& a, const E& e, std::string_view genere) {
+    a.genere = genere;
+    a.raggio = e.raggio * rappvid;
+    a.area = e.patternArea;
+    penna(a, e);
 }
 
 }   // namespace
@@ -94,7 +104,7 @@ Attributi AttributiDi(std::int32_t n) {
     case tMarker:
         a.genere = genereMarker;
         a.quota = e.mark.z;
-        a.forma = e.mark.forma;
+        if (e.mark.forma > 0) a.forma = e.mark.forma;
         penna(a, e.mark);
         break;
     case tPoligono:
@@ -103,24 +113,14 @@ Attributi AttributiDi(std::int32_t n) {
         a.area = e.poli.patternArea;
         penna(a, e.poli);
         break;
-    case tCerchio:
-        a.genere = genereCerchio;
-        a.raggio = e.cerc.raggio * rappvid;
-        a.area = e.cerc.patternArea;
-        penna(a, e.cerc);
-        break;
-    case tArco:
-        a.genere = genereArco;
-        a.raggio = e.arco.raggio * rappvid;
-        a.area = e.arco.patternArea;
-        penna(a, e.arco);
-        break;
+    case tCerchio: tonda(a, e.cerc, genereCerchio); break;
+    case tArco: tonda(a, e.arco, genereArco); break;
     case tTesto:
         a.genere = genereTesto;
         a.testo = testoDi(e.test.testo.data(), e.test.testo.size());
         a.colore = esadecimale(e.test.colore);
         a.angolo = angoloReale(e.test);
-        a.corpo = e.test.dimensione;
+        if (e.test.dimensione > 0) a.corpo = e.test.dimensione;
         a.altezza = e.test.altezza * rappvid * DecPunto * maiuscole;
         break;
     default: break;
@@ -138,35 +138,36 @@ bool CreaCampi(const Gdal& g, gdal::Oggetto layer) {
     });
 }
 
+namespace {
+
+// Where each field's value stands, by Campo.
+using Posto = std::variant<std::string Attributi::*, int Attributi::*, double Attributi::*>;
+constexpr std::array<Posto, nCampi> posti = {
+    &Attributi::genere,    &Attributi::lucido,  &Attributi::nomeLucido, &Attributi::aref,    &Attributi::testo,
+    &Attributi::colore,    &Attributi::quota,   &Attributi::spessore,   &Attributi::pattern, &Attributi::area,
+    &Attributi::categoria, &Attributi::insieme, &Attributi::forma,      &Attributi::raggio,  &Attributi::angolo,
+    &Attributi::altezza,   &Attributi::corpo};
+
+struct Scrive {
+    const Gdal& g;
+    gdal::Oggetto feature;
+    const Attributi& a;
+    int campo;
+    void operator()(std::string Attributi::*p) const {
+        if (!(a.*p).empty()) g.OGR_F_SetFieldString(feature, campo, (a.*p).c_str());
+    }
+    void operator()(int Attributi::*p) const {
+        if (a.*p != Attributi::nullo) g.OGR_F_SetFieldInteger(feature, campo, a.*p);
+    }
+    void operator()(double Attributi::*p) const {
+        if (a.*p != Attributi::nessuno) g.OGR_F_SetFieldDouble(feature, campo, a.*p);
+    }
+};
+
+}   // namespace
+
 void ScriviCampi(const Gdal& g, gdal::Oggetto feature, const Attributi& a) {
-    const auto testo = [&](Campo c, std::string_view v) {
-        if (!v.empty()) g.OGR_F_SetFieldString(feature, static_cast<int>(c), std::string(v).c_str());
-    };
-    const auto intero = [&](Campo c, int v) { g.OGR_F_SetFieldInteger(feature, static_cast<int>(c), v); };
-    const auto reale = [&](Campo c, double v) {
-        if (v != Attributi::nessuno) g.OGR_F_SetFieldDouble(feature, static_cast<int>(c), v);
-    };
-    testo(Campo::genere, a.genere);
-    intero(Campo::lucido, a.lucido);
-    testo(Campo::nomeLucido, a.nomeLucido);
-    testo(Campo::aref, a.aref);
-    testo(Campo::testo, a.testo);
-    testo(Campo::colore, a.colore);
-    reale(Campo::quota, a.quota);
-    if (a.spessore > 0) {
-        intero(Campo::spessore, a.spessore);
-        intero(Campo::pattern, a.pattern);
-    }
-    if (a.area >= 0) intero(Campo::area, a.area);
-    if (a.genere != genereTesto) {
-        intero(Campo::categoria, a.categoria);
-        intero(Campo::insieme, a.insieme);
-    }
-    if (a.forma > 0) intero(Campo::forma, a.forma);
-    reale(Campo::raggio, a.raggio);
-    reale(Campo::angolo, a.angolo);
-    reale(Campo::altezza, a.altezza);
-    if (a.corpo > 0) intero(Campo::corpo, a.corpo);
+    for (std::size_t i = 0; i < nCampi; ++i) std::visit(Scrive{g, feature, a, static_cast<int>(i)}, posti[i]);
 }
 
 namespace {

@@ -45,12 +45,13 @@ extern const std::array<DescriviCampo, nCampi> descriviCampi;
 inline constexpr std::string_view genereSegmento = "segment", generePolilinea = "polyline", genereMarker = "marker",
                                   genereTesto = "text", genereCerchio = "circle", genereArco = "arc";
 
-// What one element says of itself. Texts are UTF-8; a value that it does not have stays out (nessuno).
+// What one element says of itself. Texts are UTF-8; a value that it does not have stays out (empty, nullo, nessuno).
 struct Attributi {
     static constexpr double nessuno = -1e300;
-    std::string_view genere;
-    std::string nomeLucido, aref, testo, colore;
-    int lucido = 0, spessore = 0, pattern = 0, area = -1, categoria = 0, insieme = 0, forma = 0, corpo = 0;
+    static constexpr int nullo = -1;
+    std::string genere, nomeLucido, aref, testo, colore;
+    int lucido = nullo, spessore = nullo, pattern = nullo, area = nullo, categoria = nullo, insieme = nullo,
+        forma = nullo, corpo = nullo;
     double quota = nessuno, raggio = nessuno, angolo = nessuno, altezza = nessuno;
 };
 

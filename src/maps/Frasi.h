@@ -49,6 +49,11 @@ enum class FraseMappe : std::int16_t {
     latLonEst,
     latLonOvest,
     nessunSistema,
+    avanzaProva,
+    provaCaduta,
+    provaLenta,       // ^0 seconds
+    provaGrande,      // ^1 megabytes
+    puntiDelRaster,   // ^0 points, ^1 of them left out
 };
 // With ^0 to ^2 filled in; Mac Roman.
 std::string Frase(FraseMappe f, std::string_view p0 = {}, std::string_view p1 = {}, std::string_view p2 = {});

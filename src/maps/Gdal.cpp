@@ -1,8 +1,8 @@
 // Finding the library and its functions, once.
 #include "maps/Gdal.h"
 
-#include <cstdlib>
-#include <cstring>
+#include <cstddef>
+#include <iterator>
 
 #include "dialogs/Errori.h"
 #include "maps/Frasi.h"
@@ -11,15 +11,14 @@
 
 namespace tessaro {
 
+const char* const driverVettori[] = {"GPKG", "ESRI Shapefile", "GeoJSON", nullptr};
+const char* const driverRaster[] = {"GTiff", "PNG", "JPEG", "BMP", "GIF", "JP2OpenJPEG", nullptr};
+
 namespace {
 
-struct Funzione {
-    const char* nome;
-    std::size_t dove;   // offset in Gdal
-};
 #define F(nome)                                                                                                        \
     { #nome, offsetof(Gdal, nome) }
-constexpr Funzione funzioni[] = {
+constexpr LibraryFunction funzioni[] = {
     F(GDALAllRegister),
     F(CPLSetConfigOption),
     F(CPLPushErrorHandler),
@@ -39,6 +38,9 @@ constexpr Funzione funzioni[] = {
     F(GDALGetRasterCount),
     F(GDALGetGeoTransform),
     F(GDALSetGeoTransform),
+    F(GDALGetGCPCount),
+    F(GDALGetGCPs),
+    F(GDALGetGCPSpatialRef),
     F(GDALGetSpatialRef),
     F(GDALSetSpatialRef),
     F(GDALGetRasterBand),
@@ -122,18 +124,12 @@ void regola(const Gdal& g) {
 
 const Gdal* cerca() {
     // One C interface all along; the newest that is there.
-    const char* const propria = std::getenv("TESSARO_GDAL");
-    void* const libreria =
-        propria != nullptr
-            ? OpenLibrary({propria})
-            : OpenLibrary({"libgdal.so.38", "libgdal.so.37", "libgdal.so.36", "libgdal.so.35", "libgdal.so.34",
-                           "libgdal.so.33", "libgdal.so.32", "libgdal.so.31", "libgdal.so.30"});
     static Gdal g;
-    for (const Funzione& f : funzioni) {
-        void* const indirizzo = LibrarySymbol(libreria, f.nome);
-        if (indirizzo == nullptr) return nullptr;
-        std::memcpy(reinterpret_cast<char*>(&g) + f.dove, &indirizzo, sizeof indirizzo);
-    }
+    if (!LoadFunctions("TESSARO_GDAL",
+                       {"libgdal.so.38", "libgdal.so.37", "libgdal.so.36", "libgdal.so.35", "libgdal.so.34",
+                        "libgdal.so.33", "libgdal.so.32", "libgdal.so.31", "libgdal.so.30"},
+                       funzioni, &g))
+        return nullptr;
     g.CPLPushErrorHandler(zitto);
     regola(g);
     g.GDALAllRegister();

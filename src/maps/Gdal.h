@@ -29,6 +29,11 @@ inline constexpr int campoIntero = 0, campoReale = 2, campoTesto = 4;
 struct ColorEntry {
     short c1, c2, c3, c4;   // red, green, blue, alpha
 };
+struct ControlPoint {
+    char *id, *info;
+    double pixel, line;   // from the upper left corner of the raster, not of its first pixel's middle
+    double x, y, z;
+};
 struct Envelope {
     double minX, maxX, minY, maxY;
 };
@@ -60,6 +65,9 @@ struct Gdal {
     int (*GDALGetRasterCount)(O dataset);
     int (*GDALGetGeoTransform)(O dataset, double* six);
     int (*GDALSetGeoTransform)(O dataset, const double* six);
+    int (*GDALGetGCPCount)(O dataset);
+    const gdal::ControlPoint* (*GDALGetGCPs)(O dataset);
+    O (*GDALGetGCPSpatialRef)(O dataset);
     O (*GDALGetSpatialRef)(O dataset);
     int (*GDALSetSpatialRef)(O dataset, O srs);
     O (*GDALGetRasterBand)(O dataset, int band);
@@ -134,6 +142,10 @@ struct Gdal {
     const char* (*OSRGetAuthorityName)(O srs, const char* key);
     const char* (*OSRGetAuthorityCode)(O srs, const char* key);
 };
+
+// The formats that are read, and no others.
+extern const char* const driverVettori[];
+extern const char* const driverRaster[];
 
 // Null when the library is not installed or lacks one of these functions; loads it at the first call. The environment's
 // TESSARO_GDAL names another file of it.

@@ -104,8 +104,11 @@ bool apriVia(Ingresso& in, const std::string& da, const std::string& a, const st
     return in.via.prepara(da, a, motivo) || rifiuta(Frase(FraseMappe::sistemaNonTrasf, motivo), nome);
 }
 
+}   // namespace
+
 // Between the file's system and the drawing's.
-bool scegliVia(std::string sistema, const gdal::Envelope& e, const std::string& nome, Ingresso& in) {
+bool PreparaVia(const std::string& delFile, const gdal::Envelope& e, const std::string& nome, Ingresso& in) {
+    std::string sistema = delFile;
     SistemaTrovato trovato;
     const bool noto = !sistema.empty() && TrovaSistema(sistema, trovato);
     // Some formats stand for longitude and latitude when they name nothing.
@@ -134,13 +137,11 @@ bool scegliVia(std::string sistema, const gdal::Envelope& e, const std::string& 
     return true;
 }
 
-}   // namespace
-
 bool PreparaIngresso(const std::string& sistema, const gdal::Envelope& estensione, const std::string& nomeFile,
                      Ingresso& in) {
     const bool nota = finita(estensione);
     const gdal::Envelope e = nota ? estensione : gdal::Envelope{HUGE_VAL, HUGE_VAL, HUGE_VAL, HUGE_VAL};
-    if (!scegliVia(sistema, e, nomeFile, in)) return false;
+    if (!PreparaVia(sistema, e, nomeFile, in)) return false;
     in.dove = nota && in.via.pronto() ? portata(in.via, e) : e;
     if (!nota || !finita(in.dove)) return true;
     if (!vuoto() || registrato() || (in.prende.empty() && sulFoglio(in.dove))) return true;

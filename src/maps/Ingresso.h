@@ -22,6 +22,9 @@ struct Ingresso {
 // cannot be: what was wrong was said, and nothing changed.
 bool PreparaIngresso(const std::string& sistema, const gdal::Envelope& estensione, const std::string& nomeFile,
                      Ingresso& in);
+// The way alone, for what is put on the sheet by other means.
+bool PreparaVia(const std::string& sistema, const gdal::Envelope& estensione, const std::string& nomeFile,
+                Ingresso& in);
 // The same for the drawing: its system, and control points 1 and 2 that lay the sheet over the extent at a round scale.
 void EseguiIngresso(const Ingresso& in);
 void RimettiIngresso();   // after records 1 and 2, unit and scale were put back as they were

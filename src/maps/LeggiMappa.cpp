@@ -11,6 +11,7 @@
 #include "maps/Frasi.h"
 #include "maps/Ingresso.h"
 #include "maps/Mappe.h"
+#include "maps/Prova.h"
 #include "maps/SistemaGdal.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -188,14 +189,14 @@ bool troppoGrande(const FSSpec& file) {
 }   // namespace
 
 void LeggiMappa(const FSSpec& file) {
-    static constexpr const char* const driver[] = {"GPKG", "ESRI Shapefile", "GeoJSON", nullptr};
     const Gdal* const g = GdalOppureMessaggio();
     if (g == nullptr) return;
     const std::string dove = Utf8ToMac(file.percorso);
     if (troppoGrande(file)) return AvvisoMemoria();
+    if (!ProvaFile(file, Prova::vettori)) return;
     const GdalMuto muto(*g);
     SetCursor(ClockCursor);
-    const Aperto ds(*g, g->GDALOpenEx(file.percorso.c_str(), gdal::soloVettori, driver, nullptr, nullptr));
+    const Aperto ds(*g, g->GDALOpenEx(file.percorso.c_str(), gdal::soloVettori, driverVettori, nullptr, nullptr));
     SetCursor(arrowCursor);
     if (ds == nullptr) return MostraGuasto({noErr, Frase(FraseMappe::nonApre, DettoDaGdal()), dove, -1});
 

@@ -11,6 +11,7 @@
 #include "maps/Frasi.h"
 #include "maps/Ingresso.h"
 #include "maps/Mappe.h"
+#include "maps/Prova.h"
 #include "maps/RasterLetto.h"
 #include "maps/Ricampiona.h"
 #include "model/Annulla.h"
@@ -23,6 +24,7 @@
 #include "platform/Memory.h"
 #include "platform/Resources.h"
 #include "raster/Immagini.h"
+#include "registration/TabellaPunti.h"
 
 namespace tessaro {
 
@@ -43,6 +45,13 @@ gdal::Envelope estensione(const Mondo& m, double w, double h) {
     return e;
 }
 
+gdal::Envelope estensione(const std::vector<RasterLetto::Punto>& punti) {
+    gdal::Envelope e{HUGE_VAL, -HUGE_VAL, HUGE_VAL, -HUGE_VAL};
+    for (const RasterLetto::Punto& p : punti)
+        e = {std::min(e.minX, p.x), std::max(e.maxX, p.x), std::min(e.minY, p.y), std::max(e.maxY, p.y)};
+    return e;
+}
+
 // A JPEG keeps its own bytes where it comes in as it is.
 bool jpegIntero(const FSSpec& file, const PostoFoglio& p, Immagine& im) {
     std::string motivo;
@@ -59,18 +68,23 @@ public:
     void esegui() {
         std::string sistema;
         if (!raster.apri(file)) return guasto(FraseMappe::nonApre, file, DettoDaGdal());
-        if (!raster.posto(m, sistema)) return guasto(FraseMappe::rasterSenzaPosto, file);
+        const bool conPosto = raster.posto(m, sistema);
+        const std::vector<RasterLetto::Punto> punti =
+            conPosto ? std::vector<RasterLetto::Punto>() : raster.punti(sistema);
+        if (!conPosto && punti.empty()) return guasto(FraseMappe::rasterSenzaPosto, file);
         const double pixel = static_cast<double>(raster.width()) * raster.height();
         // As pixels, and packed beside them.
         if (!(pixel * 8 < static_cast<double>(FreeMemory())) || !(pixel < 2e9))
             return guasto(FraseMappe::rasterGrande, file, ConMigliaia(static_cast<std::int64_t>(pixel)));
-        if (!PreparaIngresso(sistema, estensione(m, raster.width(), raster.height()), file.nome, in)) return;
+        if (!(conPosto ? PreparaIngresso(sistema, estensione(m, raster.width(), raster.height()), file.nome, in)
+                       : PreparaVia(sistema, estensione(punti), file.nome, in)))
+            return;
         if (indElem >= maxElementi) return guasto(FraseMappe::nonApre, file, TestoDi(TestoScambio::pieno));
         CominciaAggiunta();
         NessunaSelezione();
         const Registrazione prima;
         EseguiIngresso(in);
-        if (entra()) return;
+        if (conPosto ? entra() : entraPerPunti(punti)) return;
         prima.rimetti();
     }
 
@@ -100,6 +114,36 @@ private:
             guasto(FraseMappe::rasterSenzaPosto, file);
             return false;
         }
+        if (!entraImmagine(p)) return false;
+        racconta(p, {});
+        return true;
+    }
+
+    // The sheet shows it at 300 pixels to the inch, or as large as it is; its points go behind those of the table.
+    bool entraPerPunti(const std::vector<RasterLetto::Punto>& punti) {
+        constexpr double decimiPixel = DecPollice / 300;
+        const double w = raster.width(), h = raster.height(), k = std::min({decimiPixel, XFDecimi / w, YFDecimi / h});
+        const PostoFoglio p{0, 0, w * k, h * k, true};
+        if (!entraImmagine(p)) return false;
+        TabellaPunti t = LaTabella();
+        std::size_t presi = 0;
+        for (const RasterLetto::Punto& q : punti) {
+            RigaPunto r;
+            double X = q.x, Y = q.y;
+            if (t.righe.size() >= massimoPuntiTabella || (in.via.pronto() && !in.via.avanti(X, Y))) continue;
+            r.nome = Utf8ToMac(q.nome).substr(0, massimoNomePunto);
+            r.foglio = {q.u * k, q.v * k};
+            r.reale = {X, Y};
+            r.conFoglio = r.conReale = true;
+            t.righe.push_back(std::move(r));
+            ++presi;
+        }
+        PoniTabella(t);
+        racconta(p, Frase(FraseMappe::puntiDelRaster, std::to_string(presi), std::to_string(punti.size() - presi)));
+        return true;
+    }
+
+    bool entraImmagine(const PostoFoglio& p) {
         SetCursor(ClockCursor);
         ProgressOpen(Frase(FraseMappe::avanzaLettura));
         bool memoria = true, fatta = false;
@@ -112,7 +156,6 @@ private:
         if (!fatta) return false;
         PoniAnnulla(aAggiunta);
         InvalFinestra();
-        racconta(p);
         return true;
     }
 
@@ -138,11 +181,12 @@ private:
         return MemorizzaPict(std::move(pict), p.x, p.y, p.larghezza, p.altezza);
     }
 
-    void racconta(const PostoFoglio& p) const {
+    void racconta(const PostoFoglio& p, const std::string& altro) const {
         ElementiContati una;
         una.aggiungi(tPict);
         Resoconto r;
         if (const std::string s = NotaTrasformati(in); !s.empty()) r.nota(s);
+        if (!altro.empty()) r.nota(altro);
         if (!p.diritto) r.nota(Frase(FraseMappe::rasterGirato));
         if (parte) r.nota(Frase(FraseMappe::interrotta, DettoDaGdal()));
         r.mostra(una, 0, false);
@@ -160,13 +204,14 @@ private:
 void LeggiRaster(const FSSpec& file) {
     const Gdal* const g = GdalOppureMessaggio();
     if (g == nullptr) return;
+    if (!ProvaFile(file, Prova::raster)) return;
     const GdalMuto muto(*g);
     Entrata(*g, file).esegui();
 }
 
 bool MondoDelRaster(const FSSpec& file, Mondo& m, std::string& sistema) {
     const Gdal* const g = CaricaGdal();
-    if (g == nullptr) return false;
+    if (g == nullptr || !ProvaFile(file, Prova::testaRaster)) return false;
     const GdalMuto muto(*g);
     RasterLetto raster(*g);
     if (!raster.apri(file) || !raster.posto(m, sistema)) return false;

@@ -2,12 +2,11 @@
 #include <cmath>
 #include <cstdio>
 
+#include "display/Lettura.h"
 #include "maps/Frasi.h"
 #include "maps/SistemaRiferimento.h"
-#include "model/Cursore.h"
 #include "model/Estensioni.h"
 #include "platform/Resources.h"
-#include "registration/Coordinate.h"
 
 namespace tessaro {
 
@@ -81,8 +80,8 @@ std::string SecondaLetturaAlCursore() {
     static std::uint32_t voce = 0;
     static std::string testo;
     if (NumeroEstensione(estRiferimento) == 0 || SistemiDelDisegno().secondo.empty()) return {};
-    double X = 0, Y = 0;
-    DigiToReal(xcurs, ycurs, X, Y);
+    if (lineaCoordinate.view().empty()) return {};
+    const double X = XVisualPrec, Y = YVisualPrec;
     if (X == x && Y == y && voce == NumeroEstensione(estRiferimento)) return testo;
     x = X;
     y = Y;

@@ -1,8 +1,7 @@
 // Finding the library and its functions, once.
 #include "maps/Proj.h"
 
-#include <cstdlib>
-#include <cstring>
+#include <cstddef>
 #include <iterator>
 
 #include "platform/Library.h"
@@ -11,13 +10,9 @@ namespace tessaro {
 
 namespace {
 
-struct Funzione {
-    const char* nome;
-    std::size_t dove;   // offset in Proj
-};
 #define F(nome)                                                                                                        \
     { #nome, offsetof(Proj, nome) }
-constexpr Funzione funzioni[] = {
+constexpr LibraryFunction funzioni[] = {
     F(proj_context_create),
     F(proj_log_func),
     F(proj_context_set_enable_network),
@@ -47,15 +42,9 @@ static_assert(std::size(funzioni) * sizeof(void*) == sizeof(Proj), "a function o
 constinit proj::Oggetto contesto = nullptr;
 
 const Proj* cerca() {
-    const char* const propria = std::getenv("TESSARO_PROJ");
-    void* const libreria =
-        propria != nullptr ? OpenLibrary({propria}) : OpenLibrary({"libproj.so.26", "libproj.so.25", "libproj.so.22"});
     static Proj p;
-    for (const Funzione& f : funzioni) {
-        void* const indirizzo = LibrarySymbol(libreria, f.nome);
-        if (indirizzo == nullptr) return nullptr;
-        std::memcpy(reinterpret_cast<char*>(&p) + f.dove, &indirizzo, sizeof indirizzo);
-    }
+    if (!LoadFunctions("TESSARO_PROJ", {"libproj.so.26", "libproj.so.25", "libproj.so.22"}, funzioni, &p))
+        return nullptr;
     contesto = p.proj_context_create();
     if (contesto == nullptr) return nullptr;
     p.proj_log_func(contesto, nullptr, [](void*, int, const char*) {});

@@ -26,8 +26,7 @@ int suBianco(int c, int alfa) { return (c * alfa + 255 * (255 - alfa) + 127) / 2
 }   // namespace
 
 bool RasterLetto::apri(const FSSpec& file) {
-    static constexpr const char* const driver[] = {"GTiff", "PNG", "JPEG", "BMP", "GIF", "JP2OpenJPEG", nullptr};
-    ds.poni(g.GDALOpenEx(file.percorso.c_str(), gdal::soloRaster, driver, nullptr, nullptr));
+    ds.poni(g.GDALOpenEx(file.percorso.c_str(), gdal::soloRaster, driverRaster, nullptr, nullptr));
     if (ds == nullptr || g.GDALGetRasterCount(ds) < 1) return false;
     w = g.GDALGetRasterXSize(ds);
     h = g.GDALGetRasterYSize(ds);
@@ -42,6 +41,18 @@ bool RasterLetto::posto(Mondo& m, std::string& sistema) const {
     if (!std::isfinite(m.c + m.f) || !std::isfinite(area) || area == 0) return false;
     sistema = DefinizioneDi(g, g.GDALGetSpatialRef(ds));
     return true;
+}
+
+std::vector<RasterLetto::Punto> RasterLetto::punti(std::string& sistema) const {
+    constexpr int massimi = 100000;
+    std::vector<Punto> v;
+    const gdal::ControlPoint* const p = g.GDALGetGCPs(ds);
+    const int n = p == nullptr ? 0 : std::min(g.GDALGetGCPCount(ds), massimi);
+    for (int i = 0; i < n; ++i)
+        if (std::isfinite(p[i].pixel + p[i].line + p[i].x + p[i].y))
+            v.push_back({p[i].id == nullptr ? "" : p[i].id, p[i].pixel, p[i].line, p[i].x, p[i].y});
+    sistema = DefinizioneDi(g, g.GDALGetGCPSpatialRef(ds));
+    return v;
 }
 
 // What is no byte is stretched from the least to the greatest of what the file holds.

@@ -21,6 +21,14 @@ public:
     // Where its pixels lie, and its system as the drawing names systems (empty for none). False when it does not tell.
     bool posto(Mondo& m, std::string& sistema) const;
 
+    // Its control points where it has them instead of a place: pixels from its upper left corner, V down, and what they are
+    // in `sistema`. Empty for none.
+    struct Punto {
+        std::string nome;   // UTF-8
+        double u = 0, v = 0, x = 0, y = 0;
+    };
+    [[nodiscard]] std::vector<Punto> punti(std::string& sistema) const;
+
     // All of it: depth 8 with a palette when it has one band, else 32. False when the person stopped it, or some of it
     // could not be read, which is white then.
     bool leggi(Immagine& im, bool& fermato);

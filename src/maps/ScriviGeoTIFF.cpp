@@ -196,9 +196,10 @@ void ScriviGeoTIFF(const FSSpec& file, std::int32_t n) {
         scritto = tiff.scrivi(dove, s.width * DecPollice / e.larghezza, s.height * DecPollice / e.altezza);
         uguale = scritto && tiff.rilegge(dove);
     } catch (const std::bad_alloc&) { memoria = false; }
+    const bool fermato = tiff.fermato || ProgressStopped();   // the library keeps some of its own asking to itself
     ProgressClose();
     SetCursor(arrowCursor);
-    if (tiff.fermato) return;
+    if (fermato) return;
     if (!memoria) return AvvisoMemoria();
     if (!scritto || !uguale) return guasto(FraseMappe::nonScrive, file, DettoDaGdal());
     if (!cartella.sposta()) return guasto(FraseMappe::cartella, file);

@@ -63,7 +63,7 @@ std::string TestoSistema();
 // A real position in the second system: `45°03'12.3456" N  7°41'05.1234" E`, or its plane coordinates behind the system's
 // code; empty when there is no second system or the position lies off it. Mac Roman.
 std::string LetturaSecondoSistema(double X, double Y);
-// The same for the cursor's position, as the strip asks for it at each round.
+// The same for the place that the read-out shows, as the strip asks for it at each round.
 std::string SecondaLetturaAlCursore();
 
 }   // namespace tessaro

@@ -63,6 +63,9 @@ void SetCopione(const Copione* copione);
 [[noreturn]] void AutoExit(std::int32_t status);
 
 // --- what the driver may do
+// Stops long work as a person would: at the step that comes after `steps` further ones, counted from here; below 0 never.
+void AutoStopWork(std::int64_t steps);
+std::int64_t AutoWorkSteps();            // that long work has asked since AutoStopWork
 void AutoAdvance(std::uint32_t ticks);   // the clock moves on
 void AutoMove(Point content, std::uint16_t modifiers);
 void AutoPress(Point content, std::uint16_t modifiers);

@@ -72,9 +72,18 @@ std::int16_t Alert(std::int16_t id);
 // The system's colour chooser. False when it was cancelled.
 bool GetColor(std::string_view macRomanPrompt, const RGBColor& before, RGBColor& after);
 
-// --- progress of long work: a bar with a Stop button beneath the window's middle; safe without a window
-void ProgressOpen(std::string_view macRomanTitle);
-bool ProgressStep(double fraction);   // 0 to 1; false when the person asked to stop
+// --- progress of long work: a bar with a Stop button beneath the window's middle; safe without a window. One bar for all:
+// work that opens it inside other work is a part of that, and only the outermost moves the bar. Stopped once, all of it is
+// stopped until the outermost closes.
+enum class ProgressKind : std::uint8_t {
+    work,      // Escape stops it from its beginning
+    repaint,   // stopped only once its bar has shown, so that a key meant for the drawing gets there
+};
+void ProgressOpen(std::string_view macRomanTitle, ProgressKind kind = ProgressKind::work);
+// 0 to 1, or not a number where no one knows; false when the person asked to stop, by Escape or the button. True without an
+// open bar, and on other threads than the one that opened it nothing is asked, only told.
+bool ProgressStep(double fraction);
+bool ProgressStopped();   // was the open work stopped? False without one
 void ProgressClose();
 
 }   // namespace tessaro

@@ -42,7 +42,8 @@ bool DecodeImageData(std::string_view bytes, Immagine& out, std::string& reason,
 bool DecodeImageBytes(std::string_view bytes, std::int32_t reduce, Immagine& out, bool compact = false);
 
 enum class FormatoImmagine : std::uint8_t { png, tiff, jpeg };
-// A file's bytes. False when the format cannot hold that size, its writer is not installed, or memory lacks.
+// A file's bytes. False when the format cannot hold that size, its writer is not installed, memory lacks, or the person
+// stopped the progress that is open, whose second half this is.
 bool EncodeImage(FormatoImmagine formato, const PixMap& pixels, double dpiX, double dpiY, std::string& bytes);
 
 }   // namespace tessaro

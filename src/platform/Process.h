@@ -30,6 +30,11 @@ FineProcesso EseguiProcesso(const ChiamataProcesso& chiamata);
 // built, in the installed data else. Empty when it is in neither.
 std::string FileDelProgramma(const std::string& nome);
 
+// The program itself, to be run once more; empty when it cannot be told.
+std::string ProgrammaProprio();
+// This process ends by itself after that time, however busy it is; 0 takes that back.
+void EndAfter(int seconds);
+
 // A new empty file of the system's folder for temporary ones, gone with this object.
 class FileTemporaneo {
 public:

@@ -1,4 +1,5 @@
-// The way back: matrices inverted, and the construction by vanishing points solved by search.
+// The way back: matrices inverted, and the construction by vanishing points and the net of many
+// points solved by search.
 #include <cmath>
 
 #include "raster/Morbida.h"
@@ -65,7 +66,7 @@ bool cercaSorgente(double x, double y, double& sx, double& sy) {
 bool CampoDellaMappa(const Mappatura& m, const Piano& p, double pixelX, double pixelY, CampoInverso& campo) {
     const Matrice alFoglio{1 / p.stepD, 0, p.x1Pict2, 0, 1 / p.stepD, p.y1Pict2, 0, 0, 1};
     const Matrice aiPixel{pixelX, 0, -p.x1PictBase * pixelX, 0, pixelY, -p.y1PictBase * pixelY, 0, 0, 1};
-    if (m.specie != SpecieMappa::costruzione) {
+    if (m.specie == SpecieMappa::similitudine || m.specie == SpecieMappa::omografia) {
         Matrice indietro;
         if (!inversa(diretta(m), indietro)) return false;
         campo.m = prodotto(aiPixel, prodotto(indietro, alFoglio));

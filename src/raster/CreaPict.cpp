@@ -5,7 +5,10 @@
 #include <cmath>
 
 #include "bitmap/PictInPixel.h"
+#include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Disegno.h"
+#include "display/Interruzione.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -63,14 +66,17 @@ Rect pixelDi(const Riquadro& r) {
     return Rect{p.top, p.left, std::max(p.bottom, p.top + 1), std::max(p.right, p.left + 1)};
 }
 
+// Stepped by the progress that is open; of what was stopped nothing is left.
 std::string disegna(const Riquadro& r, double dpi, bool solaSelezione) {
     const VistaPict vista(scalaPer(r, dpi));
+    const DisegnoSeguito seguito;
     OpenPicture(pixelDi(r), scalavid * DecPollice);
     if (solaSelezione)
         DisegnaElementiSelezionati();
     else
         Disegna();
-    return ClosePicture();
+    std::string bytes = ClosePicture();
+    return ProgressStopped() ? std::string() : bytes;
 }
 
 std::string png(const std::string& bytes, double larghezza, double altezza) {
@@ -95,6 +101,7 @@ std::string png(const std::string& bytes, double larghezza, double altezza) {
 
 bool scrivi(std::int16_t ref, const std::string& bytes) {
     constexpr std::size_t testaFile = 512, minimo = 101;
+    if (!ProgressStep(1)) return false;
     if (bytes.size() < minimo) {
         StopAlert(avvisoMemoria);
         return false;
@@ -131,23 +138,23 @@ Sapori SaporiPict(const FiguraPict& p) {
 }
 
 bool PutPicScrap(Sapori proprie) {
+    const Termometro termometro(LavoroLungo::disegna);
     FiguraPict p;
     SetCursor(ClockCursor);
     if (CreaPict(p))
         for (Sapore& s : SaporiPict(p)) proprie.push_back(std::move(s));
-    const bool fatto = PutScrap(proprie);
+    // Stopped: the clipboard keeps what it has.
+    const bool fatto = !termometro.fermato() && PutScrap(proprie);
     SetCursor(arrowCursor);
-    if (!fatto) StopAlert(avvisoMemoria);
+    if (!fatto) AvvisoMemoria();
     return fatto;
 }
 
 void CreaImmagineDaSelezione() {
     if (!Puntosel.attiva || indElem >= maxElementi) return SysBeep(30);
+    const Termometro termometro(LavoroLungo::disegna);
     FiguraPict p;
-    if (!CreaPict(p)) {
-        StopAlert(avvisoMemoria);
-        return;
-    }
+    if (!CreaPict(p)) return AvvisoMemoria();
     CominciaAggiunta();
     PoniAnnulla(aNiente);
     if (MemorizzaPict(std::move(p.bytes), p.x, p.y, p.larghezza, p.altezza)) PoniAnnulla(aAggiunta);
@@ -156,6 +163,7 @@ void CreaImmagineDaSelezione() {
 
 bool PutPictFile(std::int16_t ref) {
     constexpr double dpiFile = 72;
+    const Termometro termometro(LavoroLungo::scriviImmagine);
     if (theItem == richiestaTutto) {
         const Riquadro foglio{0, 0, double(XFDecimi), double(YFDecimi)};
         return scrivi(ref, disegna(foglio, dpiFile, false));

@@ -194,7 +194,8 @@ std::vector<Croce> nodi(const ImmagineGrigia& im, const RichiestaCroci& r, const
 
 }   // namespace
 
-std::vector<Croce> TrovaCroci(const ImmagineGrigia& im, const RichiestaCroci& r) {
+std::vector<Croce> TrovaCroci(const ImmagineGrigia& im, const RichiestaCroci& r,
+                              const std::function<bool(double)>& passo) {
     const double dx = r.pixelB.x - r.pixelA.x, dy = r.pixelB.y - r.pixelA.y;
     const double X = r.realeB.x - r.realeA.x, Y = -(r.realeB.y - r.realeA.y), quadrato = X * X + Y * Y;
     if (im.larghezza < 3 || im.altezza < 3 || !(quadrato > 0) || !(std::hypot(dx, dy) > 0) || !(r.passoX > 0)
@@ -218,6 +219,7 @@ std::vector<Croce> TrovaCroci(const ImmagineGrigia& im, const RichiestaCroci& r)
     std::vector<Coppia> semplici(croci.size());
     for (std::size_t k = 0; k < croci.size(); ++k) semplici[k] = croci[k].prevista;
     for (std::size_t k = 0; k < croci.size(); ++k) {
+        if (passo && !passo(static_cast<double>(k) / static_cast<double>(croci.size()))) return {};
         Croce& c = croci[k];
         const Coppia piu = correzione(croci, semplici, k);
         c.prevista = {semplici[k].x + piu.x, semplici[k].y + piu.y};

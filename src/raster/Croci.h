@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "model/Registrazione.h"
@@ -32,6 +33,8 @@ struct Croce {
 // Every cross of the grid whose prediction lies in the image with its arms, the known ones too, the nearest to them first.
 // Predictions follow the crosses found around, so that shrinkage and folds are followed. None when the two known ones are
 // one, when they show no cross, or when there would be more than 20,000.
-std::vector<Croce> TrovaCroci(const ImmagineGrigia& im, const RichiestaCroci& r);
+// `passo`: asked with the part that is done; the first false ends the search, with none.
+std::vector<Croce> TrovaCroci(const ImmagineGrigia& im, const RichiestaCroci& r,
+                              const std::function<bool(double)>& passo = {});
 
 }   // namespace tessaro

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Cursore.h"
@@ -28,7 +29,7 @@ constexpr std::int16_t avvisoMemoria = 128;
 constexpr std::int16_t avvisoImmagine = 9102;   // ^0 the reason, ^1 the file
 constexpr std::int16_t avvisoGuasta = 9121;     // ^0 the file
 constexpr std::int16_t listaMotivi = 9102;
-constexpr std::int16_t motivoTroppoGrande = 3;
+constexpr std::int16_t motivoTroppoGrande = 3, motivoFermata = 9;
 
 // Packs the pixels of a deep image while they are decoded: they never stand beside a second copy.
 class Imballatore final : public RicevitoreRighe {
@@ -45,10 +46,13 @@ private:
 };
 
 bool nonImportata(const std::string& nome, const std::string& reason) {
+    if (reason == GetIndString(listaMotivi, motivoFermata)) return false;   // whoever stopped it knows
     ParamText(reason, nome, "", "");
     StopAlert(avvisoImmagine);
     return false;
 }
+
+constexpr double parteLettura = 0.5;   // of the work, by guess: playing it once is the rest
 
 // Plays the picture once where nothing shows it. False when something of it cannot be read, or its end is missing.
 bool sano(std::string_view pict) {
@@ -56,9 +60,10 @@ bool sano(std::string_view pict) {
     const GrafPtr prima = GetPort();
     SetPort(&niente);
     EsitoPict esito;
+    esito.avanti = [](double parte) { return ProgressStep(parteLettura + (1 - parteLettura) * parte); };
     const bool bene = DrawPicture(pict, Rect{0, 0, 1, 1}, &esito);
     SetPort(prima);
-    return bene && esito.finita;
+    return bene && (esito.finita || esito.fermata);
 }
 
 bool memorizza(std::string_view pict, const std::string& nome) {
@@ -71,6 +76,7 @@ bool memorizza(std::string_view pict, const std::string& nome) {
         ParamText(nome, "", "", "");
         StopAlert(avvisoGuasta);
     }
+    if (ProgressStopped()) return false;
     return MemorizzaPict(std::string(pict), xcurs, ycurs, DecPunto * larghi, DecPunto * alti);
 }
 
@@ -92,6 +98,18 @@ bool memorizza(Immagine& im, Imballatore& imballatore, const std::string& nome) 
                          im.height * DecPollice / im.dpiY);
 }
 
+// Fills the bytes block by block; stopped, what was not read stays 0.
+OSErr leggiSeguito(std::int16_t ref, std::string& bytes) {
+    constexpr std::size_t perVolta = 8 << 20;
+    OSErr e = noErr;
+    for (std::size_t i = 0; i < bytes.size() && e == noErr; i += perVolta) {
+        if (!ProgressStep(parteLettura * static_cast<double>(i) / static_cast<double>(bytes.size()))) break;
+        auto conto = static_cast<std::int32_t>(std::min(perVolta, bytes.size() - i));
+        e = FSRead(ref, conto, bytes.data() + i);
+    }
+    return e;
+}
+
 bool leggiTutto(std::int16_t ref, std::string& bytes) {
     std::int64_t lungo = 0;
     OSErr e = GetEOF(ref, lungo);
@@ -100,9 +118,8 @@ bool leggiTutto(std::int16_t ref, std::string& bytes) {
         return false;
     }
     bytes.resize(static_cast<std::size_t>(std::max<std::int64_t>(lungo, 0)));
-    auto conto = static_cast<std::int32_t>(bytes.size());
     if (e == noErr) e = SetFPos(ref, 0);
-    if (e == noErr) e = FSRead(ref, conto, bytes.data());
+    if (e == noErr) e = leggiSeguito(ref, bytes);
     if (e != noErr) IOERR2(e);
     return e == noErr;
 }
@@ -114,10 +131,8 @@ std::string bytesDi(const FSSpec& spec, std::int64_t massimo = 0x7FFFFFFF) {
     std::int64_t lungo = 0;
     if (FSpOpenDF(spec, fsRdPerm, ref) != noErr) return bytes;
     if (GetEOF(ref, lungo) == noErr && lungo > 0 && lungo <= 0x7FFFFFFF) {
-        lungo = std::min(lungo, massimo);
-        bytes.resize(static_cast<std::size_t>(lungo));
-        auto conto = static_cast<std::int32_t>(lungo);
-        if (FSRead(ref, conto, bytes.data()) != noErr) bytes.clear();
+        bytes.resize(static_cast<std::size_t>(std::min(lungo, massimo)));
+        if (leggiSeguito(ref, bytes) != noErr) bytes.clear();
     }
     FSClose(ref);
     return bytes;
@@ -159,8 +174,9 @@ bool ImportaImmagine(const FSSpec& spec) {
     constexpr std::int64_t testa = 4096;
     if (indElem >= maxElementi) return false;
     if (const std::string primi = bytesDi(spec, testa); VociPict(PictNelFile(primi)).versione == 2) {
+        const Termometro termometro(LavoroLungo::leggiImmagine);
         const std::string bytes = bytesDi(spec);
-        return memorizza(PictNelFile(bytes), spec.nome);
+        return !termometro.fermato() && memorizza(PictNelFile(bytes), spec.nome);
     }
     Immagine im;
     Imballatore imballatore;
@@ -185,8 +201,9 @@ void LeggiPict(std::int16_t ref) {
     constexpr std::size_t testaFile = 512;
     PoniAnnulla(aNiente);
     if (indElem >= maxElementi) return;
+    const Termometro termometro(LavoroLungo::leggiImmagine);
     std::string bytes;
-    if (!leggiTutto(ref, bytes)) return;
+    if (!leggiTutto(ref, bytes) || termometro.fermato()) return;
     if (bytes.size() < testaFile) return SysBeep(50);
     if (memorizza(PictNelFile(bytes), fileInLavoro)) InvalWind();
 }

@@ -8,6 +8,7 @@
 
 #include "registration/attaccoDinamico.h"
 #include "registration/Coordinate.h"
+#include "registration/MappaFoglio.h"
 
 namespace tessaro {
 
@@ -45,6 +46,47 @@ struct Omografia {
         const Quattro X = ((a * p.x + by) + c) / D;
         const Quattro Y = ((d * p.x + ey) + f) / D;
         p = {X, Y};
+    }
+};
+
+// A row of the net under a block, its nodes at hand by columns from the block's first one.
+constexpr std::int32_t colonneFila = 64;
+struct FilaRete {
+    double x1, perPasso;
+    std::int32_t da = 0, a = -1;   // columns of nodes
+    double x[colonneFila], y[colonneFila];
+
+    // False when the block leaves the net, or runs over more columns than there is room for.
+    bool prendi(const ReteMappa& rete, const Piano& p, double yFila, std::int32_t h, std::int32_t n) {
+        const double sinistra = p.x1PictBase + h * p.stepS, destra = p.x1PictBase + (h + n - 1) * p.stepS;
+        if (!rete.dentro({sinistra, yFila}) || !rete.dentro({destra, yFila})) return false;
+        x1 = rete.x1;
+        perPasso = rete.perPasso;
+        da = static_cast<std::int32_t>((sinistra - x1) * perPasso);
+        a = static_cast<std::int32_t>((destra - x1) * perPasso) + 1;
+        if (a - da >= colonneFila) return false;
+        rete.fila(yFila, da, a, x, y);
+        return true;
+    }
+};
+
+struct Rete {
+    const FilaRete& f;
+    IN_LINEA void operator()(Punti& p) const {
+        const Quattro u = (p.x - f.x1) * f.perPasso;
+        const Quattro32 c = __builtin_convertvector(u, Quattro32);
+        const Quattro parte = u - __builtin_convertvector(c, Quattro);
+        Quattro x0{}, x1{}, y0{}, y1{};
+        for (int k = 0; k < 4; ++k) {
+            // Places behind the block's end are worked out with it, and dropped.
+            const std::int32_t i = std::min(c[k], f.a - 1) - f.da;
+            x0[k] = f.x[i];
+            x1[k] = f.x[i + 1];
+            y0[k] = f.y[i];
+            y1[k] = f.y[i + 1];
+        }
+        p.x = x0 + parte * (x1 - x0);
+        p.y = y0 + parte * (y1 - y0);
     }
 };
 
@@ -116,7 +158,22 @@ Limiti omografiaBase(const Mappatura& m, const Piano& p, double y, std::int32_t 
     return blocco(Omografia(m, y), p, h, n, out);
 }
 
+Limiti reteBase(const FilaRete& f, const Piano& p, std::int32_t h, std::int32_t n, std::uint32_t* out) {
+    return blocco(Rete{f}, p, h, n, out);
+}
+void reteInternaBase(const FilaRete& f, const Piano& p, std::int32_t h, std::int32_t n, std::uint32_t* out) {
+    bloccoInterno(Rete{f}, p, h, n, out);
+}
+
 #ifdef __x86_64__
+__attribute__((target("avx2"))) Limiti reteLarga(const FilaRete& f, const Piano& p, std::int32_t h, std::int32_t n,
+                                                 std::uint32_t* out) {
+    return blocco(Rete{f}, p, h, n, out);
+}
+__attribute__((target("avx2"))) void reteInternaLarga(const FilaRete& f, const Piano& p, std::int32_t h, std::int32_t n,
+                                                      std::uint32_t* out) {
+    bloccoInterno(Rete{f}, p, h, n, out);
+}
 __attribute__((target("avx2"))) Limiti simileLarga(const Mappatura& m, const Piano& p, double y, std::int32_t h,
                                                    std::int32_t n, std::uint32_t* out) {
     return blocco(Simile(m, y), p, h, n, out);
@@ -134,10 +191,14 @@ __attribute__((target("avx2"))) void omografiaInternaLarga(const Mappatura& m, c
     bloccoInterno(Omografia(m, y), p, h, n, out);
 }
 const bool largo = __builtin_cpu_supports("avx2");
+const auto rete = largo ? reteLarga : reteBase;
+const auto reteInterna = largo ? reteInternaLarga : reteInternaBase;
 const CalcolaInterno simileInterno = largo ? simileInternoLargo : simileInternoBase;
 const CalcolaInterno omografiaInterna = largo ? omografiaInternaLarga : omografiaInternaBase;
 const Calcola simile = largo ? simileLarga : simileBase, omografia = largo ? omografiaLarga : omografiaBase;
 #else
+const auto rete = reteBase;
+const auto reteInterna = reteInternaBase;
 const CalcolaInterno simileInterno = simileInternoBase, omografiaInterna = omografiaInternaBase;
 const Calcola simile = simileBase, omografia = omografiaBase;
 #endif
@@ -166,6 +227,21 @@ bool estremiDentro(const Mappatura& m, const Piano& p, double y, std::int32_t h,
     return true;
 }
 
+// Between the nodes of its row a place is a mean of two: a block whose nodes lie well inside lies inside.
+bool nodiDentro(const FilaRete& f, const Piano& p, EsitoBlocco& e) {
+    double minimo = 1e300, massimo = -1e300;
+    for (std::int32_t k = 0; k <= f.a - f.da; ++k) {
+        const double u = (f.x[k] - p.x1Pict2) * p.stepD, w = (f.y[k] - p.y1Pict2) * p.stepD;
+        if (!(u >= 1 && u < p.larghezza - 1.0 && w >= 1 && w < p.altezza - 1.0)) return false;
+        minimo = std::min(minimo, w);
+        massimo = std::max(massimo, w);
+    }
+    e.prima = static_cast<std::int32_t>(minimo) - 1;
+    e.ultima = static_cast<std::int32_t>(massimo) + 1;
+    e.pieno = true;
+    return true;
+}
+
 Limiti costruzione(const Piano& p, double y, std::int32_t h, std::int32_t n, std::uint32_t* indici) {
     Limiti l{1e300, -1e300, 0};
     for (std::int32_t i = 0; i < n; ++i) {
@@ -188,7 +264,10 @@ Limiti costruzione(const Piano& p, double y, std::int32_t h, std::int32_t n, std
 Mappatura MappaturaAttiva() {
     Mappatura m;
     const std::int32_t tipo = TipoMappa();
-    if (tipo == 1 && deformProspettica != 0) {
+    if (tipo == mappaPerMolti && mappaMolti->rete() != nullptr) {
+        m.specie = SpecieMappa::rete;
+        m.rete = mappaMolti->rete();
+    } else if (tipo == 1 && deformProspettica != 0) {
         m.specie = SpecieMappa::omografia;
         m.coef = attaccoAttivo.coef;
     } else if (tipo == 0) {
@@ -204,31 +283,41 @@ EsitoBlocco IndiciBlocco(const Mappatura& m, const Piano& p, std::int32_t v, std
                          std::uint32_t* indici) {
     const double y = p.y1PictBase + v * p.stepS;
     Limiti l{};
-    if (m.specie == SpecieMappa::costruzione) {
+    EsitoBlocco tutto;
+    // Whole fours; the last ones are told apart so that they do not count.
+    const auto aQuattro = [&](const auto& f) {
+        const std::int32_t interi = n & ~3;
+        l = f(h, interi, indici);
+        if (interi == n) return;
+        std::uint32_t coda[4];
+        (void)f(h + interi, 4, coda);
+        for (std::int32_t k = interi; k < n; ++k) {
+            const std::uint32_t i = indici[k] = coda[k - interi];
+            if (i == nessunPixel) continue;
+            const double riga = i / p.passo;
+            l.minimo = std::min(l.minimo, riga);
+            l.massimo = std::max(l.massimo, riga);
+            ++l.contati;
+        }
+    };
+    FilaRete fila;
+    if (m.specie == SpecieMappa::rete && fila.prendi(*m.rete, p, y, h, n)) {
+        if (nodiDentro(fila, p, tutto)) {
+            reteInterna(fila, p, h, n, indici);
+            return tutto;
+        }
+        aQuattro(
+            [&](std::int32_t da, std::int32_t quanti, std::uint32_t* out) { return rete(fila, p, da, quanti, out); });
+    } else if (m.specie == SpecieMappa::costruzione || m.specie == SpecieMappa::rete) {
         l = costruzione(p, y, h, n, indici);
     } else {
         const bool prospettiva = m.specie == SpecieMappa::omografia;
-        EsitoBlocco tutto;
         if (estremiDentro(m, p, y, h, n, tutto)) {
             (prospettiva ? omografiaInterna : simileInterno)(m, p, y, h, n, indici);
             return tutto;
         }
-        // Whole fours; the last ones are told apart so that they do not count.
-        const std::int32_t interi = n & ~3;
         const Calcola f = prospettiva ? omografia : simile;
-        l = f(m, p, y, h, interi, indici);
-        if (interi < n) {
-            std::uint32_t coda[4];
-            (void)f(m, p, y, h + interi, 4, coda);
-            for (std::int32_t k = interi; k < n; ++k) {
-                const std::uint32_t i = indici[k] = coda[k - interi];
-                if (i == nessunPixel) continue;
-                const double riga = i / p.passo;
-                l.minimo = std::min(l.minimo, riga);
-                l.massimo = std::max(l.massimo, riga);
-                ++l.contati;
-            }
-        }
+        aQuattro([&](std::int32_t da, std::int32_t quanti, std::uint32_t* out) { return f(m, p, y, da, quanti, out); });
     }
     EsitoBlocco e;
     if (l.contati == 0) return e;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "model/Registrazione.h"
+#include "registration/ReteMappa.h"
 #include "registration/Solutori.h"
 
 namespace tessaro {
@@ -12,14 +13,15 @@ namespace tessaro {
 inline constexpr std::int32_t bloccoPixel = 256;
 inline constexpr std::uint32_t nessunPixel = 0xFFFFFFFFU;
 
-// A similarity and the homography run four points at a time; the construction by vanishing points goes through
-// Traf4Pt itself.
-enum class SpecieMappa : std::uint8_t { similitudine, omografia, costruzione };
+// A similarity, the homography and the net of many points run four points at a time; the construction by vanishing points
+// goes through Traf4Pt itself.
+enum class SpecieMappa : std::uint8_t { similitudine, omografia, rete, costruzione };
 
 struct Mappatura {
     SpecieMappa specie = SpecieMappa::costruzione;
     TransfRec simile;
     Coefficienti coef{};
+    const ReteMappa* rete = nullptr;   // of mappaMolti
 };
 Mappatura MappaturaAttiva();   // of attaccoAttivo in the mode in force; readies it for calls from threads
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "model/Cursore.h"
 #include "model/Figura.h"
 #include "model/Penna.h"
+#include "platform/Dialogs.h"
 #include "platform/pict/Codici.h"
 #include "platform/pict/Scrittore.h"
 #include "platform/Quickdraw.h"
@@ -25,6 +27,7 @@ namespace {
 constexpr std::int64_t massimoPict = 0x7FFFFFFF;
 constexpr std::int32_t bandaStdBits = 20000;   // columns of a piece: the coordinates of a stored picture have 16 bits
 constexpr std::int32_t righePezzo = 1024;
+constexpr double nonSiSa = std::numeric_limits<double>::quiet_NaN();   // packing is no part of the percents
 
 std::int32_t intere(std::int32_t lato, std::int32_t unita) { return (lato + unita - 1) / unita; }
 
@@ -82,16 +85,22 @@ void stdBits(Scrittore& s, Lettura& l, std::int32_t da, std::int32_t a, std::int
     const std::int32_t largo = std::max(unita, maxRowBytes / 4 / unita * unita);
     for (std::int32_t x = da; x < a; x += largo)
         for (std::int32_t y = 0; y < altezza; y += righePezzo * unita) {
+            if (ProgressStopped()) return;
             const std::int32_t w = std::min(largo, a - x), h = std::min(righePezzo * unita, altezza - y);
             const PostoBits posto{Rect{0, 0, h, w}, Rect{y / unita, x / unita, (y + h) / unita, (x + w) / unita}, modo};
             if (l.f.bit == 8) {
                 std::vector<RGBColor> tavola;
                 for (const std::uint32_t c : l.f.colori) tavola.push_back(coloreDi(c));
+                if (!ProgressStep(nonSiSa)) return;
                 ScriviIndici(s, l.piani(y, h, x, x + w), tavola, w, h, l.f.dueColori ? 1 : 8, posto);
                 continue;
             }
             PixelInCorso corso(s, w, h, posto, l.f.bit);
-            for (std::int32_t k = 0; k < h; ++k) corso.riga(l.pixel(y + k) + x);
+            constexpr std::int32_t traDomande = 64;   // rows
+            for (std::int32_t k = 0; k < h; ++k) {
+                if (k % traDomande == 0 && !ProgressStep(nonSiSa)) return;
+                corso.riga(l.pixel(y + k) + x);
+            }
         }
 }
 
@@ -108,6 +117,7 @@ std::string scrivi(const Tela& t, const Formato& f, const Rect& frame, std::int1
         const std::int32_t larga = std::max(unita, banda / unita * unita), bande = t.larghezza / larga;
         for (std::int32_t i = 0; i < bande; ++i) stdBits(s, l, i * larga, (i + 1) * larga, h, unita, ModoDi(tipo));
         stdBits(s, l, bande * larga, w, h, unita, ModoDi(tipo));
+        if (ProgressStopped()) return {};
         if (static_cast<std::int64_t>(s.bytes.size()) > massimoPict - 2) return {};
         return s.fine();
     } catch (const std::bad_alloc&) { return {}; }

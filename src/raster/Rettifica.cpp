@@ -1,9 +1,11 @@
 // Rectification: the picture is thrown forward through the live transformation, whole or cut to a polyline.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Zoom.h"
 #include "model/Annulla.h"
 #include "model/Selezione.h"
@@ -202,18 +204,29 @@ bool RettificaPict(const elemento& pict, std::int32_t poligono) {
     return fatta;
 }
 
-namespace {
-
-// Points of the picture go by the mapping one by one: by a grid as fine as a hundredth of a result's pixel asks.
-void rettificaMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
+// The picture's points go by a net as fine as a hundredth of a result's pixel asks. The last row and column of a dense source
+// may lie a little beyond its frame.
+bool RettificaPictMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti) {
     const ConMappa mappa(&molti);
     modoDelLavoro();
     BaseDi(pict);
     const double pixel = DecPunto / coeffRisoluzione;
-    molti.Interpola(x1PictBase, y1PictBase, x2PictBase, y2PictBase, 0.01 * pixel);
+    {
+        Termometro termometro(LavoroLungo::mappa);
+        constexpr double nonSiSa = std::numeric_limits<double>::quiet_NaN();   // how fine a net will do
+        constexpr double orlo = 0.002;
+        const double bordo = 4 * pixel + orlo * std::max(x2PictBase - x1PictBase, y2PictBase - y1PictBase);
+        molti.PerPixel(x1PictBase - bordo, y1PictBase - bordo, x2PictBase + bordo, y2PictBase + bordo, 0.01 * pixel,
+                       [&termometro] { return termometro.passo(nonSiSa); });
+        if (termometro.fermato()) return false;
+    }
     CalcolaVertici(pict, poligono);
-    PictureToPixMap(pict.pict.maniglia, poligono != 0);
+    const bool fatta = PictureToPixMap(pict.pict.maniglia, poligono != 0);
+    deformProspettica = 1;
+    return fatta;
 }
+
+namespace {
 
 void trasforma(std::int16_t item, MappaFoglio* molti) {
     constexpr std::int16_t listaTesti = 129, stringaPunti = 63, stringaMesh = 64;
@@ -226,7 +239,7 @@ void trasforma(std::int16_t item, MappaFoglio* molti) {
     if (!ScegliRisoluzione(risoluzione, scelti.poligono != 0)) return;
     const elemento pict = Elem(scelti.pict);
     if (molti != nullptr) {
-        rettificaMolti(pict, scelti.poligono, *molti);
+        RettificaPictMolti(pict, scelti.poligono, *molti);
     } else if (item != 2) {
         RettificaPict(pict, scelti.poligono);
     } else {

@@ -8,7 +8,9 @@
 
 #include "bitmap/PictInPixel.h"
 #include "dialogs/Errori.h"
+#include "dialogs/Parametri.h"
 #include "display/Disegno.h"
+#include "display/Interruzione.h"
 #include "files/FileMondo.h"
 #include "model/Archivio.h"
 #include "model/Documento.h"
@@ -58,6 +60,8 @@ struct Fatta {
     PostoRaster posto;
 };
 
+constexpr double partePixel = 0.5;   // of the work, by guess: the packing is the rest
+
 bool abbastanzaMemoria(double w, double h) { return w * h * 4 < static_cast<double>(CompactMem()); }
 
 bool delFoglio(FormatoImmagine formato, Fatta& f) {
@@ -72,10 +76,12 @@ bool delFoglio(FormatoImmagine formato, Fatta& f) {
     const GrafPtr prima = GetPort();
     {
         const VistaPict vista(perUnita);
+        const DisegnoSeguito seguito(0, partePixel);
         SetPort(&porto);
         Disegna();
     }
     SetPort(prima);
+    if (ProgressStopped()) return false;
     f.posto = PostoRaster{0, 0, w / perUnita, h / perUnita, w, h};
     const double dpi = perUnita * DecPollice;
     return EncodeImage(formato, porto.pixMap(), dpi, dpi, f.bytes);
@@ -126,7 +132,11 @@ bool dellElemento(FormatoImmagine formato, Fatta& f) {
     if (!abbastanzaMemoria(w, h) || !pict.misura(f.posto.width, f.posto.height)) return false;
     const Rect r{0, 0, f.posto.height, f.posto.width};
     std::vector<std::uint32_t> pixel(static_cast<std::size_t>(r.right) * static_cast<std::size_t>(r.bottom));
-    pict.righe(0, r.bottom, pixel.data());
+    constexpr std::int32_t striscia = 256;   // rows
+    for (std::int32_t y = 0; y < r.bottom; y += striscia) {
+        if (!ProgressStep(partePixel * y / r.bottom)) return false;
+        pict.righe(y, std::min(striscia, r.bottom - y), pixel.data() + std::ptrdiff_t{y} * r.right);
+    }
     return EncodeImage(formato, PixMap{pixel.data(), r.right, r}, dpiX, dpiY, f.bytes);
 }
 
@@ -157,6 +167,7 @@ bool SuffissoImmagine(const FSSpec& spec) { return formatoDi(spec.percorso).has_
 bool PutImageFile(std::int16_t ref, const FSSpec& spec) {
     const auto formato = formatoDi(spec.percorso);
     if (!formato) return false;
+    const Termometro termometro(LavoroLungo::scriviImmagine);
     Fatta f;
     bool fatta = false;
     try {
@@ -165,6 +176,7 @@ bool PutImageFile(std::int16_t ref, const FSSpec& spec) {
         StopAlert(avvisoMemoria);
         return false;
     }
+    if (termometro.fermato()) return false;
     if (!fatta) {
         ParamText(spec.nome, "", "", "");
         StopAlert(avvisoFormato);

@@ -82,7 +82,7 @@ std::string rotazione(const tPictRot& p, std::int16_t bit, const CorniceGiro& q,
         giro.dati.reset();
     }
     std::string bytes = ImmagineDaTela(src, sorgente.formato(), FrameDi(src), p.tipoPict);
-    return bytes.empty() ? memoria(w * h) : bytes;
+    return bytes.empty() ? memoria(w * h) : bytes;   // which says nothing when the person stopped it
 }
 
 }   // namespace

@@ -28,6 +28,8 @@ void TrasformaPictMolti(MappaFoglio& molti);
 // A picture by the control points with the choices in force, whole (poligono 0) or cut to the polyline with that head: the
 // result is a new picture behind the last record. False, with a message shown, when there is none.
 bool RettificaPict(const elemento& pict, std::int32_t poligono);
+// The same by many points.
+bool RettificaPictMolti(const elemento& pict, std::int32_t poligono, MappaFoglio& molti);
 // Dialog 139; `conPoligono`: a cut can be chosen. False: cancelled, nothing changed.
 bool ScegliRisoluzione(double& res, std::uint8_t conPoligono);
 // Boxes and sizes of a picture through the live transformation; `poligono`: the head of what cuts it, 0 for none.

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 
+#include "bitmap/PerRighe.h"
 #include "registration/Lastra.h"
 
 namespace tessaro {
@@ -50,12 +52,20 @@ Coppia GrigliaMappa::operator()(const Coppia& p) const {
     return s;
 }
 
-void GrigliaMappa::liscio(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi) {
+bool GrigliaMappa::liscio(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi,
+                          const std::function<bool()>& avanti) {
     nodi.resize(static_cast<std::size_t>(lato()) * static_cast<std::size_t>(lato()));
-    std::size_t k = 0;
-    for (std::int32_t r = -1; r <= celle + 1; ++r)
-        for (std::int32_t c = -1; c <= celle + 1; ++c)
-            nodi[k++] = poi(mappa.Liscia({x1 + c * passoX, y1 + r * passoY}, raggio));
+    std::atomic<bool> fermo = false;
+    perRighe(lato(), [&](std::int32_t da, std::int32_t a, std::int32_t filo) {
+        auto k = static_cast<std::size_t>(da) * static_cast<std::size_t>(lato());
+        for (std::int32_t r = da - 1; r < a - 1; ++r) {
+            if (filo == 0 && avanti && !avanti()) fermo = true;   // the first band is the caller's own thread
+            if (fermo) return;
+            for (std::int32_t c = -1; c <= celle + 1; ++c)
+                nodi[k++] = poi(mappa.Liscia({x1 + c * passoX, y1 + r * passoY}, raggio));
+        }
+    });
+    return !fermo;
 }
 
 void GrigliaMappa::vicini(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi) {
@@ -91,7 +101,7 @@ void GrigliaMappa::vicini(const MappaPunti& mappa, const std::function<Coppia(co
 }
 
 bool GrigliaMappa::fai(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi, double bx1, double by1,
-                       double bx2, double by2, double tolleranza) {
+                       double bx2, double by2, double tolleranza, const std::function<bool()>& avanti) {
     constexpr std::int32_t massimo = 1024;   // cells a side
     constexpr double passi = 7;   // cells that the stand-in of the kernel reaches over: its error falls by their square
     constexpr double pochi = 40;   // of the plate's points near a place, on the average
@@ -105,18 +115,27 @@ bool GrigliaMappa::fai(const MappaPunti& mappa, const std::function<Coppia(const
         passoX = (bx2 - bx1) / celle;
         passoY = (by2 - by1) / celle;
         raggio = passi * std::max(passoX, passoY);
-        liscio(mappa, poi);
+        if (!liscio(mappa, poi, avanti)) return false;
         vicini(mappa, poi);
-        double peggio = 0;
-        for (std::int32_t r = 0; r < celle && peggio * 2 <= tolleranza; ++r)
-            for (std::int32_t c = 0; c < celle; ++c) {
-                const Coppia p{x1 + (c + 0.5) * passoX, y1 + (r + 0.5) * passoY};
-                const Coppia esatto = poi(mappa(p)), stimato = (*this)(p);
-                const double scarto = std::hypot(esatto.x - stimato.x, esatto.y - stimato.y);
-                if (!std::isfinite(scarto)) return false;
-                peggio = std::max(peggio, scarto);
+        std::vector<double> peggio(static_cast<std::size_t>(celle), 0);
+        std::atomic<bool> buona = true, basta = false;
+        perRighe(celle, [&](std::int32_t da, std::int32_t a, std::int32_t filo) {
+            for (std::int32_t r = da; r < a && !basta; ++r) {
+                if (filo == 0 && avanti && !avanti()) buona = false;
+                if (!buona) return;
+                double& qui = peggio[static_cast<std::size_t>(r)];
+                for (std::int32_t c = 0; c < celle; ++c) {
+                    const Coppia p{x1 + (c + 0.5) * passoX, y1 + (r + 0.5) * passoY};
+                    const Coppia esatto = poi(mappa(p)), stimato = (*this)(p);
+                    const double scarto = std::hypot(esatto.x - stimato.x, esatto.y - stimato.y);
+                    if (!std::isfinite(scarto)) buona = false;
+                    qui = std::max(qui, scarto);
+                }
+                if (!(qui * 2 <= tolleranza)) basta = true;
             }
-        errore = 2 * peggio;
+        });
+        if (!buona) return false;
+        errore = 2 * *std::max_element(peggio.begin(), peggio.end());
         if (errore <= tolleranza) return true;
     }
     return false;

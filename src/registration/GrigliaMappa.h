@@ -20,12 +20,14 @@ struct GrigliaMappa {
 
     // Maps sheet points by `mappa` and what it gives by `poi`, which is linear. So fine that the error is at most
     // `tolleranza`, in the unit of what `poi` gives; false when a million nodes do not do.
+    // `avanti`: asked now and then; the first false ends the work with false.
     bool fai(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi, double bx1, double by1,
-             double bx2, double by2, double tolleranza);
+             double bx2, double by2, double tolleranza, const std::function<bool()>& avanti = {});
 
 private:
     [[nodiscard]] std::int32_t lato() const { return celle + 3; }   // nodes: one ring round the box
-    void liscio(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi);
+    bool liscio(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi,
+                const std::function<bool()>& avanti);
     void vicini(const MappaPunti& mappa, const std::function<Coppia(const Coppia&)>& poi);
 
     double raggio = 0, unita = 1;   // where the stand-in of the kernel begins, sheet units; the kernel's own unit

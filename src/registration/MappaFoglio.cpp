@@ -31,6 +31,7 @@ Coppia MappaFoglio::alFoglio(const Coppia& reale) const {
 Coppia MappaFoglio::esatta(const Coppia& foglio) const { return alFoglio(mappa(foglio)); }
 
 Coppia MappaFoglio::operator()(const Coppia& foglio) const {
+    if (maglie && maglie->dentro(foglio)) return (*maglie)(foglio);
     return quadri && quadri->dentro(foglio) ? (*quadri)(foglio) : esatta(foglio);
 }
 
@@ -44,14 +45,28 @@ bool MappaFoglio::Inversa(const Coppia& dove, Coppia& foglio) const {
     return mappa.Inversa(reale, foglio);
 }
 
-bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, double tolleranza) {
+bool MappaFoglio::Interpola(double bx1, double by1, double bx2, double by2, double tolleranza,
+                            const std::function<bool()>& avanti) {
     quadri.reset();
+    maglie.reset();
     if (!buona || !(bx2 > bx1) || !(by2 > by1)) return false;
     auto g = std::make_unique<GrigliaMappa>();
     if (!g->fai(
-            mappa, [this](const Coppia& r) { return alFoglio(r); }, bx1, by1, bx2, by2, tolleranza))
+            mappa, [this](const Coppia& r) { return alFoglio(r); }, bx1, by1, bx2, by2, tolleranza, avanti))
         return false;
     quadri = std::move(g);
+    return true;
+}
+
+bool MappaFoglio::PerPixel(double bx1, double by1, double bx2, double by2, double tolleranza,
+                           const std::function<bool()>& avanti) {
+    constexpr double dellaGriglia = 0.3;
+    if (!Interpola(bx1, by1, bx2, by2, dellaGriglia * tolleranza, avanti)) return false;
+    auto r = std::make_unique<ReteMappa>();
+    if (!r->fai([this](const Coppia& p) { return (*this)(p); }, bx1, by1, bx2, by2, (1 - dellaGriglia) * tolleranza,
+                avanti))
+        return false;
+    maglie = std::move(r);
     return true;
 }
 

@@ -96,7 +96,8 @@ struct EsitoPunti {
 struct ResiduoPunto {
     Coppia residuo;   // zero at the points of a thin plate
     Coppia senza;   // what the residual would be had this point not been used (leave one out; projective: first order)
-    double prova = 0;   // square of the standardised residual times the variance of a coordinate
+    double prova = 0;        // square of the standardised residual times the variance of a coordinate
+    double ridondanza = 0;   // part of an error of this point that shows in its residual, 0 to 1; of a thin plate 0
 };
 struct SoluzionePunti {
     MappaPunti mappa;

@@ -99,6 +99,7 @@ void Risolutore::residui(const MatrixXd& resto, const MatrixXd& q, int righe) {
         p.senza = {senza.x() * s.mappa.realeC.scala, senza.y() * s.mappa.realeC.scala};
         p.prova = r.dot(corretto) * s.mappa.realeC.scala * s.mappa.realeC.scala;
         if (!conta) continue;
+        p.ridondanza = std::clamp((k(0, 0) + k(1, 1)) / 2, 0.0, 1.0);
         s.sommaQuadrati += peso(i) * (p.residuo.x * p.residuo.x + p.residuo.y * p.residuo.y);
         somma += p.senza.x * p.senza.x + p.senza.y * p.senza.y;
     }

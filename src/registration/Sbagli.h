@@ -40,11 +40,23 @@ struct EsameSbagli {
     std::vector<PuntoSbagliato> punti;   // the worst first
     SoluzionePunti buona;                // by the others
     double accordo = 0;                  // the longest residual of the others; of a thin plate, each left out
+    double potenza = 0;   // chance that a slip of eight standard errors would be named, the mean over the points
+    int bastano = 0;      // points, spread as these, from which on it is 0.95; 0 where a thousand would not do
+    std::vector<std::size_t> scoperti;   // points where it is below one half: the others hardly check them
 };
-// Points are taken out one by one, each when its externally standardised residual is larger than chance allows (F test, 2 per
+// Points are taken out one by one, each when its externally standardised residual is larger than chance allows (F test, 3.5 per
 // cent over all points; Baarda's data snooping with an estimated variance). Where many points hide each other, the robust
 // estimation's scale shows it and names them. At most a third of the points.
 EsameSbagli CercaSbagli(std::span<const PuntoNoto> punti, Metodo metodo);
+
+// Of a thin plate, whose residuals are none: each point's standardised square, the sum that it is a part of with its degrees of
+// freedom, and the part of an error that shows, 0 to 1. False below five points.
+struct EsameLastra {
+    std::vector<double> prova, ridondanza;
+    double somma = 0;
+    int gradi = 0;
+};
+bool EsaminaLastra(std::span<const PuntoNoto> punti, std::span<const double> pesi, EsameLastra& e);
 
 // MM estimation: the start is the best of many minimal sets by the median residual (least median of squares), then weights
 // by Tukey's biweight. `scala` is the standard error of a coordinate by the median. False when the plain solution is refused

@@ -103,7 +103,8 @@ std::string fattore() {
     return {b.data(), std::to_chars(b.data(), b.data() + b.size(), v, std::chars_format::general, 6).ptr};
 }
 
-void rifai() {
+// While a point is dragged slips are left as they were: they are looked for when it rests.
+void rifai(bool conSbagli = true) {
     mostrato = adesso();
     const TabellaPunti& t = LaTabella();
     const StatoPunti& s = StatoTabella();
@@ -114,7 +115,7 @@ void rifai() {
     HiliteDialogItem(puntiDialog, vRobusta, t.metodo == Metodo::lastra ? 255 : 0);
     SetDialogItemText(puntiDialog, vEsito, TestoEsito(t, s));
     SetDialogItemText(puntiDialog, vParametri, TestoParametri(t, s));
-    tabella(vSbagli, TestiSbagli(t, s));
+    if (conSbagli) tabella(vSbagli, TestiSbagli(t, s));
     SetDialogItemValue(puntiDialog, vFrecce, t.frecce);
     SetDialogItemText(puntiDialog, vEsagerazione, fattore());
     SetDialogItemValue(puntiDialog, vAnteprima, anteprimaChiesta);
@@ -322,6 +323,11 @@ void ColpoPunti(std::int16_t item) {
 
 void PuntoCliccato() {
     if (!puntiDialog) return;
+    if (const std::size_t n = TrascinaPuntoTabella([] { rifai(false); }); n > 0) {
+        rifai();
+        SetDialogItemValue(puntiDialog, vTabella, static_cast<std::int32_t>(n));
+        return;
+    }
     double x = xcurs, y = ycurs;
     AttaccaCursore(x, y, zcurs);
     TabellaPunti t = LaTabella();

@@ -15,7 +15,7 @@ void AggiornaPunti();   // shows what has changed; costs next to nothing when no
 void ChiudiPunti();     // the preview goes with it, and the tool of table points is put away
 void ColpoPunti(std::int16_t item);   // its items; 0 is the close box
 // A click in the drawing with the tool of table points in hand: the row chosen, or the first without a place on the sheet,
-// takes the cursor's; else a new row does.
+// takes the cursor's; else a new row does. On the mark of a point it chooses the row, and drags the point while held.
 void PuntoCliccato();
 
 }   // namespace tessaro

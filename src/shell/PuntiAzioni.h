@@ -18,4 +18,8 @@ void CopieDaPunti();               // of the selection, through the mapping
 void TrovaCrociTabella();          // asks for the grid, looks in the picture, fills the table
 void RaddrizzaDaPunti();           // the selected picture, through the mapping
 
+// The press on a point's mark in the drawing: the point follows the pointer while it is held, `mostra` is called at each of
+// its places; Escape puts it back. Its row, from 1; 0 where there is no mark.
+std::size_t TrascinaPuntoTabella(void (*mostra)());
+
 }   // namespace tessaro

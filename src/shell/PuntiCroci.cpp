@@ -63,6 +63,8 @@ bool chiedi() {
     return item == ok;
 }
 
+constexpr double parteLettura = 0.3;   // of the work, by guess: the search is the rest
+
 bool grigia(const elemento& e, ImmagineGrigia& im) {
     constexpr std::int64_t massimo = 400'000'000;   // pixels
     PictInPixel pixel(PictBytes(e.pict.maniglia));
@@ -74,7 +76,7 @@ bool grigia(const elemento& e, ImmagineGrigia& im) {
     im.valori.resize(static_cast<std::size_t>(im.larghezza) * static_cast<std::size_t>(im.altezza));
     for (std::int32_t y = 0; y < im.altezza; y += striscia) {
         const std::int32_t n = std::min(striscia, im.altezza - y);
-        if (!pixel.righe(y, n, righe.data())) return false;
+        if (!ProgressStep(parteLettura * y / im.altezza) || !pixel.righe(y, n, righe.data())) return false;
         const std::size_t quanti = static_cast<std::size_t>(n) * static_cast<std::size_t>(im.larghezza);
         float* a = im.valori.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(im.larghezza);
         for (std::size_t i = 0; i < quanti; ++i) {
@@ -198,6 +200,7 @@ void TrovaCrociTabella() {
     const auto& p = Elem(n).pict;
     std::vector<Croce> croci;
     PosaPixel posa{};
+    auto termometro = std::make_unique<Termometro>(LavoroLungo::croci);
     if (grigia(Elem(n), im)) {
         posa = {p.x, p.y, p.larghezza / im.larghezza, p.altezza / im.altezza};
         constexpr double mm = 10;   // sheet units
@@ -210,8 +213,11 @@ void TrovaCrociTabella() {
         r.passoY = chiesto.passoY;
         r.braccio = chiesto.braccio * mm / posa.perX;
         r.raggio = chiesto.raggio * mm / posa.perX;
-        croci = TrovaCroci(im, r);
+        croci = TrovaCroci(
+            im, r, [&termometro](double f) { return termometro->passo(parteLettura + (1 - parteLettura) * f); });
     }
+    if (termometro->fermato()) return;
+    termometro.reset();
     if (croci.empty()) {
         StopAlertParam(avvisoPunti, StringaPunti(nessuna));
         return;

@@ -12,12 +12,14 @@ namespace tessaro {
 namespace {
 
 std::uint32_t mischia(std::uint32_t sotto, std::uint32_t colore, double quota) {
-    const auto peso = static_cast<std::uint32_t>(std::lround(std::clamp(quota, 0.0, 1.0) * 256));
-    const auto canale = [&](int s) {
-        const std::uint32_t a = sotto >> s & 0xFFU, b = colore >> s & 0xFFU;
-        return (a * (256U - peso) + b * peso) >> 8U << s;
+    const auto peso = static_cast<std::uint32_t>(std::clamp(quota, 0.0, 1.0) * 256 + 0.5);
+    constexpr std::uint32_t pari = 0xFF00FFU, dispari = 0xFF00U;   // channels with room for a product beside them
+    const auto canali = [&](std::uint32_t quali) {
+        const std::uint32_t giu = quali == dispari ? 8U : 0U;
+        const std::uint32_t a = (sotto & quali) >> giu, b = (colore & quali) >> giu;
+        return (a * (256U - peso) + b * peso) >> (8U - giu) & quali;
     };
-    return 0xFF000000U | canale(16) | canale(8) | canale(0);
+    return 0xFF000000U | canali(pari) | canali(dispari);
 }
 
 // The pixels of a row whose middles lie between two places, held to low..high.
@@ -31,12 +33,15 @@ struct Riga {
 };
 
 struct Asse {
-    double ax, ay, dx, dy, lungo2;
+    double ax, ay, dx, dy, lungo2, nx, ny;   // the last two across it, of length 1
     Asse(double x0, double y0, double x1, double y1)
-        : ax(x0), ay(y0), dx(x1 - x0), dy(y1 - y0), lungo2(dx * dx + dy * dy) {}
+        : ax(x0), ay(y0), dx(x1 - x0), dy(y1 - y0), lungo2(dx * dx + dy * dy), nx(-dy / std::sqrt(lungo2)),
+          ny(dx / std::sqrt(lungo2)) {}
     [[nodiscard]] double distanza(double x, double y) const {
-        const double t = std::clamp(((x - ax) * dx + (y - ay) * dy) / lungo2, 0.0, 1.0);
-        return std::hypot(x - ax - t * dx, y - ay - t * dy);
+        const double u = x - ax, v = y - ay, lungo = u * dx + v * dy;
+        if (lungo < 0) return std::sqrt(u * u + v * v);
+        if (lungo > lungo2) return std::sqrt((u - dx) * (u - dx) + (v - dy) * (v - dy));
+        return std::fabs(u * nx + v * ny);
     }
 };
 

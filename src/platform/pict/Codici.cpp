@@ -145,6 +145,10 @@ void VociPict::leggiTesta() {
     if (!EmptyRect(r)) sorgente = r;
 }
 
+double VociPict::parte() const {
+    return tutto.empty() ? 1 : 1 - static_cast<double>(l.resto()) / static_cast<double>(tutto.size());
+}
+
 bool VociPict::prossima(Voce& v) {
     if (fine || versione == 0) return false;
     if (versione == 2 && l.posto() % 2 != 0) l.salta(1);

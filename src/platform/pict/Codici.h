@@ -73,6 +73,7 @@ public:
     // False behind the last opcode, at the end of the data, or where an opcode's length cannot be told.
     bool prossima(Voce& v);
     [[nodiscard]] bool finito() const { return fine; }   // the end opcode was met
+    [[nodiscard]] double parte() const;                  // of the bytes, up to the opcode that comes next, 0 to 1
 
     Rect frame;            // as stored, 72 to the inch unless the picture tells its own
     int versione = 0;      // 1 or 2; 0: no picture

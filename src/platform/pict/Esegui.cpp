@@ -68,7 +68,7 @@ EsecutorePict::~EsecutorePict() {
 }
 
 bool EsecutorePict::esegui(EsitoPict& esito) {
-    esito.rotta = !voci.valido() || !tutte();
+    esito.rotta = !voci.valido() || !tutte(esito);
     esito.finita = voci.finito();
     if (!esito.rotta) return tuttoBene;
     porto.clip = clipPrima;
@@ -76,10 +76,11 @@ bool EsecutorePict::esegui(EsitoPict& esito) {
     return false;
 }
 
-bool EsecutorePict::tutte() {
+bool EsecutorePict::tutte(EsitoPict& esito) {
     constexpr double limite = 2e10;   // pixels: some seconds of work, far above any real picture
     Voce v;
     while (voci.prossima(v)) {
+        if (esito.avanti != nullptr && !esito.avanti(voci.parte())) return esito.fermata = true;
         if (!voce(v)) {
             if (v.op != opCompresso) return false;
             tuttoBene = false;   // in a coding that nobody here knows: its place was crossed out

@@ -34,7 +34,7 @@ public:
 
 private:
     static constexpr RGBColor evidenzaUsuale{0xB4B4, 0xD5D5, 0xFEFE};
-    bool tutte();   // the opcodes in their order; false where they make no sense
+    bool tutte(EsitoPict& esito);   // the opcodes in their order; false where they make no sense
     // A pattern in the picture's terms: bits in the colours of the moment, or with colours of its own.
     struct Retino {
         Pattern bit;

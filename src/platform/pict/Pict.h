@@ -14,6 +14,9 @@ namespace tessaro {
 struct EsitoPict {
     bool rotta = false;    // no picture, or its bytes break off or make no sense: its frame was crossed out
     bool finita = false;   // the end opcode was met
+    // Asked before each opcode with the part of the bytes that was played; the first false ends the replay, and is no fault.
+    bool (*avanti)(double parte) = nullptr;
+    bool fermata = false;
 };
 // Replays the picture into dst of the current port. False when something in it cannot be decoded; what could be was drawn,
 // and the place of the rest is crossed out. Every length is checked: any bytes end, without growth beyond their own claims.

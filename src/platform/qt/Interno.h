@@ -31,6 +31,9 @@ std::string linguaInUso();   // "en" or "it": --language, else the desktop's; a 
 
 // --- the frame, which outlives the drawing's window; null without an application object
 QMainWindow* telaio();
+// With TESSARO_STARTED in the environment, a reading of the monotonic clock in nanoseconds: tells on standard output how many
+// milliseconds later the frame was first painted, and ends the process. For bench/avvio.
+void misuraAvvio();
 QMenuBar* barra();   // inside the frame, never the desktop's own
 QWidget* foglio();   // the widget of the drawing window's content; null when none is open
 
@@ -56,6 +59,9 @@ bool prendi(EventRecord& e, Attesa chi);   // takes the oldest record that `chi`
 // False: time ran out, the program is to quit, or the script has no step left; a dialog is then cancelled.
 bool waitStep(Attesa chi, std::int32_t ticks);
 void sveglia();   // makes the wait under way return, with a null event
+
+// Takes an Escape that waits; nobody else gets it, so it closes this one thing and nothing behind it.
+bool prendiFuga();
 
 void chiediUscita();   // sets quitPending: every loop unwinds
 

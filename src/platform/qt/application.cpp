@@ -161,6 +161,7 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
         if (copione() == nullptr) attivaProgramma(stato == Qt::ApplicationActive);
     });
     creaTelaio();
+    if (!a.script) misuraAvvio();
 }
 
 void StopToolbox() {

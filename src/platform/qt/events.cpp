@@ -265,19 +265,13 @@ bool Button() {
                         [](const EventRecord& r) { return r.what == EventKind::mouseUp; });
 }
 
-namespace {
-
-constexpr std::uint32_t tastoFuga = 27;
-
-// Takes an Escape that waits; nobody else gets it, so it closes this one thing and nothing behind it.
 bool prendiFuga() {
+    constexpr std::uint32_t tastoFuga = 27;
     if (!std::exchange(coda.fuga, false)) return false;
     std::erase_if(coda.righe,
                   [](const EventRecord& r) { return r.what == EventKind::keyDown && r.message == tastoFuga; });
     return true;
 }
-
-}   // namespace
 
 bool DragGivenUp() { return coda.rinunciata; }
 

@@ -10,6 +10,8 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
+#include <unistd.h>
+
 namespace tessaro {
 
 namespace {
@@ -82,6 +84,13 @@ std::string FileDelProgramma(const std::string& nome) {
             return QDir::cleanPath(f).toStdString();
     return {};
 }
+
+std::string ProgrammaProprio() {
+    const QString nome = QStringLiteral("tessaro3d"), qui = QCoreApplication::applicationFilePath();
+    return QFileInfo(qui).fileName() == nome ? qui.toStdString() : FileDelProgramma(nome.toStdString());
+}
+
+void EndAfter(int seconds) { alarm(seconds > 0 ? static_cast<unsigned int>(seconds) : 0); }
 
 FileTemporaneo::FileTemporaneo() {
     QTemporaryFile f(QDir::temp().filePath(QStringLiteral("tessaro3d-XXXXXX")));
