@@ -272,7 +272,7 @@ void morbide(benchmark::State& state) {
             porta().smooth = false;
         };
     };
-    confronta(state, 6, con(true), con(false));
+    confronta(state, 12, con(true), con(false));
 }
 
 // The same against the toolkit's own painter.
@@ -284,7 +284,7 @@ void morbideQt(benchmark::State& state) {
         Memorizza(tSegmento, capi[i].x0, capi[i].y0, 0, capi[i].x1, capi[i].y1, 0, 1, 1, 1, "");
     QImage immagine(larghezza, altezza, QImage::Format_RGB32);
     confronta(
-        state, 1,
+        state, 1.5,
         [] {
             porta().smooth = true;
             Disegna();
