@@ -49,9 +49,9 @@ install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR
 if(NOT TESSARO_FUZZ)
   install(FILES ${CMAKE_BINARY_DIR}/sample.ts3d DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d)
 endif()
-install(FILES examples/parcels.jpg examples/sample.script DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
-install(PROGRAMS examples/make-sheet DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples)
-install(DIRECTORY examples/archive DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/examples USE_SOURCE_PERMISSIONS)
+install(FILES examples/parcels.jpg examples/sample.script DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d/examples)
+install(PROGRAMS examples/make-sheet DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d/examples)
+install(DIRECTORY examples/archive DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d/examples USE_SOURCE_PERMISSIONS)
 # The reader of DWG files, where npm has brought its library; what its tests alone need stays out.
 install(DIRECTORY build/lettore/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tessaro3d/lettore OPTIONAL
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ

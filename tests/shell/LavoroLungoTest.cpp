@@ -312,7 +312,10 @@ TEST_P(LavoriLunghi, StoppedTheyLeaveEverythingAsItWas) {
         EXPECT_EQ(contorno(), stato);
         EXPECT_TRUE(scriviByte() == prima);
         EXPECT_EQ(cartella->quanti(), file);
-        if (scrive) { EXPECT_EQ(contenuto(fileScelto).size(), giaFatto ? intero.size() : std::string(vecchio).size()); }
+        if (scrive && !giaFatto) { EXPECT_TRUE(contenuto(fileScelto) == vecchio); }
+        if (giaFatto) {
+            EXPECT_NEAR(double(contenuto(fileScelto).size()), double(intero.size()), 100);
+        }   // it has a date
         EXPECT_FALSE(ProgressStopped());
     }
 }

@@ -26,10 +26,15 @@ std::uint32_t mischia(std::uint32_t sotto, std::uint32_t colore, double quota) {
 struct Riga {
     std::int32_t da = 0, a = 0;
     Riga(double sinistra, double destra, std::int32_t low, std::int32_t high)
-        : da(static_cast<std::int32_t>(
-            std::clamp(std::floor(sinistra - 0.5), static_cast<double>(low), static_cast<double>(high)))),
-          a(static_cast<std::int32_t>(
-              std::clamp(std::ceil(destra + 0.5), static_cast<double>(low), static_cast<double>(high)))) {}
+        : da(tenuto(sinistra - 0.5, low, high)), a(tenuto(destra + 0.5, low, high)) {
+        if (a < destra + 0.5 && a < high) ++a;
+    }
+
+private:
+    // Whole, towards the left: places of a port are not negative, so that the cut is that.
+    static std::int32_t tenuto(double v, std::int32_t low, std::int32_t high) {
+        return static_cast<std::int32_t>(std::clamp(v, static_cast<double>(low), static_cast<double>(high)));
+    }
 };
 
 struct Asse {
