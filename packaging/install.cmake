@@ -21,8 +21,8 @@ add_custom_command(OUTPUT ${icons}
   DEPENDS tessaro3d-icons resources/icons/app.svg VERBATIM)
 install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME tessaro3d.svg)
 
-# The manual page and the list of changes are packed, as Debian has them.
-foreach(packed tessaro3d.1 changelog)
+# The manual pages and the list of changes are packed, as Debian has them.
+foreach(packed tessaro3d.1 tessaro3d.it.1 changelog)
   add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/packed/${packed}.gz
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packed
     COMMAND sh -c "gzip -9nc '${CMAKE_SOURCE_DIR}/packaging/${packed}' > '${CMAKE_BINARY_DIR}/packed/${packed}.gz'"
@@ -37,6 +37,7 @@ install(FILES packaging/tessaro3d.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/
 install(FILES packaging/tessaro3d.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
 install(FILES packaging/io.github.tessaro3d.Tessaro3D.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.it.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/it/man1 RENAME tessaro3d.1.gz)
 install(FILES packaging/copyright ${CMAKE_BINARY_DIR}/packed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 if(NOT TESSARO_FUZZ)
