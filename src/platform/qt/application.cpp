@@ -112,29 +112,10 @@ void preparaAmbiente(const Avvio& a) {
     QGuiApplication::setDesktopSettingsAware(false);
 }
 
-// The colours that the toolkit's own style has on a dark desktop.
-QPalette scura() {
-    const QColor fondo(0x32, 0x32, 0x32), base(0x24, 0x24, 0x24), testo(0xF0, 0xF0, 0xF0), spento(0x80, 0x80, 0x80);
-    const QColor luce(0x30, 0x8C, 0xC6);
-    QPalette p(testo, fondo, fondo.lighter(150), fondo.darker(160), fondo.lighter(120), testo, Qt::white, base, fondo);
-    p.setColor(QPalette::AlternateBase, base.lighter(120));
-    p.setColor(QPalette::Highlight, luce);
-    p.setColor(QPalette::HighlightedText, Qt::white);
-    p.setColor(QPalette::Link, luce.lighter(120));
-    p.setColor(QPalette::LinkVisited, luce.lighter(150));
-    p.setColor(QPalette::PlaceholderText, QColor(testo.red(), testo.green(), testo.blue(), 160));
-    p.setColor(QPalette::ToolTipBase, fondo.lighter(130));
-    p.setColor(QPalette::ToolTipText, testo);
-    for (const auto che : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
-        p.setColor(QPalette::Disabled, che, spento);
-    p.setColor(QPalette::Disabled, QPalette::Highlight, fondo.lighter(150));
-    return p;
-}
-
 // Pictures and timing of a script must not depend on the desktop it runs on.
 void parificaCopione() {
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(questoAvvio.dark ? scura() : QPalette(QColor(0xEF, 0xEF, 0xEF)));
+    QApplication::setPalette(questoAvvio.dark ? paletteScura() : QPalette(QColor(0xEF, 0xEF, 0xEF)));
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
@@ -171,7 +152,9 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     std::setlocale(LC_NUMERIC, "C");
     std::signal(SIGXFSZ, SIG_IGN);   // a file-size limit is an error of the write that meets it, and no death
     if (a.script) parificaCopione();
-    if (a.dark && !a.script) QApplication::setPalette(scura());
+    vestiApplicazione();
+    if (a.dark && !a.script) QApplication::setPalette(paletteScura());
+    if (!a.dark && !a.script) seguiAspettoDelDesktop();
     std::signal(SIGXFSZ, SIG_IGN);   // a file that may not grow is a write that fails, and told like one
     if (!a.script) ascoltaSegnali();
     QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {

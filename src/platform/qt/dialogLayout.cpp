@@ -368,12 +368,19 @@ private:
         return registra(v, w);
     }
 
+    // A table shows headings of its own; its text is its name for those who do not see it, else the dialog's title is.
+    QWidget* conNome(VoceDialogo& v, QWidget* w) {
+        w->setAccessibleName(v.grezzo.empty() ? quadro->windowTitle() : daUtf8(v.grezzo));
+        v.grezzo.clear();
+        return registra(v, w);
+    }
+
     // chars= the width of each column, with commas.
     QWidget* griglia(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::griglia);
         if (quadro == nullptr) return nullptr;
         const auto colonne = c.riga->opzione("columns");
-        return registra(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
+        return conNome(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
     }
 
     QWidget* tabella(const Cella& c) {
@@ -385,7 +392,7 @@ private:
             colonne.push_back(numeroDi(s.substr(0, fine), 10));
             s.remove_prefix(std::min(fine + 1, s.size()));
         }
-        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
+        return conNome(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
     }
 
     QWidget* cursore(const Cella& c) {
