@@ -124,7 +124,7 @@ void vestiApplicazione() {
 
 void seguiAspettoDelDesktop() {
     constexpr uint scuro = 1;
-    const bool nostro = QApplication::style()->name() == QLatin1String("fusion");
+    const bool nostro = dynamic_cast<const StileNostro*>(QApplication::style()) != nullptr;
     if (!nostro || eScura(QGuiApplication::palette()) || !ceUnBus()) return;
     QDBusMessage domanda = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
