@@ -10,9 +10,10 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE = 60     # seconds until what should come is given up: a sanitized build on a busy machine is slow
-# Keys that open windows, each closed again by Escape; the section of the guide that F1 opens in them.
-WINDOWS = {"ctrl+r": "Real Coordinates", "ctrl+l": "Layers", "ctrl+g": "Scale, Sheet and Units", "ctrl+comma": "Preferences",
-           "ctrl+i": "Properties"}
+# Keys that open windows, each closed again by Escape but the last; the section of the guide that F1 opens in them.
+WINDOWS = {"ctrl+r": ("Real Coordinates", "Registration"), "ctrl+l": ("Layers", "Looks, layers, colours"),
+           "ctrl+g": ("Scale, Sheet and Units", "The window"), "ctrl+comma": ("Preferences", "The window"),
+           "ctrl+i": ("Properties", "Properties")}
 # What is not met by Tab of its own: parts of a larger control, and what holds others.
 PARTS = {"table cell", "list item", "menu item", "scroll bar", "filler", "panel", "scroll pane", "viewport", "frame", "dialog",
          "column header", "row header", "table column header", "menu bar", "menu"}
@@ -125,10 +126,10 @@ def reach(root, where):
             faults.append(f"{where}: Tab does not meet {name_of(node)}")
 
 
-def guide(app, opener, title):
-    """F1 opens the guide at a section, Escape comes back."""
+def guide(app, title, section):
+    """F1 opens the guide at the dialog's section, Escape comes back."""
     key("F1")
-    page = until(f"the guide over {title}", lambda: window(app, "User's Guide"))
+    page = until(f"the guide's section {section} over {title}", lambda: window(app, f"User's Guide: {section}"))
     if page is None:
         return
     look(page, "the guide")
@@ -146,13 +147,13 @@ def main():
         return 1
     look(frame, "main window")
     key("Escape")      # the start page
-    for opener, title in WINDOWS.items():
+    for opener, (title, section) in WINDOWS.items():
         key(opener)
         opened = until(f"{title} by {opener}", lambda: window(app, title))
         if opened is None:
             continue
         reach(opened, title)
-        guide(app, opener, title)
+        guide(app, title, section)
         key("ctrl+i" if opener == "ctrl+i" else "Escape")
         until(f"the drawing behind {title}", lambda: window(app, "Untitled"))
     key("alt+f")

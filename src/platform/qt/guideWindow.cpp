@@ -33,6 +33,18 @@ QString stile(const QPalette& p) {
         .arg(colore(QPalette::Text), colore(QPalette::Link), colore(QPalette::AlternateBase), colore(QPalette::Mid));
 }
 
+QString testoDi(const QUrl& url) {
+    QFile f(url.toLocalFile());
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+}
+
+// The heading of the section that the address names; empty for the whole page.
+QString titoloDi(const QUrl& url) {
+    if (url.fragment().isEmpty()) return {};
+    const QString forma = QStringLiteral("id=\"%1\">([^<]*)<").arg(QRegularExpression::escape(url.fragment()));
+    return QRegularExpression(forma).match(testoDi(url)).captured(1);
+}
+
 class PaginaGuida : public QTextBrowser {
 public:
     using QTextBrowser::QTextBrowser;
@@ -56,9 +68,7 @@ private:
     QString pagina(const QUrl& url) const {
         static const QRegularExpression suo(QStringLiteral("<style>.*</style>"),
                                             QRegularExpression::DotMatchesEverythingOption);
-        QFile f(url.toLocalFile());
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        QString html = QString::fromUtf8(f.readAll());
+        QString html = testoDi(url);
         html.replace(suo, stile(palette()));
         html.replace(QLatin1String("<figure>"), QLatin1String("<p>"));
         html.replace(QLatin1String("<figcaption>"), QLatin1String("<br><i>"));
@@ -120,6 +130,8 @@ public:
     void vai(const QUrl& url) {
         if (QWidget* davanti = QApplication::activeWindow(); davanti != nullptr && davanti != this) daDove = davanti;
         pagina->setSource(url);
+        const QString guida = daUtf8(testo("guide.title")), titolo = titoloDi(url);
+        setWindowTitle(titolo.isEmpty() ? guida : guida + QStringLiteral(": ") + titolo);
         pagina->setFocus();
     }
 
