@@ -186,10 +186,24 @@ private:
             b.riga = 0;
         }
         int colonna = 0;
+        QHBoxLayout* conLaSua = nullptr;   // a field with its unit
         for (const Cella& cella : c) {
             QWidget* w = crea(cella);
             if (w == nullptr) continue;
             const bool finoInFondo = c.size() == 1 || (cella.posto + 1 == c.size() && r.ha("wide"));
+            const bool conUnita = cella.posto + 1 < c.size() && c[cella.posto + 1].tipo == "unit";
+            if (conUnita && cella.tipo == "field" && !r.ha("wide")) {   // a wider pop-up above must not part them
+                conLaSua = new QHBoxLayout;
+                conLaSua->addWidget(w);
+                b.griglia->addLayout(conLaSua, b.riga, colonna, 1, 2);
+                colonna += 2;
+                continue;
+            }
+            if (cella.tipo == "unit" && conLaSua != nullptr) {
+                conLaSua->addWidget(w, 1);
+                conLaSua = nullptr;
+                continue;
+            }
             b.griglia->addWidget(w, b.riga, colonna, 1, finoInFondo ? colonneGriglia - colonna : 1);
             ++colonna;
         }
