@@ -27,8 +27,8 @@ add_custom_command(OUTPUT ${icons}
   DEPENDS tessaro3d-icons resources/icons/app.svg VERBATIM)
 install(FILES resources/icons/app.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME tessaro3d.svg)
 
-# The manual page and the list of changes are packed, as Debian has them.
-foreach(from ${CMAKE_SOURCE_DIR}/packaging/tessaro3d.1 ${CMAKE_BINARY_DIR}/told/changelog)
+# The manual pages and the list of changes are packed, as Debian has them.
+foreach(from ${CMAKE_SOURCE_DIR}/packaging/tessaro3d.1 ${CMAKE_SOURCE_DIR}/packaging/tessaro3d.it.1 ${CMAKE_BINARY_DIR}/told/changelog)
   get_filename_component(packed ${from} NAME)
   add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/packed/${packed}.gz
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packed
@@ -44,6 +44,7 @@ install(FILES packaging/tessaro3d.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/
 install(FILES packaging/tessaro3d.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
 install(FILES ${CMAKE_BINARY_DIR}/told/io.github.tessaro3d.Tessaro3D.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/packed/tessaro3d.it.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/it/man1 RENAME tessaro3d.1.gz)
 install(FILES ${CMAKE_BINARY_DIR}/told/copyright ${CMAKE_BINARY_DIR}/packed/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/guide/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tessaro3d)
 if(NOT TESSARO_FUZZ)

@@ -23,7 +23,9 @@ int guastoOpzioni(const std::string& guasto) {
 // What the command line asks to be printed; true when that is all it asked for.
 bool soloInformazioni(const Opzioni& opzioni) {
     if (!opzioni.aiuto && !opzioni.versione) return false;
-    std::fputs(ResourceFile(opzioni.aiuto ? "texts/usage.txt" : "texts/version.txt").c_str(), stdout);
+    const std::string& chiesta = opzioni.avvio.language;
+    const std::string aiuto = "help/" + (chiesta.empty() ? LinguaAmbiente() : chiesta) + "/usage.txt";
+    std::fputs(ResourceFile(opzioni.aiuto ? aiuto : "texts/version.txt").c_str(), stdout);
     return true;
 }
 

@@ -1,4 +1,5 @@
 """Walks the accessibility tree of the program that tools/check-access has started; prints a line a fault."""
+import os
 import subprocess
 import sys
 import time
@@ -6,97 +7,165 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
-# Keys that open dialogs, each closed again by Escape.
-DIALOGS = ("", "ctrl+r", "ctrl+l", "ctrl+g")
+PATIENCE = 60     # seconds until what should come is given up: a sanitized build on a busy machine is slow
+# Keys that open windows, each closed again by Escape but the last; the section of the guide that F1 opens in them.
+WINDOWS = {"ctrl+r": ("Real Coordinates", "Registration"), "ctrl+l": ("Layers", "Looks, layers, colours"),
+           "ctrl+g": ("Scale, Sheet and Units", "The window"), "ctrl+comma": ("Preferences", "The window"),
+           "ctrl+i": ("Properties", "Properties")}
+# What is not met by Tab of its own: parts of a larger control, and what holds others.
+PARTS = {"table cell", "list item", "menu item", "scroll bar", "filler", "panel", "scroll pane", "viewport", "frame", "dialog",
+         "column header", "row header", "table column header", "menu bar", "menu"}
+NAMELESS = {"filler", "panel", "window", "frame", "dialog", "table cell", "scroll pane", "viewport"}
 faults = []
+focused = []      # what took the focus, in order, as the bus told it
 
 
-def application():
-    desktop = Atspi.get_desktop(0)
-    for _ in range(40):
-        for i in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(i)
-            if child is not None and "tessaro" in (child.get_name() or "").lower():
-                return child
-        time.sleep(0.25)
+def on_focus(event):
+    if event.detail1:
+        focused.append(event.source)
+
+
+def until(what, condition):
+    """The first true value of `condition`, looked at whenever the bus has said something; None when it never comes."""
+    context, end = GLib.MainContext.default(), time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            value = condition()
+        except GLib.Error:       # a part went away while it was asked
+            value = None
+        if value:
+            return value
+        if not context.iteration(False):
+            time.sleep(0.01)
+    faults.append(f"waited in vain for {what}")
     return None
-
-
-def walk(node, depth=0):
-    if node is None or depth > 30:
-        return
-    yield node
-    for i in range(min(node.get_child_count(), 400)):
-        yield from walk(node.get_child_at_index(i), depth + 1)
-
-
-def look(app, where):
-    count = {"controls": 0, "focusable": 0}
-    for node in walk(app):
-        states = node.get_state_set()
-        if not states.contains(Atspi.StateType.SHOWING):
-            continue
-        count["controls"] += 1
-        role = node.get_role_name()
-        named = bool(node.get_name()) or bool(node.get_relation_set())
-        if states.contains(Atspi.StateType.FOCUSABLE):
-            count["focusable"] += 1
-            if not named and role not in ("filler", "panel", "window", "frame", "dialog", "table cell"):
-                faults.append(f"{where}: a {role} has no name (in {node.get_parent().get_name()!r})")
-        elif role in ("push button", "check box", "radio button", "combo box", "toggle button") and not named:
-            faults.append(f"{where}: a {role} has no name")
-    print(f"{where}: {count['controls']} parts shown, {count['focusable']} can have the focus")
-    return count
-
-
-def focus(app):
-    for node in walk(app):
-        states = node.get_state_set()
-        if states.contains(Atspi.StateType.FOCUSED) and states.contains(Atspi.StateType.SHOWING):
-            yield f"{node.get_role_name()} {node.get_name()!r}"
 
 
 def key(*names):
     subprocess.run(["xdotool", "key", "--clearmodifiers", *names], check=False)
-    time.sleep(0.6)
 
 
-def reach(app, where):
-    """Every control of the open dialog is met by Tab before the first comes again."""
+def children(node):
+    return [c for c in (node.get_child_at_index(i) for i in range(min(node.get_child_count(), 400))) if c is not None]
+
+
+def walk(node, depth=0):
+    yield node
+    if depth < 30:
+        for child in children(node):
+            yield from walk(child, depth + 1)
+
+
+def application(pid):
+    for child in children(Atspi.get_desktop(0)):
+        if child.get_process_id() == pid:
+            return child
+    return None
+
+
+def has(node, *states):
+    found = node.get_state_set()
+    return all(found.contains(s) for s in states)
+
+
+def window(app, title):
+    """The window of that title once it has the keys."""
+    for child in children(app):
+        if title in (child.get_name() or "") and has(child, Atspi.StateType.ACTIVE):
+            return child
+    return None
+
+
+def name_of(node):
+    return f"{node.get_role_name()} {node.get_name()!r}"
+
+
+def look(root, where):
+    """Every control has a name; gives those that Tab should meet."""
+    shown, wanted = 0, []
+    for node in walk(root):
+        if not has(node, Atspi.StateType.SHOWING):
+            continue
+        shown += 1
+        role = node.get_role_name()
+        named = bool(node.get_name()) or bool(node.get_relation_set())
+        focusable = has(node, Atspi.StateType.FOCUSABLE)
+        button = role in ("push button", "check box", "radio button", "combo box", "toggle button")
+        if not named and (button or (focusable and role not in NAMELESS)):
+            faults.append(f"{where}: a {role} has no name (in {node.get_parent().get_name()!r})")
+        if focusable and role not in PARTS and has(node, Atspi.StateType.SENSITIVE):
+            wanted.append(node)
+    print(f"{where}: {shown} parts shown, {len(wanted)} for Tab")
+    return wanted
+
+
+def same(a, b):
+    return a.path == b.path
+
+
+def reach(root, where):
+    """Every control of the open window is met by Tab before the first comes again."""
+    wanted = look(root, where)
+    if not wanted:
+        return
+    inside = [n for n in wanted if n.get_parent() is None or n.get_parent().get_role_name() not in ("combo box", "spin button")]
     met = []
-    for _ in range(60):
-        now = next(focus(app), "")
-        if met and now == met[0] and len(met) > 2:
+    for _ in range(len(inside) + 4):
+        focused.clear()
+        key("Tab")
+        if not until(f"the focus behind {name_of(met[-1]) if met else 'the first'} in {where}", lambda: focused):
+            return
+        now = focused[-1]
+        if met and same(now, met[0]):
             break
         met.append(now)
-        key("Tab")
-    if len(set(met)) < 3:
-        faults.append(f"{where}: Tab reaches only {sorted(set(met))}")
-    print(f"{where}: Tab reaches {len(set(met))} controls")
+    for node in inside:
+        if not any(same(node, m) for m in met):
+            faults.append(f"{where}: Tab does not meet {name_of(node)}")
+
+
+def guide(app, title, section):
+    """F1 opens the guide at the dialog's section, Escape comes back."""
+    key("F1")
+    page = until(f"the guide's section {section} over {title}", lambda: window(app, f"User's Guide: {section}"))
+    if page is None:
+        return
+    look(page, "the guide")
+    key("Escape")
+    until(f"{title} behind the guide", lambda: window(app, title))
 
 
 def main():
-    app = application()
-    if app is None:
-        print("the program is not on the accessibility bus")
+    listener = Atspi.EventListener.new(on_focus)
+    listener.register("object:state-changed:focused")
+    app = until("the program on the accessibility bus", lambda: application(int(sys.argv[1])))
+    frame = app and until("its window", lambda: window(app, "Tessaro 3D"))
+    if frame is None:
+        print(*faults, sep="\n")
         return 1
-    for opener in DIALOGS:
-        if opener:
-            key(opener)
-        look(app, opener or "main window")
-        if opener:
-            reach(app, opener)
-            key("Escape")
+    look(frame, "main window")
+    key("Escape")      # the start page
+    for opener, (title, section) in WINDOWS.items():
+        key(opener)
+        opened = until(f"{title} by {opener}", lambda: window(app, title))
+        if opened is None:
+            continue
+        reach(opened, title)
+        guide(app, title, section)
+        key("ctrl+i" if opener == "ctrl+i" else "Escape")
+        until(f"the drawing behind {title}", lambda: window(app, "Untitled"))
     key("alt+f")
-    if not any("menu" in f for f in focus(app)) and not any(
-            n.get_role_name() == "menu item" and n.get_state_set().contains(Atspi.StateType.SHOWING) for n in walk(app)):
-        faults.append("Alt+F opens no menu")
-    key("Escape")
+    until("the File menu by Alt+F", lambda: any(
+        n.get_role_name() == "menu item" and has(n, Atspi.StateType.SHOWING) for n in walk(frame)))
+    key("Escape", "Escape")
     for fault in sorted(set(faults)):
         print(fault)
     return 1 if faults else 0
 
 
-sys.exit(main())
+sys.stdout.reconfigure(line_buffering=True)
+status = main()
+sys.stdout.flush()
+os._exit(status)      # the listener's threads end with us

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "batch/Batch.h"
 #include "batch/Rigo.h"
 #include "batch/StampaPdf.h"
 #include "model/Archivio.h"
@@ -84,8 +85,9 @@ std::string tutti(const std::vector<std::string>& frasi) {
     return s;
 }
 
-// That of the environment's messages.
-std::string linguaAmbiente() {
+}   // namespace
+
+std::string LinguaAmbiente() {
     for (const char* nome : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         const char* v = std::getenv(nome);
         if (v != nullptr && *v != '\0') return std::string_view(v).starts_with("it") ? "it" : "en";
@@ -93,9 +95,7 @@ std::string linguaAmbiente() {
     return "en";
 }
 
-}   // namespace
-
-std::string LinguaDi(const Chiamata& c) { return c.ha("language") ? c.valore("language") : linguaAmbiente(); }
+std::string LinguaDi(const Chiamata& c) { return c.ha("language") ? c.valore("language") : LinguaAmbiente(); }
 
 void AccendiMotore(int& argc, char** argv, const Chiamata& c) {
     static const SenzaTraccia silenzio;

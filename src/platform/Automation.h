@@ -19,6 +19,7 @@ struct Avvio {
     std::int32_t height = 800;
     std::int32_t ratio = 1;   // --ratio
     bool muta = false;        // prints and leaves: alerts go to standard error and take their default button
+    bool dark = false;        // --dark: a dark desktop's colours, whatever the desktop's are
     std::string settings;     // --settings; empty: the person's own, under a script a fresh temporary folder
     std::string language;     // --language: "en" or "it"; empty: the desktop's, under a script "en"
 };

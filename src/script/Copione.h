@@ -15,6 +15,7 @@ struct Opzioni {
     std::string copione;                  // --script; "-" is standard input; empty: no script
     std::vector<std::string> documenti;   // other arguments: drawings to open, UTF-8
     bool stampa = false;                  // --print: the drawings are printed, and that is all
+    bool scuro = false;                   // --dark: light on dark
     std::string stampaSu;                 // --print-to: the same, onto this PDF file
     bool aiuto = false;                   // --help or -h
     bool versione = false;                // --version

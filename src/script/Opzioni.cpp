@@ -53,6 +53,7 @@ constexpr Opzione opzioni[] = {
          return !v.empty();
      }},
     {"--print", nullptr, &Opzioni::stampa},
+    {"--dark", nullptr, &Opzioni::scuro},
     {"--help", nullptr, &Opzioni::aiuto},
     {"-h", nullptr, &Opzioni::aiuto},
     {"--version", nullptr, &Opzioni::versione},
@@ -141,6 +142,7 @@ bool LeggiOpzioni(int& argc, char** argv, Opzioni& out, std::string& guasto) {
             return false;
         }
     }
+    out.avvio.dark = out.scuro;
     argc = tenuti;
     argv[argc] = nullptr;
     return stampaPossibile(out, guasto);

@@ -1,11 +1,7 @@
 // Dialogs and alerts as a script drives them: hits, keys, refused clicks and what comes back.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QLabel>
-
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -192,30 +188,6 @@ TEST_F(DialogTest, APopUpGivesOnlyWhatCanBeChosen) {
     rispostaPopup = 0;
     EXPECT_EQ(PopUpMenuSelect(110, Point{}, 1), 0);
     EXPECT_EQ(PopUpMenuSelect(999, Point{}, 1), 0);
-}
-
-TEST_F(DialogTest, NoTextOfADialogIsCutOffInEitherLanguage) {
-    SetCopione(nullptr);
-    ParamText("V.9.0.3", "1499998", "1499998", "");
-    for (const char* lingua : {"en", "it"}) {
-        ScegliLingua(lingua);
-        for (const std::string& file : FileRisorse("dialogs")) {
-            const auto id = static_cast<std::int16_t>(numeroDi(std::filesystem::path(file).stem().string(), 0));
-            const DialogPtr q = GetNewDialog(id);
-            mostra(*q);
-            EXPECT_LE(q->quadro->width(), 1000) << lingua << " " << id;
-            EXPECT_LE(q->quadro->height(), 640) << lingua << " " << id;
-            for (const QWidget* w : q->quadro->findChildren<QWidget*>()) {
-                const auto* scritta = qobject_cast<const QLabel*>(w);
-                const bool conta = w->isVisible() && (scritta != nullptr || qobject_cast<const QAbstractButton*>(w));
-                if (!conta || (scritta != nullptr && scritta->wordWrap())) continue;
-                EXPECT_GE(w->width(), w->sizeHint().width()) << lingua << " " << id;
-                EXPECT_GE(w->height(), w->sizeHint().height()) << lingua << " " << id;
-            }
-            DisposeDialog(q);
-        }
-    }
-    ScegliLingua("en");   // the next test's language
 }
 
 }   // namespace

@@ -16,6 +16,8 @@
 class QDialog;
 class QMainWindow;
 class QMenuBar;
+class QPalette;
+class QUrl;
 class QWidget;
 
 namespace tessaro {
@@ -69,6 +71,13 @@ void chiediUscita();   // sets quitPending: every loop unwinds
 std::uint16_t modificatori(Qt::KeyboardModifiers m);
 // Mac Roman character of a key press; 0 when it has none (modifiers, function keys).
 std::uint8_t carattere(int qtKey, const QString& text, Qt::KeyboardModifiers m);
+
+void mostraGuida(const QUrl& url);   // a page of the guide in a window of our own
+
+// --- looks
+void vestiApplicazione();        // the style in use, with outlines that show on dark too
+QPalette paletteScura();         // of --dark, and of a dark desktop that the toolkit does not know of
+void seguiAspettoDelDesktop();   // asks the desktop whether it is dark; the answer comes later, or never
 
 // Shows a request of the toolkit's own and waits for its end; true when it was accepted.
 bool attendi(QDialog& richiesta);

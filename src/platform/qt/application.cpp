@@ -115,7 +115,7 @@ void preparaAmbiente(const Avvio& a) {
 // Pictures and timing of a script must not depend on the desktop it runs on.
 void parificaCopione() {
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(QPalette(QColor(0xEF, 0xEF, 0xEF)));
+    QApplication::setPalette(questoAvvio.dark ? paletteScura() : QPalette(QColor(0xEF, 0xEF, 0xEF)));
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
@@ -152,6 +152,9 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     std::setlocale(LC_NUMERIC, "C");
     std::signal(SIGXFSZ, SIG_IGN);   // a file-size limit is an error of the write that meets it, and no death
     if (a.script) parificaCopione();
+    vestiApplicazione();
+    if (a.dark && !a.script) QApplication::setPalette(paletteScura());
+    if (!a.dark && !a.script) seguiAspettoDelDesktop();
     std::signal(SIGXFSZ, SIG_IGN);   // a file that may not grow is a write that fails, and told like one
     if (!a.script) ascoltaSegnali();
     QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {

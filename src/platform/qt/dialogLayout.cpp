@@ -186,10 +186,24 @@ private:
             b.riga = 0;
         }
         int colonna = 0;
+        QHBoxLayout* conLaSua = nullptr;   // a field with its unit
         for (const Cella& cella : c) {
             QWidget* w = crea(cella);
             if (w == nullptr) continue;
             const bool finoInFondo = c.size() == 1 || (cella.posto + 1 == c.size() && r.ha("wide"));
+            const bool conUnita = cella.posto + 1 < c.size() && c[cella.posto + 1].tipo == "unit";
+            if (conUnita && cella.tipo == "field" && !r.ha("wide")) {   // a wider pop-up above must not part them
+                conLaSua = new QHBoxLayout;
+                conLaSua->addWidget(w);
+                b.griglia->addLayout(conLaSua, b.riga, colonna, 1, 2);
+                colonna += 2;
+                continue;
+            }
+            if (cella.tipo == "unit" && conLaSua != nullptr) {
+                conLaSua->addWidget(w, 1);
+                conLaSua = nullptr;
+                continue;
+            }
             b.griglia->addWidget(w, b.riga, colonna, 1, finoInFondo ? colonneGriglia - colonna : 1);
             ++colonna;
         }
@@ -368,12 +382,19 @@ private:
         return registra(v, w);
     }
 
+    // A table shows headings of its own; its text is its name for those who do not see it, else the dialog's title is.
+    QWidget* conNome(VoceDialogo& v, QWidget* w) {
+        w->setAccessibleName(v.grezzo.empty() ? quadro->windowTitle() : daUtf8(v.grezzo));
+        v.grezzo.clear();
+        return registra(v, w);
+    }
+
     // chars= the width of each column, with commas.
     QWidget* griglia(const Cella& c) {
         VoceDialogo& v = voce(c, TipoVoce::griglia);
         if (quadro == nullptr) return nullptr;
         const auto colonne = c.riga->opzione("columns");
-        return registra(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
+        return conNome(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
     }
 
     QWidget* tabella(const Cella& c) {
@@ -385,7 +406,7 @@ private:
             colonne.push_back(numeroDi(s.substr(0, fine), 10));
             s.remove_prefix(std::min(fine + 1, s.size()));
         }
-        return registra(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
+        return conNome(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
     }
 
     QWidget* cursore(const Cella& c) {

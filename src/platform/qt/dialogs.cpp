@@ -220,6 +220,8 @@ void QuadroDialogo::closeEvent(QCloseEvent* e) {
 // What was typed and not yet handed over is handed over when the person turns to another window.
 bool QuadroDialogo::event(QEvent* e) {
     if (e->type() == QEvent::WindowDeactivate) consegnaCampo();
+    // A tool window's keys are the frame's too, but F1 means the section about this dialog.
+    if (e->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(e)->key() == Qt::Key_F1) e->accept();
     return QDialog::event(e);
 }
 

@@ -1,16 +1,10 @@
 // The user guide: a page of it is found beside the program and handed to the desktop's browser, or shown in a window of
-// its own where there is none.
-#include <QApplication>
+// our own where there is none.
 #include <QDesktopServices>
-#include <QDialog>
 #include <QFile>
 #include <QFileInfo>
-#include <QMainWindow>
-#include <QPointer>
-#include <QScreen>
-#include <QTextBrowser>
+#include <QGuiApplication>
 #include <QUrl>
-#include <QVBoxLayout>
 
 #include "platform/qt/Interno.h"
 #include "platform/qt/TestiQt.h"
@@ -31,34 +25,10 @@ QString pagina(std::string_view page) {
     return {};
 }
 
-QPointer<QDialog> finestraGuida;
-
-void mostraDaSe(const QUrl& url) {
-    constexpr int larga = 760, alta = 620;   // logical pixels
-    if (finestraGuida == nullptr) {
-        finestraGuida = new QDialog(QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
-                                                                                 : static_cast<QWidget*>(telaio()));
-        finestraGuida->setAttribute(Qt::WA_DeleteOnClose);
-        finestraGuida->setWindowTitle(daUtf8(testo("guide.title")));
-        auto* testoGuida = new QTextBrowser;
-        testoGuida->setAccessibleName(finestraGuida->windowTitle());
-        testoGuida->setOpenExternalLinks(false);
-        auto* tutto = new QVBoxLayout(finestraGuida);
-        tutto->setContentsMargins(0, 0, 0, 0);
-        tutto->addWidget(testoGuida);
-        finestraGuida->resize(larga, alta);
-    }
-    auto* testoGuida = finestraGuida->findChild<QTextBrowser*>();
-    testoGuida->setSource(url);
-    finestraGuida->show();
-    finestraGuida->raise();
-    testoGuida->setFocus();
-}
-
 // A desktop without a browser says so by refusing; off screen there is none.
 bool apri(const QUrl& url) {
     const bool fuoriSchermo = copione() != nullptr || QGuiApplication::platformName() == QLatin1String("offscreen");
-    if (fuoriSchermo || !QDesktopServices::openUrl(url)) mostraDaSe(url);
+    if (fuoriSchermo || !QDesktopServices::openUrl(url)) mostraGuida(url);
     return true;
 }
 

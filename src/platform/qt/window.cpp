@@ -125,10 +125,14 @@ void adattaTelaio(std::int32_t width, std::int32_t height) {
     if (cornice != nullptr) cornice->resize(width, height + barra()->sizeHint().height() + altezzaStriscia());
 }
 
+constexpr QSize riservaWayland(16, 96);   // logical pixels
+
 QRect schermoUtile() {
     if (avvio().script || cornice == nullptr) return {0, 0, avvio().width, avvio().height};
     const QRect libero = cornice->screen()->availableGeometry();
-    const QSize bordi = cornice->frameGeometry().size() - cornice->size();
+    QSize bordi = cornice->frameGeometry().size() - cornice->size();
+    // Under Wayland nobody is told what panels take of the screen, nor how high a title bar will be.
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) bordi += riservaWayland;
     return {0, 0, libero.width() - bordi.width(),
             libero.height() - bordi.height() - barra()->sizeHint().height() - altezzaStriscia()};
 }
