@@ -63,13 +63,17 @@ public:
     void Param() {
         Dialogo();
         if (!Accettato()) return;
-        Elem(2) = copia;
-        if (copia.att.coordReali) CalcTransfC();
-        CalcolaRapporti();
+        PoniReali(copia);
     }
 };
 
 }   // namespace
+
+void PoniReali(const elemento& secondo) {
+    Elem(2) = secondo;
+    if (secondo.att.coordReali) CalcTransfC();
+    CalcolaRapporti();
+}
 
 void ParAttacco() {
     const PortaCorrente porta;
