@@ -141,10 +141,26 @@ class Hands:
         self.x("windowfocus", "--sync", self.window)
         self.key("e")
         s = self.settle("the digitising mode", lambda s: s["Modalita"] == 1)
-        self.x("mousemove", self.origin[0] + 400, self.origin[1] + 300)
-        s = self.settle("the cursor at the pointer", lambda s: (s["xcurs"], s["ycurs"]) != (1000, 1000))
-        self.origin = (self.origin[0] + 400 - round(s["xcurs"] * s["scalavid"] - s["OrigX"]),
-                       self.origin[1] + 300 - round(s["ycurs"] * s["scalavid"] - s["OrigY"]))
+        left, top = self.origin
+
+        def move(h, v):
+            self.x("mousemove", left + h, top + v)
+
+        def cursor():
+            s = self.settle("a state", lambda s: True)
+            return round(s["xcurs"] * s["scalavid"] - s["OrigX"]), round(s["ycurs"] * s["scalavid"] - s["OrigY"])
+
+        def found():
+            """What the cursor tells at one place has to foretell it at another: the first may have been told too early."""
+            before = cursor()
+            move(400, 300)
+            here = poll("the cursor at the pointer", lambda: cursor() != before and cursor())
+            move(460, 350)
+            there = poll("the cursor at the pointer", lambda: cursor() != here and cursor())
+            if (there[0] - here[0], there[1] - here[1]) != (60, 50):
+                return None
+            return left + 400 - here[0], top + 300 - here[1]
+        self.origin = poll("the content's place", found)
         self.key("e")
         self.settle("the selecting mode", lambda s: s["Modalita"] == 0)
 

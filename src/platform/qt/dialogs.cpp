@@ -274,6 +274,8 @@ void mostra(FinestraDialogo& d) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
         if (d.nonModale) accanto(d, *d.quadro);
         d.quadro->show();
+        // The program fills it now; by what it holds then its place is chosen again, before anyone sees it.
+        if (d.nonModale) QTimer::singleShot(0, d.quadro, [&d] { accanto(d, *d.quadro); });
         scorriFino(d);
         d.quadro->activateWindow();
     }
