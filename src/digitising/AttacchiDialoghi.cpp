@@ -25,6 +25,12 @@ class TParAttacco : public TParametri {
 
     void ItemColpito() override {
         if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
+        if (itemCorrente == campoX1 || itemCorrente == campoY1 || itemCorrente == campoX2
+            || itemCorrente == campoY2) {   // who types them means them
+            radio = conReali;
+            SetDialogItemValue(theDialog, conReali, 1);
+            SetDialogItemValue(theDialog, senzaReali, 0);
+        }
     }
 
 public:
