@@ -227,6 +227,14 @@ class Hands:
         self.x("mousemove", x + 30, y + 14)
         self.x("click", 1)
 
+    def control_points(self):
+        """Their window, opened from the menu and in front."""
+        transform = self.opened("the Transform menu", lambda: self.key("alt+r"))
+        table = self.opened("the control points", lambda: self.key("1"))
+        self.gone("the menu", transform)
+        poll("the table in front", lambda: self.focused() == table)
+        return table
+
     def segment(self, a, b):
         """A segment by two clicks: the mouse lives, and the figure is whole."""
         self.tool(4, 0)

@@ -45,7 +45,7 @@ QPoint primoPosto(const FinestraDialogo& d, QSize misura, const QMainWindow& cor
     constexpr int dallAlto = 96, dallaPalette = 56;   // below the toolbar, beside the palette
     const QRect f = cornice.geometry();
     const QRect schermo = cornice.screen() == nullptr ? f : cornice.screen()->availableGeometry().united(f);
-    QRect mezzo(0, 0, f.width() * 2 / 5, f.height() * 2 / 5);
+    QRect mezzo(0, 0, f.width() / 5, f.height() / 5);
     mezzo.moveCenter(f.center());
     const int destra = f.right() - misura.width() - dalBordo, sinistra = f.left() + dallaPalette;
     const int alto = f.top() + dallAlto, basso = f.bottom() - misura.height() - dalBordo;
