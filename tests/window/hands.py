@@ -227,6 +227,14 @@ class Hands:
         self.x("mousemove", x + 30, y + 14)
         self.x("click", 1)
 
+    def dismiss(self, panel):
+        """Closes a panel as the window manager does; the frame is in front again."""
+        self.x("windowactivate", "--sync", panel)
+        poll("the panel in front", lambda: self.focused() == panel)
+        self.key("alt+F4")
+        self.gone("the panel", panel)
+        self.front()
+
     def control_points(self):
         """Their window, opened from the menu and in front."""
         transform = self.opened("the Transform menu", lambda: self.key("alt+r"))

@@ -67,10 +67,20 @@ QPoint primoPosto(const FinestraDialogo& d, QSize misura, const QMainWindow& cor
     return migliore;
 }
 
+constexpr const char* proprietaPosto = "tessaroPosto";   // of a window that stands at its first place: that place
+
+// Still where it was put, but for what a window manager adds round it.
+bool alPrimoPosto(const QWidget& quadro) {
+    constexpr int cornice = 48;   // logical pixels
+    const QVariant primo = quadro.property(proprietaPosto);
+    return primo.isValid() && (quadro.pos() - primo.toPoint()).manhattanLength() < cornice;
+}
+
 }   // namespace
 
+// A place that nobody chose is none to come back to: the next time others may stand there.
 void ricordaPosto(const FinestraDialogo& d) {
-    if (copione() != nullptr || !d.nonModale || d.quadro == nullptr) return;
+    if (copione() != nullptr || !d.nonModale || d.quadro == nullptr || alPrimoPosto(*d.quadro)) return;
     QSettings(fileDelTelaio(), QSettings::IniFormat).setValue(chiavePosto(d), d.quadro->pos());
 }
 
@@ -78,7 +88,10 @@ void mettiAlPosto(const FinestraDialogo& d, QWidget& quadro, const QList<const F
     const QMainWindow* cornice = telaio();
     if (cornice == nullptr) return;
     quadro.adjustSize();
-    if (!alSuoPosto(d, quadro)) quadro.move(primoPosto(d, quadro.size(), *cornice, altri));
+    if (alSuoPosto(d, quadro)) return;
+    const QPoint dove = primoPosto(d, quadro.size(), *cornice, altri);
+    quadro.setProperty(proprietaPosto, dove);
+    quadro.move(dove);
 }
 
 }   // namespace tessaro
