@@ -91,8 +91,10 @@ void Attacco(std::int16_t n) {
     if (n < 1 || n > 5) return;
     const bool digitato = IntroDigitale != 0;
     if (digitato) {
-        Xfine = XDigit;
-        Yfine = YDigit;
+        if (Azione == sFermo) {   // the rubber band of a figure in progress stays where it is
+            Xfine = XDigit;
+            Yfine = YDigit;
+        }
         zcurs = ZDigit;
     } else {
         Croce();
@@ -102,7 +104,7 @@ void Attacco(std::int16_t n) {
     pennaMarca();
     const Punti prima;
     if (digitato) {
-        AssegnaAttacco(n, Xfine, Yfine);
+        AssegnaAttacco(n, XDigit, YDigit);
     } else {
         marche[n - 1]();
         prendiPunto(n);

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "model/Elemento.h"
+
 namespace tessaro {
 
 void Attacco(std::int16_t n);              // point 1 to 5 from the typed position, the selection or the cursor
@@ -18,5 +20,8 @@ void TrasformaPuntiOrigine();               // points from the selection at once
 void TrasformaPuntiDestinazione();          // the same for the destination
 void do_Trasforma();                        // menu 5 items 2 and 7, by theItem
 void ParAttacco();                          // dialog 2006
+// Record 2 with other real coordinates of points 1 and 2, or with coordReali on or off: what hangs on them follows. It must be
+// a registration (GuastoRegistrazione).
+void PoniReali(const elemento& secondo);
 
 }   // namespace tessaro

@@ -25,6 +25,12 @@ class TParAttacco : public TParametri {
 
     void ItemColpito() override {
         if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
+        if (itemCorrente == campoX1 || itemCorrente == campoY1 || itemCorrente == campoX2
+            || itemCorrente == campoY2) {   // who types them means them
+            radio = conReali;
+            SetDialogItemValue(theDialog, conReali, 1);
+            SetDialogItemValue(theDialog, senzaReali, 0);
+        }
     }
 
 public:
@@ -63,13 +69,17 @@ public:
     void Param() {
         Dialogo();
         if (!Accettato()) return;
-        Elem(2) = copia;
-        if (copia.att.coordReali) CalcTransfC();
-        CalcolaRapporti();
+        PoniReali(copia);
     }
 };
 
 }   // namespace
+
+void PoniReali(const elemento& secondo) {
+    Elem(2) = secondo;
+    if (secondo.att.coordReali) CalcTransfC();
+    CalcolaRapporti();
+}
 
 void ParAttacco() {
     const PortaCorrente porta;

@@ -22,6 +22,20 @@ constexpr std::int16_t campoY(std::size_t i) { return static_cast<std::int16_t>(
 
 bool eRadio(std::int16_t item) { return item >= radioDue && item <= radioCinque; }
 
+// Kept: point 1 moves a hair whenever it is typed, so that it never stays exactly on the value it had.
+void assegna(std::size_t i, const double& X, const double& Y) {
+    constexpr double scarto = 1e-5;   // sheet units
+    RealToDigi(X, Y, a.xAtt[i], a.yAtt[i]);
+    if (i > 0) return;
+    a.xAtt[0] += scarto;
+    a.yAtt[0] += scarto;
+}
+
+void preparaEMostra() {
+    ErroreAlert(a.PreparaAttacco());
+    InvalWind();
+}
+
 }   // namespace
 
 void TAttaccoDialogo::mostraScelte() {
@@ -42,7 +56,6 @@ void TAttaccoDialogo::Display() {
 }
 
 void TAttaccoDialogo::IngGene(std::uint8_t ripristino) {
-    constexpr double scarto = 1e-5;   // sheet units
     esito = 1;
     if (ripristino) return;
     std::array<Coppia, 5> reali{};
@@ -53,12 +66,14 @@ void TAttaccoDialogo::IngGene(std::uint8_t ripristino) {
     a.opzione = GetDialogItemValue(theDialog, casellaOpzione) != 0;
     a.modificato = GetDialogItemValue(theDialog, casellaModificato) != 0;
     if (eRadio(a.radioTipo)) a.tipo = a.radioTipo - radioDue;
-    for (std::size_t i = 0; i < reali.size(); ++i) RealToDigi(reali[i].x, reali[i].y, a.xAtt[i], a.yAtt[i]);
-    // Kept: point 1 moves a hair at every OK, so that it never stays exactly on the value it had.
-    a.xAtt[0] += scarto;
-    a.yAtt[0] += scarto;
-    ErroreAlert(a.PreparaAttacco());
-    InvalWind();
+    for (std::size_t i = 0; i < reali.size(); ++i) assegna(i, reali[i].x, reali[i].y);
+    preparaEMostra();
+}
+
+void PoniDestinazione(std::int16_t n, const double& X, const double& Y) {
+    if (n < 1 || static_cast<std::size_t>(n) > a.xAtt.size()) return;
+    assegna(static_cast<std::size_t>(n - 1), X, Y);
+    preparaEMostra();
 }
 
 void TAttaccoDialogo::Riprendi() { a.radioTipo = static_cast<std::int16_t>(a.tipo + radioDue); }

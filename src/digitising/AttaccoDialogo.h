@@ -7,6 +7,9 @@
 
 namespace tessaro {
 
+// Destination point 1 to 5 at real coordinates, as one that the dialog takes: the transformation is prepared afresh.
+void PoniDestinazione(std::int16_t n, const double& X, const double& Y);
+
 class TAttaccoDialogo : public TParametri {
 public:
     TAttaccoDialogo() { Poni(1, 2, 0, 17, 137); }

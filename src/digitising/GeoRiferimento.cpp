@@ -29,6 +29,11 @@ class TParGeoRefer : public TParametri {
 
     void ItemColpito() override {
         if (itemCorrente == conReali || itemCorrente == senzaReali) RadioBoxItem(radio);
+        if (itemCorrente == campoX || itemCorrente == campoY) {   // who types them means them
+            radio = conReali;
+            SetDialogItemValue(theDialog, conReali, 1);
+            SetDialogItemValue(theDialog, senzaReali, 0);
+        }
     }
 
     void poniPunti(double X, double Y, bool reali) {

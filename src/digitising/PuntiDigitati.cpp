@@ -15,6 +15,7 @@
 #include "model/Vincoli.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
+#include "registration/PuntiControllo.h"
 #include "text/Conversione.h"
 #include "tools/Costruzione.h"
 #include "tools/Marker.h"
@@ -46,11 +47,9 @@ bool leggiCampo(std::int16_t item, double minimo, double massimo, double& valore
 
 enum class FuoriFoglio : std::uint8_t { rifiuta, chiedi };
 
-// The real point becomes the typed one. Off the sheet it is refused, or taken when the person insists.
-bool accettaReale(const double& X, const double& Y, double Z, FuoriFoglio fuori) {
+// Off the sheet the typed point is refused, or taken when the person insists.
+bool sulFoglio(FuoriFoglio fuori) {
     constexpr std::int16_t avviso = 1014, usaComunque = 1, rifiutato = -4;
-    RealToDigi(X, Y, XDigit, YDigit);
-    ZDigit = Z;
     if (XDigit >= 0 && XDigit <= XFDecimi && YDigit >= 0 && YDigit <= YFDecimi) return true;
     if (fuori == FuoriFoglio::rifiuta) {
         StopAlert(avviso);
@@ -60,6 +59,13 @@ bool accettaReale(const double& X, const double& Y, double Z, FuoriFoglio fuori)
     }
     err_ = rifiutato;
     return false;
+}
+
+// The real point becomes the typed one.
+bool accettaReale(const double& X, const double& Y, double Z, FuoriFoglio fuori) {
+    RealToDigi(X, Y, XDigit, YDigit);
+    ZDigit = Z;
+    return sulFoglio(fuori);
 }
 
 // --- three coordinates
@@ -118,6 +124,18 @@ void IngressoAttacco(std::int16_t n) {
     if (!chiediPunto(NumToString(n) + richiesta(38), AccettaIngreAtt)) return;
     Attacco(n);
     InvalWind();
+}
+
+bool AttaccoDigitato(std::int16_t n, double x, double y) {
+    XDigit = x;
+    YDigit = y;
+    ZDigit = zcurs;
+    if (!sulFoglio(FuoriFoglio::rifiuta)) return false;
+    IntroDigitale = 1;
+    Attacco(n);
+    InvalWind();
+    const Coppia dove = LeggiAttacco(n);
+    return dove.x == x && dove.y == y;
 }
 
 void IngressoMarker() {

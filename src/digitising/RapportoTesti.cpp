@@ -63,14 +63,10 @@ std::string compatto(double v) {
 
 // Sheet units to a ten-thousandth of a millimetre; real ones to a hundredth of a sheet unit, three decimals at least.
 class Cifre {
-    std::int16_t reali = 3;
+    std::int16_t reali;
 
 public:
-    explicit Cifre(double rapporto) {
-        constexpr double piuFini = 9;
-        const double servono = 2 - std::floor(std::log10(std::fabs(rapporto)));
-        if (servono > reali) reali = static_cast<std::int16_t>(std::min(servono, piuFini));
-    }
+    explicit Cifre(double rapporto) : reali(DecimaliReali(rapporto)) {}
     static std::string foglio(double v) { return numero(v, 3); }
     [[nodiscard]] std::string reale(double v) const { return numero(v, reali); }
     [[nodiscard]] std::string scarto(double v) const { return numero(v, static_cast<std::int16_t>(reali + 1)); }
@@ -125,6 +121,12 @@ std::string testata(std::int16_t n) {
 }
 
 }   // namespace
+
+std::int16_t DecimaliReali(double rapporto) {
+    constexpr double almeno = 3, piuFini = 9;
+    const double servono = 2 - std::floor(std::log10(std::fabs(rapporto)));
+    return static_cast<std::int16_t>(servono > almeno ? std::min(servono, piuFini) : almeno);
+}
 
 std::string TestoAvviso(const AvvisoPunti& a) {
     const int primo = a.destinazione ? primoDestinazione : primoDifetto;

@@ -20,6 +20,8 @@ struct TestiRapporto {
     std::string testataAvvisi;
     std::vector<std::string> avvisi;   // one row that says so when there is nothing to warn of
 };
+// Decimals of real coordinates, by real units per sheet unit: a hundredth of a sheet unit shows, three at least.
+std::int16_t DecimaliReali(double rapporto);
 std::string TestoAvviso(const AvvisoPunti& a);   // one fault as a sentence
 TestiRapporto TestiDi(const RapportoAttacchi& r);
 

@@ -12,11 +12,14 @@
 #include "model/Colori.h"
 #include "model/Cursore.h"
 #include "model/Documento.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/Stato.h"
 #include "model/Strumento.h"
 #include "model/TabellaStato.h"
 #include "model/Vincoli.h"
+#include "model/Vista.h"
+#include "platform/Events.h"
 
 namespace tessaro {
 
@@ -129,6 +132,16 @@ void aggancio() {
     marcaAggancio(agganciato.tipo, {p.v - 1, p.h - 1});
 }
 
+// A ring at the first point of a polyline that a click there would close; a thick one while the pointer is on it.
+void chiusura() {
+    const SegnoChiusura s = ChiusuraDelMomento();
+    Point p;
+    if (!s.c_e || !PuntoIntero(s.x, s.y, p)) return;
+    const std::int32_t r = s.sotto ? 8 : 5, penna = s.sotto ? 3 : 1;   // pixels
+    pennaXor(static_cast<std::int16_t>(penna));
+    FrameOval(SetRect(p.h - r, p.v - r, p.h + r + 1, p.v + r + 1));
+}
+
 void rettangolo() {
     pennaXor(1);
     PenPat(qdGray);
@@ -141,12 +154,21 @@ void dis_cursor(const double& x, const double& y) { croce(x, y, 8, 1); }
 void Dis_Cursor2(const double& x, const double& y) { croce(x, y, 4, 1); }
 void Dis_CursSel(const double& x, const double& y) { croce(x, y, 8, 2); }
 
+SegnoChiusura ChiusuraDelMomento() {
+    if (Modalita != mDigitazione || !PuoChiudere()) return {};
+    const auto& testa = Elem(IndicePolCorrente).poli;
+    puntot puntatore;   // wherever a constraint puts the cursor, a click on the point closes
+    VidToReal(GetMouse(), puntatore);
+    return {true, SulPrimoPunto(puntatore), testa.x, testa.y};
+}
+
 void DipingiPuntatore() {
     croceDelMomento();
     figuraInCorso();
     latiTrascinati();
     DisegnaContorno();
     aggancio();
+    chiusura();
     rettangolo();
 }
 

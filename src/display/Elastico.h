@@ -15,4 +15,13 @@ void dis_cursor(const double& x, const double& y);    // 8 pixels, pen 1
 void Dis_Cursor2(const double& x, const double& y);   // 4 pixels
 void Dis_CursSel(const double& x, const double& y);   // 8 pixels, pen 2
 
+// The first point of the polyline in progress, where a click would close it.
+struct SegnoChiusura {
+    bool c_e = false;
+    bool sotto = false;    // the pointer is on it
+    double x = 0, y = 0;   // sheet units
+    friend bool operator==(const SegnoChiusura&, const SegnoChiusura&) = default;
+};
+SegnoChiusura ChiusuraDelMomento();
+
 }   // namespace tessaro

@@ -55,6 +55,7 @@ struct StatoPuntatore {
     std::uint8_t perPunti = CurvePerPunti, secondo = Sposta2ndClick;
     TipoAggancio tipoAggancio = agganciato.tipo;
     Coordinate2 aggancio = di(agganciato.punto);
+    SegnoChiusura chiusura = ChiusuraDelMomento();
     std::int32_t lati = latiElastici.quanti;
     Rect rettangolo = rettangoloElastico;
     friend bool operator==(const StatoPuntatore&, const StatoPuntatore&) = default;

@@ -62,6 +62,7 @@ void TPoniTratteggi::Dialogo() {
         ModalDialog(MyMovableFilter, itemCorrente);
         if (quitPending()) break;
         if (itemCorrente == spuntaTratteggio || itemCorrente == spuntaIncrociato) CambiaCheck(itemCorrente);
+        if (itemCorrente == campoAngolo) SetDialogItemValue(theDialog, spuntaTratteggio, 1);   // who types it means it
         if (itemCorrente == okItem) inggene();
         OscuraAnnulla();
     } while (!((itemCorrente == okItem || itemCorrente == annullaItem) && esito > 0));

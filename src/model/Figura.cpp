@@ -2,18 +2,19 @@
 // between them: who would do that comes through CominciaAggiunta first.
 #include "model/Figura.h"
 
+#include <cmath>
 #include <limits>
 
 #include "model/Annulla.h"
 #include "model/Archivio.h"
+#include "model/PuntiElemento.h"
 #include "model/Strumento.h"
+#include "model/Vista.h"
 
 namespace tessaro {
 
 void (*figuraFinita)() = nullptr;
 constinit std::int32_t figureConcluse = 0;
-
-namespace {}
 
 bool FiguraInCorso() { return ContinuaPoligono || Azione == sPrimoPunto || Azione == sTerzoPunto; }
 
@@ -37,6 +38,20 @@ bool VerticeSegue() {
     if (!ContinuaPoligono || testa < 3 || testa > indElem || Elem(testa).tipo != tPoligono) return false;
     const std::int16_t vertici = Elem(testa).poli.numVertici;
     return testa + vertici == indElem && vertici < std::numeric_limits<std::int16_t>::max();
+}
+
+bool PuoChiudere() {
+    constexpr std::int16_t latiMinimi = 2;   // with fewer the closing side would lie on the only one
+    if (operazCorrente != opPolilinea || Azione != sPrimoPunto || !ContinuaPoligono) return false;
+    const std::int32_t testa = IndicePolCorrente;
+    if (testa < 3 || testa > indElem || Elem(testa).tipo != tPoligono) return false;
+    return UltimoRecord(testa) == indElem && Elem(testa).poli.numVertici >= latiMinimi;
+}
+
+bool SulPrimoPunto(const puntot& p) {
+    if (!PuoChiudere()) return false;
+    const auto& testa = Elem(IndicePolCorrente).poli;
+    return std::fabs(p.x - testa.x) < diffCerca && std::fabs(p.y - testa.y) < diffCerca;
 }
 
 }   // namespace tessaro

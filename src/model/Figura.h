@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "model/Elemento.h"
+
 namespace tessaro {
 
 // True from the first point of a figure to its last. A path that the calculator measures stores nothing and is none.
@@ -20,6 +22,12 @@ void CominciaAggiunta();
 
 // True when a vertex stored now stands behind its own polyline's last one, with room in the head's 16-bit count.
 bool VerticeSegue();
+
+// A polyline in progress with at least two sides, whose end is the last record: it can be closed.
+bool PuoChiudere();
+// Is p (sheet units) on the first point of a polyline that can be closed? Within diffCerca on either axis: a click there closes
+// it.
+bool SulPrimoPunto(const puntot& p);
 
 // Set by who shows the rubber band: the figure that it stood for is over. Null where nothing is shown.
 extern void (*figuraFinita)();

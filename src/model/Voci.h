@@ -139,6 +139,7 @@ enum : std::int16_t {
     distorsione = 17,
     rapporto = 18,
     puntiControllo = 30,
+    attacchi = 31,
 };
 }
 namespace strumenti {

@@ -19,6 +19,7 @@
 #include "platform/Menus.h"
 #include "platform/Resources.h"
 #include "registration/Coordinate.h"
+#include "shell/FinestraAttacchi.h"
 #include "shell/FinestraPunti.h"
 #include "shell/PannelloLucidi.h"
 #include "shell/Proprieta.h"
@@ -233,6 +234,7 @@ void ChiusaCalcolatrice() {
 void DealwithDialogs(const EventRecord& event) {
     const auto dialogo = static_cast<std::int16_t>(event.message >> 16);
     const auto item = static_cast<std::int16_t>(event.message & 0xFFFF);
+    if (dialogo == dialogoAttacchi) return ColpoAttacchi(item);
     if (dialogo == dialogoRapporto) return ColpoRapporto(item);
     if (dialogo == dialogoPannelloLucidi) return ColpoPannelloLucidi(item);
     if (dialogo == dialogoProprieta) return ColpoProprieta(item);

@@ -45,6 +45,7 @@
 #include "shell/Archivia.h"
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
+#include "shell/FinestraAttacchi.h"
 #include "shell/FinestraPunti.h"
 #include "shell/Modi.h"
 #include "shell/PannelloLucidi.h"
@@ -133,7 +134,11 @@ void comandoTrasforma() {
     if (theItem == voci::trasforma::meshDestinazione) nuovaMesh(TTipoMesh::destinazione);
     if (theItem == ruotaImmagine) ModificaRuotaImmagine();
     if (theItem == distorsione) CorreggiPictSel();
-    if (theItem == rapporto) ApriRapporto();
+    if (theItem == rapporto) {
+        ApriAttacchi();
+        ApriRapporto();
+    }
+    if (theItem == attacchi) ApriAttacchi();
     if (theItem == puntiControllo) ApriPunti();
 }
 

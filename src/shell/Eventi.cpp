@@ -20,6 +20,7 @@
 #include "shell/Calcolatrice.h"
 #include "shell/ClicBarra.h"
 #include "shell/Comandi.h"
+#include "shell/FinestraAttacchi.h"
 #include "shell/FinestraPunti.h"
 #include "shell/Inizializza.h"
 #include "shell/Modi.h"
@@ -192,6 +193,7 @@ void CheckEvents() {
     AggiustaStatoBottoni();
     AggiornaCelle();
     AggiornaRapporto();
+    AggiornaAttacchi();
     AggiornaPunti();
     AggiornaProprieta(campione || PuoCambiare(e.what));
     const AllaFine striscia{AggiornaStriscia};

@@ -12,6 +12,7 @@
 #include "model/Giornale.h"
 #include "model/Voci.h"
 #include "platform/Menus.h"
+#include "shell/FinestraAttacchi.h"
 #include "shell/Proprieta.h"
 
 namespace tessaro {
@@ -25,13 +26,15 @@ constexpr EventKind mutanti[] = {
 };
 
 // An item of the bar's menus names its command; in a submenu of values (colours, pens, sizes) the menu does.
+// What is typed in a window goes by the item that opens it.
 std::string nomeComando(const EventRecord& e) {
-    const bool proprieta =
-        e.what == EventKind::dialogItem && static_cast<std::int16_t>(e.message >> 16) == dialogoProprieta;
-    if (!proprieta && e.what != EventKind::menuChoice) return {};
     const auto menu = static_cast<std::int16_t>(e.message >> 16), item = static_cast<std::int16_t>(e.message & 0xFFFF);
+    const bool dialogo = e.what == EventKind::dialogItem;
+    const bool proprieta = dialogo && menu == dialogoProprieta, attacchi = dialogo && menu == dialogoAttacchi;
+    if (!proprieta && !attacchi && e.what != EventKind::menuChoice) return {};
     constexpr std::int16_t ultimoDellaBarra = 6;
     std::string nome = proprieta                  ? GetMenuItemText(menuModifica, voci::modifica::proprieta)
+                       : attacchi                 ? GetMenuItemText(menuTrasforma, voci::trasforma::attacchi)
                        : menu <= ultimoDellaBarra ? GetMenuItemText(menu, item)
                                                   : GetMenuTitle(menu);
     constexpr char puntini = static_cast<char>(0xC9);   // Mac Roman

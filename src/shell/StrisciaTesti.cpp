@@ -13,6 +13,7 @@
 #include "model/Archivio.h"
 #include "model/Documento.h"
 #include "model/Elemento.h"
+#include "model/Figura.h"
 #include "model/Lucidi.h"
 #include "model/NomiLucidi.h"
 #include "model/Selezione.h"
@@ -52,6 +53,7 @@ enum : std::int16_t {   // strings of listaAttese
     aPolilineaDaMisurare,
     aScegliBloccate,
     aScegliStrumento,
+    aPolilineaChiude,
 };
 
 enum : std::int16_t {   // strings of listaStato
@@ -107,7 +109,7 @@ std::string attesaDigitando() {
     const auto passo = static_cast<std::int16_t>(terzo ? 2 : cominciata ? 1 : 0);
     switch (operazCorrente) {
     case opSegmento: return attesa(cominciata ? aSegmentoFine : aSegmento);
-    case opPolilinea: return attesa(cominciata ? aPolilineaSegue : aPolilinea);
+    case opPolilinea: return attesa(PuoChiudere() ? aPolilineaChiude : cominciata ? aPolilineaSegue : aPolilinea);
     case opTesto: return attesa(aTesto);
     case opMarker: return attesa(aMarker);
     case opCalcolatrice: return attesa(cominciata ? aPercorsoSegue : aPercorso);

@@ -1,8 +1,6 @@
 // Ending, closing and throwing away the figure in progress.
 #include "tools/FiguraInMano.h"
 
-#include <cmath>
-
 #include "display/Ridisegno.h"
 #include "model/Annulla.h"
 #include "model/Archivio.h"
@@ -11,14 +9,11 @@
 #include "model/PuntiElemento.h"
 #include "model/Selezione.h"
 #include "model/Strumento.h"
-#include "model/Vista.h"
 #include "tools/Costruzione.h"
 
 namespace tessaro {
 
 namespace {
-
-constexpr std::int16_t latiMinimi = 2;   // with fewer the closing side would lie on the only one
 
 bool giaChiusa() {
     const auto &testa = Elem(IndicePolCorrente).poli, &ultimo = Elem(indElem).poli;
@@ -32,13 +27,6 @@ void TerminaFigura() {
     if (Azione != sPrimoPunto && Azione != sPercorso) return;
     tabButton = bNessuno;
     FineSegm();
-}
-
-bool PuoChiudere() {
-    if (operazCorrente != opPolilinea || Azione != sPrimoPunto || !ContinuaPoligono) return false;
-    const std::int32_t testa = IndicePolCorrente;
-    if (testa < 3 || testa > indElem || Elem(testa).tipo != tPoligono) return false;
-    return UltimoRecord(testa) == indElem && Elem(testa).poli.numVertici >= latiMinimi;
 }
 
 void ChiudiPolilinea() {
@@ -55,12 +43,6 @@ void ChiudiPolilinea() {
     zcurs = quota;
     tabButton = bNessuno;
     InvalWind();
-}
-
-bool SulPrimoPunto(const puntot& p) {
-    if (!PuoChiudere()) return false;
-    const auto& testa = Elem(IndicePolCorrente).poli;
-    return std::fabs(p.x - testa.x) < diffCerca && std::fabs(p.y - testa.y) < diffCerca;
 }
 
 void AbbandonaFigura() {

@@ -186,6 +186,21 @@ void proprieta() {
     if (!caso->unoSu(4)) AutoDialogKey(d, 13);
 }
 
+// The window of control points 1 to 5: opened, closed, typed into, its switch turned, in the middle of whatever goes on.
+void puntiDiAttacco() {
+    constexpr std::int16_t dialogo = 9600, vocePunti = 31, tabella = 3, reali = 4;
+    const DialogPtr d = AutoModeless(dialogo);
+    if (d == nullptr) return voce(menuTrasforma, vocePunti);
+    if (caso->unoSu(12)) {
+        AutoDialogClick(d, caso->unoSu(2) ? reali : std::int16_t{0});
+        return;
+    }
+    const std::string s = std::to_string(caso->tra(1, 5)) + ',' + std::to_string(caso->tra(3, 8)) + ','
+                          + (caso->unoSu(15) ? std::string() : std::to_string(caso->tra(-200, 3000)));
+    caso->nota("control points " + s);
+    AutoDialogSetText(d, tabella, s);
+}
+
 using Mano = void (*)();
 struct Uso {
     int peso;
@@ -220,6 +235,7 @@ constexpr std::array mani{
     Uso{1, unaVoce<9480, 1, 2>},
     Uso{1, unaVoce<3, 30>},
     Uso{8, proprieta},
+    Uso{4, puntiDiAttacco},
 };
 
 void unComando() {

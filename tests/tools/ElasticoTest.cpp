@@ -4,8 +4,10 @@
 #include <algorithm>
 
 #include "display/Disegno.h"
+#include "display/Elastico.h"
 #include "display/Sovrapposto.h"
 #include "model/Cursore.h"
+#include "model/Figura.h"
 #include "model/Penna.h"
 #include "model/Strumento.h"
 #include "model/Vincoli.h"
@@ -74,6 +76,30 @@ TEST(Elastico, AFigureGivenUpLeavesTheScreenAsItWas) {
         EXPECT_EQ(Azione, sFermo);
         EXPECT_EQ(schermo.segnati(), 0);
     }
+}
+
+TEST(Elastico, TheFirstPointIsMarkedWhileAClickThereCloses) {
+    fogliovuoto();
+    operazCorrente = opPolilinea;
+    Modalita = mDigitazione;
+    muovi(300, 300);
+    premi(1);
+    muovi(500, 300);
+    premi(1);
+    EXPECT_FALSE(ChiusuraDelMomento().c_e);   // a way back along its only side closes nothing
+    muovi(500, 600);
+    premi(1);
+    const SegnoChiusura s = ChiusuraDelMomento();
+    EXPECT_TRUE(s.c_e);
+    EXPECT_TRUE(s.x == 300 && s.y == 300);
+    Modalita = mAttacco;   // a click there would set a control point
+    EXPECT_FALSE(ChiusuraDelMomento().c_e);
+    Modalita = mDigitazione;
+    operazCorrente = opMarker;
+    EXPECT_FALSE(ChiusuraDelMomento().c_e);
+    operazCorrente = opPolilinea;
+    FineFigura();
+    EXPECT_FALSE(ChiusuraDelMomento().c_e);
 }
 
 TEST(Elastico, AFinishedFigureStandsAloneAsARepaintWouldDrawIt) {

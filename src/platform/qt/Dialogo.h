@@ -95,6 +95,11 @@ void mostra(FinestraDialogo& d);                        // opens the window; onc
 void guidaDelDialogo(std::int16_t dialogo);             // F1: the guide at the section about it
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item
 
+// --- places of modeless dialogs
+void mettiAlPosto(const FinestraDialogo& d, QWidget& quadro,
+                  const QList<const FinestraDialogo*>& altri);   // the others that are open
+void ricordaPosto(const FinestraDialogo& d);                     // for the next time; nothing under a script
+
 // --- lists
 QWidget* creaElenco(FinestraDialogo& d, std::int16_t item, int righe, int caratteri);
 void scegliRiga(const VoceDialogo& v);          // the row chosen is the one of the value

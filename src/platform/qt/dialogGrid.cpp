@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QTableWidget>
 
+#include <algorithm>
+
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
 
@@ -27,8 +29,9 @@ Colonna colonnaDi(const QString& nome) {
 
 class Griglia : public QTableWidget {
 public:
-    Griglia(FinestraDialogo& dialogo, std::int16_t voce, const QStringList& descrizione)
-        : QTableWidget(0, static_cast<int>(descrizione.size()), dialogo.quadro), d(dialogo), item(voce) {
+    Griglia(FinestraDialogo& dialogo, std::int16_t voce, int righe, const QStringList& descrizione)
+        : QTableWidget(0, static_cast<int>(descrizione.size()), dialogo.quadro), d(dialogo), item(voce),
+          righeViste(righe) {
         setSelectionBehavior(QAbstractItemView::SelectRows);
         setSelectionMode(QAbstractItemView::SingleSelection);
         setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -51,6 +54,9 @@ public:
             if (colonne.back() == Colonna::scritta) horizontalHeader()->setSectionResizeMode(i, QHeaderView::Stretch);
         }
         setMinimumWidth(larga);
+        // Numbers are typed as into a sheet of figures: the first digit opens the cell, Return goes on to the next row.
+        foglioDiNumeri = std::find(colonne.begin(), colonne.end(), Colonna::valore) != colonne.end();
+        if (foglioDiNumeri) setEditTriggers(editTriggers() | QAbstractItemView::AnyKeyPressed);
         connect(this, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* c) { cambiata(*c); });
         connect(this, &QTableWidget::currentCellChanged, this, [this](int r, int, int, int) {
             if (VoceDialogo* v = voceDi(&d, item); v != nullptr && !riempiendo) v->valore = r + 1;
@@ -58,6 +64,12 @@ public:
         connect(this, &QTableWidget::cellClicked, this, [this](int r, int c) {
             if (colonne[static_cast<std::size_t>(c)] == Colonna::scelta) annuncia({corto(r + 1), corto(c + 1), 0, "1"});
         });
+    }
+
+    // As many rows as asked for, below a heading of however many lines.
+    [[nodiscard]] QSize sizeHint() const override {
+        return {minimumWidth(), horizontalHeader()->sizeHint().height()
+                                    + righeViste * verticalHeader()->defaultSectionSize() + 2 * frameWidth() + 2};
     }
 
     void riga(int n, const QStringList& celle) {
@@ -122,7 +134,30 @@ protected:
         e->accept();
         sposta(da, a);
     }
+    // Tab passes over what cannot be changed.
+    QModelIndex moveCursor(CursorAction azione, Qt::KeyboardModifiers m) override {
+        const QModelIndex prima = currentIndex();
+        QModelIndex i = QTableWidget::moveCursor(azione, m);
+        if (!foglioDiNumeri || (azione != MoveNext && azione != MovePrevious)) return i;
+        const int passo = azione == MoveNext ? 1 : -1, celle = rowCount() * columnCount();
+        for (int k = 0; k < celle && i.isValid(); ++k) {
+            if (i.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) return i;
+            const int n = (i.row() * columnCount() + i.column() + passo + celle) % celle;
+            i = model()->index(n / columnCount(), n % columnCount());
+        }
+        return prima;
+    }
+    void closeEditor(QWidget* campo, QAbstractItemDelegate::EndEditHint come) override {
+        QTableWidget::closeEditor(campo, come);
+        if (foglioDiNumeri && come == QAbstractItemDelegate::SubmitModelCache && currentRow() + 1 < rowCount())
+            setCurrentCell(currentRow() + 1, currentColumn());
+    }
     void keyPressEvent(QKeyEvent* e) override {
+        const bool apre = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter;
+        if (foglioDiNumeri && apre && state() != EditingState && (currentIndex().flags() & Qt::ItemIsEditable)) {
+            editItem(currentItem());
+            return;
+        }
         const bool su = e->key() == Qt::Key_Up, giu = e->key() == Qt::Key_Down;
         if (!(e->modifiers() & Qt::AltModifier) || (!su && !giu)) return QTableWidget::keyPressEvent(e);
         const int a = currentRow() + (su ? -1 : 1);
@@ -132,37 +167,40 @@ protected:
 private:
     FinestraDialogo& d;
     std::int16_t item;
+    int righeViste;
     std::vector<Colonna> colonne;
     bool riempiendo = false;
+    bool foglioDiNumeri = false;
 
     static std::int16_t corto(int n) { return static_cast<std::int16_t>(n); }
     [[nodiscard]] QTableWidgetItem* item_(int r, int c) const {
         return r < 0 || c < 0 || r >= rowCount() || c >= columnCount() ? nullptr : QTableWidget::item(r, c);
     }
 
+    // Nothing of a cell is set that it has: one that is being typed in would take its old text back.
+    static void poni(QTableWidgetItem& i, const QString& testo, Qt::ItemFlags flag, Qt::Alignment dove) {
+        if (i.text() != testo) i.setText(testo);
+        if (i.textAlignment() != static_cast<int>(dove)) i.setTextAlignment(dove);
+        if (i.flags() != flag) i.setFlags(flag);
+    }
+
     void cella(int r, int c, const QString& testo) {
         QTableWidgetItem* i = QTableWidget::item(r, c);
         if (i == nullptr) setItem(r, c, i = new QTableWidgetItem);
-        Qt::ItemFlags flag = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled;
-        i->setTextAlignment(Qt::AlignVCenter | Qt::AlignLeft);
+        const Qt::ItemFlags fermo = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled;
+        constexpr Qt::Alignment sinistra = Qt::AlignVCenter | Qt::AlignLeft, destra = Qt::AlignVCenter | Qt::AlignRight;
+        const bool acceso = testo == QLatin1String("1");
         switch (colonne[static_cast<std::size_t>(c)]) {
         case Colonna::spunta:
-            i->setFlags(flag | Qt::ItemIsUserCheckable);
-            i->setCheckState(testo == QLatin1String("1") ? Qt::Checked : Qt::Unchecked);
-            return;
-        case Colonna::scelta:
-            i->setText(testo == QLatin1String("1") ? segnoScelta : QString());
-            i->setTextAlignment(Qt::AlignCenter);
+            poni(*i, {}, fermo | Qt::ItemIsUserCheckable, sinistra);
+            i->setCheckState(acceso ? Qt::Checked : Qt::Unchecked);
             break;
-        case Colonna::scritta: flag |= Qt::ItemIsEditable; [[fallthrough]];
-        case Colonna::testo: i->setText(testo); break;
-        case Colonna::valore: flag |= Qt::ItemIsEditable; [[fallthrough]];
-        case Colonna::numero:
-            i->setText(testo);
-            i->setTextAlignment(Qt::AlignVCenter | Qt::AlignRight);
-            break;
+        case Colonna::scelta: poni(*i, acceso ? segnoScelta : QString(), fermo, Qt::AlignCenter); break;
+        case Colonna::scritta: poni(*i, testo, fermo | Qt::ItemIsEditable, sinistra); break;
+        case Colonna::testo: poni(*i, testo, fermo, sinistra); break;
+        case Colonna::valore: poni(*i, testo, fermo | Qt::ItemIsEditable, destra); break;
+        case Colonna::numero: poni(*i, testo, fermo, destra); break;
         }
-        i->setFlags(flag);
     }
 
     void cambiata(const QTableWidgetItem& c) {
@@ -189,7 +227,7 @@ Griglia* grigliaDi(const VoceDialogo& v) {
 }   // namespace
 
 QWidget* creaGriglia(FinestraDialogo& d, std::int16_t item, int righe, const QString& colonne) {
-    auto* w = new Griglia(d, item, colonne.split(QLatin1Char(',')));
+    auto* w = new Griglia(d, item, righe, colonne.split(QLatin1Char(',')));
     w->setMinimumHeight((righe + 1) * w->verticalHeader()->defaultSectionSize() + 2 * w->frameWidth());
     return w;
 }

@@ -12,9 +12,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QRadioButton>
-#include <QScreen>
 #include <QScrollArea>
-#include <QSettings>
 #include <QSlider>
 #include <QTimer>
 
@@ -125,33 +123,11 @@ void scorriFino(const FinestraDialogo& d) {
             area->ensureWidgetVisible(v->second.widget, 0, area->height() / 2);
 }
 
-QString chiavePosto(const FinestraDialogo& d) { return QStringLiteral("dialogs/%1").arg(d.id); }
-
-// Where the person left it the last time.
-bool alSuoPosto(const FinestraDialogo& d, QWidget& quadro) {
-    if (copione() != nullptr) return false;
-    const QVariant dove = QSettings(fileDelTelaio(), QSettings::IniFormat).value(chiavePosto(d));
-    if (!dove.isValid()) return false;
-    QList<QRect> schermi;
-    for (const QScreen* s : QGuiApplication::screens()) schermi << s->availableGeometry();
-    quadro.move(postoVisibile(QRect(dove.toPoint(), quadro.size()), schermi).topLeft());
-    return true;
-}
-
-void ricordaPosto(const FinestraDialogo& d) {
-    if (copione() != nullptr || !d.nonModale || d.quadro == nullptr) return;
-    QSettings(fileDelTelaio(), QSettings::IniFormat).setValue(chiavePosto(d), d.quadro->pos());
-}
-
-// A modeless dialog stands at the frame's right, so that the drawing beside it stays in reach.
 void accanto(const FinestraDialogo& d, QWidget& quadro) {
-    constexpr int dalBordo = 32, dallAlto = 96;   // logical pixels
-    const QMainWindow* cornice = telaio();
-    if (cornice == nullptr) return;
-    quadro.adjustSize();
-    if (alSuoPosto(d, quadro)) return;
-    const int sinistra = std::max(cornice->geometry().right() - quadro.width() - dalBordo, cornice->geometry().left());
-    quadro.move(sinistra, cornice->geometry().top() + dallAlto);
+    QList<const FinestraDialogo*> altri;
+    for (const auto& a : aperti)
+        if (a.get() != &d && a->nonModale && a->quadro != nullptr && a->quadro->isVisible()) altri << a.get();
+    mettiAlPosto(d, quadro, altri);
 }
 
 }   // namespace
@@ -277,6 +253,8 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::radio:
         bottone->setCheckable(true);
         bottone->setChecked(v.valore != 0);
+        // Tab comes to the chosen one of a group and goes on behind the group; the arrows go from one to the other.
+        if (v.tipo == TipoVoce::radio) bottone->setFocusPolicy(v.valore != 0 ? Qt::StrongFocus : Qt::ClickFocus);
         break;
     case TipoVoce::colore: mostraColore(*bottone, v.valore); break;
     case TipoVoce::scelta: static_cast<QComboBox*>(v.widget)->setCurrentIndex(v.valore - 1); break;
@@ -298,6 +276,8 @@ void mostra(FinestraDialogo& d) {
         d.quadro->setWindowModality(d.nonModale ? Qt::NonModal : Qt::ApplicationModal);
         if (d.nonModale) accanto(d, *d.quadro);
         d.quadro->show();
+        // The program fills it now; by what it holds then its place is chosen again, before anyone sees it.
+        if (d.nonModale) QTimer::singleShot(0, d.quadro, [&d] { accanto(d, *d.quadro); });
         scorriFino(d);
         d.quadro->activateWindow();
     }
