@@ -1,24 +1,17 @@
-// Makes a dialog from its resource: items in rows, laid out by the toolkit, so that they survive fonts and languages.
+// Lays a dialog out as its resource tells: items in rows and blocks, by the toolkit, so that they survive fonts and languages.
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScrollArea>
-#include <QSlider>
 #include <QStyle>
-#include <QSvgRenderer>
-#include <QToolButton>
 
 #include <algorithm>
 
 #include "platform/qt/Dialogo.h"
+#include "platform/qt/FabbricaVoci.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/TestiQt.h"
 
@@ -26,20 +19,9 @@ namespace tessaro {
 
 namespace {
 
-constexpr int colonneGriglia = 4;    // the last one is empty and takes what room is left
-constexpr int margine = 16;          // round the whole, logical pixels
-constexpr int maxCampo = 255;        // characters of a field
-constexpr int larghezzaTesto = 60;   // characters at which running text is folded
-constexpr int latoFigura = 24;       // of a radio button's drawing, logical pixels
-constexpr int ariaTitolo = 96;       // of a window's title bar beside the title, logical pixels
-constexpr int ariaBottone = 14;      // on each side of a button's text, logical pixels
-
-struct Cella {
-    std::string tipo;
-    std::string nome;          // item number or a name
-    const RigaRisorsa* riga;   // its options
-    std::size_t posto = 0;     // in the row, from 0
-};
+constexpr int colonneGriglia = 4;   // the last one is empty and takes what room is left
+constexpr int margine = 16;         // round the whole, logical pixels
+constexpr int ariaTitolo = 96;      // of a window's title bar beside the title, logical pixels
 
 // Where the next row or block goes.
 struct Blocco {
@@ -48,21 +30,10 @@ struct Blocco {
     int riga = 0;
 };
 
-QPixmap figura(std::string_view nome, int lato, const QWidget& vicino) {
-    QByteArray svg = QByteArray::fromStdString(ResourceFile("icons/" + std::string(nome) + ".svg"));
-    svg.replace("currentColor", vicino.palette().color(QPalette::WindowText).name().toLatin1());
-    const qreal ratio = vicino.devicePixelRatioF();
-    QPixmap p(qRound(lato * ratio), qRound(lato * ratio));
-    p.setDevicePixelRatio(ratio);
-    p.fill(Qt::transparent);
-    QPainter pittore(&p);
-    QSvgRenderer(svg).render(&pittore, QRectF(0, 0, lato, lato));
-    return p;
-}
-
 class Costruttore {
 public:
-    Costruttore(FinestraDialogo& dialogo, QuadroDialogo* finestra) : d(dialogo), quadro(finestra) {
+    Costruttore(FinestraDialogo& dialogo, QuadroDialogo* finestra)
+        : d(dialogo), quadro(finestra), voci(dialogo, finestra) {
         if (quadro == nullptr) return;
         auto* radice = new QVBoxLayout(quadro);
         radice->setSizeConstraint(QLayout::SetFixedSize);
@@ -77,7 +48,7 @@ public:
         if (comando == "buttons") return bottoni(r);
         if (comando == "run") return serie(r);
         if (quadro == nullptr) return;
-        ++blocco;
+        ++voci.blocco;
         if (comando == "scroll") apri(scorrevole(r));
         if (comando == "group") apri(gruppo(r));
         if (comando == "columns") apri(new QHBoxLayout);
@@ -89,14 +60,11 @@ private:
     FinestraDialogo& d;
     QuadroDialogo* quadro;
     std::vector<Blocco> pila;
-    QLabel* ultimaEtichetta = nullptr;
-    int blocco = 0;   // radio buttons of one block are one group
-
-    std::string chiave(const std::string& nome) const { return "dlg." + std::to_string(d.id) + "." + nome; }
+    FabbricaVoci voci;
 
     // A group box has its layout already in place, another block is a layout to add.
     QBoxLayout* gruppo(const RigaRisorsa& r) {
-        auto* box = new QGroupBox(daUtf8(testo(chiave(r.parole.size() > 1 ? r.parole[1] : std::string()))));
+        auto* box = new QGroupBox(daUtf8(testo(voci.chiave(r.parole.size() > 1 ? r.parole[1] : std::string()))));
         auto* dentro = new QVBoxLayout(box);
         pila.back().layout->addWidget(box);
         return dentro;
@@ -163,18 +131,10 @@ private:
         return v;
     }
 
-    VoceDialogo& voce(const Cella& c, TipoVoce tipo) {
-        VoceDialogo v;
-        v.tipo = tipo;
-        v.grezzo = tipo == TipoVoce::campo ? std::string() : testo(chiave(c.nome));
-        v.nascosta = c.riga->ha("hidden") || c.riga->ha("later");
-        return d.voci.insert_or_assign(static_cast<std::int16_t>(numeroDi(c.nome, 0)), std::move(v)).first->second;
-    }
-
     void metti(const RigaRisorsa& r) {
         const std::vector<Cella> c = celle(r);
         if (quadro == nullptr) {
-            for (const Cella& cella : c) crea(cella);
+            for (const Cella& cella : c) voci.crea(cella);
             return;
         }
         if (std::all_of(c.begin(), c.end(), eBottone)) return affianca(c);
@@ -188,7 +148,7 @@ private:
         int colonna = 0;
         QHBoxLayout* conLaSua = nullptr;   // a field with its unit
         for (const Cella& cella : c) {
-            QWidget* w = crea(cella);
+            QWidget* w = voci.crea(cella);
             if (w == nullptr) continue;
             const bool finoInFondo = c.size() == 1 || (cella.posto + 1 == c.size() && r.ha("wide"));
             const bool conUnita = cella.posto + 1 < c.size() && c[cella.posto + 1].tipo == "unit";
@@ -217,255 +177,14 @@ private:
         auto* fila = new QHBoxLayout;
         pila.back().layout->addLayout(fila);
         pila.back().griglia = nullptr;
-        for (const Cella& c : celle) fila->addWidget(crea(c), 1);
-    }
-
-    // Makes the item, and its widget when there is a window.
-    QWidget* crea(const Cella& c) {
-        QWidget* w = nullptr;
-        if (c.tipo == "label" || c.tipo == "unit" || c.tipo == "static" || c.tipo == "note" || c.tipo == "heading")
-            w = fisso(c);
-        else if (c.tipo == "field")
-            w = campo(c);
-        else if (c.tipo == "check")
-            w = acceso(c, TipoVoce::spunta, quadro == nullptr ? nullptr : new QCheckBox(quadro));
-        else if (c.tipo == "radio")
-            w = acceso(c, TipoVoce::radio, quadro == nullptr ? nullptr : new QRadioButton(quadro));
-        else if (c.tipo == "popup")
-            w = scelta(c);
-        else if (c.tipo == "list")
-            w = elenco(c);
-        else if (c.tipo == "table")
-            w = tabella(c);
-        else if (c.tipo == "grid")
-            w = griglia(c);
-        else if (c.tipo == "slider")
-            w = cursore(c);
-        else if (c.tipo == "swatch")
-            w = campione(c);
-        else if (c.tipo == "button" || c.tipo == "default")
-            w = bottone(c);
-        else if (c.tipo == "canvas")
-            w = tela(c);
-        else if (c.tipo == "picture" && quadro != nullptr)
-            w = immagine(c);
-        return w;
-    }
-
-    QWidget* registra(VoceDialogo& v, QWidget* w) {
-        v.widget = w;
-        applica(v);
-        return w;
-    }
-
-    QWidget* fisso(const Cella& c) {
-        VoceDialogo senzaNumero;
-        senzaNumero.grezzo = testo(chiave(c.nome));
-        VoceDialogo& v = numeroDi(c.nome, 0) == 0 ? senzaNumero : voce(c, TipoVoce::testoFisso);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QLabel(quadro);
-        w->setTextFormat(Qt::PlainText);
-        registra(v, w);
-        if (c.tipo == "label") {
-            w->setAlignment(static_cast<Qt::Alignment>(quadro->style()->styleHint(QStyle::SH_FormLayoutLabelAlignment))
-                            | Qt::AlignVCenter);
-            ultimaEtichetta = w;
-        }
-        if (c.tipo == "note" || c.tipo == "static") {
-            w->setWordWrap(w->sizeHint().width() > w->fontMetrics().averageCharWidth() * larghezzaTesto);
-            if (w->wordWrap()) w->setMinimumWidth(w->fontMetrics().averageCharWidth() * larghezzaTesto);
-        }
-        if (c.riga->ha("wrap")) {   // what the program writes there may be long
-            w->setWordWrap(true);
-            w->setMinimumWidth(w->fontMetrics().averageCharWidth() * c.riga->numero("chars", larghezzaTesto));
-        }
-        if (c.tipo == "note") w->setForegroundRole(QPalette::PlaceholderText);
-        if (c.tipo == "heading") {
-            QFont f = w->font();
-            f.setBold(true);
-            f.setPointSizeF(f.pointSizeF() * 1.5);
-            w->setFont(f);
-        }
-        return w;
-    }
-
-    // Room for a picture that the program draws; its text says to those who do not see it what it shows.
-    QWidget* tela(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::figura);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QLabel(quadro);
-        w->setFixedSize(c.riga->numero("width", 400), c.riga->numero("height", 300));
-        w->setAlignment(Qt::AlignCenter);
-        w->setAccessibleName(daUtf8(testo(chiave(c.nome))));
-        return registra(v, w);
-    }
-
-    QWidget* campo(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::campo);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QLineEdit(quadro);
-        w->setMaxLength(maxCampo);
-        const int caratteri = c.riga->numero("chars", 14);
-        const int largo = w->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caratteri + 2);
-        if (c.riga->ha("wide")) {
-            w->setMinimumWidth(largo);
-        } else {
-            w->setFixedWidth(largo);
-        }
-        if (!c.riga->ha("text")) w->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        if (ultimaEtichetta != nullptr && !c.riga->ha("hidden")) {
-            ultimaEtichetta->setBuddy(w);
-            w->setAccessibleName(ultimaEtichetta->text());
-            ultimaEtichetta = nullptr;
-        }
-        if (c.riga->ha("commit")) {
-            w->setProperty(attoDelCampo, item(c));
-            QObject::connect(w, &QLineEdit::editingFinished, quadro, [w, this_ = &d, n = item(c)] {
-                if (!w->isModified()) return;   // nothing was typed
-                w->setModified(false);
-                colpisci(*this_, n);
-            });
-        } else {
-            QObject::connect(w, &QLineEdit::textEdited, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
-        }
-        if (d.nonModale) w->installEventFilter(quadro);
-        return registra(v, w);
-    }
-
-    // The mark is the program's to change: what the toolkit flipped by itself goes back before the item counts as hit.
-    QWidget* acceso(const Cella& c, TipoVoce tipo, QAbstractButton* w) {
-        VoceDialogo& v = voce(c, tipo);
-        if (w == nullptr) return nullptr;
-        w->setAutoExclusive(false);
-        if (tipo == TipoVoce::radio) {
-            w->setProperty(gruppoRadio, blocco);
-            w->installEventFilter(quadro);
-        }
-        if (const auto nome = c.riga->opzione("icon"); !nome.empty()) {
-            w->setIcon(figura(nome, latoFigura, *w));
-            w->setIconSize(QSize(latoFigura, latoFigura));
-        }
-        QObject::connect(w, &QAbstractButton::clicked, quadro, [this_ = &d, n = item(c)] {
-            if (const VoceDialogo* questa = voceDi(this_, n); questa != nullptr) applica(*questa);
-            colpisci(*this_, n);
-        });
-        return registra(v, w);
-    }
-
-    QWidget* scelta(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::scelta);
-        v.valore = 1;
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QComboBox(quadro);
-        if (ultimaEtichetta != nullptr) {
-            ultimaEtichetta->setBuddy(w);
-            w->setAccessibleName(ultimaEtichetta->text());
-            ultimaEtichetta = nullptr;
-        }
-        QObject::connect(w, &QComboBox::activated, quadro, [this_ = &d, n = item(c)](int i) {
-            if (VoceDialogo* questa = voceDi(this_, n); questa != nullptr) questa->valore = i + 1;
-            colpisci(*this_, n);
-        });
-        return registra(v, w);
-    }
-
-    QWidget* elenco(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::elenco);
-        v.valore = 1;
-        if (quadro == nullptr) return nullptr;
-        QWidget* w = creaElenco(d, item(c), c.riga->numero("rows", 10), c.riga->numero("chars", 24));
-        if (ultimaEtichetta != nullptr) {
-            ultimaEtichetta->setBuddy(w);
-            w->setAccessibleName(ultimaEtichetta->text());
-            ultimaEtichetta = nullptr;
-        }
-        return registra(v, w);
-    }
-
-    // A table shows headings of its own; its text is its name for those who do not see it, else the dialog's title is.
-    QWidget* conNome(VoceDialogo& v, QWidget* w) {
-        w->setAccessibleName(v.grezzo.empty() ? quadro->windowTitle() : daUtf8(v.grezzo));
-        v.grezzo.clear();
-        return registra(v, w);
-    }
-
-    // chars= the width of each column, with commas.
-    QWidget* griglia(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::griglia);
-        if (quadro == nullptr) return nullptr;
-        const auto colonne = c.riga->opzione("columns");
-        return conNome(v, creaGriglia(d, item(c), c.riga->numero("rows", 5), daUtf8(colonne)));
-    }
-
-    QWidget* tabella(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::tabella);
-        if (quadro == nullptr) return nullptr;
-        std::vector<int> colonne;
-        for (std::string_view s = c.riga->opzione("chars"); !s.empty();) {
-            const auto fine = std::min(s.find(','), s.size());
-            colonne.push_back(numeroDi(s.substr(0, fine), 10));
-            s.remove_prefix(std::min(fine + 1, s.size()));
-        }
-        return conNome(v, creaTabella(d, c.riga->numero("rows", 5), colonne));
-    }
-
-    QWidget* cursore(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::cursore);
-        v.valore = c.riga->numero("min", 0);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QSlider(Qt::Horizontal, quadro);
-        w->setRange(c.riga->numero("min", 0), c.riga->numero("max", 100));
-        w->setMinimumWidth(w->fontMetrics().averageCharWidth() * 30);
-        QObject::connect(w, &QSlider::valueChanged, quadro, [this_ = &d, n = item(c)](int valore) {
-            VoceDialogo* questa = voceDi(this_, n);
-            if (questa == nullptr || questa->valore == valore) return;   // the program's own change
-            questa->valore = valore;
-            colpisci(*this_, n);
-        });
-        return registra(v, w);
-    }
-
-    QWidget* campione(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::colore);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QToolButton(quadro);
-        w->setIconSize(QSize(2 * latoFigura, latoFigura));
-        w->setAccessibleName(daUtf8(v.grezzo));
-        w->setToolTip(daUtf8(v.grezzo));
-        QObject::connect(w, &QToolButton::clicked, quadro, [this_ = &d, n = item(c)] { colpisci(*this_, n); });
-        return registra(v, w);
-    }
-
-    QWidget* immagine(const Cella& c) {
-        auto* w = new QLabel(quadro);
-        w->setPixmap(figura(c.nome, c.riga->numero("size", 64), *w));
-        w->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
-        return w;
-    }
-
-    QPushButton* bottone(const Cella& c) {
-        VoceDialogo& v = voce(c, TipoVoce::bottone);
-        if (v.grezzo.empty()) v.grezzo = testo(c.tipo == "default" ? "button.ok" : "button." + c.tipo);
-        const std::int16_t n = item(c);
-        if (c.tipo == "default") d.predefinita = n;
-        if (c.tipo == "cancel") d.annulla = n;
-        if (const auto tasti = c.riga->opzione("keys"); c.posto < tasti.size())
-            d.tastiVoci.insert_or_assign(static_cast<unsigned char>(tasti[c.posto]), n);
-        if (quadro == nullptr) return nullptr;
-        auto* w = new QPushButton(quadro);
-        w->setAutoDefault(false);
-        w->setDefault(c.tipo == "default");
-        QObject::connect(w, &QPushButton::clicked, quadro, [this_ = &d, n] { colpisci(*this_, n); });
-        registra(v, w);
-        w->setMinimumWidth(w->fontMetrics().horizontalAdvance(w->text()) + 2 * ariaBottone);
-        return w;
+        for (const Cella& c : celle) fila->addWidget(voci.crea(c), 1);
     }
 
     // The desktop's own order: the roles say which stands where.
     void bottoni(const RigaRisorsa& r) {
         auto* scatola = quadro == nullptr ? nullptr : new QDialogButtonBox(quadro);
         for (const Cella& c : celle(r)) {
-            QPushButton* w = bottone(c);
+            QPushButton* w = voci.bottone(c);
             if (w == nullptr) continue;
             const auto ruolo = c.tipo == "default"  ? QDialogButtonBox::AcceptRole
                                : c.tipo == "cancel" ? QDialogButtonBox::RejectRole
@@ -477,8 +196,6 @@ private:
         pila.front().layout->addSpacing(quadro->style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing));
         pila.front().layout->addWidget(scatola);
     }
-
-    static std::int16_t item(const Cella& c) { return static_cast<std::int16_t>(numeroDi(c.nome, 0)); }
 };
 
 }   // namespace
