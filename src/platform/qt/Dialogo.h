@@ -62,6 +62,9 @@ struct FinestraDialogo {
     QuadroDialogo* quadro = nullptr;   // null without an application object
 };
 
+// Keys on their way to a dialog's filter, as characters.
+inline constexpr std::uint8_t tastoEnter = 3, tastoReturn = 13, tastoEscape = 27;
+
 inline constexpr const char* gruppoRadio = "gruppoRadio";   // property of a radio button: the block that it stands in
 
 // The window of a dialog: keys that mean an item, and the close box, become records of the dialog.
