@@ -2,9 +2,6 @@
 // `ratio` is this program's time over the bare loop's; below the target it is good.
 #include <benchmark/benchmark.h>
 
-#include <QImage>
-#include <QPainter>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -258,54 +255,11 @@ void strisce(benchmark::State& state, bool inVista) {
     confronta(state, 1.0 / std::min(1.7, fili * 0.85), su(fili), su(1));
 }
 
-// Smooth lines against the plain ones of the same 100,000 segments.
-void morbide(benchmark::State& state) {
-    constexpr std::size_t quanti = 100000;
-    prepara();
-    const std::vector<Capi> capi = segmentiInVista();
-    for (std::size_t i = 0; i < quanti; ++i)
-        Memorizza(tSegmento, capi[i].x0, capi[i].y0, 0, capi[i].x1, capi[i].y1, 0, 1, 1, 1, "");
-    const auto con = [](bool liscia) {
-        return [liscia] {
-            porta().smooth = liscia;
-            Disegna();
-            porta().smooth = false;
-        };
-    };
-    confronta(state, 12, con(true), con(false));
-}
-
-// The same against the toolkit's own painter.
-void morbideQt(benchmark::State& state) {
-    constexpr std::size_t quanti = 100000;
-    prepara();
-    const std::vector<Capi> capi = segmentiInVista();
-    for (std::size_t i = 0; i < quanti; ++i)
-        Memorizza(tSegmento, capi[i].x0, capi[i].y0, 0, capi[i].x1, capi[i].y1, 0, 1, 1, 1, "");
-    QImage immagine(larghezza, altezza, QImage::Format_RGB32);
-    confronta(
-        state, 1.5,
-        [] {
-            porta().smooth = true;
-            Disegna();
-            porta().smooth = false;
-        },
-        [&] {
-            QPainter p(&immagine);
-            p.setRenderHint(QPainter::Antialiasing);
-            p.setPen(QPen(Qt::black, 1));
-            for (std::size_t i = 0; i < quanti; ++i)
-                p.drawLine(QPointF(capi[i].x0 + 0.5, capi[i].y0 + 0.5), QPointF(capi[i].x1 + 0.5, capi[i].y1 + 0.5));
-        });
-}
-
 }   // namespace
 
 BENCHMARK_CAPTURE(segmenti, solid, 1, false)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(segmenti, patterned, 3, false)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(segmenti, xored, 1, true)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(morbide)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(morbideQt)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoTutto)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoVentesimo)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(mistoNulla)->UseManualTime()->Unit(benchmark::kMillisecond);

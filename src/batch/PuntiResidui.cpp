@@ -26,6 +26,7 @@ std::string_view NomeMetodo(Metodo m) { return metodi[static_cast<std::size_t>(m
 
 std::vector<PuntoNoto> Noti(const std::vector<PuntoDato>& punti) {
     std::vector<PuntoNoto> v;
+    v.reserve(punti.size());
     for (const PuntoDato& p : punti) v.push_back({p.foglio, p.reale});
     return v;
 }
