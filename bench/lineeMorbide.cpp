@@ -52,7 +52,7 @@ int main() {
             }
         }));
     }
-    misure::riga("smooth lines", morbide, "plain lines", piane, 12);
+    misure::riga("smooth lines", morbide, "plain lines", piane, 16);
     misure::riga("smooth lines", morbide, "the toolkit's", loro, 1.5);
     SetPort(nullptr);
     return 0;

@@ -137,6 +137,8 @@ bool ProgressStep(double fraction) {
     if (passiConcessi >= 0 && passi == passiConcessi) l.fermato = true;
     ++passi;
     if (l.fermato || !conFinestre()) return !l.fermato;
+    // A repaint shows as a whole unless it lasts, and nobody is asked before.
+    if (l.genere == ProgressKind::repaint && l.dallInizio.elapsed() < attesaDisegno) return true;
     if (copione() == nullptr && l.dalloSguardo.elapsed() >= attesaTra) {
         l.dalloSguardo.restart();
         guarda(l, fraction);
