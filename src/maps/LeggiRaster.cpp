@@ -63,7 +63,7 @@ bool jpegIntero(const FSSpec& file, const PostoFoglio& p, Immagine& im) {
 
 class Entrata {
 public:
-    Entrata(const Gdal& gdal, const FSSpec& f) : g(gdal), file(f), raster(gdal) {}
+    Entrata(const Gdal& gdal, const FSSpec& f) : file(f), raster(gdal) {}
 
     void esegui() {
         std::string sistema;
@@ -192,7 +192,6 @@ private:
         r.mostra(una, 0, false);
     }
 
-    const Gdal& g;
     const FSSpec& file;
     RasterLetto raster;
     Mondo m;
