@@ -101,7 +101,8 @@ int main(int argc, char** argv) {
         // A shapefile has a part for each kind of geometry.
         std::string file = nostro.percorso;
         if (!std::filesystem::exists(file)) file.insert(file.size() - 4, "_lines");
-        const std::string copia = "ogr2ogr -overwrite -f '" + nome + "' '" + loro.percorso + "' '" + file + "'";
+        std::string copia = "ogr2ogr -overwrite -f";
+        for (const std::string& parola : {nome, loro.percorso, file}) copia.append(" '").append(parola).append("'");
         const std::vector<double> altri = volte([&] {
             std::filesystem::remove(loro.percorso);
             return comando(copia);

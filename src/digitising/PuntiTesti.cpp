@@ -33,6 +33,7 @@ enum : std::int16_t {   // strings of the list
     deboleSenzaNumero,       // ^0 per cent
     scoperti,                // ^0 points
     daQuanti,                // ^0 points from which on they are judged
+    piegaComeSbaglio,        // of a thin plate
     primoSlittamento = 30,   // by Slittamento: ^0 factor or point, ^1 proposed value
     asseX = 40,
     asseY,
@@ -190,11 +191,18 @@ std::string causa(const TabellaPunti& t, const std::vector<std::size_t>& righe, 
 }
 
 // How much the search for slips can see with these points: nothing is said where it sees nearly all.
-void dicePotenza(const EsameSbagli& e, const std::vector<std::size_t>& righe, std::vector<std::string>& testi) {
+void dicePotenza(Metodo metodo, const EsameSbagli& e, const std::vector<std::size_t>& righe,
+                 std::vector<std::string>& testi) {
     constexpr double basta = 0.95;
     const std::string perCento = numero(std::floor(e.potenza * 100), 0), quanti = std::to_string(e.bastano);
     if (!e.fatto) {
         testi.push_back(e.bastano > 0 ? StringaPunti(daQuanti, quanti) : StringaPunti(nonGiudicabile));
+        return;
+    }
+    // Points enough for any plain sheet: it is the sheet that hides the slip, not their number.
+    constexpr int diFoglioPiano = 20;
+    if (e.potenza < basta && metodo == Metodo::lastra && e.buona.usati >= diFoglioPiano) {
+        testi.push_back(StringaPunti(piegaComeSbaglio));
         return;
     }
     if (e.potenza < basta)
@@ -230,7 +238,7 @@ std::vector<std::string> TestiSbagli(const TabellaPunti& t, const StatoPunti& s)
         testi.push_back(StringaPunti(sbagliato, nomePunto(t, righe[p.punto]), numero(p.lungo, d),
                                      std::to_string(punti.size() - e.punti.size()), numero(e.accordo, d))
                         + causa(t, righe, p, d));
-    if (!e.tuttiScambiati) dicePotenza(e, righe, testi);
+    if (!e.tuttiScambiati) dicePotenza(t.metodo, e, righe, testi);
     return testi;
 }
 

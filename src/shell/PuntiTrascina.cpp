@@ -34,10 +34,11 @@ std::size_t segnoPremuto(const TabellaPunti& t) {
 }   // namespace
 
 std::size_t TrascinaPuntoTabella(void (*mostra)()) {
-    const TabellaPunti prima = LaTabella();
-    const std::size_t i = segnoPremuto(prima);
-    if (i >= prima.righe.size()) return 0;
-    TabellaPunti t = prima;
+    TabellaPunti t = LaTabella();
+    const std::size_t i = segnoPremuto(t);
+    if (i >= t.righe.size()) return 0;
+    Coppia& posto = t.righe[i].foglio;
+    const Coppia prima = posto;
     const std::uint32_t inizio = TickCount();
     const Point da = EventPoint;
     Point qui = da;
@@ -48,7 +49,7 @@ std::size_t TrascinaPuntoTabella(void (*mostra)()) {
         VidToReal(p, q);
         xcurs = q.x;
         ycurs = q.y;
-        t.righe[i].foglio = {q.x, q.y};
+        posto = {q.x, q.y};
         PoniTabella(t);
         mostra();
         Ridisegna();
@@ -58,11 +59,11 @@ std::size_t TrascinaPuntoTabella(void (*mostra)()) {
     // A press that was not held is a click: it chooses the row, and a hand that trembles moves nothing.
     const bool tenuto = !DragGivenUp() && TickCount() - inizio > GetDblTime() >> 1;
     if (tenuto && !(qui == da)) {
-        AttaccaCursore(t.righe[i].foglio.x, t.righe[i].foglio.y, zcurs);
-        PoniTabella(t);
+        AttaccaCursore(posto.x, posto.y, zcurs);
     } else {
-        PoniTabella(prima);
+        posto = prima;
     }
+    PoniTabella(t);
     return i + 1;
 }
 
