@@ -23,6 +23,7 @@ extern std::function<bool(tessaro::DialogPtr)> passoDialogo;   // next step of a
 void ganciDellaSuite();                                        // back to these, after a test that had hooks of its own
 inline std::vector<std::int16_t> numeriAvvisi() {
     std::vector<std::int16_t> n;
+    n.reserve(avvisi.size());
     for (const Avviso& a : avvisi) n.push_back(a.id);
     return n;
 }

@@ -57,7 +57,7 @@ inline std::string guastoSelezione() {
         n = fine + 1;
     }
     const PuntoselT& p = Puntosel;
-    const std::string conti = std::to_string(record) + " flagged, numSel " + std::to_string(p.numSel);
+    std::string conti = std::to_string(record) + " flagged, numSel " + std::to_string(p.numSel);
     if (p.attiva && p.oggetto >= oMeshOrigine) return record || p.multipla ? "a mesh and records are selected" : "";
     if ((p.attiva != 0) != (record > 0)) return "attiva " + std::to_string(p.attiva) + ", " + conti;
     if ((p.multipla != 0) != (p.numSel > 1)) return "multipla " + std::to_string(p.multipla) + ", " + conti;
