@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <array>
+#include <bit>
 
 #include "model/Cursore.h"
 #include "model/Strumento.h"
@@ -21,6 +22,10 @@ using namespace tessaro;
 using namespace prova;
 
 namespace {
+
+std::array<unsigned char, sizeof(elemento)> byteDi(std::int32_t n) {
+    return std::bit_cast<std::array<unsigned char, sizeof(elemento)>>(Elem(n));
+}
 
 struct CelleAttacchi : testing::Test {
     AttesaAttacchi attesa;
@@ -76,12 +81,12 @@ TEST_F(CelleAttacchi, WhatTheDialogsRefuseIsRefusedWithTheirWords) {
                           Caso{4, caRealeX, "1e31", 1009}, Caso{1, caRealeY, "1000000001", 1009},
                           Caso{2, caDestinazioneX, "-1000000001", 1010}, Caso{1, caResiduo, "5", 0}}) {
         avvisi.clear();
-        const elemento primo = Elem(1), secondo = Elem(2);
+        const auto primo = byteDi(1), secondo = byteDi(2);
         const auto x = attaccoAttivo.xAtt, y = attaccoAttivo.yAtt;
         const std::uint8_t prima = uscita;
         EXPECT_FALSE(scrivi(c.n, c.colonna, c.testo)) << c.testo;
-        EXPECT_EQ(std::memcmp(&primo, &Elem(1), sizeof primo), 0) << c.testo;
-        EXPECT_EQ(std::memcmp(&secondo, &Elem(2), sizeof secondo), 0) << c.testo;
+        EXPECT_EQ(byteDi(1), primo) << c.testo;
+        EXPECT_EQ(byteDi(2), secondo) << c.testo;
         EXPECT_TRUE(x == attaccoAttivo.xAtt && y == attaccoAttivo.yAtt);
         EXPECT_EQ(uscita, prima);
         const auto attesi = c.avviso != 0 ? std::vector<std::int16_t>{c.avviso} : std::vector<std::int16_t>{};
