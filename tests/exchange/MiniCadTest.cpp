@@ -140,7 +140,7 @@ TEST(MiniCad, IlRendicontoDiceCheCosaManca) {
     EXPECT_EQ(avvisi.back().testo, "Exported: 1 polyline, 1 text.\n"
                                    "Left out: 1 circle, 1 marker of a shape that the format has no lines for, "
                                    "1 element that is not shown.\n"
-                                   "Layers, tags, classes and hatching are not part of this format.");
+                                   "Layers, tags, categories, sets and hatching are not part of this format.");
 }
 
 TEST(Versa, ScriveIlBloccoDiInformazioni) {

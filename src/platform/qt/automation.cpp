@@ -130,7 +130,7 @@ void AutoGoAway() {
 
 bool AutoQueueEmpty() { return codaVuota(); }
 
-// The frame with every other window of ours laid over it at its place; a modal one lies over the others.
+// The frame with every other window of ours laid over it at its place; modal ones lie over the others, the one in use on top.
 bool AutoScreenshot(std::string_view path) {
     if (!conFinestre()) return false;
     mostraDisegnato();
@@ -138,7 +138,10 @@ bool AutoScreenshot(std::string_view path) {
     QPixmap figura = telaio()->grab();
     QPainter p(&figura);
     QWidgetList finestre = QApplication::topLevelWidgets();
-    std::stable_partition(finestre.begin(), finestre.end(), [](const QWidget* w) { return !w->isModal(); });
+    const QWidget* davanti = QApplication::activeModalWidget();
+    const auto quota = [davanti](const QWidget* w) { return w == davanti ? 2 : w->isModal() ? 1 : 0; };
+    std::stable_sort(finestre.begin(), finestre.end(),
+                     [quota](const QWidget* a, const QWidget* b) { return quota(a) < quota(b); });
     for (QWidget* w : finestre) {
         if (w == telaio() || !w->isVisible() || w->windowType() == Qt::ToolTip) continue;
         p.drawPixmap(w->geometry().topLeft() - telaio()->geometry().topLeft(), w->grab());
