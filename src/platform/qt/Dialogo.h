@@ -94,6 +94,7 @@ private:
 bool leggiDialogo(FinestraDialogo& d);
 void colpisci(FinestraDialogo& d, std::int16_t item);   // an item was hit; wakes who waits
 void applica(const VoceDialogo& v);                     // the widget shows what the data say
+void tabNelGruppo(const QWidget& radio);                // which of a group's radio buttons Tab comes to
 void mostra(FinestraDialogo& d);                        // opens the window; once
 void guidaDelDialogo(std::int16_t dialogo);             // F1: the guide at the section about it
 VoceDialogo* voceDi(DialogPtr d, std::int16_t item);    // null when there is no such item

@@ -78,6 +78,7 @@ void mostraGuida(const QUrl& url);   // a page of the guide in a window of our o
 void vestiApplicazione();        // the style in use, with outlines that show on dark too
 QPalette paletteScura();         // of --dark, and of a dark desktop that the toolkit does not know of
 void seguiAspettoDelDesktop();   // asks the desktop whether it is dark; the answer comes later, or never
+void RadioPerChiAscolta();       // a screen reader is told that radio buttons are that
 
 // Shows a request of the toolkit's own and waits for its end; true when it was accepted.
 bool attendi(QDialog& richiesta);

@@ -153,9 +153,9 @@ void StartToolbox(int& argc, char** argv, const Avvio& a) {
     std::signal(SIGXFSZ, SIG_IGN);   // a file-size limit is an error of the write that meets it, and no death
     if (a.script) parificaCopione();
     vestiApplicazione();
+    RadioPerChiAscolta();
     if (a.dark && !a.script) QApplication::setPalette(paletteScura());
     if (!a.dark && !a.script) seguiAspettoDelDesktop();
-    std::signal(SIGXFSZ, SIG_IGN);   // a file that may not grow is a write that fails, and told like one
     if (!a.script) ascoltaSegnali();
     QObject::connect(applicazione, &QGuiApplication::commitDataRequest, [](QSessionManager&) {
         if (salvaRecupero != nullptr) salvaRecupero();

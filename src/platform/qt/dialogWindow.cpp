@@ -7,11 +7,33 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include <algorithm>
+
 #include "platform/qt/Dialogo.h"
 #include "platform/qt/Interno.h"
 #include "platform/qt/TestiQt.h"
 
 namespace tessaro {
+
+namespace {
+
+QList<QRadioButton*> gruppoDi(const QWidget& radio) {
+    QList<QRadioButton*> gruppo = radio.window()->findChildren<QRadioButton*>();
+    gruppo.removeIf([&radio](const QRadioButton* r) {
+        return !r->isEnabled() || r->isHidden() || r->property(gruppoRadio) != radio.property(gruppoRadio);
+    });
+    return gruppo;
+}
+
+}   // namespace
+
+// Tab comes to the chosen one, to the first where none is, and goes on behind the group; the arrows go from one to the other.
+void tabNelGruppo(const QWidget& radio) {
+    const QList<QRadioButton*> gruppo = gruppoDi(radio);
+    const bool scelto = std::any_of(gruppo.begin(), gruppo.end(), [](const QRadioButton* r) { return r->isChecked(); });
+    for (QRadioButton* r : gruppo)
+        r->setFocusPolicy(r->isChecked() || (!scelto && r == gruppo.first()) ? Qt::StrongFocus : Qt::ClickFocus);
+}
 
 QuadroDialogo::QuadroDialogo(FinestraDialogo& dialogo, QWidget* padre) : QDialog(padre), d(dialogo) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -40,11 +62,7 @@ bool QuadroDialogo::frecciaRadio(QObject* o, int tasto) {
     if (!avanti && tasto != Qt::Key_Up && tasto != Qt::Key_Left) return false;
     auto* questo = qobject_cast<QRadioButton*>(o);
     if (questo == nullptr) return false;
-    QList<QRadioButton*> gruppo;
-    for (const auto& [n, v] : d.voci)
-        if (auto* r = qobject_cast<QRadioButton*>(v.widget);
-            r != nullptr && r->isEnabled() && !r->isHidden() && r->property(gruppoRadio) == o->property(gruppoRadio))
-            gruppo << r;
+    const QList<QRadioButton*> gruppo = gruppoDi(*questo);
     const auto quanti = gruppo.size();
     if (quanti < 2) return true;
     QRadioButton* altro = gruppo.at((gruppo.indexOf(questo) + (avanti ? 1 : quanti - 1)) % quanti);

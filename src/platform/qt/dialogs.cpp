@@ -146,8 +146,7 @@ void applica(const VoceDialogo& v) {
     case TipoVoce::radio:
         bottone->setCheckable(true);
         bottone->setChecked(v.valore != 0);
-        // Tab comes to the chosen one of a group and goes on behind the group; the arrows go from one to the other.
-        if (v.tipo == TipoVoce::radio) bottone->setFocusPolicy(v.valore != 0 ? Qt::StrongFocus : Qt::ClickFocus);
+        if (v.tipo == TipoVoce::radio) tabNelGruppo(*bottone);
         break;
     case TipoVoce::colore: mostraColore(*bottone, v.valore); break;
     case TipoVoce::scelta: static_cast<QComboBox*>(v.widget)->setCurrentIndex(v.valore - 1); break;
