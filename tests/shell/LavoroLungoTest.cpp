@@ -2,8 +2,10 @@
 // file that was there stays and nothing lies beside it, nobody is told anything that is not so, and the next command works.
 #include <algorithm>
 #include <map>
+#include <ostream>
 #include <random>
 
+#include "bitmap/PerRighe.h"
 #include "digitising/PuntiApplica.h"
 #include "display/Disegno.h"
 #include "display/palette.h"
@@ -135,6 +137,7 @@ struct Lavoro {
     void (*fai)();
     bool rilegge = false;   // what was written stands in its place before it is read back: stopped there, it stays
 };
+void PrintTo(const Lavoro& l, std::ostream* o) { *o << l.nome; }
 constexpr auto niente = [] {};
 
 template <bool liscia>
@@ -290,7 +293,9 @@ TEST_P(LavoriLunghi, StoppedTheyLeaveEverythingAsItWas) {
     const SenzaTraccia muto;
     const Lavoro& l = GetParam();
     const bool scrive = !std::string_view(l.file).empty();
+    // By one thread, which asks at every step; with two each job asks as often as the other one leaves it rows.
     ricomincia();
+    filiRaster = 1;
     const std::string intatto = scriviByte();
     AutoStopWork(-1);
     l.fai();
@@ -298,9 +303,15 @@ TEST_P(LavoriLunghi, StoppedTheyLeaveEverythingAsItWas) {
     const std::string intero = scrive ? contenuto(fileScelto) : scriviByte();
     ASSERT_GE(passi, 2) << "nobody can stop it";
     EXPECT_TRUE(intero != (scrive ? vecchio : intatto)) << "it did nothing";
-    for (const std::int64_t quando : {std::int64_t{0}, l.rilegge ? passi / 8 : passi / 2, passi - 1}) {
-        SCOPED_TRACE("stopped at step " + std::to_string(quando) + " of " + std::to_string(passi));
+    const struct {
+        std::int64_t quando;
+        std::int32_t fili;
+    } fermate[] = {{0, 1}, {l.rilegge ? passi / 8 : passi / 2, 1}, {passi - 1, 1}, {passi / 8, 2}};
+    for (const auto& [quando, fili] : fermate) {
+        SCOPED_TRACE("stopped at step " + std::to_string(quando) + " of " + std::to_string(passi) + ", threads "
+                     + std::to_string(fili));
         ricomincia();
+        filiRaster = fili;
         const std::string prima = scriviByte(), stato = contorno();
         const std::size_t file = cartella->quanti();
         AutoStopWork(quando);
@@ -334,6 +345,7 @@ struct Importo {
     void (*scrivi)();   // the file, from the full drawing
     void (*leggi)();
 };
+void PrintTo(const Importo& i, std::ostream* o) { *o << i.nome; }
 
 void leggiTesto(void (*lettore)()) {
     uscita = 0;
