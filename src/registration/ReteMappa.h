@@ -13,7 +13,7 @@ namespace tessaro {
 struct ReteMappa {
     double x1 = 0, y1 = 0, passo = 1, perPasso = 1;   // first node, spacing in sheet units, and 1 / passo
     std::int32_t colonne = 0, righe = 0;              // of cells
-    double errore = 0;   // bound of the distance to the mapping: twice the largest found at the cells' middles
+    double errore = 0;   // bound of the distance to the mapping, by the second differences of the nodes
 
     // So fine that the error is at most `tolleranza`, in the unit of what `mappa` gives; asks it from several threads. False
     // when four million nodes do not do, it has no value somewhere in the box, or `avanti`, asked now and then on the
@@ -33,7 +33,7 @@ struct ReteMappa {
     void fila(double y, std::int32_t da, std::int32_t a, double* x, double* yFila) const;
 
 private:
-    bool misura(const std::function<Coppia(const Coppia&)>& mappa, const std::function<bool()>& avanti);
+    bool misura();
     [[nodiscard]] std::size_t nodo(std::int32_t r, std::int32_t c) const {
         return static_cast<std::size_t>(r) * static_cast<std::size_t>(colonne + 1) + static_cast<std::size_t>(c);
     }
